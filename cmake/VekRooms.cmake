@@ -1,0 +1,57 @@
+# A room is a folder of sources and a static library vek_<room> of its own, so that a test of a room builds and links
+# that room and the rooms below it only. vek_library() collects all rooms in the one library that is installed.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+add_library(vek_options INTERFACE)
+target_compile_features(vek_options INTERFACE cxx_std_20)
+target_compile_options(vek_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror -ffp-contract=off)
+if(WIN32)
+  target_compile_definitions(vek_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
+endif()
+
+set_property(GLOBAL PROPERTY VEK_ROOMS "")
+
+# vek_room(name folder [DEPENDS room...] [OUTSIDE]): OUTSIDE keeps the room out of the collected library.
+function(vek_room name folder)
+  cmake_parse_arguments(ARG "OUTSIDE" "" "DEPENDS" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/${folder}/*.h)
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
+  else()
+    list(FILTER sources EXCLUDE REGEX "_win\\.cpp$|/window/")
+  endif()
+  set(compiled ${sources})
+  list(FILTER compiled INCLUDE REGEX "\\.cpp$")
+  list(TRANSFORM ARG_DEPENDS PREPEND vek_)
+  if(NOT compiled) # a room that is not furnished yet only passes its neighbours on
+    add_library(vek_${name} INTERFACE)
+    target_link_libraries(vek_${name} INTERFACE ${ARG_DEPENDS})
+    return()
+  endif()
+  add_library(vek_${name} STATIC ${sources})
+  target_include_directories(vek_${name} PUBLIC $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include>
+                                         PRIVATE ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(vek_${name} PUBLIC ${ARG_DEPENDS} PRIVATE $<BUILD_INTERFACE:vek_options>)
+  if(NOT ARG_OUTSIDE)
+    set_property(GLOBAL APPEND PROPERTY VEK_ROOMS vek_${name})
+  endif()
+endfunction()
+
+function(vek_library)
+  get_property(rooms GLOBAL PROPERTY VEK_ROOMS)
+  if(NOT rooms)
+    return()
+  endif()
+  list(TRANSFORM rooms REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
+  add_library(vek STATIC ${objects})
+  add_library(vek::vek ALIAS vek)
+  set_target_properties(vek PROPERTIES LINKER_LANGUAGE CXX)
+  target_compile_features(vek PUBLIC cxx_std_20)
+  target_include_directories(vek PUBLIC $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>)
+endfunction()
