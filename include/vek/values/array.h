@@ -1,0 +1,276 @@
+/// @file
+/// The growable array that carries every list of the system.
+#pragma once
+
+#include <vek/values/object.h>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+/// Untyped base of the array family.
+class VEK_API CVekArray : public CVekObj
+{
+public:
+    /// Number of elements.
+    int len() const { return static_cast<int>(m_length); }
+
+    /// Sets the number of elements; see `CVekArrayTempl`.
+    virtual int setLogicalLength(int length) = 0;
+
+protected:
+    CVekArray() = default;
+    CVekArray(const CVekArray&) = default;
+    CVekArray& operator=(const CVekArray&) = default;
+
+    /// The capacity that follows from `capacity` when `wanted` elements must fit: doubled, from 8 on. 0 when an int
+    /// index could not reach them all.
+    static unsigned grownCapacity(unsigned capacity, std::size_t wanted);
+
+    unsigned m_capacity = 0; ///< elements that fit into the block
+    unsigned m_length = 0;   ///< logical length
+    unsigned m_built = 0;    ///< elements whose constructors have run; those past the length are kept for reuse
+};
+
+/// Growable array of values. A copy is deep.
+///
+/// Index rules, which callers rely on: -1 is the last element, -2 the one before it, and an index further below is
+/// taken modulo the length. Writing access at or past the end grows the array to that index. Reading access past the
+/// end, and any negative index of an empty array, gives a shared default element.
+///
+/// The shared default element reads as a default again at the next such access, whatever was written to it.
+///
+/// Growth doubles the capacity and moves the elements; none is copied. Elements that fall behind the length stay
+/// built and keep their memory for later elements. Where memory is not to be had the array stays as it was.
+///
+/// @tparam T a value with a default constructor and assignment.
+template <class T>
+class CVekArrayTempl : public CVekArray
+{
+public:
+    CVekArrayTempl() = default;
+    CVekArrayTempl(const CVekArrayTempl& other) : CVekArray() { append(other.m_data, other.m_length); }
+    CVekArrayTempl(CVekArrayTempl&& other) noexcept : CVekArray() { swap(other); }
+    ~CVekArrayTempl() override { release(); }
+
+    CVekArrayTempl& operator=(const CVekArrayTempl& other)
+    {
+        if (this != &other) {
+            m_length = 0;
+            append(other.m_data, other.m_length);
+        }
+        return *this;
+    }
+    CVekArrayTempl& operator=(CVekArrayTempl&& other) noexcept
+    {
+        swap(other);
+        return *this;
+    }
+
+    /// Writing access by the index rules above.
+    T& operator[](int index) { return static_cast<unsigned>(index) < m_length ? m_data[index] : farElement(index); }
+
+    /// Reading access by the index rules above.
+    const T& operator[](int index) const
+    {
+        if (static_cast<unsigned>(index) < m_length)
+            return m_data[index];
+        const int inside = normalized(index);
+        return static_cast<unsigned>(inside) < m_length ? m_data[inside] : sharedDefault();
+    }
+
+    /// Sets the length; new elements are default, a negative length counts as 0.
+    /// @return the new length
+    int setLogicalLength(int length) override
+    {
+        const unsigned wanted = length < 0 ? 0u : static_cast<unsigned>(length);
+        if (wanted > m_length && reserve(length)) {
+            for (unsigned i = m_length; i < std::min(wanted, m_built); ++i)
+                m_data[i] = T();
+            build(wanted);
+        }
+        if (wanted <= m_built)
+            m_length = wanted;
+        return len();
+    }
+
+    /// Makes room for `capacity` elements, so that the next appends need no growth.
+    /// @return false when the memory is not to be had
+    bool reserve(int capacity) { return capacity <= 0 || ensure(static_cast<std::size_t>(capacity)); }
+
+    /// Adds a copy at the end. The value may be an element of this very array.
+    void append(const T& value)
+    {
+        if (m_length < m_capacity)
+            put(value);
+        else
+            append(T(value));
+    }
+
+    /// Moves a value to the end.
+    void append(T&& value)
+    {
+        if (m_length < m_capacity) {
+            put(std::move(value));
+        } else if (&value >= m_data && &value < m_data + m_length) {
+            T own(std::move(value));
+            append(std::move(own));
+        } else if (ensure(std::size_t{m_length} + 1)) {
+            put(std::move(value));
+        }
+    }
+
+    /// Removes one element; the others close up. The index follows the reading rules; one outside changes nothing.
+    void removeAt(int index)
+    {
+        const unsigned at = static_cast<unsigned>(normalized(index));
+        if (at >= m_length)
+            return;
+        std::rotate(m_data + at, m_data + at + 1, m_data + m_length);
+        --m_length;
+    }
+
+    /// Linear search.
+    /// @param index receives the position of the first equal element and stays as it was without one
+    bool indexOf(const T& value, int& index) const
+    {
+        const T* hit = std::find(begin(), end(), value);
+        if (hit == end())
+            return false;
+        index = static_cast<int>(hit - begin());
+        return true;
+    }
+
+    /// Appends copies of all elements of another array, which may be this one.
+    CVekArrayTempl& operator+=(const CVekArrayTempl& other)
+    {
+        const unsigned count = other.m_length;
+        if (ensure(std::size_t{m_length} + count))
+            append(other.m_data, count);
+        return *this;
+    }
+
+    /// Appends all elements of another array by moving them; the other one is empty afterwards.
+    CVekArrayTempl& operator+=(CVekArrayTempl&& other)
+    {
+        if (m_length == 0) {
+            swap(other);
+        } else if (this != &other && ensure(std::size_t{m_length} + other.m_length)) {
+            for (T& value : other)
+                put(std::move(value));
+        }
+        if (this != &other)
+            other.m_length = 0;
+        return *this;
+    }
+
+    /// Sorts ascending by `<`.
+    void sort() { std::sort(begin(), end()); }
+
+    /// Reverses the order.
+    void revert() { std::reverse(begin(), end()); }
+
+    void swap(CVekArrayTempl& other) noexcept
+    {
+        std::swap(m_capacity, other.m_capacity);
+        std::swap(m_length, other.m_length);
+        std::swap(m_built, other.m_built);
+        std::swap(m_data, other.m_data);
+    }
+
+    bool operator==(const CVekArrayTempl& other) const
+    {
+        return m_length == other.m_length && std::equal(begin(), end(), other.begin());
+    }
+
+    T* begin() { return m_data; }
+    T* end() { return m_data + m_length; }
+    const T* begin() const { return m_data; }
+    const T* end() const { return m_data + m_length; }
+
+private:
+    /// Bytes may move where moving would copy: no element type of this system points into itself.
+    static constexpr bool kMoves = std::is_nothrow_move_constructible_v<T>;
+
+    int normalized(int index) const
+    {
+        if (index >= 0 || m_length == 0)
+            return index;
+        const int length = len();
+        return (length + index % length) % length;
+    }
+
+    T& farElement(int index)
+    {
+        const int at = normalized(index);
+        if (at < 0)
+            return sharedDefault();
+        if (at >= len() && setLogicalLength(at + 1) <= at)
+            return sharedDefault();
+        return m_data[at];
+    }
+
+    static T& sharedDefault()
+    {
+        static T element{};
+        element = T();
+        return element;
+    }
+
+    template <class V>
+    void put(V&& value)
+    {
+        if (m_length < m_built)
+            m_data[m_length] = std::forward<V>(value);
+        else
+            ::new (static_cast<void*>(m_data + m_built++)) T(std::forward<V>(value));
+        ++m_length;
+    }
+
+    void append(const T* values, unsigned count)
+    {
+        if (!ensure(std::size_t{m_length} + count))
+            return;
+        const unsigned assigned = std::min(count, m_built - m_length);
+        std::copy_n(values, assigned, m_data + m_length);
+        std::uninitialized_copy_n(values + assigned, count - assigned, m_data + m_length + assigned);
+        m_length += count;
+        m_built = std::max(m_built, m_length);
+    }
+
+    void build(unsigned count)
+    {
+        for (; m_built < count; ++m_built)
+            ::new (static_cast<void*>(m_data + m_built)) T();
+    }
+
+    bool ensure(std::size_t wanted) { return wanted <= m_capacity || relocate(wanted); }
+
+    bool relocate(std::size_t wanted)
+    {
+        const unsigned capacity = grownCapacity(m_capacity, wanted);
+        T* block = capacity ? static_cast<T*>(CVekObj::operator new[](sizeof(T) * std::size_t{capacity})) : nullptr;
+        if (!block)
+            return false;
+        if constexpr (kMoves) {
+            std::uninitialized_move_n(m_data, m_built, block);
+            std::destroy_n(m_data, m_built);
+        } else if (m_built) {
+            std::memcpy(static_cast<void*>(block), static_cast<const void*>(m_data), sizeof(T) * std::size_t{m_built});
+        }
+        CVekObj::operator delete[](m_data);
+        m_data = block;
+        m_capacity = capacity;
+        return true;
+    }
+
+    void release()
+    {
+        std::destroy_n(m_data, m_built);
+        CVekObj::operator delete[](m_data);
+    }
+
+    T* m_data = nullptr;
+};

@@ -1,0 +1,88 @@
+/// @file
+/// Transformations.
+#pragma once
+
+#include <vek/values/point.h>
+
+/// A transformation of space: 4 by 4 numbers, stored by rows as [row][column].
+///
+/// A point is a column, so a transformed point is M times p. The translation stands in column 3, the coordinate axes
+/// in columns 0, 1 and 2. `A * B` applies B first. Row 3 counts as (0, 0, 0, 1): there is no perspective.
+/// A fresh matrix is the identity.
+class VEK_API CVekMatrix3d : public CVekObj
+{
+public:
+    using Rows = double[4][4];
+
+    constexpr CVekMatrix3d() = default;
+
+    /// The numbers themselves, for reading and writing: `m[0][3]` is the x of the translation.
+    constexpr operator Rows&() { return m_rows; }
+    constexpr operator const Rows&() const { return m_rows; }
+
+    /// The product that applies `b` first and this matrix second.
+    CVekMatrix3d operator*(const CVekMatrix3d& b) const;
+
+    /// Multiplies on the left: `a *= b` makes a to b times a, so that b acts after what a did.
+    CVekMatrix3d& operator*=(const CVekMatrix3d& b) { return *this = b * *this; }
+
+    /// Exact comparison of all numbers.
+    bool operator==(const CVekMatrix3d& other) const;
+
+    CVekMatrix3d& setToIdentity();
+    CVekMatrix3d& setToTranslation(const CVekVector3d& by);
+    CVekMatrix3d& setToScaling(double factor, const CVekPoint3d& centre);
+
+    /// A rotation about the axis through `centre`, counter-clockwise seen against the axis; a zero axis gives the
+    /// identity.
+    CVekMatrix3d& setToRotation(double angle, const CVekVector3d& axis, const CVekPoint3d& centre);
+
+    /// A mirroring at the plane; a zero normal gives the identity.
+    CVekMatrix3d& setToMirroring(const CVekPlane& plane);
+
+    /// From the plane through the origin with that normal to the world. The x axis of the plane is chosen by the
+    /// arbitrary axis rule of the published DXF reference: the world's y axis cross the normal where the normal is
+    /// within 1/64 of the world's z axis in x and y, the world's z axis cross the normal otherwise. A zero normal
+    /// gives the identity.
+    CVekMatrix3d& setToPlaneToWorld(const CVekVector3d& normal);
+
+    /// Axes into columns 0, 1, 2 and the origin into column 3, as they are given.
+    CVekMatrix3d& setCoordSystem(const CVekPoint3d& origin, const CVekVector3d& x, const CVekVector3d& y,
+                                 const CVekVector3d& z);
+
+    /// Column 0, 1 or 2, the coordinate axis of that number; a zero vector for any other.
+    CVekVector3d axis(int number) const;
+
+    /// Column 3.
+    CVekVector3d translation() const { return {m_rows[0][3], m_rows[1][3], m_rows[2][3]}; }
+
+    /// Inverts in place, or gives the inverse. A matrix that has none (its determinant is zero or no number)
+    /// becomes the identity.
+    CVekMatrix3d& invert();
+    CVekMatrix3d inverse() const;
+
+    /// Determinant of the linear part; negative when the transformation mirrors.
+    double determinant() const;
+
+    static const CVekMatrix3d kIdentity;
+
+private:
+    double m_rows[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
+};
+
+inline CVekPoint3d CVekPoint3d::operator*(const CVekMatrix3d& m) const
+{
+    const CVekMatrix3d::Rows& r = m;
+    const auto row = [&](int i) { return r[i][0] * m_xyz[0] + r[i][1] * m_xyz[1] + r[i][2] * m_xyz[2] + r[i][3]; };
+    return {row(0), row(1), row(2)};
+}
+inline CVekPoint3d& CVekPoint3d::operator*=(const CVekMatrix3d& m)
+{
+    return *this = *this * m;
+}
+inline CVekVector3d CVekVector3d::operator*(const CVekMatrix3d& m) const
+{
+    const CVekMatrix3d::Rows& r = m;
+    const auto row = [&](int i) { return r[i][0] * m_xyz[0] + r[i][1] * m_xyz[1] + r[i][2] * m_xyz[2]; };
+    return {row(0), row(1), row(2)};
+}

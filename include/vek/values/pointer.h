@@ -1,0 +1,109 @@
+/// @file
+/// Owners of heap objects.
+#pragma once
+
+#include <vek/export.h>
+
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace VEK
+{
+
+/// What shared pointers have in common: the index of an entry in one table of the process, which holds a reference
+/// count and the pointer. It is the one type of the library that threads may use at a time: different holders of one
+/// object may live in different threads, though one holder belongs to one thread at a time.
+class VEK_API CPtrMap
+{
+public:
+    struct Data {
+        int refs = 0;        ///< 0 for an entry that is free
+        void* ptr = nullptr; ///< null once it was released
+        int nextFree = -1;   ///< chain of free entries
+    };
+
+    CPtrMap() = default;
+    CPtrMap(const CPtrMap& other);
+    CPtrMap(CPtrMap&& other) noexcept : m_index(std::exchange(other.m_index, -1)) {}
+    CPtrMap& operator=(const CPtrMap&) = delete;
+
+    /// Number of holders of the entry; 0 without one.
+    int refCount() const;
+
+    /// The pointer; null without an entry and after a release through any holder.
+    void* ptr() const;
+
+    static std::vector<Data>& m_DataArr; ///< the table; guarded by `m_CrSec`, and never destroyed
+    static std::mutex& m_CrSec;
+
+protected:
+    ~CPtrMap() = default; // the derived holder has let go of the entry
+
+    /// Takes a new entry with one reference; null takes none. Each call makes an entry of its own: hand a raw
+    /// pointer to one holder, and copy that holder to share.
+    void newRef(void* object);
+
+    /// Lets go of the entry.
+    /// @return the pointer when this was its last holder, which the caller then deletes; otherwise null
+    void* decrRef();
+
+    /// Takes the pointer out of the table, so that every holder reads null and nobody deletes it.
+    void* releasePtr();
+
+private:
+    int m_index = -1;
+
+    friend void swapEntries(CPtrMap& a, CPtrMap& b) noexcept { std::swap(a.m_index, b.m_index); }
+};
+
+/// A holder that shares an object with its copies; the last one deletes it. It takes a raw pointer over.
+template <class T>
+class CSharedPointer : public CPtrMap
+{
+public:
+    CSharedPointer() = default;
+    CSharedPointer(T* object) { newRef(object); }
+    CSharedPointer(const CSharedPointer& other) = default;
+    CSharedPointer(CSharedPointer&& other) noexcept = default;
+    ~CSharedPointer() { delete static_cast<T*>(decrRef()); }
+    CSharedPointer& operator=(CSharedPointer other) noexcept
+    {
+        swapEntries(*this, other);
+        return *this;
+    }
+
+    operator T*() const { return static_cast<T*>(ptr()); }
+    T* operator->() const { return static_cast<T*>(ptr()); }
+
+    /// Gives the object back without deleting it; every holder reads null from then on.
+    T* release() { return static_cast<T*>(releasePtr()); }
+};
+
+/// The sole owner of an object. It takes a raw pointer over.
+template <class T>
+class CUniqPointer
+{
+public:
+    CUniqPointer() = default;
+    CUniqPointer(T* object) : m_object(object) {}
+    CUniqPointer(CUniqPointer&& other) noexcept : m_object(other.release()) {}
+    CUniqPointer(const CUniqPointer&) = delete;
+    ~CUniqPointer() { delete m_object; }
+    CUniqPointer& operator=(CUniqPointer other) noexcept
+    {
+        std::swap(m_object, other.m_object);
+        return *this;
+    }
+
+    operator T*() const { return m_object; }
+    T* operator->() const { return m_object; }
+
+    /// Gives the object to the caller.
+    T* release() { return std::exchange(m_object, nullptr); }
+
+private:
+    T* m_object = nullptr;
+};
+
+} // namespace VEK

@@ -1,0 +1,146 @@
+/// @file
+/// Polyline segments, polylines and point lists.
+///
+/// Tolerances of everything that asks whether a point lies on something stand in `<vek/values/tolerance.h>`.
+#pragma once
+
+#include <vek/values/array.h>
+#include <vek/values/matrix.h>
+
+/// One segment of a polyline.
+///
+/// The bulge is the tangent of a quarter of the included angle of an arc, positive where the arc runs
+/// counter-clockwise from start to end about the normal of the polyline, which is z for a lone vertex; 0 is a straight
+/// segment. A segment whose start equals its end is degenerate: it has no length, whatever its bulge.
+class VEK_API CVekVertex : public CVekObj
+{
+public:
+    CVekPoint3d start;
+    CVekPoint3d end;
+    double bulge = 0.0;
+    unsigned char tag[8] = {}; ///< the owner's own; copied along and never interpreted
+
+    CVekVertex() = default;
+    CVekVertex(const CVekPoint3d& startPoint, const CVekPoint3d& endPoint, double bulgeFactor = 0.0)
+        : start(startPoint), end(endPoint), bulge(bulgeFactor)
+    {
+    }
+
+    CVekVertex& set(const CVekPoint3d& startPoint, const CVekPoint3d& endPoint, double bulgeFactor)
+    {
+        start = startPoint;
+        end = endPoint;
+        bulge = bulgeFactor;
+        return *this;
+    }
+
+    /// Start, end, bulge and tag alike, compared exactly.
+    bool operator==(const CVekVertex& other) const;
+
+    /// Transforms the segment, which lies in a plane parallel to xy; a mirroring turns the bulge's sign.
+    CVekVertex& transformBy(const CVekMatrix3d& m);
+
+    /// The point halfway along the segment or arc.
+    CVekPoint3d mid() const;
+
+    /// The length along the segment or arc.
+    double bulgLen() const;
+
+    /// Whether the point lies on the segment or arc, its ends included, within the point tolerance.
+    bool isPoint(const CVekPoint3d& point) const;
+
+    /// The nearest point of the segment or arc: the foot of the perpendicular, or the nearer end.
+    CVekPoint3d lotp(const CVekPoint3d& point) const;
+};
+
+/// A list of points.
+class VEK_API CVekPoint3dArray : public CVekArrayTempl<CVekPoint3d>
+{
+public:
+    using CVekArrayTempl<CVekPoint3d>::CVekArrayTempl;
+    CVekPoint3dArray() = default;
+
+    /// Sorts along a direction; points that share a station keep their order.
+    void sort(const CVekVector3d& direction);
+
+    /// Position of the first point that equals exactly, or -1.
+    int indexOf(const CVekPoint3d& point) const;
+};
+
+/// A polyline: segments, and the normal of the plane in which its arcs lie, z at start. Consecutive segments need not
+/// touch; a list of separate dashes travels as one polyline.
+///
+/// A `CVekArrayTempl<CVekVertexArray>` is a region: element 0 the outer boundary, the others holes.
+class VEK_API CVekVertexArray : public CVekArrayTempl<CVekVertex>
+{
+public:
+    CVekVertexArray() = default;
+    CVekVertexArray(const CVekVertex& vertex) { append(vertex); }
+
+    CVekVertexArray& operator+=(const CVekVertexArray& other);
+
+    /// Segments and normal alike, compared exactly.
+    bool operator==(const CVekVertexArray& other) const;
+
+    /// Transforms all segments and the normal (by the linear part, normalised). Arcs stay arcs where the matrix
+    /// scales alike in the polyline's plane; a mirroring turns the bulges' sign. Any other matrix replaces the arcs
+    /// by fine chords first.
+    CVekVertexArray& transformBy(const CVekMatrix3d& m);
+    CVekVertexArray getTransformedCopy(const CVekMatrix3d& m) const;
+
+    CVekVertexArray& move(const CVekVector3d& by);
+
+    /// Replaces the polyline by straight segments through the points.
+    /// @param closed adds a segment from the last point to the first, unless they coincide
+    CVekVertexArray& fromPoints(const CVekPoint3dArray& points, bool closed);
+
+    /// The points along the polyline: the first start, and each segment's end; where a segment does not begin at the
+    /// end of the one before it, its start as well.
+    /// @param arcs whether arcs are stepped; false gives the segment ends only
+    /// @param tolerance greatest distance between chord and arc, in the polyline's unit
+    CVekPoint3dArray pts(bool arcs, double tolerance) const;
+
+    /// The bounding box, arcs included.
+    /// @return false for an empty polyline, and the corners stay as they were
+    bool extents(CVekPoint3d& min, CVekPoint3d& max) const;
+
+    /// Whether the last end meets the first start, within the point tolerance; false when empty.
+    bool isClosed() const;
+
+    /// Whether every end meets the next start, within the point tolerance; true when empty.
+    bool isContinuous() const;
+
+    const CVekVector3d& normal() const { return m_normal; }
+
+    /// Sets the normal, normalised; a zero vector changes nothing.
+    void setNormal(const CVekVector3d& normal);
+
+    /// Reverses the direction: order, ends and bulges.
+    CVekVertexArray& revert();
+
+    /// Splits the segment at the index in two at the point, so that the polyline grows by one. Where the point is an
+    /// end of the segment, or is not on it, the segment stays one.
+    /// @return whether it was split
+    bool breakVertex(int index, const CVekPoint3d& point);
+
+    /// Collects the points in which the two polylines meet. Points that coincide within the point tolerance count
+    /// once; an overlap gives its ends.
+    /// @param result receives the points in the order along this polyline; it is emptied first
+    /// @param mode 0 stops at the first meeting point; 3 collects all
+    /// @return whether there is any
+    bool intersectWith(CVekPoint3dArray& result, const CVekVertexArray& other, unsigned mode) const;
+
+    /// The same without the points.
+    bool intersectWith(const CVekVertexArray& other, unsigned mode) const;
+
+private:
+    CVekVector3d m_normal{0.0, 0.0, 1.0};
+};
+
+/// A polyline of a projection, with what the projection knows of it beside its geometry.
+class VEK_API CVekVertexArrayEx : public CVekVertexArray
+{
+public:
+    using CVekVertexArray::CVekVertexArray;
+    CVekVertexArrayEx() = default;
+};

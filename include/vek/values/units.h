@@ -1,0 +1,100 @@
+/// @file
+/// Length units, length formats, and numbers as text.
+#pragma once
+
+#include <vek/values/string.h>
+
+namespace Vek
+{
+
+/// How a length is written. The numbers are those of the published linear unit formats of DXF ($LUNITS).
+enum lFormat : int {
+    formatCurrent = -1,
+    formatScientific = 1,    ///< 1.55E+01
+    formatDecimal = 2,       ///< 15.50
+    formatEngineering = 3,   ///< feet and decimal inches: 1'-3.50"
+    formatArchitectural = 4, ///< feet and fractional inches: 1'-3 1/2"
+    formatFractional = 5     ///< 15 1/2
+};
+
+/// Unit of a length. The numbers are those of the published insertion units of DXF ($INSUNITS).
+enum lUnit : int {
+    unitCurrent = -1, ///< the drawing's current unit
+    unitNone = 0,
+    unitInch = 1,
+    unitFoot = 2,
+    unitMile = 3,
+    unitMillimetre = 4, ///< the unit of the library's own drawing constants
+    unitCentimetre = 5,
+    unitMetre = 6,
+    unitKilometre = 7,
+    unitMicroinch = 8,
+    unitMil = 9,
+    unitYard = 10,
+    unitAngstrom = 11,
+    unitNanometre = 12,
+    unitMicron = 13,
+    unitDecimetre = 14,
+    unitDecametre = 15,
+    unitHectometre = 16,
+    unitGigametre = 17,
+    unitAstronomical = 18,
+    unitLightYear = 19,
+    unitParsec = 20
+};
+
+} // namespace Vek
+
+namespace VEK
+{
+
+/// The marker of an absent value: a quiet not-a-number.
+VEK_API double nan();
+
+/// Plain conversion of a text's leading number, with a point for decimals whatever the locale; 0 without one or for
+/// null. `atoi` saturates at the limits of int.
+VEK_API int atoi(const wchar_t* text);
+VEK_API double atof(const wchar_t* text);
+
+/// Converts a length in place, or a constant by its result alone. The units are values of `Vek::lUnit`; -1 is the
+/// drawing's current unit. Unit 0, or any number that is no unit, has no size: converting from or to it changes
+/// nothing.
+/// @return the new value
+VEK_API double acadUnitCv(double& value, int from, int to);
+VEK_API double acadUnitCv(const double& value, int from, int to);
+inline double acadUnitCv(double&& value, int from, int to)
+{
+    return acadUnitCv(value, from, to);
+}
+
+/// The same into a result of its own.
+/// @return false, with the value unchanged in `result`, when one of the units has no size
+VEK_API bool acadUnitCv(double value, int from, int to, double& result);
+
+/// The drawing's current unit, millimetres at start.
+VEK_API Vek::lUnit acad_unit_get();
+VEK_API void acad_unit_set(Vek::lUnit unit);
+
+/// Precision for a unit and format from a precision for millimetres: decimal digits in formats 1 to 3, powers of two
+/// of the denominator in formats 4 and 5. Another unit adds what keeps the same absolute fineness, within 0 to 8.
+VEK_API int autoPrec(int precision, Vek::lUnit unit, Vek::lFormat format);
+
+/// The names of the units in a language, indexed by `Vek::lUnit`; an unknown or null language gives German ones.
+VEK_API CVekArrayTempl<CVekString>& acad_units(const wchar_t* language);
+
+} // namespace VEK
+
+/// Reads a length as a user types it, in any of the five formats: "1.55E+01", "15,5" and "15.5", 1'-3.50", 1'-3 1/2",
+/// "15 1/2", with a sign. Feet and inches give inches. What is no number gives 0.
+VEK_API double vekAtoF(const wchar_t* text);
+
+/// Writes a length; `vekAtoF` reads it back.
+/// @param buffer receives the text; `vekRtoSSize` characters suffice for every value
+/// @param precision decimal digits, or powers of two of the denominator in formats 4 and 5; brought within 0 to 8
+/// @param suppressZeros leaves out trailing zeros of decimals, and feet or inches of zero
+/// @return false for a format that is none, for null and for what is no finite number; the buffer stays as it was
+VEK_API bool vekRtoS(wchar_t* buffer, double value, Vek::lFormat format, int precision, bool suppressZeros);
+VEK_API bool vekRtoS(CVekString& text, double value, Vek::lFormat format, int precision, bool suppressZeros);
+
+/// Characters of the longest text of `vekRtoS`, with its terminator.
+inline constexpr int vekRtoSSize = 352;
