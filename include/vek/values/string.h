@@ -18,7 +18,7 @@ public:
     /// A null pointer gives the empty string.
     CVekString(const wchar_t* text);
 
-    /// The first `length` characters of `text`.
+    /// The first `length` characters of `text`, or those up to a terminator before.
     CVekString(const wchar_t* text, unsigned length);
 
     ~CVekString() override
