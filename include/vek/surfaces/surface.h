@@ -1,0 +1,69 @@
+/// @file
+/// What a draw pass draws on.
+#pragma once
+
+#include <vek/export.h>
+
+namespace VEK {
+
+/// A position on a surface, in device units: x to the right, y downwards from the top edge.
+struct SurfacePoint {
+    double x = 0.0;
+    double y = 0.0;
+};
+
+/// A surface. A draw pass turns every item into these few calls; each kind of output is one derived class.
+///
+/// Coordinates arrive as doubles in device units. A surface of whole pixels cuts them towards zero to integers, as
+/// GDI callers do; one that scales keeps them. Colours are Windows `COLORREF` values, 0x00BBGGRR. Pen, brush and
+/// background stay in force until they are set again; at start there is a black pen of one pixel, no brush and a
+/// white background.
+class VEK_API CSurface
+{
+public:
+    virtual ~CSurface() = default;
+
+    /// Confines everything that follows to the rectangle.
+    virtual void clipTo(double left, double top, double right, double bottom) = 0;
+
+    /// Takes the inside of a polygon, even-odd, out of the clip. Fewer than three points change nothing.
+    virtual void clipOut(const SurfacePoint* points, int count) = 0;
+
+    /// Puts back the rectangle of the last `clipTo`.
+    virtual void clipRestore() = 0;
+
+    /// Solid pen; a width of 0 or 1 is one pixel.
+    virtual void pen(int width, unsigned color) = 0;
+
+    /// No pen: areas are drawn without an edge.
+    virtual void noPen() = 0;
+
+    /// Solid brush.
+    virtual void brush(unsigned color) = 0;
+
+    /// No brush: areas are drawn hollow.
+    virtual void noBrush() = 0;
+
+    virtual void background(unsigned color) = 0;
+
+    /// Sets the position without drawing, and draws a line from there, which becomes the position. As with GDI a
+    /// surface of pixels leaves the last pixel of a line out.
+    virtual void moveTo(double x, double y) = 0;
+    virtual void lineTo(double x, double y) = 0;
+
+    /// A closed polygon: even-odd filled with the brush, edged with the pen.
+    virtual void polygon(const SurfacePoint* points, int count) = 0;
+
+    /// A rectangle or an ellipse in the box of two opposite corners in any order, filled with the brush and edged
+    /// with the pen. As with GDI the right and the bottom edge of pixels lie outside.
+    virtual void rectangle(double x1, double y1, double x2, double y2) = 0;
+    virtual void ellipse(double x1, double y1, double x2, double y2) = 0;
+
+    /// One pixel.
+    virtual void pixel(double x, double y, unsigned color) = 0;
+
+    /// A rectangle of one colour without pen and brush.
+    virtual void solidRect(double x, double y, double width, double height, unsigned color) = 0;
+};
+
+} // namespace VEK
