@@ -176,11 +176,11 @@ namespace VEK
 /// Minimum and maximum of each coordinate.
 inline CVekPoint3d p_min(const CVekPoint3d& a, const CVekPoint3d& b)
 {
-    return {a[0] < b[0] ? a[0] : b[0], a[1] < b[1] ? a[1] : b[1], a[2] < b[2] ? a[2] : b[2]};
+    return {b[0] < a[0] ? b[0] : a[0], b[1] < a[1] ? b[1] : a[1], b[2] < a[2] ? b[2] : a[2]};
 }
 inline CVekPoint3d p_max(const CVekPoint3d& a, const CVekPoint3d& b)
 {
-    return {a[0] > b[0] ? a[0] : b[0], a[1] > b[1] ? a[1] : b[1], a[2] > b[2] ? a[2] : b[2]};
+    return {b[0] > a[0] ? b[0] : a[0], b[1] > a[1] ? b[1] : a[1], b[2] > a[2] ? b[2] : a[2]};
 }
 
 /// The point at a distance in a direction of the xy plane, and the vector of a direction and length.

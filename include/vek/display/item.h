@@ -1,0 +1,84 @@
+/// @file
+/// One item of a display list.
+#pragma once
+
+#include <vek/values/color.h>
+#include <vek/values/linetype.h>
+#include <vek/values/polyline.h>
+
+/// Kind of a display item. The numbers are fixed: callers use them. Any other number draws and measures nothing.
+enum VekDisplayObj : int {
+    dispNone = 0,
+    dispPolyline = 1,
+    dispPoint = 2,
+    dispRegion = 3,
+    dispText = 5,
+    dispPicture = 6
+};
+
+/// Bits of an item's flag. The numbers are fixed: callers use them.
+enum VekItemFlag : unsigned {
+    itemFill = 1,          ///< region: solid fill
+    itemHatch = 2,         ///< region: hatch
+    itemHidden = 4,        ///< not drawn
+    itemNoExt = 8,         ///< not counted in the extents
+    itemOutline = 16,      ///< region: the boundary is drawn
+    itemFullWindow = 32,   ///< picture: takes the whole drawing area, whatever its corners
+    itemTransparent = 64,  ///< picture: its key colour is left out
+    itemScreenFixed = 128, ///< of fixed size on the screen, anchored at its reference point; not in the extents
+    itemColorMode = 0xF00  ///< the colour mode, shifted left by `itemColorModeShift`
+};
+
+inline constexpr int itemColorModeShift = 8;
+
+namespace VEK
+{
+
+/// Colour mode of an item: its own colour, an entry of the display object's colour table, or the exact inverse of
+/// the background. Modes 6 to 14 are entries whose role the caller gives.
+enum GdxColorMode : unsigned {
+    colorOwn = 0,
+    colorHighlight = 1, ///< selected items
+    colorRefer = 2,     ///< reference items
+    colorAxis = 3,      ///< axes
+    colorBase = 4,      ///< base items
+    colorAux = 5,       ///< auxiliary items
+    colorInverse = 15
+};
+
+} // namespace VEK
+
+/// A display item: geometry in the coordinates in which it was handed over, the matrix that acts on it first of all,
+/// and how it looks. Nothing in it is in device pixels but the corners of a picture. A copy is deep.
+class VEK_API CVekDisplayItem : public CVekObj
+{
+public:
+    VekDisplayObj type = dispNone;
+    unsigned flag = 0;                   ///< `VekItemFlag` and the colour mode
+    CVekArrayTempl<int> stack;           ///< the owner's hierarchical address
+    CVekColor color;                     ///< pen colour
+    CVekArrayTempl<double> linetype;     ///< dashes; the one value 1.0 is a continuous line
+    double ltscale = 0.0;                ///< factor on the dash lengths
+    CVekPoint3d point;                   ///< point, text: position; screen-fixed polyline, region: reference point
+    unsigned pdMode = 0;                 ///< point: style, 0xFFFFFFFF the display object's; picture: resource number
+    double pdSize = 0.0;                 ///< point: size, 0 the display object's
+    CVekVertexArray vl;                  ///< polyline: geometry; picture: corner to corner; screen-fixed point, text:
+                                         ///< vertex 0 starts at the reference point
+    CVekArrayTempl<CVekVertexArray> reg; ///< region: boundary and holes
+    CVekMatrix3d mtx;
+    CVekColor fcolor; ///< fill colour of a region
+    int thickn = 0;   ///< pen width in pixels
+    VEK::CHatchProp hatch;
+    CVekString txtAlign;                                  ///< text: alignment code
+    CVekString txt;                                       ///< text: the text; picture: file name
+    CVekArrayTempl<CVekArrayTempl<CVekVertexArray>> regl; ///< text: the regions of its glyphs
+
+    /// The colour mode, 0 to 15.
+    unsigned colorMode() const { return flag >> itemColorModeShift & 15u; }
+
+    /// Whether the item counts in the extents.
+    bool hasExtents() const { return (flag & (itemNoExt | itemScreenFixed)) == 0; }
+};
+
+/// The resource number of a picture that has none.
+inline constexpr unsigned vekNoPicture = 0x7FFFFFFF;
