@@ -3,6 +3,10 @@
 /// by system stands in twin files `*_posix.cpp` and `*_win.cpp`.
 #pragma once
 
+#include <filesystem>
+#include <string>
+#include <string_view>
+
 namespace VEK::platform
 {
 
@@ -10,5 +14,73 @@ namespace VEK::platform
 /// without a single counterpart stays, as "ß" does, and so does one beyond the basic plane.
 wchar_t upperOf(wchar_t character);
 wchar_t lowerOf(wchar_t character);
+
+/// Whether two texts are equal without regard to case.
+bool equalNoCase(std::wstring_view a, std::wstring_view b);
+
+/// UTF-8 of a wide text, and the wide text of UTF-8. What is not valid in the source becomes U+FFFD. A wide text may
+/// hold surrogate pairs in every build.
+std::string utf8Of(std::wstring_view text);
+std::wstring wideOf(std::string_view utf8);
+
+/// Appends a code point to a wide text, as a surrogate pair where `wchar_t` has 16 bits.
+void appendCodePoint(std::wstring& text, char32_t code);
+
+/// Code page 1252 of a wide text, with "?" for what it lacks, and back. The five bytes that it leaves open stand for
+/// the control characters of the same number.
+std::string codePage1252Of(std::wstring_view text);
+std::wstring wideOfCodePage1252(std::string_view bytes);
+
+/// The same for the system's own 8-bit code page: the ANSI code page on Windows, 1252 elsewhere.
+std::string systemCodePageOf(std::wstring_view text);
+std::wstring wideOfSystemCodePage(std::string_view bytes);
+
+/// A path from wide text and back, in every locale. Streams open such a path: `std::ifstream in(pathOf(name))`.
+std::filesystem::path pathOf(std::wstring_view text);
+std::wstring textOf(const std::filesystem::path& path);
+
+/// A whole file.
+/// @return false, with `bytes` empty, when there is no such file, when it is a folder or cannot be read
+bool readFile(const std::filesystem::path& path, std::string& bytes);
+
+/// Writes a whole file. Its old content stays until the new one is complete, and stays when that fails.
+bool writeFile(const std::filesystem::path& path, std::string_view bytes);
+
+/// The program file of this process.
+std::filesystem::path programPath();
+
+/// The file that this library's code was loaded from: the program where it is linked in.
+std::filesystem::path modulePath();
+
+/// A command text taken apart.
+struct Command {
+    std::wstring program;
+    std::wstring arguments; ///< parted by blanks, with double quotes around one that holds blanks itself
+};
+
+/// The parts of a command text. A quoted beginning is the program. Without quotes it is the longest beginning that ends
+/// at a blank and names an existing file, and else the first word.
+Command commandOf(std::wstring_view text);
+
+/// Runs a program, or opens a document, folder or web address with the program of its kind. No shell reads the text.
+/// @param command as for `commandOf`, or an address
+/// @param timeout milliseconds to wait for the program's end, 0 for not at all; a program that the system does not
+/// let us wait for counts as ended
+/// @param show whether its window is shown, where the system knows such a wish
+/// @return whether it was started and, with a timeout, ended in time
+bool launch(std::wstring_view command, unsigned long timeout, bool show);
+
+/// What `launch` leaves to the system.
+/// @param isDocument whether the program is none, but a document, folder or address to be opened
+bool start(const Command& command, bool isDocument, unsigned long timeout, bool show);
+
+/// A setting of the user: a number or a text, by the name `name` below a key whose levels are parted by backslashes.
+/// Case does not matter in either. On Windows they live in the registry below HKEY_CURRENT_USER. Elsewhere they live in
+/// the file "vek/settings" of the user's configuration folder, $XDG_CONFIG_HOME or else ~/.config.
+/// @return false when there is none of that type (`value` stays) or it cannot be written
+bool settingRead(std::wstring_view key, std::wstring_view name, unsigned long& value);
+bool settingRead(std::wstring_view key, std::wstring_view name, std::wstring& value);
+bool settingWrite(std::wstring_view key, std::wstring_view name, unsigned long value);
+bool settingWrite(std::wstring_view key, std::wstring_view name, std::wstring_view value);
 
 } // namespace VEK::platform

@@ -3,8 +3,6 @@
 #include "core/platform/platform.h"
 
 #include <cstdarg>
-#include <cstdint>
-#include <memory>
 #include <string>
 
 namespace
@@ -71,29 +69,14 @@ int escapeAt(const wchar_t* text)
     return value;
 }
 
-bool isHighSurrogate(std::uint32_t unit)
+bool isHighSurrogate(int unit)
 {
     return unit >= 0xD800 && unit <= 0xDBFF;
 }
 
-bool isLowSurrogate(std::uint32_t unit)
+bool isLowSurrogate(int unit)
 {
     return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
-std::uint32_t joined(std::uint32_t high, std::uint32_t low)
-{
-    return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
-}
-
-void appendCodePoint(std::wstring& text, std::uint32_t code)
-{
-    if (sizeof(wchar_t) == 2 && code > 0xFFFF) {
-        text += static_cast<wchar_t>(0xD800 + ((code - 0x10000) >> 10));
-        text += static_cast<wchar_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
-    } else {
-        text += static_cast<wchar_t>(code);
-    }
 }
 
 /// The format with its `%s` and `%c` marked as wide, since C libraries differ in what these take in wide formats.
@@ -348,10 +331,11 @@ void CVekString::unEscapeWideChar()
             continue;
         }
         c += c[1] == L'u' ? 6 : 7;
-        const int low = isHighSurrogate(static_cast<std::uint32_t>(unit)) ? escapeAt(c) : -1;
-        if (low > 0 && isLowSurrogate(static_cast<std::uint32_t>(low))) {
+        const int low = isHighSurrogate(unit) ? escapeAt(c) : -1;
+        if (isLowSurrogate(low)) {
             c += c[1] == L'u' ? 6 : 7;
-            appendCodePoint(result, joined(static_cast<std::uint32_t>(unit), static_cast<std::uint32_t>(low)));
+            const int code = 0x10000 + (unit - 0xD800) * 0x400 + (low - 0xDC00);
+            VEK::platform::appendCodePoint(result, static_cast<char32_t>(code));
         } else {
             result += static_cast<wchar_t>(unit);
         }
@@ -407,52 +391,16 @@ CVekString implode(const CVekArrayTempl<CVekString>& parts, const wchar_t* separ
 
 CVekArrayTempl<char> toUtf8(const wchar_t* text)
 {
+    const std::string utf8 = platform::utf8Of(text ? text : L"");
     CVekArrayTempl<char> bytes;
-    const auto put = [&](std::uint32_t byte) { bytes.append(static_cast<char>(byte)); };
-    for (const wchar_t* c = text ? text : L""; *c; ++c) {
-        std::uint32_t code = static_cast<std::uint32_t>(*c);
-        if (isHighSurrogate(code) && isLowSurrogate(static_cast<std::uint32_t>(c[1])))
-            code = joined(code, static_cast<std::uint32_t>(*++c));
-        if (isHighSurrogate(code) || isLowSurrogate(code) || code > 0x10FFFF)
-            code = 0xFFFD;
-        if (code < 0x80) {
-            put(code);
-            continue;
-        }
-        const int tail = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-        constexpr std::uint32_t kLead[] = {0, 0xC0, 0xE0, 0xF0};
-        put(kLead[tail] | code >> (6 * tail));
-        for (int shift = 6 * (tail - 1); shift >= 0; shift -= 6)
-            put(0x80 | (code >> shift & 0x3F));
-    }
+    if (bytes.setLogicalLength(static_cast<int>(utf8.size())) > 0)
+        std::memcpy(bytes.begin(), utf8.data(), utf8.size());
     return bytes;
 }
 
 CVekString fromUtf8(const char* text, unsigned length)
 {
-    std::wstring wide;
-    wide.reserve(length);
-    for (unsigned i = 0; text && i < length;) {
-        const std::uint32_t lead = static_cast<unsigned char>(text[i++]);
-        const unsigned tail = lead < 0x80 ? 0 : lead >= 0xC2 && lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-        if (lead >= 0x80 && (lead < 0xC2 || lead > 0xF4)) {
-            appendCodePoint(wide, 0xFFFD);
-            continue;
-        }
-        std::uint32_t code = tail == 0 ? lead : lead & (0x3Fu >> tail);
-        unsigned taken = 0;
-        for (; taken < tail && i + taken < length; ++taken) {
-            const std::uint32_t next = static_cast<unsigned char>(text[i + taken]);
-            if ((next & 0xC0) != 0x80)
-                break;
-            code = code << 6 | (next & 0x3F);
-        }
-        i += taken;
-        constexpr std::uint32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
-        const bool valid = taken == tail && code >= kLeast[tail] && code <= 0x10FFFF && !isHighSurrogate(code) &&
-                           !isLowSurrogate(code);
-        appendCodePoint(wide, valid ? code : 0xFFFD);
-    }
+    const std::wstring wide = platform::wideOf(std::string_view(text, text ? length : 0));
     return CVekString(wide.data(), static_cast<unsigned>(wide.size()));
 }
 

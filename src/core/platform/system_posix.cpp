@@ -1,0 +1,129 @@
+#include "core/platform/platform.h"
+
+#include <chrono>
+#include <dlfcn.h>
+#include <mutex>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+/// The words of an argument text; double quotes hold one together.
+std::vector<std::string> argumentsOf(std::wstring_view text)
+{
+    std::vector<std::string> arguments;
+    std::wstring word;
+    bool inWord = false;
+    bool quoted = false;
+    for (const wchar_t c : text) {
+        const bool blank = !quoted && (c == L' ' || c == L'\t');
+        if (!blank) {
+            inWord = true;
+            if (c == L'"')
+                quoted = !quoted;
+            else
+                word += c;
+        } else if (inWord) {
+            arguments.push_back(VEK::platform::utf8Of(word));
+            word.clear();
+            inWord = false;
+        }
+    }
+    if (inWord)
+        arguments.push_back(VEK::platform::utf8Of(word));
+    return arguments;
+}
+
+bool hasEnded(pid_t process)
+{
+    return waitpid(process, nullptr, WNOHANG) != 0; // an error says that it is no child of ours any more
+}
+
+/// Keeps a process that nobody waits for until it has ended, so that the system may forget it.
+void leaveRunning(pid_t process)
+{
+    static std::mutex& guard = *new std::mutex;
+    static std::vector<pid_t>& running = *new std::vector<pid_t>;
+    const std::lock_guard<std::mutex> lock(guard);
+    std::erase_if(running, hasEnded);
+    running.push_back(process);
+}
+
+bool endsWithin(pid_t process, unsigned long timeout)
+{
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point begin = Clock::now();
+    std::chrono::milliseconds pause(1);
+    while (!hasEnded(process)) {
+        const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin);
+        if (static_cast<unsigned long>(passed.count()) >= timeout)
+            return false;
+        std::this_thread::sleep_for(pause);
+        pause = std::min(pause * 2, std::chrono::milliseconds(20));
+    }
+    return true;
+}
+
+} // namespace
+
+namespace VEK::platform
+{
+
+fs::path programPath()
+{
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error);
+}
+
+fs::path modulePath()
+{
+    Dl_info info{};
+    std::error_code error;
+    if (dladdr(reinterpret_cast<void*>(&modulePath), &info) && info.dli_fname) {
+        const fs::path path = fs::canonical(info.dli_fname, error);
+        if (!error)
+            return path;
+    }
+    return programPath();
+}
+
+std::string systemCodePageOf(std::wstring_view text)
+{
+    return codePage1252Of(text);
+}
+
+std::wstring wideOfSystemCodePage(std::string_view bytes)
+{
+    return wideOfCodePage1252(bytes);
+}
+
+bool start(const Command& command, bool isDocument, unsigned long timeout, bool)
+{
+    std::vector<std::string> words = argumentsOf(command.arguments);
+    if (isDocument) {
+        std::error_code error;
+        const fs::path path = fs::absolute(pathOf(command.program), error);
+        words = {"xdg-open", fs::exists(path, error) ? path.string() : utf8Of(command.program)};
+    } else {
+        words.insert(words.begin(), utf8Of(command.program));
+    }
+    std::vector<char*> argv;
+    for (std::string& word : words)
+        argv.push_back(word.data());
+    argv.push_back(nullptr);
+    pid_t process = 0;
+    if (posix_spawnp(&process, argv[0], nullptr, nullptr, argv.data(), environ) != 0)
+        return false;
+    if (timeout != 0 && endsWithin(process, timeout))
+        return true;
+    leaveRunning(process);
+    return timeout == 0;
+}
+
+} // namespace VEK::platform

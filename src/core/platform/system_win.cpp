@@ -1,0 +1,78 @@
+#include "core/platform/platform.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+fs::path fileOf(HMODULE module)
+{
+    std::wstring name(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(module, name.data(), static_cast<DWORD>(name.size()));
+        if (length < name.size()) {
+            name.resize(length);
+            return name;
+        }
+        name.resize(name.size() * 2);
+    }
+}
+
+} // namespace
+
+namespace VEK::platform
+{
+
+fs::path programPath()
+{
+    return fileOf(nullptr);
+}
+
+fs::path modulePath()
+{
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&modulePath), &module);
+    return fileOf(module);
+}
+
+std::string systemCodePageOf(std::wstring_view text)
+{
+    const int length = static_cast<int>(text.size());
+    const int size = WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
+    return bytes;
+}
+
+std::wstring wideOfSystemCodePage(std::string_view bytes)
+{
+    const int length = static_cast<int>(bytes.size());
+    const int size = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    std::wstring text(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), size);
+    return text;
+}
+
+bool start(const Command& command, bool, unsigned long timeout, bool show)
+{
+    SHELLEXECUTEINFOW info{};
+    info.cbSize = sizeof info;
+    info.fMask = SEE_MASK_NOCLOSEPROCESS | SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
+    info.lpFile = command.program.c_str();
+    info.lpParameters = command.arguments.empty() ? nullptr : command.arguments.c_str();
+    info.nShow = show ? SW_SHOW : SW_HIDE;
+    if (!ShellExecuteExW(&info))
+        return false;
+    if (!info.hProcess)
+        return true;
+    const bool ended = timeout == 0 || WaitForSingleObject(info.hProcess, timeout) == WAIT_OBJECT_0;
+    CloseHandle(info.hProcess);
+    return ended;
+}
+
+} // namespace VEK::platform
