@@ -1,0 +1,62 @@
+#include <vek/values/system.h>
+
+#include "core/platform/platform.h"
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+namespace
+{
+
+/// The default value of a key below HKEY_CLASSES_ROOT, variables replaced; empty without one.
+std::wstring classValue(const std::wstring& key, REGSAM view)
+{
+    HKEY handle = nullptr;
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, KEY_QUERY_VALUE | view, &handle) != ERROR_SUCCESS)
+        return {};
+    std::wstring value(1024, L'\0');
+    LSTATUS status = ERROR_MORE_DATA;
+    while (status == ERROR_MORE_DATA) {
+        value.resize(value.size() * 2);
+        DWORD size = static_cast<DWORD>(value.size() * sizeof(wchar_t));
+        // An expanded value may tell no size that suffices, so the room doubles.
+        status =
+            RegGetValueW(handle, nullptr, nullptr, RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ, nullptr, value.data(), &size);
+    }
+    RegCloseKey(handle);
+    return status == ERROR_SUCCESS ? value.substr(0, value.find(L'\0')) : std::wstring();
+}
+
+} // namespace
+
+bool VEK::dispatchFromProgID(const wchar_t* progId, IDispatch** server)
+{
+    if (!server)
+        return false;
+    *server = nullptr;
+    CLSID id{};
+    IUnknown* running = nullptr;
+    if (!progId || FAILED(CLSIDFromProgID(progId, &id)) || FAILED(GetActiveObject(id, nullptr, &running)) || !running)
+        return false;
+    const HRESULT result = running->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(server));
+    running->Release();
+    return SUCCEEDED(result) && *server;
+}
+
+bool VEK::serverFromProgID(const wchar_t* progId, CVekString& path)
+{
+    CLSID id{};
+    wchar_t idText[40];
+    if (!progId || FAILED(CLSIDFromProgID(progId, &id)) || StringFromGUID2(id, idText, 40) == 0)
+        return false;
+    const std::wstring key = std::wstring(L"CLSID\\") + idText + L"\\LocalServer32";
+    std::wstring command = classValue(key, 0);
+    if (command.empty())
+        command = classValue(key, KEY_WOW64_32KEY); // a server of 32 bits
+    const std::wstring program = platform::commandOf(command).program;
+    if (program.empty())
+        return false;
+    path = program.c_str();
+    return true;
+}
