@@ -1,0 +1,106 @@
+/// @file
+/// Open data files.
+#pragma once
+
+#include <vek/data/item.h>
+
+/// Kind of a data file. Others than these two cannot be opened here.
+using VekDtaType = int;
+inline constexpr VekDtaType vekDtaDrawing = 3; ///< a data object of the drawing
+inline constexpr VekDtaType vekDtaMemory = 6;  ///< a file in memory
+
+namespace VEK
+{
+
+/// The host's name of an entity of the drawing. A fresh one names nothing.
+class VEK_API CAdsName : public CVekObj
+{
+public:
+    CAdsName() = default;
+    CAdsName(long long first, long long second) : m_name{first, second} {}
+
+    bool isNull() const { return m_name[0] == 0 && m_name[1] == 0; }
+    long long operator[](int index) const { return m_name[index & 1]; }
+    bool operator==(const CAdsName& other) const
+    {
+        return m_name[0] == other.m_name[0] && m_name[1] == other.m_name[1];
+    }
+
+private:
+    long long m_name[2] = {0, 0};
+};
+
+/// An open data file: a data tree of its own, or a place in one that others hold as well. Items that it gives belong
+/// to that tree and are valid while it is open.
+class VEK_API CDtaFilePointer : public CVekObj
+{
+public:
+    CDtaFilePointer(const CDtaFilePointer&) = delete;
+    CDtaFilePointer& operator=(const CDtaFilePointer&) = delete;
+
+    /// The item at a path; a null key or text gives the root. A text is a path as with `CVekDataItem::getItem`.
+    ///
+    /// Callers ask an optional file without a test, so that a call on a null pointer gives null. Code that may use
+    /// `fileItem` does better, as the language does not bear such a call.
+    /// @param reserved pass false
+    /// @return null when it is absent
+    CVekDataItem* get(const CVekDataKey* key, bool reserved) const;
+    CVekDataItem* get(const wchar_t* path, bool reserved) const;
+    CVekDataItem* get(std::nullptr_t, bool reserved) const;
+
+    /// Stores a copy at a path and creates what is missing; a null item gives an empty leaf, a null key replaces the
+    /// root.
+    bool set(const CVekDataItem* item, const CVekDataKey* key);
+
+    /// Lists the keys below a path, each of one element.
+    /// @param keys is emptied first
+    /// @return false when there is no directory at the path
+    bool dir(CVekArrayTempl<CVekDataKey>& keys, const CVekDataKey* key) const;
+
+    /// Opens the linked object of the file, the directory "LOBJ" of its root. What is written into it reaches this
+    /// file; either may be closed first.
+    /// @param key further elements of the way to the object, null for none
+    /// @param reserved pass false
+    /// @return a new file, owned by the caller; null when there is no such object
+    CDtaFilePointer* lobjGet(const CVekDataKey* key, bool reserved) const;
+
+private:
+    friend VEK_API CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CAdsName& name,
+                                            const CVekDataKey* key, const CVekDataItem* item);
+    friend VEK_API CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CVekDataKey* key,
+                                            const CVekDataItem* item);
+
+    CDtaFilePointer(const CSharedPointer<CVekDataItem>& tree, const CVekDataKey& way) : m_tree(tree), m_way(way) {}
+
+    CVekDataItem* root() const;
+
+    CSharedPointer<CVekDataItem> m_tree;
+    CVekDataKey m_way; ///< from the tree to the root of this file; without an element for the tree itself
+};
+
+/// Opens the data object of a drawing entity, type 3, of which the host knows; writing into the file writes into the
+/// drawing. With type 6 the name does not count.
+/// @param mode pass 3
+/// @param key with an item: where the item is stored after opening, null for the root
+/// @param item null to take what is there
+/// @return a file owned by the caller; null for an unknown type and when the drawing has no such object
+VEK_API CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CAdsName& name, const CVekDataKey* key,
+                                 const CVekDataItem* item);
+
+/// Opens a file in memory, type 6: a copy of the item, or an empty directory when it is null.
+/// @param mode pass 3
+/// @param key where in the file the copy is stored, null for the root
+/// @return a file owned by the caller; null for another type
+VEK_API CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CVekDataKey* key, const CVekDataItem* item);
+
+/// The item at a path of a file that may be missing; null when either is.
+VEK_API CVekDataItem* fileItem(const CDtaFilePointer* file, const CVekDataKey* key);
+
+/// Stores a value at a path of a file.
+/// @return false for a null file
+VEK_API bool fileItemSet(CDtaFilePointer* file, const CVekDataKey* key, const wchar_t* value);
+VEK_API bool fileItemSet(CDtaFilePointer* file, const CVekDataKey* key, const CVekString& value);
+VEK_API bool fileItemSet(CDtaFilePointer* file, const CVekDataKey* key, int value);
+VEK_API bool fileItemSet(CDtaFilePointer* file, const CVekDataKey* key, const CVekVertexArray& value);
+
+} // namespace VEK

@@ -1,0 +1,251 @@
+/// @file
+/// The nodes of the data tree.
+#pragma once
+
+#include <vek/data/key.h>
+#include <vek/values/color.h>
+#include <vek/values/linetype.h>
+#include <vek/values/pointer.h>
+#include <vek/values/polyline.h>
+#include <vek/values/units.h>
+
+class CVekDataDir;
+struct resbuf;
+
+namespace VEK
+{
+
+/// A list of polylines, which may also be one region: outline and holes.
+using VertexArrays = CVekArrayTempl<CVekVertexArray>;
+
+/// A list of regions.
+using Regions = CVekArrayTempl<CVekArrayTempl<CVekVertexArray>>;
+
+/// What a node of the data tree holds.
+enum class DataKind {
+    empty, ///< a leaf without a value
+    boolean,
+    integer,
+    unsignedLong,
+    real,
+    text,
+    point,
+    points,
+    matrix,
+    polyline,
+    polylines,
+    regions,
+    integers,
+    texts,
+    color,
+    unit,
+    hatch,
+    directory
+};
+
+} // namespace VEK
+
+/// A node of the data tree: a leaf that holds one value, or a directory that holds named children in the order in
+/// which they came.
+///
+/// A child stays at its address as long as it stands in its directory; setting a leaf anew keeps its address. What
+/// `getItem` and its like return belongs to the tree. A tree of any depth can be copied and destroyed.
+///
+/// Reading never converts, with one exception: `bool`, `int`, `unsigned long`, `double` and the length unit read as
+/// one another. Fractions are cut towards zero; a negative integer reads as the `unsigned long` of the same 32 bits,
+/// and back; a value that the target cannot hold does not read.
+///
+/// Paths given as text descend at backslashes, empty names included. At each level a child of exactly the remaining
+/// text comes first. A null text is the item itself, and L"" is the child named "".
+class VEK_API CVekDataItem : public CVekObj
+{
+public:
+    /// What a fresh item is.
+    enum type : int { leaf = 0, directory = 1 };
+
+    /// An empty leaf.
+    CVekDataItem();
+
+    /// An empty item of a kind given by a value of `type`: 1 makes a directory.
+    explicit CVekDataItem(int kind);
+
+    /// A deep copy; a source that is missing gives an empty leaf.
+    CVekDataItem(const CVekDataItem& other);
+    explicit CVekDataItem(const CVekDataItem* source);
+
+    /// Takes the contents over and leaves an empty leaf behind. Children keep their addresses.
+    CVekDataItem(CVekDataItem&& other) noexcept;
+
+    ~CVekDataItem() override;
+
+    /// Replaces the contents by a deep copy, or takes them over; the item keeps its place and key. The source may
+    /// lie below or above this very item.
+    CVekDataItem& operator=(const CVekDataItem& other);
+    CVekDataItem& operator=(CVekDataItem&& other) noexcept;
+
+    /// A deep copy on the heap, owned by the caller; null when the memory is not to be had.
+    CVekDataItem* clone() const;
+
+    VEK::DataKind kind() const { return m_kind; }
+    bool isDir() const { return m_kind == VEK::DataKind::directory; }
+
+    /// The directory, owned by the item; null for a leaf.
+    CVekDataDir* getDir() const;
+
+    /// Turns the item into an empty directory if it is none.
+    /// @return the directory, owned by the item
+    CVekDataDir* mkDir();
+
+    /// The child directory at a path; what is missing of the path is created, and leaves on it become directories.
+    CVekDataItem* makeDir(const wchar_t* path);
+
+    /// The item at a path, created as an empty leaf when it is missing.
+    CVekDataItem* makeItem(const wchar_t* path);
+    CVekDataItem* makeItem(const CVekDataKey* key);
+
+    /// The item at a path, or null when it is absent.
+    CVekDataItem* getItem(const wchar_t* path) const;
+    CVekDataItem* getItem(const CVekDataKey* key) const;
+    CVekDataItem* getItem(std::nullptr_t) const { return getItem(static_cast<const CVekDataKey*>(nullptr)); }
+
+    /// The key under which the item stands in its parent; a key without an element for an item without a parent.
+    const CVekDataKey* getKey() const { return &m_key; }
+
+    /// The item whose directory this one stands in, or null.
+    CVekDataItem* getParent() const;
+
+    /// Read the value at a path; a null key reads the item's own.
+    /// @param value receives the value, and stays untouched without one
+    /// @return false when the path is absent or its value is not of that type
+    bool get(bool& value, const CVekDataKey* key = nullptr) const;
+    bool get(int& value, const CVekDataKey* key = nullptr) const;
+    bool get(unsigned long& value, const CVekDataKey* key = nullptr) const;
+    bool get(double& value, const CVekDataKey* key = nullptr) const;
+    bool get(CVekString& value, const CVekDataKey* key = nullptr) const;
+    bool get(CVekPoint3d& value, const CVekDataKey* key = nullptr) const;
+    bool get(CVekPoint3dArray& value, const CVekDataKey* key = nullptr) const;
+    bool get(CVekVertexArray& value, const CVekDataKey* key = nullptr) const;
+    bool get(CVekArrayTempl<int>& value, const CVekDataKey* key = nullptr) const;
+    bool get(CVekArrayTempl<CVekString>& value, const CVekDataKey* key = nullptr) const;
+
+    /// The stored value itself, owned by the item and valid until it changes; null when the item holds another type.
+    /// T is one of the types of the leaves.
+    template <class T>
+    const T* peek() const;
+
+    /// Puts a value in the place of the contents, children included.
+    /// @return false when the memory is not to be had; the item is an empty leaf then
+    template <class T>
+    bool put(T value);
+
+    /// Removes the child at a path; an absent one is no error.
+    void remove(const wchar_t* path);
+
+    /// Replaces the contents by what a chain describes, in the form of `mkLisp` or of the `mkResbuf` family.
+    /// @param chain is released in any case; null describes an empty directory
+    /// @param reserved pass false
+    /// @return false when the chain describes no value; the contents stay then
+    bool setData(resbuf* chain, bool reserved);
+
+    /// The item as a chain, owned by the caller. A leaf gives the form of the `mkResbuf` family, a directory the
+    /// sequence of its children, each a list of key, dot (5018) and value, without a list around them; null for an
+    /// empty directory.
+    resbuf* mkLisp() const;
+
+private:
+    friend class CVekDataDir;
+
+    /// Numbers stand in place, everything else in an object of its own, a directory included.
+    union Value {
+        bool boolean;
+        int integer; ///< the unit as well
+        unsigned long unsignedLong;
+        double real = 0.0;
+        CVekObj* object;
+    };
+
+    bool ownsObject() const;
+    void clear();
+    void takeOver(CVekDataItem& other);
+    bool copyLeaf(const CVekDataItem& source);
+    bool copyTree(const CVekDataItem& source);
+
+    VEK::DataKind m_kind = VEK::DataKind::empty;
+    unsigned m_slot = 0; ///< place in the parent
+    Value m_value;
+    CVekDataDir* m_parent = nullptr;
+    CVekDataKey m_key;
+    VEK::CSharedPointer<CVekDataItem> m_shared; ///< the item itself, while the parent shares it with other holders
+};
+
+namespace VEK
+{
+
+/// Reads the value at a path of an item, as `CVekDataItem::get` does.
+/// @return false, with the target untouched, for a null item, an absent path and a value of another type
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, bool& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, int& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, unsigned long& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, double& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CVekString& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CVekPoint3d& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CVekPoint3dArray& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CVekMatrix3d& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, double (*rows)[4]);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CVekVertexArray& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, VertexArrays& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, Regions& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CVekArrayTempl<int>& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CVekArrayTempl<CVekString>& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CVekColor& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, Vek::lUnit& value);
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CHatchProp& value);
+
+/// Stores a value at a path of an item: what the path lacks is created, leaves on the way become directories, and what
+/// stands there is replaced. An item that stands there keeps its address.
+/// @return false for a null item
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, bool value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, int value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, unsigned long value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, double value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const wchar_t* value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CVekString& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CVekPoint3d& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CVekPoint3dArray& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CVekMatrix3d& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const double (*rows)[4]);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CVekVertexArray& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const VertexArrays& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const Regions& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CVekArrayTempl<int>& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CVekArrayTempl<CVekString>& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CVekColor& value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, Vek::lUnit value);
+VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CHatchProp& value);
+bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const void* value) = delete; // no pointer is a bool
+
+/// Reads the value at a text path of an item; a null path reads the item's own.
+/// @return false, with the target untouched, as with `dataItemGet`
+template <class T>
+bool dataGet(const CVekDataItem* item, const wchar_t* path, T& target)
+{
+    return item && dataItemGet(item->getItem(path), nullptr, target);
+}
+
+/// Stores a value at a text path of an item; a null path replaces the item's own.
+/// @return false for a null item
+template <class T>
+bool dataSet(CVekDataItem* item, const wchar_t* path, const T& value)
+{
+    return item && dataItemSet(item->makeItem(path), nullptr, value);
+}
+
+/// Stores a list under one key of an item, which becomes a directory; the text is the key as it stands. A list without
+/// elements removes the key. A null or empty text replaces the item's own value.
+/// @return false for a null item and when the value cannot be stored
+VEK_API bool dataSetList(CVekDataItem* item, const wchar_t* key, const CVekArrayTempl<int>& value);
+VEK_API bool dataSetList(CVekDataItem* item, const wchar_t* key, const CVekArrayTempl<CVekString>& value);
+VEK_API bool dataSetList(CVekDataItem* item, const wchar_t* key, const CVekMatrix3d& value);
+VEK_API bool dataSetList(CVekDataItem* item, const wchar_t* key, const CVekVertexArray& value);
+
+} // namespace VEK

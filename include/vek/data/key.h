@@ -1,0 +1,94 @@
+/// @file
+/// Paths into the data tree.
+#pragma once
+
+#include <vek/values/string.h>
+
+#include <memory>
+
+/// A path of the data tree: a chain of elements, each a text or an integer. Texts compare with regard to case; the
+/// empty text is an element like any other. A key without an element addresses the item itself.
+///
+/// A key is not split: a backslash in one of its texts belongs to the name. Only paths given as one text descend at
+/// backslashes.
+class VEK_API CVekDataKey : public CVekObj
+{
+public:
+    /// Kind of an element. The numbers are those of the published result types of the host package.
+    enum keyType : short {
+        keyNone = 0,     ///< no element
+        keyInt = 5003,   ///< an integer
+        keyText = 5005,  ///< a text
+        keyText2 = 5020, ///< a text in its second form; it finds the same child as `keyText`
+    };
+
+    CVekDataKey() = default;
+
+    /// A key of one text element; null gives a key without an element.
+    CVekDataKey(const wchar_t* text) { set(text); }
+
+    /// A path from pairs of type and value, ended by a 0 in the place of a type:
+    /// `CVekDataKey(5005, L"BT", 5003, 7, 0)`. The path ends as well before a pair that is incomplete, whose type is
+    /// none of `keyType`, or whose value does not suit its type.
+    template <class... Rest>
+    CVekDataKey(short type, const Rest&... rest)
+    {
+        set(type, rest...);
+    }
+
+    /// Copies all elements.
+    CVekDataKey(const CVekDataKey& other);
+    CVekDataKey(CVekDataKey&& other) noexcept;
+
+    /// Takes over the first element only and drops the rest of both: callers rely on it to cut a path short.
+    CVekDataKey& operator=(const CVekDataKey& other);
+
+    /// Replaces the key by one text element; null leaves none.
+    CVekDataKey& set(const wchar_t* text);
+
+    /// Replaces the key by a path as the constructor does.
+    template <class... Rest>
+    CVekDataKey& set(short type, const Rest&... rest)
+    {
+        const Part parts[] = {Part(type), Part(rest)...};
+        return build(parts, sizeof...(rest) + 1);
+    }
+
+    /// Kind of the first element.
+    keyType type() const { return m_type; }
+    bool isText() const { return m_type == keyText || m_type == keyText2; }
+
+    /// The first element's text, never null; empty for any other kind. Valid until the key changes.
+    operator const wchar_t*() const { return m_text; }
+
+    /// The first element's integer; 0 for any other kind.
+    operator int() const { return m_number; }
+
+    /// The path behind the first element, owned by the key; null at the end.
+    const CVekDataKey* next() const { return m_next.get(); }
+
+    /// Whether the key has no element.
+    bool isEmpty() const { return m_type == keyNone; }
+
+    /// All elements alike in type and value. The two forms of a text differ here.
+    bool operator==(const CVekDataKey& other) const;
+
+private:
+    struct Part {
+        Part(const wchar_t* value) : text(value), isNumber(false) {}
+        Part(const CVekString& value) : text(value), isNumber(false) {}
+        Part(int value) : number(value) {}
+        Part(long value) : number(static_cast<int>(value)) {}
+
+        const wchar_t* text = nullptr;
+        int number = 0;
+        bool isNumber = true;
+    };
+
+    CVekDataKey& build(const Part* parts, std::size_t count);
+
+    keyType m_type = keyNone;
+    int m_number = 0;
+    CVekString m_text;
+    std::unique_ptr<CVekDataKey> m_next;
+};

@@ -1,0 +1,107 @@
+/// @file
+/// The host: the program in which the library runs, as a CAD package.
+#pragma once
+
+#include <vek/data/file.h>
+#include <vek/data/resbuf.h>
+
+#include <functional>
+#include <map>
+#include <string>
+
+class CVekGDX;
+
+/// The families of lines of a hatch pattern: for each its angle in degrees, x and y of a point on its first line, shift
+/// along and distance to the next line, then the dashes; lengths are in pattern units.
+using VekPatternLines = CVekArrayTempl<CVekArrayTempl<double>>;
+
+/// What the library asks of its host. A host derives from it; the order of the operations is part of the interface.
+class VEK_API CVekApp : public CVekObj
+{
+public:
+    /// The code of the unit and length format in which values are shown.
+    virtual int defaultUnit() = 0;
+
+    /// The background of display objects and pictures, as a `COLORREF`.
+    virtual unsigned long backgroundColor() = 0;
+
+    /// Lets the host draw an object into a display object; nothing passes into its ownership.
+    virtual bool imageObject(CVekGDX* gdx, CVekDataItem* object, CVekDataItem* parameters) = 0;
+
+    /// Gives the lines of a hatch pattern; an unknown name leaves the table empty.
+    virtual void hatchPatternGet(const wchar_t* name, VekPatternLines& lines) = 0;
+
+    /// Gives a named view of the drawing; an unknown name leaves the matrix as it is.
+    virtual void viewMatrix(const wchar_t* name, CVekMatrix3d& matrix) = 0;
+
+    /// Finds the drawing's data object of a kind, as "HOLE".
+    /// @param name receives the name by which `VEK::dtaOpen` opens it
+    /// @param create whether a missing one is made
+    virtual bool namedDataObject(VEK::CAdsName& name, const wchar_t* kind, bool create) = 0;
+
+    /// Calls a function of the host by its name.
+    /// @param arguments a chain that stays the caller's; null for none
+    /// @param result receives a chain
+    /// @return `VEK::kHostNormal`, which is 5100, on success
+    virtual int callFunction(const wchar_t* name, resbuf* arguments, VEK::CUniqResbuf& result) = 0;
+
+    /// The data tree of an entity of the drawing, shared with it; null when it has none.
+    virtual VEK::CSharedPointer<CVekDataItem> dataObject(const VEK::CAdsName& name);
+};
+
+/// The installed host, never null. Without one a default host stands there, whose operations report failure: the unit
+/// code is 2, the background black, nothing is drawn, found or called.
+VEK_API CVekApp* vekAppPtr();
+
+/// Installs a host, which stays the caller's and must live until another one is installed; null installs the default
+/// host.
+/// @return the host before
+VEK_API CVekApp* vekAppSet(CVekApp* app);
+
+/// A host for programs without a CAD package: a drawing in memory, and functions, views and hatch patterns that the
+/// program enters.
+class VEK_API CVekLocalApp : public CVekApp
+{
+public:
+    using Function = std::function<int(resbuf* arguments, VEK::CUniqResbuf& result)>;
+    using Image = std::function<bool(CVekGDX* gdx, CVekDataItem* object, CVekDataItem* parameters)>;
+
+    int defaultUnit() override { return m_defaultUnit; }
+    unsigned long backgroundColor() override { return m_backgroundColor; }
+    bool imageObject(CVekGDX* gdx, CVekDataItem* object, CVekDataItem* parameters) override;
+    void hatchPatternGet(const wchar_t* name, VekPatternLines& lines) override;
+    void viewMatrix(const wchar_t* name, CVekMatrix3d& matrix) override;
+    bool namedDataObject(VEK::CAdsName& name, const wchar_t* kind, bool create) override;
+    int callFunction(const wchar_t* name, resbuf* arguments, VEK::CUniqResbuf& result) override;
+    VEK::CSharedPointer<CVekDataItem> dataObject(const VEK::CAdsName& name) override;
+
+    /// The values that the operations of the like name give: 2 and black at start.
+    void defaultUnitSet(int unit) { m_defaultUnit = unit; }
+    void backgroundColorSet(unsigned long colorRef) { m_backgroundColor = colorRef; }
+
+    /// Enters a hatch pattern; a table without lines removes it. Names compare without regard to case.
+    void hatchPatternSet(const wchar_t* name, const VekPatternLines& lines);
+
+    /// Enters a named view.
+    void viewMatrixSet(const wchar_t* name, const CVekMatrix3d& matrix);
+
+    /// Enters a function; an empty one removes the name. Its result is the status of the call, and it must not throw.
+    void functionSet(const wchar_t* name, Function function);
+
+    /// Enters what draws objects; an empty one draws nothing.
+    void imageObjectSet(Image image) { m_image = std::move(image); }
+
+private:
+    struct DataObject {
+        std::wstring kind;
+        VEK::CSharedPointer<CVekDataItem> tree;
+    };
+
+    int m_defaultUnit = 2;
+    unsigned long m_backgroundColor = 0;
+    std::map<std::wstring, VekPatternLines> m_patterns;
+    std::map<std::wstring, CVekMatrix3d> m_views;
+    std::map<std::wstring, Function> m_functions;
+    std::vector<DataObject> m_objects; ///< an entity's name is its number here plus one
+    Image m_image;
+};
