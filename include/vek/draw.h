@@ -1,0 +1,5 @@
+/// @file
+/// Drawing algorithms: the stroke font.
+#pragma once
+
+#include <vek/draw/font.h>
