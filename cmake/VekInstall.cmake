@@ -1,0 +1,12 @@
+# What `cmake --install` lays down: the libraries, the public headers, and the package that find_package(vek) finds.
+include(CMakePackageConfigHelpers)
+
+set(package ${CMAKE_INSTALL_LIBDIR}/cmake/vek)
+get_property(installed GLOBAL PROPERTY VEK_INSTALLED)
+install(TARGETS ${installed} EXPORT vek ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(EXPORT vek NAMESPACE vek:: FILE vekTargets.cmake DESTINATION ${package})
+install(DIRECTORY include/vek DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+configure_package_config_file(cmake/vekConfig.cmake.in ${CMAKE_BINARY_DIR}/vekConfig.cmake
+                              INSTALL_DESTINATION ${package})
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/vekConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/vekConfig.cmake ${CMAKE_BINARY_DIR}/vekConfigVersion.cmake DESTINATION ${package})

@@ -1,0 +1,86 @@
+# How tests are declared; included once, before tests/ and fuzz/. Each is written down in tests.txt of the build folder as well: its name, whether it is a
+# GoogleTest program or counts as one case, and the targets that it needs. test.sh reads what to build and count there.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+file(WRITE ${CMAKE_BINARY_DIR}/tests.txt "")
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/results)
+set(VEK_TEST_PROGRAMS "")
+
+# vek_add_test(name [target...] COMMAND command...): a test that counts as one case.
+function(vek_add_test name)
+  cmake_parse_arguments(ARG "" "KIND" "COMMAND" ${ARGN})
+  if(NOT ARG_KIND)
+    set(ARG_KIND single)
+  endif()
+  add_test(NAME ${name} COMMAND ${ARG_COMMAND} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "UBSAN_OPTIONS=print_stacktrace=1")
+  list(JOIN ARG_UNPARSED_ARGUMENTS " " targets)
+  file(APPEND ${CMAKE_BINARY_DIR}/tests.txt "${name} ${ARG_KIND} ${targets}\n")
+endfunction()
+
+# Native builds take the GoogleTest that Debian ships built; for Windows it brings the sources only.
+macro(vek_find_googletest)
+  if(CMAKE_CROSSCOMPILING)
+    set(INSTALL_GTEST OFF)
+    add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+  else()
+    find_package(GTest REQUIRED)
+  endif()
+endmacro()
+
+# The cases that Wine cannot pass, as a filter for one program. wine_exclusions.py judges the file and runs them alone.
+function(vek_wine_filter program filter)
+  set(file ${CMAKE_SOURCE_DIR}/tests/wine_exclusions.txt)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+  file(STRINGS ${file} entries REGEX "^${program} ")
+  list(TRANSFORM entries REPLACE "^${program} +([^ |]+).*" "\\1")
+  list(JOIN entries ":" names)
+  set(${filter} "")
+  if(CMAKE_CROSSCOMPILING AND names)
+    set(${filter} "--gtest_filter=-${names}")
+  endif()
+  return(PROPAGATE ${filter})
+endfunction()
+
+# vek_test(room [target...]): the program of a room's tests and the libraries that it links beside the room's own.
+function(vek_test room)
+  set(program ${room}_test)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${room}_test.cpp
+       ${CMAKE_CURRENT_SOURCE_DIR}/${room}_*_test.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${program} ${sources})
+  target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${program} PRIVATE vek_${room} ${ARGN} vek_options GTest::gtest_main)
+  target_compile_definitions(${program} PRIVATE VEK_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  vek_wine_filter(${program} filter)
+  vek_add_test(${program} ${program} KIND gtest COMMAND
+               ${program} --gtest_brief=1 --gtest_output=xml:results/${program}.xml ${filter})
+  set_property(GLOBAL APPEND PROPERTY VEK_TEST_SOURCES ${sources})
+  set(VEK_TEST_PROGRAMS ${VEK_TEST_PROGRAMS} ${program} PARENT_SCOPE)
+endfunction()
+
+# A test source that no program takes would never run, and nobody would notice.
+function(vek_all_tests_run)
+  file(GLOB all CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp)
+  get_property(taken GLOBAL PROPERTY VEK_TEST_SOURCES)
+  list(REMOVE_ITEM all ${taken})
+  if(all)
+    message(FATAL_ERROR "No vek_test() takes ${all}")
+  endif()
+endfunction()
+
+# Every public header must compile alone: one source for each, which includes it and nothing else.
+function(vek_headers_alone)
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/include ${CMAKE_SOURCE_DIR}/include/*.h)
+  set(sources "")
+  foreach(header IN LISTS headers)
+    string(REPLACE "/" "_" name ${header})
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/headers/${name}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "#include <${header}>\n")
+    list(APPEND sources ${source})
+  endforeach()
+  add_library(headers_alone OBJECT ${sources})
+  target_include_directories(headers_alone PRIVATE ${CMAKE_SOURCE_DIR}/include)
+  target_link_libraries(headers_alone PRIVATE vek_options)
+endfunction()

@@ -1,0 +1,122 @@
+"""Keeps the rooms of the house apart.
+
+    check_rooms.py ROOT TABLE
+
+ROOT is the source tree, TABLE the rooms as CMake wrote them, lowest first, one a line:
+
+    name|folder|chief header,...|room that it may use,...
+
+A finding is one line, file:line: cause. Found are
+- an include of a room that is neither named for the including room nor used by one that is;
+- an include from <vek/> or between sources that leads nowhere;
+- a source that belongs to no room;
+- windows.h, _WIN32 or a header of the window toolkit named where code has to be portable.
+"""
+
+import pathlib
+import re
+import sys
+
+SOURCES = {".h", ".cpp", ".inl"}
+FOLDERS = ["include", "src", "apps", "bench", "fuzz", "tests"]
+
+# Folders in which Windows may be named: what needs a window, the toolkit, and what stands between us and the system.
+WINDOWS_FOLDERS = {"window", "toolkit", "platform"}
+WINDOWS_FILES = re.compile(r"src/surfaces/gdi[^/]*$")
+# Public headers that hold something that exists on Windows only, beside the chief headers; they may ask for _WIN32.
+WIN32_HEADERS = {"include/vek/export.h", "include/vek/values/system.h"}
+
+TOKEN = re.compile(
+    r'(?P<comment>//[^\n]*|/\*.*?\*/)|R"(?P<raw>[^()\s\\]*)\(.*?\)(?P=raw)"'
+    r"|\"(?:\\.|[^\"\\\n])*\"|(?<![0-9A-Fa-f])'(?:\\.|[^'\\\n])+'",
+    re.DOTALL,
+)
+INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"]', re.MULTILINE)
+WINDOWS_NAME = re.compile(r"\b_WIN32\b|<\s*(?:windows|afx\w*)\.h\s*>|\"(?:windows|afx\w*)\.h\"", re.IGNORECASE)
+
+
+def without_comments(text):
+    """Comments become blanks; line breaks stay, so that line numbers do."""
+    return TOKEN.sub(lambda m: re.sub(r"[^\n]", " ", m[0]) if m["comment"] else m[0], text)
+
+
+class House:
+    def __init__(self, root, table):
+        self.root = root
+        self.findings = []
+        self.folders = {}
+        self.chiefs = {}
+        self.reach = {}
+        for line in table.read_text().splitlines():
+            name, folder, headers, uses = line.split("|")
+            self.folders[folder] = name
+            self.chiefs.update({f"include/vek/{header}.h": name for header in headers.split(",")})
+            self.reach[name] = {name}.union(*(self.reach[lower] for lower in uses.split(",") if lower))
+
+    def room(self, path):
+        """The room of a file under src/ or include/, or None."""
+        if path in self.chiefs:
+            return self.chiefs[path]
+        parts = path.split("/")
+        if path.startswith("include/vek/"):
+            return parts[2] if len(parts) > 3 and parts[2] in self.reach else None
+        return next((n for f, n in self.folders.items() if path.startswith(f + "/")), None)
+
+    def find(self, path, text, position, cause):
+        self.findings.append(f"{path}:{text.count(chr(10), 0, position) + 1}: {cause}")
+
+    def included(self, path, quote, name):
+        """The path of an included file of ours, None for a header of somebody else."""
+        beside = (self.root / path).parent / name
+        if quote == '"' and beside.is_file():
+            return beside.resolve().relative_to(self.root).as_posix()
+        if name.startswith("vek/"):
+            return "include/" + name
+        return "src/" + name if quote == '"' else None
+
+    def check_includes(self, path, text):
+        room = self.room(path)
+        anyones = path in ("include/vek/vek.h", "include/vek/export.h")
+        if room is None and not anyones:
+            self.find(path, text, 0, "belongs to no room")
+            return
+        for match in INCLUDE.finditer(text):
+            target = self.included(path, match[1], match[2])
+            if target is None or target == "include/vek/export.h":
+                continue
+            lower = self.room(target)
+            if not (self.root / target).is_file():
+                self.find(path, text, match.start(), f"{match[2]} is not there")
+            elif anyones and lower is not None:
+                continue
+            elif lower not in self.reach[room]:
+                self.find(path, text, match.start(), f"room {room} must not use {lower or 'the whole'} ({match[2]})")
+
+    def check_windows(self, path, text):
+        if WINDOWS_FOLDERS.intersection(path.split("/")[:-1]) or WINDOWS_FILES.match(path):
+            return
+        for match in WINDOWS_NAME.finditer(text):
+            if match[0] != "_WIN32" or not (path in self.chiefs or path in WIN32_HEADERS):
+                self.find(path, text, match.start(), f"{match[0].strip()} in portable code")
+
+    def check(self):
+        files = [f for folder in FOLDERS for f in sorted((self.root / folder).rglob("*")) if f.suffix in SOURCES]
+        for file in files:
+            path = file.relative_to(self.root).as_posix()
+            text = without_comments(file.read_text(encoding="utf-8"))
+            self.check_windows(path, text)
+            if path.startswith(("src/", "include/")):
+                self.check_includes(path, text)
+        return len(files)
+
+
+def main():
+    house = House(pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]))
+    count = house.check()
+    print(*house.findings, sep="\n", end="\n" if house.findings else "")
+    print(f"{count} files, {len(house.findings)} findings")
+    return 1 if house.findings or count == 0 else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

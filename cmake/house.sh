@@ -1,0 +1,38 @@
+# shellcheck shell=bash
+# Shared by test.sh and demo.sh: the packages that a Debian machine lacks, and one line for each step done.
+
+# shellcheck disable=SC2034 # for the scripts that read this one
+jobs=$(nproc)
+
+say() { printf '%-9s %s\n' "$1" "$2"; }
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# missing_packages KIND...: those packages of the kinds that are not installed.
+missing_packages() {
+    local kinds=" $* " kind package
+    while read -r kind package; do
+        [[ $kinds == *" $kind "* ]] || continue
+        dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || echo "$package"
+    done <cmake/packages.txt
+}
+
+apt_install() {
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@" </dev/null
+}
+
+# install_packages KIND...: installs what is missing; package lists are fetched only when those at hand do not do.
+install_packages() {
+    local missing log=build/packages.log
+    mkdir -p build
+    mapfile -t missing < <(missing_packages "$@")
+    [ ${#missing[@]} -gt 0 ] || return 0
+    say packages "installing ${missing[*]}"
+    apt_install "${missing[@]}" >$log 2>&1 && return
+    as_root apt-get update >>$log 2>&1 && apt_install "${missing[@]}" >>$log 2>&1 && return
+    tail -n 20 $log
+    say packages "cannot be installed, see $log"
+    return 1
+}

@@ -1,0 +1,122 @@
+"""Counts what a run of CTest and its GoogleTest programs came to.
+
+    tally.py count BUILD     after `ctest --output-junit BUILD/ctest.xml`
+    tally.py golden BUILD... compares the hashes that the golden tests of several builds recorded
+
+`count` prints the failures and, last, "passed failed skipped". A GoogleTest program counts by its cases, read from
+BUILD/results; one that failed without a failed case (a crash, a leak, a missing program) counts as one failure, and so
+does one that ran no case. Everything else counts as one case. Lines that a passed test prints as "note: ..." are handed
+on. `golden` prints the differences and, last, "passed failed skipped".
+"""
+
+import pathlib
+import sys
+import xml.etree.ElementTree as ET
+
+SHOWN_LINES = 30
+
+
+def indented(text, limit=SHOWN_LINES):
+    lines = [line for line in (text or "").splitlines() if line.strip()]
+    return "".join(f"    {line}\n" for line in lines[-limit:])
+
+
+def parsed(path):
+    """The root of an XML file, None when it is absent or broken off."""
+    try:
+        return ET.parse(path).getroot()
+    except (OSError, ET.ParseError):
+        return None
+
+
+class Tally:
+    def __init__(self, build):
+        self.build = build
+        self.passed = self.failed = self.skipped = 0
+
+    def fail(self, name, text):
+        self.failed += 1
+        print(f"FAILED {self.build.name} {name}\n{indented(text)}", end="")
+
+    def count_program(self, name, succeeded, output):
+        results = parsed(self.build / "results" / f"{name}.xml")
+        cases = list(results.iter("testcase")) if results is not None else []
+        failed_before = self.failed
+        for case in cases:
+            failures = case.findall("failure")
+            if failures:
+                message = "\n".join(failure.text or failure.get("message", "") for failure in failures)
+                self.fail(f"{name} {case.get('classname')}.{case.get('name')}", message)
+            elif case.get("result") == "completed":
+                self.passed += 1
+            else:
+                self.skipped += 1
+        if results is None:
+            self.fail(f"{name} (ended without results)", output)
+        elif not any(case.get("result") == "completed" for case in cases):
+            self.fail(f"{name} (ran no case)", output)
+        elif not succeeded and self.failed == failed_before:
+            self.fail(f"{name} (all cases passed, the program did not)", output)
+
+    def count(self):
+        report = parsed(self.build / "ctest.xml")
+        if report is None:
+            self.fail("(ctest gave no report)", "")
+            return
+        rows = (self.build / "tests.txt").read_text().splitlines()
+        programs = {row.split()[0] for row in rows if row.split()[1] == "gtest"}
+        for test in report.iter("testcase"):
+            name, succeeded = test.get("name"), test.get("status") == "run"
+            output = test.findtext("system-out", "")
+            failure = test.find("failure")
+            cause = failure.get("message", "") if failure is not None else test.get("status")
+            if name in programs:
+                self.count_program(name, succeeded, f"{output}\n{cause}")
+            elif succeeded:
+                self.passed += 1
+                notes = [line for line in output.splitlines() if line.startswith("note: ")]
+                print(*notes, sep="\n", end="\n" if notes else "")
+            else:
+                self.fail(name, f"{output}\n{cause}")
+
+
+def hashes(build):
+    """The hash by case that the golden tests of a build recorded."""
+    found = {}
+    for path in sorted((build / "results").glob("*.xml")):
+        results = parsed(path)
+        for case in results.iter("testcase") if results is not None else []:
+            for entry in case.iter("property"):
+                if "Golden" in f"{case.get('classname')}.{case.get('name')}" and entry.get("name") == "hash":
+                    found[f"{path.stem} {case.get('classname')}.{case.get('name')}"] = entry.get("value")
+    return found
+
+
+def compare_hashes(builds):
+    """Each golden case gave the same hash in every build; at least one case there was."""
+    table = {build: hashes(build) for build in builds}
+    names = sorted(set().union(*table.values()))
+    passed = 0
+    for name in names:
+        values = {build.name: table[build].get(name, "none") for build in builds}
+        if len(set(values.values())) == 1:
+            passed += 1
+        else:
+            print(f"FAILED {name}: hashes differ", *(f"    {b}: {v}" for b, v in values.items()), sep="\n")
+    if not names:
+        print("FAILED golden: no case recorded a hash")
+    return passed, max(len(names), 1) - passed
+
+
+def main():
+    builds = [pathlib.Path(argument) for argument in sys.argv[2:]]
+    if sys.argv[1] == "golden":
+        print(*compare_hashes(builds), 0)
+    else:
+        tally = Tally(builds[0])
+        tally.count()
+        print(tally.passed, tally.failed, tally.skipped)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,185 @@
+#!/usr/bin/env bash
+# Builds and tests everything, or what belongs to NAME: ./test.sh [NAME]
+# Last line: "N passed, N failed". Exit status 0 when something ran and nothing failed. docs/building.md tells the rest.
+set -u
+cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
+# shellcheck source=cmake/house.sh
+. cmake/house.sh
+
+name=${1:-}
+passed=0 failed=0 skipped=0
+fuzz_seconds=10 fuzz_seconds_together=60
+calm=() # disables address randomisation, which sanitizers cannot bear in every kernel
+
+add() { # passed failed skipped
+    passed=$((passed + $1)) failed=$((failed + $2)) skipped=$((skipped + $3))
+}
+
+finish() {
+    [ $((passed + failed)) -gt 0 ] || { say nothing "ran" && failed=1; }
+    [ "$skipped" = 0 ] || say skipped "$skipped cases skipped themselves"
+    echo "$passed passed, $failed failed"
+    [ "$failed" = 0 ]
+    exit
+}
+
+# fail TEXT: something that is no test of its own went wrong.
+fail() {
+    say FAILED "$1"
+    add 0 1 0
+}
+
+since() { echo "$((SECONDS - $1)) s"; }
+
+# build PRESET TARGET...
+build() {
+    local preset=$1 log=build/$1.log start=$SECONDS
+    shift
+    if ! cmake --preset "$preset" >"$log" 2>&1; then
+        tail -n 20 "$log"
+        fail "$preset does not configure, see $log"
+    elif ! cmake --build "build/$preset" -j "$jobs" --target "$@" >>"$log" 2>&1; then
+        grep -E -A 5 -m 5 'error:|undefined reference|FAILED:' "$log" | head -n 40
+        fail "$preset does not build, see $log"
+    else
+        say "$preset" "built in $(since $start)"
+        return 0
+    fi
+    return 1
+}
+
+# tally_output COMMAND...: shows what tally.py says, counts what its last line says.
+tally_output() {
+    local lines counts
+    mapfile -t lines < <(python3 cmake/tally.py "$@")
+    [ ${#lines[@]} -gt 0 ] || lines=("0 1 0")
+    [ ${#lines[@]} = 1 ] || printf '%s\n' "${lines[@]:0:${#lines[@]}-1}"
+    read -ra counts <<<"${lines[-1]}"
+    add "${counts[@]}"
+    tallied="${counts[0]} passed, ${counts[1]} failed"
+}
+
+# run_tests PRESET [TEST...]: all tests of a build, or those of these names.
+run_tests() {
+    local preset=$1 start=$SECONDS tests=()
+    shift
+    [ $# = 0 ] || tests=(-R "^($(IFS='|' && echo "$*"))\$")
+    rm -f "build/$preset/ctest.xml" "build/$preset"/results/*.xml
+    "${calm[@]}" ctest --test-dir "build/$preset" -j "$jobs" --no-tests=error --output-on-failure \
+        --output-junit "$PWD/build/$preset/ctest.xml" "${tests[@]}" >"build/$preset-tests.log" 2>&1 </dev/null
+    tally_output count "build/$preset"
+    say "$preset" "$tallied in $(since $start)"
+}
+
+# rows PRESET: the tests of a configured build whose names contain NAME, with the targets that they need.
+rows() { awk -v name="$name" 'index($1, name)' "build/$1/tests.txt"; }
+
+start_display() {
+    coproc display { exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>build/xvfb.log; }
+    # shellcheck disable=SC2154 # coproc sets it
+    display_pid=$display_PID
+    local number
+    if read -r -t 60 -u "${display[0]}" number; then
+        export DISPLAY=:$number
+    else
+        fail "Xvfb does not start, see build/xvfb.log"
+    fi
+}
+
+# Wine keeps a server for each prefix; it must neither outlive this run nor remember the display of an earlier one.
+start_wine() {
+    export WINEPREFIX=$PWD/build/wine
+    [ ! -e build/wine/ready ] || wineserver -k
+    cmake/wine-run || fail "no Wine prefix, see build/wine/made.log"
+}
+
+# shellcheck disable=SC2317 # called by the trap
+stop_windows() {
+    [ ! -e build/wine/ready ] || wineserver -k
+    [ -z "${display_pid:-}" ] || kill "$display_pid" 2>/dev/null
+}
+
+# programs_with FILTER: the GoogleTest programs of the native build that have cases of that name.
+programs_with() {
+    local test kind
+    while read -r test kind _; do
+        [ "$kind" = gtest ] || continue
+        [ -z "$("build/native/tests/$test" --gtest_list_tests --gtest_filter="$1" 2>/dev/null)" ] || echo "$test"
+    done <build/native/tests.txt
+}
+
+# run_filtered PRESET FILTER: builds and runs, in one more build, the cases of that name only.
+run_filtered() {
+    local preset=$1 filter=$2 programs
+    mapfile -t programs < <(programs_with "$filter")
+    if [ ${#programs[@]} = 0 ]; then
+        fail "no test matches $filter"
+    elif build "$preset" "${programs[@]}"; then
+        GTEST_FILTER=$filter run_tests "$preset" "${programs[@]}"
+    fi
+}
+
+# One hash from all that can differ: system, compiler options, width of wchar_t.
+compare_golden() {
+    tally_output golden build/native build/release build/mingw build/mingw-debug
+    say golden "$tallied"
+}
+
+fuzz_one() { # name seconds
+    local found=build/fuzz/found/$1 start=$SECONDS log=build/fuzz-$1.log
+    mkdir -p "$found" "build/fuzz/corpus/$1"
+    if "${calm[@]}" "build/fuzz/fuzz/$1_fuzz" -max_total_time="$2" -timeout=10 -rss_limit_mb=2048 -verbosity=1 \
+        -artifact_prefix="$found/" "build/fuzz/corpus/$1" "fuzz/corpus/$1" >"$log" 2>&1; then
+        add 1 0 0
+        say fuzz "$1: $(grep -oE '^Done [0-9]+ runs' "$log") in $(since $start)"
+    else
+        grep -E -A 12 -m 1 'ERROR|runtime error' "$log" || tail -n 5 "$log"
+        fail "fuzz target $1, see $log; the input lies in $found"
+    fi
+}
+
+fuzz() {
+    local target targets=(fuzz/*_fuzz.cpp)
+    [ -e "${targets[0]}" ] || return
+    build fuzz all || return
+    local seconds=$((fuzz_seconds_together / ${#targets[@]}))
+    [ $seconds -le $fuzz_seconds ] || seconds=$fuzz_seconds
+    [ $seconds -ge 1 ] || seconds=1
+    for target in "${targets[@]}"; do
+        target=${target##*/}
+        fuzz_one "${target%_fuzz.cpp}" $seconds
+    done
+}
+
+run_all() {
+    build native all && run_tests native
+    build mingw all && run_tests mingw
+    run_filtered tsan '*Thread*'
+    run_filtered release '*Golden*'
+    run_filtered mingw-debug '*Golden*'
+    compare_golden
+    fuzz
+}
+
+run_named() {
+    local preset tests targets found=
+    for preset in native mingw; do
+        cmake --preset $preset >build/$preset.log 2>&1 || { fail "$preset does not configure, see build/$preset.log"; return; }
+        mapfile -t tests < <(rows $preset | cut -d' ' -f1)
+        mapfile -t targets < <(rows $preset | cut -d' ' -f3- | tr ' ' '\n' | grep . | sort -u)
+        [ ${#tests[@]} -gt 0 ] || continue
+        found=yes
+        if [ ${#targets[@]} = 0 ] || build $preset "${targets[@]}"; then
+            run_tests $preset "${tests[@]}"
+        fi
+    done
+    [ -n "$found" ] || fail "no test is called *$name*; there are: $(cut -d' ' -f1 build/native/tests.txt | xargs)"
+}
+
+install_packages build test || { fail "packages are missing"; finish; }
+! setarch -R true 2>/dev/null || calm=(setarch -R)
+trap stop_windows EXIT
+start_display
+start_wine
+if [ -n "$name" ]; then run_named; else run_all; fi
+finish
