@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Builds the program vek and lets it draw each slide of the example libraries: ./demo.sh
+set -eu
+cd "$(dirname "${BASH_SOURCE[0]}")"
+# shellcheck source=cmake/house.sh
+. cmake/house.sh
+
+vek=build/demo/vek
+out=out
+
+# draw_library FILE: every slide of a slide library, as SVG and as EMF.
+draw_library() {
+    local library=$1 slide target names
+    names=$("$vek" list "$library")
+    while read -r slide; do
+        target="$out/$(basename "$library" .slb)-${slide,,}"
+        "$vek" draw "$library" --slide "$slide" -o "$target.svg"
+        "$vek" draw "$library" --slide "$slide" -o "$target.emf"
+        echo "$target.svg $target.emf"
+    done <<<"$names"
+}
+
+install_packages build
+mkdir -p build "$out"
+say build "vek, optimised"
+if ! { cmake --preset demo && cmake --build build/demo -j "$jobs" --target vek_program; } >build/demo.log 2>&1; then
+    tail -n 30 build/demo.log
+    exit 1
+fi
+for library in examples/*.slb; do
+    say draw "$library"
+    draw_library "$library"
+done
+say pictures "$(find "$out" -name '*.svg' -o -name '*.emf' | wc -l) files in $PWD/$out"
