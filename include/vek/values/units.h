@@ -52,7 +52,7 @@ namespace VEK
 VEK_API double nan();
 
 /// Plain conversion of a text's leading number, with a point for decimals whatever the locale; 0 without one or for
-/// null. `atoi` saturates at the limits of int.
+/// null. Where a number is too large they give the limits of int and the largest double.
 VEK_API int atoi(const wchar_t* text);
 VEK_API double atof(const wchar_t* text);
 
@@ -85,13 +85,20 @@ VEK_API CVekArrayTempl<CVekString>& acad_units(const wchar_t* language);
 } // namespace VEK
 
 /// Reads a length as a user types it, in any of the five formats: "1.55E+01", "15,5" and "15.5", 1'-3.50", 1'-3 1/2",
-/// "15 1/2", with a sign. Feet and inches give inches. What is no number gives 0.
+/// "15 1/2", "15-1/2", with a sign. Feet and inches give inches. A point or comma marks the decimals; where both occur,
+/// or groups of three digits follow one another, the first one parts thousands, and so does a blank before three
+/// digits: "1.234,5", "1 234.5" and "1,234,567". What stands behind the number is not looked at, and what is no number
+/// gives 0. The locale plays no part.
 VEK_API double vekAtoF(const wchar_t* text);
 
-/// Writes a length; `vekAtoF` reads it back.
+/// Writes a length; `vekAtoF` reads it back. The value is in inches in formats 3 and 4. It is rounded to the nearest
+/// value that the precision can show, halves away from zero, as its shortest decimal form tells: 2.675 with two digits
+/// is 2.68. A value that rounds to zero has no sign, and 11.9999 inches are 1'-0" without decimals.
 /// @param buffer receives the text; `vekRtoSSize` characters suffice for every value
 /// @param precision decimal digits, or powers of two of the denominator in formats 4 and 5; brought within 0 to 8
-/// @param suppressZeros leaves out trailing zeros of decimals, and feet or inches of zero
+/// @param suppressZeros leaves out trailing zeros of decimals, and feet or inches of zero, as the published variable
+/// DIMZIN does with the value 8: 15.5, 6", 1', 1/2", and 1'-0 1/2" as ever. Without it they are 15.50, 0'-6", 1'-0",
+/// 0'-0 1/2"
 /// @return false for a format that is none, for null and for what is no finite number; the buffer stays as it was
 VEK_API bool vekRtoS(wchar_t* buffer, double value, Vek::lFormat format, int precision, bool suppressZeros);
 VEK_API bool vekRtoS(CVekString& text, double value, Vek::lFormat format, int precision, bool suppressZeros);
