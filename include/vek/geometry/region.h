@@ -1,0 +1,52 @@
+/// @file
+/// Regions: winding, inside and outside, punching, and regions made of loose contours.
+///
+/// A region is a list of polylines: element 0 is the outer contour, the others are holes in it. A list without
+/// elements, or with an empty outer contour, contains nothing. The boundary, that of the holes too, belongs to the
+/// region. The winding of contours carries no meaning; an open contour counts as closed by a straight segment. All
+/// of it happens in the xy plane: z of the contours is not looked at.
+#pragma once
+
+#include <vek/values/polyline.h>
+
+namespace VEK
+{
+
+/// Whether a closed polyline runs positively (counter-clockwise) about the axis, by its exact area, arcs included.
+/// One that encloses nothing does not.
+VEK_API bool g_vl_orient(const CVekVertexArray& vl, const CVekVector3d& axis);
+
+/// Gives all closed contours of a region, holes included, the same winding: positive about the axis. Open ones stay
+/// as they are.
+VEK_API void regionOrient(CVekArrayTempl<CVekVertexArray>& region, const CVekVector3d& axis);
+
+/// Cuts a polyline at a contour; each piece is a polyline of its own, in order along the polyline.
+///
+/// The cuts are exact on arcs. Pieces end only where the polyline changes between inside and outside, so a mere touch
+/// does not cut, and at the polyline's own breaks. What runs along the boundary is inside. Pieces keep z, tags and
+/// normal of the polyline; pieces without length do not appear, but a segment without length that stands in
+/// the polyline is kept with the piece in which it lies.
+/// @param inside true keeps what is inside, false the rest
+VEK_API CVekArrayTempl<CVekVertexArray> vl_punch(CVekVertexArray vl, const CVekVertexArray& contour, bool inside);
+
+/// The same against a whole region: inside is what lies inside the outer contour and outside every hole.
+VEK_API CVekArrayTempl<CVekVertexArray> vl_punch_reg(CVekVertexArray vl, const CVekArrayTempl<CVekVertexArray>& region,
+                                                     bool inside);
+
+/// Whether a point lies in the region: 1 inside or on the boundary, 0 outside.
+VEK_API int g_vll_pt_inside(const CVekArrayTempl<CVekVertexArray>& region, const CVekPoint3d& point);
+
+/// Prepares loose polylines for `g_vll_regions`: runs that meet end to end are joined to closed contours, and what
+/// cannot bound anything is dropped: segments without length, contours without area, runs that stay open, and
+/// contours that are there twice.
+VEK_API CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVertexArray>& vll);
+
+/// Sorts closed contours that do not cross into regions.
+///
+/// With bit 4 of the mode each outer contour gets the contours that lie directly in it as holes, and an island in a
+/// hole becomes a region of its own, and so on inwards. Without it every contour is a region of its own. The other bits
+/// are not looked at. Regions come in the order of their outer contours in the list, holes too.
+VEK_API CVekArrayTempl<CVekArrayTempl<CVekVertexArray>> g_vll_regions(const CVekArrayTempl<CVekVertexArray>& vll,
+                                                                      unsigned long mode);
+
+} // namespace VEK

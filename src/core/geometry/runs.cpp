@@ -1,0 +1,29 @@
+#include "core/geometry/meets.h"
+
+#include <vek/geometry/polyline.h>
+
+namespace VEK
+{
+
+CVekArrayTempl<CVekVertexArray> vl_to_vll(CVekVertexArray vl)
+{
+    CVekArrayTempl<CVekVertexArray> runs;
+    const int count = vl.len();
+    int first = 0;
+    for (int i = 1; i <= count; ++i) {
+        if (i < count && detail::meets(vl[i - 1].end, vl[i].start))
+            continue;
+        CVekVertexArray& run = runs[runs.len()];
+        if (i - first == count) {
+            run = std::move(vl);
+            break;
+        }
+        run.setNormal(vl.normal());
+        run.reserve(i - first);
+        for (; first < i; ++first)
+            run.append(vl[first]);
+    }
+    return runs;
+}
+
+} // namespace VEK
