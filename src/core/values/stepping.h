@@ -1,0 +1,126 @@
+/// @file
+/// Walking along polylines in space, without a list of points in between.
+#pragma once
+
+#include "core/values/arc.h"
+
+#include <vek/values/polyline.h>
+#include <vek/values/tolerance.h>
+
+namespace VEK::plane
+{
+
+/// Whether two points count as one.
+inline bool meets(const CVekPoint3d& a, const CVekPoint3d& b)
+{
+    if (a == b)
+        return true;
+    const CVekVector3d d = b - a;
+    const double tolerance = pointTol(std::max({std::fabs(a[0]), std::fabs(a[1]), std::fabs(a[2])}));
+    return d.dot(d) <= tolerance * tolerance;
+}
+
+/// A segment in space: the chord's part in the plane of the normal, a quarter turn of it in that plane, and the rise
+/// along the normal, which goes linearly from start to end.
+struct SpaceArc {
+    CVekPoint3d start;
+    CVekPoint3d end;
+    CVekVector3d chord;
+    CVekVector3d left;
+    CVekVector3d rise;
+    double length = 0.0; ///< of the chord in the plane
+    Bend bend;
+
+    /// @param normal of length 1
+    SpaceArc(const CVekVertex& vertex, const CVekVector3d& normal) : start(vertex.start), end(vertex.end)
+    {
+        chord = end - start;
+        rise = normal * chord.dot(normal);
+        chord = chord - rise;
+        left = normal * chord;
+        length = std::sqrt(chord.dot(chord));
+        bend = Bend(vertex.bulge, length);
+    }
+
+    CVekPoint3d at(double t) const
+    {
+        const Vec local = bend.at(t);
+        if (t > 0.5)
+            return end + (chord * (local.x - 1.0) + left * local.y + rise * (t - 1.0));
+        return start + (chord * local.x + left * local.y + rise * t);
+    }
+
+    double radius() const { return bend.isArc() ? 0.5 * length / std::fabs(bend.sine) : 0.0; }
+
+    int chords(double tolerance) const { return bend.isArc() ? chordCount(radius(), bend.sweep, tolerance) : 1; }
+
+    /// Hands on the points of an arc at which a coordinate is greatest or least.
+    template <class Out>
+    void forEachExtreme(Out&& out) const
+    {
+        if (!bend.isArc())
+            return;
+        const double unbent = 1.0 / bend.stretch(); // weight of the rise beside a chord's worth of travel
+        for (int axis = 0; axis < 3; ++axis) {
+            const double reach = std::sqrt(chord[axis] * chord[axis] + left[axis] * left[axis]);
+            const double level = -rise[axis] * unbent / reach;
+            if (!(std::fabs(level) <= 1.0))
+                continue;
+            const double towards = std::atan2(left[axis], chord[axis]); // where travel goes straight along the axis
+            const double aside = std::acos(level);
+            for (const double turn : {towards - aside, towards + aside}) {
+                const double t = 0.5 + std::remainder(turn, 2.0 * std::numbers::pi) / bend.sweep;
+                if (t > 0.0 && t < 1.0)
+                    out(at(t));
+            }
+        }
+    }
+
+    /// Hands on the points that part the segment into `count` equal chords: those in between, and the end.
+    template <class Out>
+    void step(int count, Out&& out) const
+    {
+        if (count > 1) {
+            // Equal chords turn by equal angles, so each follows from the one before by a rotation.
+            const double angle = bend.sweep / count;
+            const double reach = std::sin(0.5 * angle) / bend.sine;
+            const double first = 0.5 * (angle - bend.sweep);
+            const Vec turn{std::cos(angle), std::sin(angle)};
+            Vec piece{reach * std::cos(first), reach * std::sin(first)};
+            Vec sum;
+            for (int i = 1; i < count; ++i) {
+                sum = sum + piece;
+                out(start + (chord * sum.x + left * sum.y + rise * (static_cast<double>(i) / count)));
+                piece = {piece.x * turn.x - piece.y * turn.y, piece.x * turn.y + piece.y * turn.x};
+            }
+        }
+        out(end);
+    }
+};
+
+/// Hands the points along a polyline to `out(const CVekPoint3d&)`, in order: what `CVekVertexArray::pts` collects,
+/// without an allocation, so that a draw pass can write them where it needs them. `start(const CVekPoint3d&)` gets the
+/// first point and every point at which the polyline goes on after a gap; with it the runs can be told apart.
+template <class Start, class Out>
+void forEachPoint(const CVekVertexArray& polyline, bool arcs, double tolerance, Start&& start, Out&& out)
+{
+    const CVekVertex* before = nullptr;
+    for (const CVekVertex& vertex : polyline) {
+        if (!before || !meets(before->end, vertex.start))
+            start(vertex.start);
+        if (arcs && vertex.bulge != 0.0) {
+            const SpaceArc arc(vertex, polyline.normal());
+            arc.step(arc.chords(tolerance), out);
+        } else {
+            out(vertex.end);
+        }
+        before = &vertex;
+    }
+}
+template <class Out>
+void forEachPoint(const CVekVertexArray& polyline, bool arcs, double tolerance, Out&& out)
+{
+    forEachPoint(polyline, arcs, tolerance, out, out);
+}
+
+} // namespace VEK::plane
