@@ -5,6 +5,7 @@
 #include <vek/values/object.h>
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 #include <memory>
 #include <type_traits>
@@ -207,7 +208,7 @@ private:
         const int at = normalized(index);
         if (at < 0)
             return sharedDefault();
-        if (at >= len() && setLogicalLength(at + 1) <= at)
+        if (at >= len() && (at == INT_MAX || setLogicalLength(at + 1) <= at))
             return sharedDefault();
         return m_data[at];
     }

@@ -115,6 +115,7 @@ private:
 
 VEK_API CVekString operator+(const CVekString& a, const CVekString& b);
 VEK_API CVekString operator+(const CVekString& a, const wchar_t* b);
+VEK_API CVekString operator+(const CVekString& a, wchar_t b);
 VEK_API CVekString operator+(const wchar_t* a, const CVekString& b);
 
 namespace VEK

@@ -353,6 +353,11 @@ CVekString operator+(const CVekString& a, const wchar_t* b)
     return CVekString(a) += b;
 }
 
+CVekString operator+(const CVekString& a, wchar_t b)
+{
+    return CVekString(a) += b;
+}
+
 CVekString operator+(const wchar_t* a, const CVekString& b)
 {
     return CVekString(a) += b;

@@ -1,0 +1,240 @@
+#include <vek/values/string.h>
+
+#include <climits>
+#include <gtest/gtest.h>
+#include <random>
+#include <vector>
+
+namespace
+{
+
+/// Counts what happens to it.
+struct Counted {
+    static inline int copies = 0;
+    static inline int moves = 0;
+    static inline int alive = 0;
+
+    int value = 0;
+
+    Counted() { ++alive; }
+    explicit Counted(int v) : value(v) { ++alive; }
+    Counted(const Counted& other) : value(other.value) { ++alive, ++copies; }
+    Counted(Counted&& other) noexcept : value(other.value) { ++alive, ++moves; }
+    Counted& operator=(const Counted& other)
+    {
+        value = other.value;
+        ++copies;
+        return *this;
+    }
+    Counted& operator=(Counted&& other) noexcept
+    {
+        value = other.value;
+        ++moves;
+        return *this;
+    }
+    ~Counted() { --alive; }
+
+    static void reset() { copies = moves = 0; }
+};
+
+/// The same without a move of its own.
+struct CopyOnly {
+    static inline int copies = 0;
+
+    int value = 0;
+
+    CopyOnly() = default;
+    CopyOnly(const CopyOnly& other) : value(other.value) { ++copies; }
+    CopyOnly& operator=(const CopyOnly& other)
+    {
+        value = other.value;
+        ++copies;
+        return *this;
+    }
+};
+
+CVekArrayTempl<int> numbers(std::initializer_list<int> values)
+{
+    CVekArrayTempl<int> array;
+    for (const int value : values)
+        array.append(value);
+    return array;
+}
+
+} // namespace
+
+TEST(ArrayIndex, CountsFromTheEndAndBeyondModuloTheLength)
+{
+    CVekArrayTempl<int> array = numbers({10, 11, 12});
+    const CVekArrayTempl<int>& reading = array;
+    const int expected[] = {12, 11, 10, 12, 11, 10, 12};
+    for (int i = 0; i < 7; ++i) {
+        EXPECT_EQ(array[-1 - i], expected[i]) << i;
+        EXPECT_EQ(reading[-1 - i], expected[i]) << i;
+    }
+    EXPECT_EQ(reading[INT_MIN], reading[INT_MIN % 3 + 3]);
+    EXPECT_EQ(array.len(), 3);
+    CVekArrayTempl<int> one = numbers({7});
+    EXPECT_EQ(one[-1], 7);
+    EXPECT_EQ(one[-5], 7);
+}
+
+TEST(ArrayIndex, OfAnEmptyArrayGivesTheSharedDefaultAndGrowsNothing)
+{
+    CVekArrayTempl<double> array;
+    EXPECT_EQ(array[-1], 0.0);
+    array[-1] = 5.0;
+    EXPECT_EQ(array[-1], 0.0);
+    EXPECT_EQ(array.len(), 0);
+}
+
+TEST(ArrayIndex, WritingPastTheEndGrowsAndReadingDoesNot)
+{
+    CVekArrayTempl<double> array;
+    const CVekArrayTempl<double>& reading = array;
+    EXPECT_EQ(reading[5], 0.0);
+    EXPECT_EQ(array.len(), 0);
+    EXPECT_EQ(array[5], 0.0);
+    EXPECT_EQ(array.len(), 6);
+    array[6] = 1.5;
+    EXPECT_EQ(array.len(), 7);
+    EXPECT_EQ(reading[6], 1.5);
+    EXPECT_EQ(reading[7], 0.0);
+    EXPECT_EQ(reading[INT_MAX], 0.0);
+}
+
+TEST(ArrayIndex, OfMoreElementsThanAnIntCountsGrowsNothing)
+{
+    CVekArrayTempl<char> array;
+    array[INT_MAX] = 'x';
+    EXPECT_EQ(array.len(), 0);
+}
+
+TEST(ArrayGrowth, CopiesNoElement)
+{
+    {
+        CVekArrayTempl<Counted> array;
+        Counted::reset();
+        for (int i = 0; i < 1000; ++i)
+            array.append(Counted(i));
+        EXPECT_EQ(Counted::copies, 0);
+        // 8 + 16 + ... + 512 elements are taken along, and each one comes in by one or two moves.
+        EXPECT_LE(Counted::moves, 1016 + 2 * 1000);
+        for (int i = 0; i < 1000; ++i)
+            ASSERT_EQ(array[i].value, i);
+        array[2000].value = 1;
+        EXPECT_EQ(Counted::copies, 0);
+    }
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST(ArrayGrowth, MovesTheBytesOfWhatCannotMove)
+{
+    CVekArrayTempl<CopyOnly> array;
+    CopyOnly one;
+    one.value = 3;
+    for (int i = 0; i < 1000; ++i)
+        array.append(one);
+    // One copy each; where there is no room, one more for the sake of an argument inside the array: at 0, 8, ... 512.
+    EXPECT_EQ(CopyOnly::copies, 1000 + 8);
+    EXPECT_EQ(array[999].value, 3);
+}
+
+TEST(ArrayGrowth, TakesLargeElementsAlongAndFreesThemAll)
+{
+    CVekArrayTempl<CVekArrayTempl<CVekString>> lists;
+    for (int i = 0; i < 100; ++i)
+        lists[i][i].format(L"%d", i);
+    for (int i = 0; i < 100; ++i) {
+        ASSERT_EQ(lists[i].len(), i + 1);
+        ASSERT_EQ(CVekString(lists[i][i]), CVekString().format(L"%d", i));
+    }
+}
+
+TEST(ArrayLength, NewElementsAreDefaultAlsoWhereOldOnesStood)
+{
+    CVekArrayTempl<int> array = numbers({1, 2, 3});
+    EXPECT_EQ(array.setLogicalLength(1), 1);
+    EXPECT_EQ(array.setLogicalLength(3), 3);
+    EXPECT_TRUE(array == numbers({1, 0, 0}));
+    EXPECT_EQ(array.setLogicalLength(-4), 0);
+    CVekArray& base = array;
+    EXPECT_EQ(base.setLogicalLength(2), 2);
+    EXPECT_EQ(base.len(), 2);
+}
+
+TEST(ArrayAppend, TakesItsOwnElementsWithAndWithoutRoom)
+{
+    CVekArrayTempl<CVekString> array;
+    array.append(L"a text that is longer than any small buffer");
+    for (int i = 0; i < 100; ++i)
+        array.append(array[i / 2]);
+    for (const CVekString& text : array)
+        ASSERT_EQ(text.len(), 43);
+
+    CVekArrayTempl<CVekString> full;
+    for (int i = 0; i < 8; ++i)
+        full.append(L"last");
+    full.append(std::move(full[7])); // no room for a ninth
+    EXPECT_STREQ(full[8], L"last");
+}
+
+TEST(ArrayAppend, TakesAllElementsOfAnotherArrayOrOfItself)
+{
+    CVekArrayTempl<int> array = numbers({1, 2, 3, 4, 5});
+    array += array;
+    EXPECT_TRUE(array == numbers({1, 2, 3, 4, 5, 1, 2, 3, 4, 5}));
+    CVekArrayTempl<int> other = numbers({9});
+    array += other;
+    EXPECT_EQ(array[-1], 9);
+    EXPECT_EQ(other.len(), 1);
+    array += std::move(other);
+    EXPECT_EQ(array.len(), 12);
+    EXPECT_EQ(other.len(), 0);
+    array += std::move(array);
+    EXPECT_EQ(array.len(), 12);
+}
+
+TEST(ArrayAssign, IsDeepAndBearsItself)
+{
+    CVekArrayTempl<CVekArrayTempl<int>> array;
+    array[1] = numbers({1, 2});
+    CVekArrayTempl<CVekArrayTempl<int>> copy = array;
+    copy[1][0] = 7;
+    EXPECT_EQ(array[1][0], 1);
+    CVekArrayTempl<CVekArrayTempl<int>>& self = array;
+    array = self;
+    EXPECT_EQ(array.len(), 2);
+    EXPECT_EQ(array[1][1], 2);
+    array = copy;
+    EXPECT_EQ(array[1][0], 7);
+    const CVekArrayTempl<CVekArrayTempl<int>> taken = std::move(array);
+    EXPECT_EQ(taken[1][0], 7);
+}
+
+TEST(ArrayOrder, RemovesSearchesSortsAndReverses)
+{
+    CVekArrayTempl<int> array = numbers({3, 1, 2});
+    array.removeAt(0);
+    EXPECT_TRUE(array == numbers({1, 2}));
+    array.removeAt(5);
+    array.removeAt(-1);
+    EXPECT_TRUE(array == numbers({1}));
+    int index = 17;
+    EXPECT_FALSE(array.indexOf(4, index));
+    EXPECT_EQ(index, 17);
+    EXPECT_TRUE(array.indexOf(1, index));
+    EXPECT_EQ(index, 0);
+
+    std::mt19937 random(1);
+    std::vector<int> expected;
+    for (int i = 0; i < 1000; ++i) {
+        expected.push_back(static_cast<int>(random() % 500));
+        array[i] = expected.back();
+    }
+    std::sort(expected.begin(), expected.end());
+    array.sort();
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), array.begin(), array.end()));
+    array.revert();
+    EXPECT_TRUE(std::equal(expected.rbegin(), expected.rend(), array.begin(), array.end()));
+}
