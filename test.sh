@@ -39,7 +39,7 @@ build() {
         tail -n 20 "$log"
         fail "$preset does not configure, see $log"
     elif ! cmake --build "build/$preset" -j "$jobs" --target "$@" >>"$log" 2>&1; then
-        grep -E -A 5 -m 5 'error:|undefined reference|FAILED:' "$log" | head -n 40
+        grep -E -A 3 -m 5 'error:|undefined reference' "$log" || tail -n 15 "$log"
         fail "$preset does not build, see $log"
     else
         say "$preset" "built in $(since $start)"
@@ -66,7 +66,7 @@ run_tests() {
     [ $# = 0 ] || tests=(-R "^($(IFS='|' && echo "$*"))\$")
     rm -f "build/$preset/ctest.xml" "build/$preset"/results/*.xml
     "${calm[@]}" ctest --test-dir "build/$preset" -j "$jobs" --no-tests=error --output-on-failure \
-        --output-junit "$PWD/build/$preset/ctest.xml" "${tests[@]}" >"build/$preset-tests.log" 2>&1 </dev/null
+        --test-output-size-passed 100000 --output-junit "$PWD/build/$preset/ctest.xml" "${tests[@]}" >"build/$preset-tests.log" 2>&1 </dev/null
     tally_output count "build/$preset"
     say "$preset" "$tallied in $(since $start)"
 }

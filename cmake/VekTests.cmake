@@ -59,7 +59,7 @@ function(vek_test room)
   endif()
   vek_wine_filter(${program} filter)
   vek_add_test(${program} ${program} KIND gtest COMMAND
-               ${program} --gtest_brief=1 --gtest_output=xml:results/${program}.xml ${filter})
+               ${program} --gtest_output=xml:results/${program}.xml ${filter})
   set_property(GLOBAL APPEND PROPERTY VEK_TEST_SOURCES ${sources})
   set(VEK_TEST_PROGRAMS ${VEK_TEST_PROGRAMS} ${program} PARENT_SCOPE)
 endfunction()

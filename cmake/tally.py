@@ -10,15 +10,20 @@ on. `golden` prints the differences and, last, "passed failed skipped".
 """
 
 import pathlib
+import re
 import sys
 import xml.etree.ElementTree as ET
 
-SHOWN_LINES = 30
+SHOWN_LINES = 25
+TROUBLE = re.compile(r"runtime error:|ERROR: |WARNING: ThreadSanitizer|Unhandled |terminate called|Assertion|FAIL:")
 
 
-def indented(text, limit=SHOWN_LINES):
+def excerpt(text):
+    """What matters of an output: the lines from the first sign of trouble, else the last ones."""
     lines = [line for line in (text or "").splitlines() if line.strip()]
-    return "".join(f"    {line}\n" for line in lines[-limit:])
+    first = next((n for n, line in enumerate(lines) if TROUBLE.search(line)), max(len(lines) - SHOWN_LINES, 0))
+    case = [line for line in lines[:first] if line.startswith("[ RUN ")][-1:]
+    return "".join(f"    {line}\n" for line in case + lines[first:first + SHOWN_LINES])
 
 
 def parsed(path):
@@ -36,7 +41,7 @@ class Tally:
 
     def fail(self, name, text):
         self.failed += 1
-        print(f"FAILED {self.build.name} {name}\n{indented(text)}", end="")
+        print(f"FAILED {self.build.name} {name}\n{excerpt(text)}", end="")
 
     def count_program(self, name, succeeded, output):
         results = parsed(self.build / "results" / f"{name}.xml")
@@ -69,15 +74,16 @@ class Tally:
             name, succeeded = test.get("name"), test.get("status") == "run"
             output = test.findtext("system-out", "")
             failure = test.find("failure")
-            cause = failure.get("message", "") if failure is not None else test.get("status")
+            if failure is not None:
+                output += "\n" + failure.get("message", "")
             if name in programs:
-                self.count_program(name, succeeded, f"{output}\n{cause}")
+                self.count_program(name, succeeded, output)
             elif succeeded:
                 self.passed += 1
                 notes = [line for line in output.splitlines() if line.startswith("note: ")]
                 print(*notes, sep="\n", end="\n" if notes else "")
             else:
-                self.fail(name, f"{output}\n{cause}")
+                self.fail(name, output)
 
 
 def hashes(build):
