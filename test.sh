@@ -66,7 +66,8 @@ run_tests() {
     [ $# = 0 ] || tests=(-R "^($(IFS='|' && echo "$*"))\$")
     rm -f "build/$preset/ctest.xml" "build/$preset"/results/*.xml
     "${calm[@]}" ctest --test-dir "build/$preset" -j "$jobs" --no-tests=error --output-on-failure \
-        --test-output-size-passed 100000 --output-junit "$PWD/build/$preset/ctest.xml" "${tests[@]}" >"build/$preset-tests.log" 2>&1 </dev/null
+        --test-output-size-passed 100000 --output-junit "$PWD/build/$preset/ctest.xml" "${tests[@]}" \
+        >"build/$preset-tests.log" 2>&1 </dev/null
     tally_output count "build/$preset"
     say "$preset" "$tallied in $(since $start)"
 }
