@@ -105,7 +105,7 @@ programs_with() {
     local test kind
     while read -r test kind _; do
         [ "$kind" = gtest ] || continue
-        [ -z "$("build/native/tests/$test" --gtest_list_tests --gtest_filter="$1" 2>/dev/null)" ] || echo "$test"
+        "build/native/tests/$test" --gtest_list_tests --gtest_filter="$1" 2>/dev/null | grep -q '^  ' && echo "$test"
     done <build/native/tests.txt
 }
 
@@ -142,13 +142,14 @@ fuzz_one() { # name seconds
 fuzz() {
     local target targets=(fuzz/*_fuzz.cpp)
     [ -e "${targets[0]}" ] || return
-    build fuzz all || return
+    targets=("${targets[@]##*/}")
+    targets=("${targets[@]%.cpp}")
+    build fuzz "${targets[@]}" || return
     local seconds=$((fuzz_seconds_together / ${#targets[@]}))
     [ $seconds -le $fuzz_seconds ] || seconds=$fuzz_seconds
     [ $seconds -ge 1 ] || seconds=1
     for target in "${targets[@]}"; do
-        target=${target##*/}
-        fuzz_one "${target%_fuzz.cpp}" $seconds
+        fuzz_one "${target%_fuzz}" $seconds
     done
 }
 

@@ -41,7 +41,7 @@ def cause(programs, program, name, reason, version):
     if not (programs / f"{program}.exe").is_file():
         return f"{program} is not there"
     _, listed = run(programs / f"{program}.exe", "--gtest_list_tests", f"--gtest_filter={name}")
-    if len(listed.splitlines()) < 2:
+    if not any(line.startswith("  ") for line in listed.splitlines()):
         return f"{program} has no case {name}"
     return ""
 
