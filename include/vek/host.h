@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 class CVekGDX;
 
@@ -85,7 +86,7 @@ public:
     /// Enters a named view.
     void viewMatrixSet(const wchar_t* name, const CVekMatrix3d& matrix);
 
-    /// Enters a function; an empty one removes the name. Its result is the status of the call, and it must not throw.
+    /// Enters a function; an empty one removes the name. Its result is the status of the call.
     void functionSet(const wchar_t* name, Function function);
 
     /// Enters what draws objects; an empty one draws nothing.

@@ -37,15 +37,18 @@ public:
     /// The first item at a place or behind it, and its place; null behind the last one.
     CVekDataItem* from(unsigned& place) const;
 
+    /// The item behind one of these; null behind the last one.
+    CVekDataItem* after(const CVekDataItem& item) const;
+
     /// The place of a name, or -1.
     int find(const DataName& name) const;
 
     /// Adds an item whose name is not there yet.
-    /// @return its place, or -1 when the memory is not to be had
-    int append(CVekDataItem* item);
+    /// @return false when the memory is not to be had
+    bool append(CVekDataItem* item);
 
-    /// Puts another item of the same name at the place of one.
-    void replace(unsigned place, CVekDataItem* item) { m_items[static_cast<int>(place)] = item; }
+    /// Puts an item at the place of another one of the same name.
+    void replace(unsigned place, CVekDataItem* item);
 
     void remove(unsigned place);
 
@@ -58,8 +61,9 @@ private:
     static constexpr unsigned kFree = ~0u;
 
     void closeGaps();
-    bool index(int slots);
+    void rebuildSlots();
     void enter(unsigned place);
+    void leave(unsigned place);
 
     CVekArrayTempl<CVekDataItem*> m_items; ///< null for a gap
     CVekArrayTempl<Slot> m_slots;          ///< open addressing, a power of two; empty while there are few items

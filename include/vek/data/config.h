@@ -4,8 +4,6 @@
 
 #include <vek/data/dir.h>
 
-#include <vector>
-
 namespace VEK
 {
 
@@ -57,13 +55,13 @@ public:
 private:
     struct Saved {
         CVekString path;
-        bool whole;
-        bool existed;
+        bool whole = false; ///< the whole configuration, whatever the path
+        bool existed = false;
         CVekDataItem state;
     };
 
     bool m_restore;
-    std::vector<Saved> m_saved;
+    CVekArrayTempl<Saved> m_saved;
 };
 
 } // namespace VEK

@@ -60,9 +60,10 @@ private:
 
     CVekDataItem* child(const VEK::DataName& name) const;
     CVekDataItem* makeChild(const VEK::DataName& name, CVekDataKey::keyType type);
-    CVekDataItem* place(const CVekDataKey& key, VEK::CUniqPointer<CVekDataItem> item);
-    CVekDataDir* dirOf(const CVekDataKey*& key, bool create);
-    void letGo(unsigned place);
+    CVekDataItem* makePath(const CVekDataKey& key);
+    CVekDataItem* store(const CVekDataKey& key, CVekDataItem* item);
+    bool isWithin(const CVekDataItem* item) const;
+    void letGo(CVekDataItem* child);
 
     CVekDataItem* m_owner; ///< the item that this directory is the value of
     VEK::CDataChildren m_children;

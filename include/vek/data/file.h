@@ -74,6 +74,9 @@ private:
 
     CVekDataItem* root() const;
 
+    friend VEK_API CVekDataItem* fileItem(const CDtaFilePointer* file, const CVekDataKey* key);
+    friend VEK_API CVekDataItem* fileItem(const CDtaFilePointer* file, const wchar_t* path);
+
     CSharedPointer<CVekDataItem> m_tree;
     CVekDataKey m_way; ///< from the tree to the root of this file; without an element for the tree itself
 };
@@ -95,6 +98,7 @@ VEK_API CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CVek
 
 /// The item at a path of a file that may be missing; null when either is.
 VEK_API CVekDataItem* fileItem(const CDtaFilePointer* file, const CVekDataKey* key);
+VEK_API CVekDataItem* fileItem(const CDtaFilePointer* file, const wchar_t* path);
 
 /// Stores a value at a path of a file.
 /// @return false for a null file

@@ -15,6 +15,8 @@ struct resbuf;
 namespace VEK
 {
 
+class CDataChildren;
+
 /// A list of polylines, which may also be one region: outline and holes.
 using VertexArrays = CVekArrayTempl<CVekVertexArray>;
 
@@ -129,7 +131,7 @@ public:
     bool get(CVekArrayTempl<CVekString>& value, const CVekDataKey* key = nullptr) const;
 
     /// The stored value itself, owned by the item and valid until it changes; null when the item holds another type.
-    /// T is one of the types of the leaves.
+    /// T is one of the types of the leaves, as `dataItemGet` reads them.
     template <class T>
     const T* peek() const;
 
@@ -154,21 +156,23 @@ public:
 
 private:
     friend class CVekDataDir;
+    friend class VEK::CDataChildren;
 
     /// Numbers stand in place, everything else in an object of its own, a directory included.
     union Value {
         bool boolean;
-        int integer; ///< the unit as well
+        int integer;
         unsigned long unsignedLong;
         double real = 0.0;
+        Vek::lUnit unit;
         CVekObj* object;
     };
 
-    bool ownsObject() const;
     void clear();
     void takeOver(CVekDataItem& other);
-    bool copyLeaf(const CVekDataItem& source);
-    bool copyTree(const CVekDataItem& source);
+    void copyLeaf(const CVekDataItem& source);
+    void copyTree(const CVekDataItem& source);
+    bool wholeNumber(long long& number) const;
 
     VEK::DataKind m_kind = VEK::DataKind::empty;
     unsigned m_slot = 0; ///< place in the parent

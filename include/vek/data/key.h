@@ -54,6 +54,9 @@ public:
         return build(parts, sizeof...(rest) + 1);
     }
 
+    /// Adds all elements of another path at the end.
+    CVekDataKey& append(const CVekDataKey& tail);
+
     /// Kind of the first element.
     keyType type() const { return m_type; }
     bool isText() const { return m_type == keyText || m_type == keyText2; }
@@ -74,11 +77,13 @@ public:
     bool operator==(const CVekDataKey& other) const;
 
 private:
+    friend class CVekDataDir;
+
     struct Part {
         Part(const wchar_t* value) : text(value), isNumber(false) {}
         Part(const CVekString& value) : text(value), isNumber(false) {}
         Part(int value) : number(value) {}
-        Part(long value) : number(static_cast<int>(value)) {}
+        Part(long value) : number(static_cast<int>(value)) {} // a NULL that ends the path
 
         const wchar_t* text = nullptr;
         int number = 0;

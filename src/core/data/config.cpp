@@ -1,0 +1,85 @@
+#include <vek/data/config.h>
+
+namespace VEK
+{
+
+CVekDataDir* CConfig::getCfgRoot(const wchar_t*)
+{
+    return m_tree.mkDir();
+}
+
+CConfig* cfgMgrPtr()
+{
+    static CConfig* const manager = new CConfig; // other objects of the process may ask it at their end
+    return manager;
+}
+
+CVekDataItem* cfg_get(const wchar_t* path)
+{
+    return cfgMgrPtr()->tree()->getItem(path);
+}
+
+CVekDataItem* cfg_get(const CVekDataKey* key)
+{
+    return cfgMgrPtr()->tree()->getItem(key);
+}
+
+CVekDataItem* cfg_dir_make(const wchar_t* path)
+{
+    return cfgMgrPtr()->tree()->makeDir(path);
+}
+
+bool cfgSet(const CVekDataKey* key, const wchar_t* value)
+{
+    if (!key || !key->isText())
+        return false;
+    CVekDataDir* dir = cfgMgrPtr()->getCfgRoot(*key);
+    if (!dir)
+        return false;
+    if (!key->next())
+        return dataItemSet(dir->makeItem(key), nullptr, value);
+    CVekDataKey root;
+    root = *key;
+    return dataItemSet(dir->makeDir(&root), key->next(), value);
+}
+
+bool cfgSet(const CVekDataKey* key, const CVekString& value)
+{
+    return cfgSet(key, static_cast<const wchar_t*>(value));
+}
+
+CCfgBackup::~CCfgBackup()
+{
+    CVekDataItem* tree = cfgMgrPtr()->tree();
+    for (int i = m_saved.len() - 1; i >= 0; --i) {
+        Saved& saved = m_saved[i];
+        CVekDataItem* item = saved.whole ? tree : saved.existed ? tree->makeItem(saved.path) : nullptr;
+        if (item)
+            *item = std::move(saved.state);
+        else
+            tree->remove(saved.path);
+    }
+}
+
+void CCfgBackup::attach(const wchar_t* path)
+{
+    if (!m_restore)
+        return;
+    Saved saved;
+    saved.path = path;
+    saved.whole = !path;
+    const CVekDataItem* item = cfg_get(path);
+    saved.existed = item != nullptr;
+    saved.state = CVekDataItem(item);
+    // Of a path that is not there, what its end would create on the way has to go as well.
+    for (int end = saved.path.find(L'\\'); !item && end >= 0; end = saved.path.find(L'\\', end + 1)) {
+        const CVekString beginning = saved.path.mid(0, static_cast<unsigned>(end));
+        if (!cfg_get(beginning)) {
+            saved.path = beginning;
+            break;
+        }
+    }
+    m_saved.append(std::move(saved));
+}
+
+} // namespace VEK

@@ -1,0 +1,153 @@
+#include <vek/data/dir.h>
+
+using VEK::DataName;
+
+CVekDataItem* CVekDataDir::getItem(const CVekDataKey* key) const
+{
+    const CVekDataDir* dir = this;
+    CVekDataItem* item = nullptr;
+    for (; key && !key->isEmpty(); key = key->next()) {
+        item = dir ? dir->child(DataName::of(*key)) : nullptr;
+        if (!item)
+            return nullptr;
+        dir = item->getDir();
+    }
+    return item;
+}
+
+CVekDataItem* CVekDataDir::makeItem(const CVekDataKey* key)
+{
+    return key && !key->isEmpty() ? makePath(*key) : nullptr;
+}
+
+CVekDataItem* CVekDataDir::makeDir(const CVekDataKey* key)
+{
+    CVekDataItem* item = makeItem(key);
+    return item && item->mkDir() ? item : nullptr;
+}
+
+bool CVekDataDir::remove(const CVekDataKey* key)
+{
+    CVekDataItem* item = getItem(key);
+    if (item)
+        item->m_parent->letGo(item);
+    return item != nullptr;
+}
+
+/// Goes down to the last child that has children of its own and takes its childless ones away, and so on up again.
+/// Neither a deep tree nor one of shared items thus needs a stack.
+void CVekDataDir::removeAll()
+{
+    CVekDataDir* dir = this;
+    while (dir != this || !isEmpty()) {
+        if (dir->isEmpty()) {
+            dir = dir->m_owner->m_parent;
+            continue;
+        }
+        CVekDataItem* last = dir->m_children.at(dir->m_children.places() - 1);
+        if (last->m_shared.refCount() == 1) { // nobody else holds it: it dies here as the others do
+            last->m_shared.release();
+            last->m_shared = {};
+        }
+        CVekDataDir* below = last->m_shared ? nullptr : last->getDir();
+        if (below && !below->isEmpty())
+            dir = below;
+        else
+            dir->letGo(last);
+    }
+}
+
+CVekDataItem* CVekDataDir::insertItem(const CVekDataKey* key, const VEK::CSharedPointer<CVekDataItem>& item, bool)
+{
+    CVekDataItem* source = item;
+    if (!key || key->isEmpty() || !source)
+        return nullptr;
+    if (source->m_parent || isWithin(source))
+        return insertCopy(key, source, true);
+    CVekDataItem* stored = store(*key, source);
+    if (stored)
+        stored->m_shared = item;
+    return stored;
+}
+
+CVekDataItem* CVekDataDir::insertCopy(const CVekDataKey* key, const CVekDataItem* item, bool)
+{
+    if (!key || key->isEmpty())
+        return nullptr;
+    VEK::CUniqPointer<CVekDataItem> copy(new CVekDataItem(item)); // before anything changes that it may stand in
+    CVekDataItem* stored = copy ? store(*key, copy) : nullptr;
+    if (stored)
+        copy.release();
+    return stored;
+}
+
+CVekDataItem* CVekDataDir::child(const DataName& name) const
+{
+    const int place = m_children.find(name);
+    return place < 0 ? nullptr : m_children.at(static_cast<unsigned>(place));
+}
+
+/// The child of a name; a missing one is created as an empty leaf under a key of that type.
+CVekDataItem* CVekDataDir::makeChild(const DataName& name, CVekDataKey::keyType type)
+{
+    if (CVekDataItem* there = child(name))
+        return there;
+    VEK::CUniqPointer<CVekDataItem> fresh(new CVekDataItem);
+    if (!fresh)
+        return nullptr;
+    fresh->m_key.m_type = type;
+    fresh->m_key.m_number = name.number;
+    if (name.text)
+        fresh->m_key.m_text = CVekString(name.text, name.length);
+    fresh->m_parent = this;
+    return m_children.append(fresh) ? fresh.release() : nullptr;
+}
+
+CVekDataItem* CVekDataDir::makePath(const CVekDataKey& key)
+{
+    CVekDataDir* dir = this;
+    CVekDataItem* item = nullptr;
+    for (const CVekDataKey* at = &key; at && dir; at = at->next()) {
+        item = dir->makeChild(DataName::of(*at), at->type());
+        dir = item && at->next() ? item->mkDir() : nullptr;
+        if (!dir && at->next())
+            return nullptr;
+    }
+    return item;
+}
+
+/// Puts an item without a parent in the place that a path names.
+CVekDataItem* CVekDataDir::store(const CVekDataKey& key, CVekDataItem* item)
+{
+    CVekDataItem* old = makePath(key);
+    if (!old)
+        return nullptr;
+    CVekDataDir* dir = old->m_parent;
+    item->m_key = old->m_key;
+    item->m_parent = dir;
+    dir->m_children.replace(old->m_slot, item);
+    old->m_parent = nullptr;
+    if (old->m_shared)
+        old->m_shared = {};
+    else
+        delete old;
+    return item;
+}
+
+/// Whether this directory is the value of an item or stands anywhere below it.
+bool CVekDataDir::isWithin(const CVekDataItem* item) const
+{
+    const CVekDataDir* dir = this;
+    while (dir && dir->m_owner != item)
+        dir = dir->m_owner->m_parent;
+    return dir != nullptr;
+}
+
+void CVekDataDir::letGo(CVekDataItem* child)
+{
+    m_children.remove(child->m_slot);
+    child->m_parent = nullptr;
+    const VEK::CSharedPointer<CVekDataItem> shared = std::move(child->m_shared);
+    if (!shared)
+        delete child;
+}

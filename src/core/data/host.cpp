@@ -1,0 +1,135 @@
+#include <vek/host.h>
+
+#include <exception>
+
+namespace
+{
+
+/// What stands in for a host: every operation reports failure.
+class CNoApp : public CVekApp
+{
+public:
+    int defaultUnit() override { return 2; }
+    unsigned long backgroundColor() override { return 0; }
+    bool imageObject(CVekGDX*, CVekDataItem*, CVekDataItem*) override { return false; }
+    void hatchPatternGet(const wchar_t*, VekPatternLines& lines) override { lines.setLogicalLength(0); }
+    void viewMatrix(const wchar_t*, CVekMatrix3d&) override {}
+    bool namedDataObject(VEK::CAdsName&, const wchar_t*, bool) override { return false; }
+    int callFunction(const wchar_t*, resbuf*, VEK::CUniqResbuf&) override { return VEK::kHostError; }
+};
+
+CVekApp* noApp()
+{
+    static CVekApp* const app = new CNoApp; // objects of the process may ask it at their end
+    return app;
+}
+
+CVekApp* installed = nullptr;
+
+std::wstring textOf(const wchar_t* name)
+{
+    return name ? name : L"";
+}
+
+std::wstring upperOf(const wchar_t* name)
+{
+    CVekString text(name);
+    text.makeUpper();
+    return static_cast<const wchar_t*>(text);
+}
+
+} // namespace
+
+VEK::CSharedPointer<CVekDataItem> CVekApp::dataObject(const VEK::CAdsName&)
+{
+    return {};
+}
+
+CVekApp* vekAppPtr()
+{
+    return installed ? installed : noApp();
+}
+
+CVekApp* vekAppSet(CVekApp* app)
+{
+    CVekApp* before = vekAppPtr();
+    installed = app;
+    return before;
+}
+
+bool CVekLocalApp::imageObject(CVekGDX* gdx, CVekDataItem* object, CVekDataItem* parameters)
+{
+    try {
+        return m_image && m_image(gdx, object, parameters);
+    } catch (...) {
+        return false;
+    }
+}
+
+void CVekLocalApp::hatchPatternGet(const wchar_t* name, VekPatternLines& lines)
+{
+    const auto pattern = m_patterns.find(upperOf(name));
+    lines = pattern == m_patterns.end() ? VekPatternLines() : pattern->second;
+}
+
+void CVekLocalApp::viewMatrix(const wchar_t* name, CVekMatrix3d& matrix)
+{
+    const auto view = m_views.find(textOf(name));
+    if (view != m_views.end())
+        matrix = view->second;
+}
+
+bool CVekLocalApp::namedDataObject(VEK::CAdsName& name, const wchar_t* kind, bool create)
+{
+    std::size_t number = 0;
+    while (number < m_objects.size() && m_objects[number].kind != textOf(kind))
+        ++number;
+    if (number == m_objects.size()) {
+        if (!create)
+            return false;
+        m_objects.push_back({textOf(kind), new CVekDataItem(CVekDataItem::directory)});
+    }
+    name = VEK::CAdsName(static_cast<long long>(number) + 1, 0);
+    return true;
+}
+
+int CVekLocalApp::callFunction(const wchar_t* name, resbuf* arguments, VEK::CUniqResbuf& result)
+{
+    const auto function = m_functions.find(textOf(name));
+    if (function == m_functions.end())
+        return VEK::kHostError;
+    try {
+        const Function callee = function->second; // it may enter another one in its own place
+        return callee(arguments, result);
+    } catch (...) {
+        return VEK::kHostError;
+    }
+}
+
+VEK::CSharedPointer<CVekDataItem> CVekLocalApp::dataObject(const VEK::CAdsName& name)
+{
+    const long long number = name[0];
+    const bool known = name[1] == 0 && number > 0 && number <= static_cast<long long>(m_objects.size());
+    return known ? m_objects[static_cast<std::size_t>(number - 1)].tree : VEK::CSharedPointer<CVekDataItem>();
+}
+
+void CVekLocalApp::hatchPatternSet(const wchar_t* name, const VekPatternLines& lines)
+{
+    if (lines.len() == 0)
+        m_patterns.erase(upperOf(name));
+    else
+        m_patterns[upperOf(name)] = lines;
+}
+
+void CVekLocalApp::viewMatrixSet(const wchar_t* name, const CVekMatrix3d& matrix)
+{
+    m_views[textOf(name)] = matrix;
+}
+
+void CVekLocalApp::functionSet(const wchar_t* name, Function function)
+{
+    if (function)
+        m_functions[textOf(name)] = std::move(function);
+    else
+        m_functions.erase(textOf(name));
+}

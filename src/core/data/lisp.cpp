@@ -1,0 +1,126 @@
+#include <vek/data/dir.h>
+
+#include "core/data/chain.h"
+
+namespace VEK
+{
+
+namespace
+{
+
+/// Adds the entries of a directory. Parents and places lead the way, so that a tree of any depth needs no stack.
+void addEntries(CChain& chain, const CVekDataItem& root)
+{
+    unsigned first = 0;
+    const CVekDataItem* item = root.getDir()->children().from(first);
+    while (item) {
+        chain.node(rbListBegin);
+        chain.add(*item->getKey());
+        chain.node(rbDot);
+        const CVekDataItem* next = nullptr;
+        if (const CVekDataDir* dir = item->getDir()) {
+            chain.node(rbListBegin);
+            first = 0;
+            next = dir->children().from(first);
+            if (!next)
+                chain.node(rbListEnd);
+        } else {
+            chain.addLeaf(*item);
+        }
+        if (next) {
+            item = next;
+            continue;
+        }
+        chain.node(rbListEnd);
+        next = item->getParent()->getDir()->children().after(*item);
+        while (!next && item->getParent() != &root) {
+            item = item->getParent();
+            chain.node(rbListEnd); // of the directory
+            chain.node(rbListEnd); // of its entry
+            next = item->getParent()->getDir()->children().after(*item);
+        }
+        item = next;
+    }
+}
+
+bool beginsDirectory(const CChainReader& in)
+{
+    CChainReader inside = in;
+    return inside.skip(rbListBegin) && (inside.isEntry() || inside.isAt(rbListEnd));
+}
+
+/// Reads entries up to the end of the directory, or of the chain.
+bool readEntries(CChainReader& in, CVekDataItem& root)
+{
+    CVekDataItem* dir = &root;
+    for (;;) {
+        if (in.isEntry()) {
+            CVekDataKey key;
+            CVekDataItem* child = nullptr;
+            if (in.skip(rbListBegin) && in.read(key) && in.skip(rbDot))
+                child = dir->makeItem(&key);
+            if (!child)
+                return false;
+            if (beginsDirectory(in)) {
+                in.skip(rbListBegin);
+                dir = child;
+                if (!child->mkDir())
+                    return false;
+                continue;
+            }
+            if (!in.readLeaf(*child))
+                return false;
+        } else if (dir != &root && in.skip(rbListEnd)) {
+            dir = dir->getParent();
+        } else {
+            return dir == &root;
+        }
+        if (!in.skip(rbListEnd))
+            return false;
+    }
+}
+
+} // namespace
+
+bool fromRb(Regions& value, resbuf*& chain, int)
+{
+    CChainReader in(chain);
+    Regions regions;
+    if (!in.read(regions))
+        return false;
+    value = std::move(regions);
+    chain = const_cast<resbuf*>(in.at());
+    return true;
+}
+
+} // namespace VEK
+
+bool CVekDataItem::setData(resbuf* chain, bool)
+{
+    const VEK::CUniqResbuf owner(chain);
+    VEK::CChainReader in(chain);
+    CVekDataItem contents;
+    bool good = false;
+    if (!chain || in.isEntry()) {
+        good = contents.mkDir() && VEK::readEntries(in, contents);
+    } else if (VEK::beginsDirectory(in)) {
+        in.skip(VEK::rbListBegin);
+        good = contents.mkDir() && VEK::readEntries(in, contents) && in.skip(VEK::rbListEnd);
+    } else {
+        good = in.readLeaf(contents);
+    }
+    if (!good || in.at())
+        return false;
+    *this = std::move(contents);
+    return true;
+}
+
+resbuf* CVekDataItem::mkLisp() const
+{
+    VEK::CChain chain;
+    if (isDir())
+        VEK::addEntries(chain, *this);
+    else
+        chain.addLeaf(*this);
+    return chain.take();
+}
