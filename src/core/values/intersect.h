@@ -14,20 +14,20 @@ struct Meeting {
     double b = 0.0; ///< parameter along the second segment
 };
 
-/// What two segments share: up to two separate points, and up to two common stretches.
-///
-/// Two stretches come only of two arcs of one circle that lap over at both ends. Each stretch is a pair of points, its
-/// ends, so that `points[0]` and `points[1]` are the ends of the first one.
+/// What two segments share, in the order of `a`. Two arcs of one circle that lap over at both ends give four points,
+/// which is the most; any others give two at most, but for ends that lie within the tolerance of a touch.
 struct Meetings {
     Meeting points[4];
     int count = 0;
-    bool overlap = false; ///< the points are the ends of common stretches, two by two
+    bool along[4] = {}; ///< whether the stretch from the point of that number to the next one is common to both
 };
 
-/// The points that two segments share within a tolerance; the ends of the segments and touches are among them. Points
-/// closer to one another than the tolerance count once, and a common stretch shorter than that is a point. They stand
-/// in the order of `a`; a meeting at an end has the parameter 0 or 1 exactly.
-/// @param tolerance greatest distance of a point from both segments
+/// The points that two segments share within a tolerance, ends and touches among them; of a common stretch its ends.
+///
+/// Points closer together than the tolerance count once. Where an end takes part, the point is that end and the
+/// parameter is 0 or 1 exactly. A curve that reaches no deeper than the tolerance past another one touches it, in one
+/// point. Segments that are points meet what they lie on.
+/// @param tolerance greatest distance of such a point from either segment
 Meetings meet(const Arc& a, const Arc& b, double tolerance);
 
 } // namespace VEK::plane
