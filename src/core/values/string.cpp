@@ -219,6 +219,8 @@ int CVekString::find(const wchar_t* what, int start) const
 {
     if (!what || start < 0 || start > len())
         return -1;
+    if (!*what)
+        return start; // the C libraries differ in whether an empty text is found at the end
     const wchar_t* hit = std::wcsstr(text() + start, what);
     return hit ? static_cast<int>(hit - text()) : -1;
 }

@@ -1,0 +1,120 @@
+#include <vek/values/color.h>
+#include <vek/values/country.h>
+
+#include <gtest/gtest.h>
+#include <random>
+#include <set>
+
+TEST(Palette, IsThePublishedOne)
+{
+    // A published listing, in part: the first ten, the red tens with their shades, one entry of each other hue.
+    const struct {
+        int index;
+        unsigned long rgb;
+    } cases[] = {
+        {1, 0xFF0000},   {2, 0xFFFF00},   {3, 0x00FF00},   {4, 0x00FFFF},   {5, 0x0000FF},   {6, 0xFF00FF},
+        {7, 0xFFFFFF},   {8, 0x808080},   {9, 0xC0C0C0},   {10, 0xFF0000},  {11, 0xFF7F7F},  {12, 0xA50000},
+        {13, 0xA55252},  {14, 0x7F0000},  {15, 0x7F3F3F},  {16, 0x4C0000},  {17, 0x4C2626},  {18, 0x260000},
+        {19, 0x261313},  {20, 0xFF3F00},  {21, 0xFF9F7F},  {32, 0xA55200},  {43, 0xA59152},  {54, 0x7F7F00},
+        {65, 0x6F7F3F},  {76, 0x264C00},  {87, 0x2F4C26},  {98, 0x002600},  {109, 0x132617}, {110, 0x00FF7F},
+        {121, 0x7FFFDF}, {132, 0x00A5A5}, {143, 0x5291A5}, {154, 0x003F7F}, {165, 0x3F4F7F}, {176, 0x00004C},
+        {187, 0x2F264C}, {198, 0x130026}, {209, 0x211326}, {210, 0xFF00FF}, {221, 0xFF7FDF}, {232, 0xA50052},
+        {243, 0xA55267}, {249, 0x261317}, {250, 0x545454}, {251, 0x767676}, {252, 0x989898}, {253, 0xBABABA},
+        {254, 0xDCDCDC}, {255, 0xFFFFFF},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(VEK::paletteColor(c.index), c.rgb) << c.index;
+    for (const int outside : {-1, 0, 256, 257})
+        EXPECT_EQ(VEK::paletteColor(outside), 0u);
+}
+
+TEST(Palette, GivesTheNearestEntry)
+{
+    EXPECT_EQ(VEK::paletteNearest(0xFF0000), 1); // 10 is the same
+    EXPECT_EQ(VEK::paletteNearest(0xFFFFFF), 7);
+    EXPECT_EQ(VEK::paletteNearest(0xFE0203), 1);
+    EXPECT_EQ(VEK::paletteNearest(0x818181), 8);
+    EXPECT_EQ(VEK::paletteNearest(0x12345678FFFFull & 0xFFFFFF), VEK::paletteNearest(0x78FFFF));
+    std::mt19937 random(6);
+    for (int i = 0; i < 300; ++i) {
+        const unsigned long rgb = random() & 0xFFFFFF;
+        const auto distance = [&](int index) {
+            const unsigned long entry = VEK::paletteColor(index);
+            long sum = 0;
+            for (int shift = 0; shift < 24; shift += 8) {
+                const long d = static_cast<long>(entry >> shift & 0xFF) - static_cast<long>(rgb >> shift & 0xFF);
+                sum += d * d;
+            }
+            return sum;
+        };
+        const short nearest = VEK::paletteNearest(rgb);
+        for (int index = 1; index <= 255; ++index)
+            ASSERT_FALSE(distance(index) < distance(nearest) + (index < nearest ? 1 : 0)) << rgb;
+    }
+}
+
+TEST(Color, StartsAsNoneAndTakesAnIndex)
+{
+    CVekColor color;
+    EXPECT_EQ(color.colorIndex(), -1);
+    EXPECT_EQ(color.color(), 0u);
+    EXPECT_EQ(color.oleColor(), 0u);
+    color.setColorIndex(30);
+    EXPECT_EQ(color.colorIndex(), 30);
+    EXPECT_EQ(color.color(), 0xFF7F00u);
+    EXPECT_EQ(color.oleColor(), 0x007FFFu);
+    EXPECT_EQ(color.red(), 0xFF);
+    EXPECT_EQ(color.green(), 0x7F);
+    EXPECT_EQ(color.blue(), 0x00);
+}
+
+TEST(Color, GivenByValueTakesTheNearestIndexOnlyWithoutOneOfItsOwn)
+{
+    CVekColor color;
+    color.setColor(0xFF123456);
+    EXPECT_EQ(color.color(), 0x123456u);
+    EXPECT_EQ(color.oleColor(), 0x563412u);
+    EXPECT_EQ(color.colorIndex(), VEK::paletteNearest(0x123456));
+    color.setOleColor(0x0000FF);
+    EXPECT_EQ(color.color(), 0xFF0000u);
+    EXPECT_EQ(color.oleColor(), 0x0000FFu);
+    EXPECT_EQ(color.colorIndex(), VEK::paletteNearest(0x123456)) << "another index stays";
+    color.setColorIndex(3);
+    EXPECT_EQ(color.oleColor(), 0x00FF00u) << "an index drops the value held before";
+    color.setColorIndex(-1);
+    EXPECT_EQ(color.oleColor(), 0u);
+    color.setOleColor(0x0000FF);
+    EXPECT_EQ(color.colorIndex(), 1);
+}
+
+TEST(Color, ComparesAllItsFields)
+{
+    CVekColor a;
+    CVekColor b;
+    EXPECT_TRUE(a == b);
+    b.setNames(L"RAL 9016", L"RAL Classic");
+    EXPECT_STREQ(b.colorName(), L"RAL 9016");
+    EXPECT_STREQ(b.bookName(), L"RAL Classic");
+    EXPECT_FALSE(a == b);
+    b.setNames(nullptr, nullptr);
+    EXPECT_TRUE(a == b);
+    a.setColorIndex(1);
+    b.setColorIndex(10);
+    EXPECT_FALSE(a == b);
+}
+
+TEST(Countries, AreAtLeastTwentyWithGermanFirst)
+{
+    std::set<CVekString> ids;
+    const vek_country_st* row = VEK::dlCountries();
+    EXPECT_STREQ(row->id, L"de");
+    EXPECT_STREQ(row->name, L"Deutsch");
+    for (; row->id; ++row) {
+        EXPECT_EQ(std::wcslen(row->id), 2u);
+        EXPECT_EQ(std::wcslen(row->region), 2u);
+        EXPECT_TRUE(*row->name && *row->english);
+        EXPECT_TRUE(ids.insert(row->id).second) << "an id stands once";
+    }
+    EXPECT_GE(ids.size(), 20u);
+    EXPECT_TRUE(ids.count(L"en") && ids.count(L"fr"));
+}
