@@ -1,0 +1,263 @@
+#include <vek/values/system.h>
+
+#include "core/platform/platform.h"
+
+#include <chrono>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <thread>
+#include <vector>
+
+namespace fs = std::filesystem;
+using namespace VEK;
+
+namespace
+{
+
+constexpr wchar_t kKey[] = L"Software\\OSTWERK\\VekTest";
+
+/// A folder of the test's own, with a name that is no plain ASCII; gone afterwards.
+class Folder
+{
+public:
+    Folder() : m_path(fs::temp_directory_path() / platform::pathOf(L"vek Maß €")) { fs::create_directories(m_path); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() { fs::remove_all(m_path); }
+
+    fs::path operator/(const wchar_t* name) const { return m_path / platform::pathOf(name); }
+
+    std::ptrdiff_t files() const { return std::distance(fs::directory_iterator(m_path), fs::directory_iterator()); }
+
+private:
+    fs::path m_path;
+};
+
+std::wstring quotedSelf()
+{
+    return L"\"" + platform::textOf(platform::programPath()) + L"\"";
+}
+
+} // namespace
+
+TEST(Case, MapsSingleCharactersOnly)
+{
+    const struct {
+        wchar_t lower;
+        wchar_t upper;
+    } pairs[] = {{L'a', L'A'}, {L'z', L'Z'}, {L'ä', L'Ä'}, {L'ÿ', L'Ÿ'}, {L'ł', L'Ł'}, {L'ž', L'Ž'},
+                 {L'σ', L'Σ'}, {L'я', L'Я'}, {L'ё', L'Ё'}, {L'ԥ', L'Ԥ'}, {L'ẵ', L'Ẵ'}, {L'ⓐ', L'Ⓐ'}};
+    for (const auto& pair : pairs) {
+        EXPECT_EQ(platform::upperOf(pair.lower), pair.upper);
+        EXPECT_EQ(platform::lowerOf(pair.upper), pair.lower);
+        EXPECT_EQ(platform::upperOf(pair.upper), pair.upper);
+        EXPECT_EQ(platform::lowerOf(pair.lower), pair.lower);
+    }
+    for (const wchar_t same : {L'ß', L'1', L'@', L'[', L'`', L'{', L'×', L'÷', L'€', L'\0', L'中'}) {
+        EXPECT_EQ(platform::upperOf(same), same);
+        EXPECT_EQ(platform::lowerOf(same), same);
+    }
+    EXPECT_EQ(platform::upperOf(L'ı'), L'I');
+    EXPECT_EQ(platform::lowerOf(L'ẞ'), L'ß');
+}
+
+TEST(CodePage, Has256CharactersThatComeBack)
+{
+    std::string all;
+    for (int code = 0; code < 256; ++code)
+        all += static_cast<char>(code);
+    const std::wstring wide = platform::wideOfCodePage1252(all);
+    EXPECT_EQ(wide.size(), 256u);
+    EXPECT_EQ(wide[0x80], L'€');
+    EXPECT_EQ(wide[0x9F], L'Ÿ');
+    EXPECT_EQ(wide[0xE4], L'ä');
+    EXPECT_EQ(platform::codePage1252Of(wide), all);
+    EXPECT_EQ(platform::codePage1252Of(L"Łä–€Ω"), "?\xE4\x96\x80?");
+    EXPECT_EQ(platform::systemCodePageOf(L"SLIDE_1"), "SLIDE_1");
+    EXPECT_EQ(platform::wideOfSystemCodePage("SLIDE_1"), L"SLIDE_1");
+    EXPECT_EQ(platform::systemCodePageOf(L""), "");
+}
+
+TEST(File, ReadsBackWhatWasWritten)
+{
+    const Folder folder;
+    const fs::path path = folder / L"größe €.bin";
+    const std::string bytes("a\0b\r\n\xFF", 6);
+    std::string read = "before";
+    EXPECT_FALSE(platform::readFile(path, read));
+    EXPECT_EQ(read, "");
+    ASSERT_TRUE(platform::writeFile(path, bytes));
+    ASSERT_TRUE(platform::readFile(path, read));
+    EXPECT_EQ(read, bytes);
+    EXPECT_EQ(platform::textOf(path.filename()), L"größe €.bin");
+    const std::string big(1000003, 'x');
+    ASSERT_TRUE(platform::writeFile(path, big));
+    ASSERT_TRUE(platform::readFile(path, read));
+    EXPECT_EQ(read, big);
+    ASSERT_TRUE(platform::writeFile(path, ""));
+    EXPECT_TRUE(platform::readFile(path, read));
+    EXPECT_EQ(read, "");
+    EXPECT_EQ(folder.files(), 1) << "nothing is left behind";
+}
+
+TEST(File, FailsOnFoldersAndWithoutOne)
+{
+    const Folder folder;
+    std::string read;
+    EXPECT_FALSE(platform::readFile(folder / L".", read));
+    EXPECT_FALSE(platform::writeFile(folder / L".", "x"));
+    EXPECT_FALSE(platform::writeFile(folder / L"none" / "x.bin", "x"));
+    EXPECT_EQ(folder.files(), 0);
+}
+
+TEST(File, ReplacesWhatALinkNames)
+{
+    const Folder folder;
+    ASSERT_TRUE(platform::writeFile(folder / L"real", "old"));
+    std::error_code error;
+    fs::create_symlink(folder / L"real", folder / L"link", error);
+    if (error) // not everybody may make links on Windows
+        return;
+    ASSERT_TRUE(platform::writeFile(folder / L"link", "new"));
+    EXPECT_TRUE(fs::is_symlink(folder / L"link"));
+    std::string read;
+    ASSERT_TRUE(platform::readFile(folder / L"real", read));
+    EXPECT_EQ(read, "new");
+}
+
+TEST(Settings, ComeBackByKeyAndName)
+{
+    const wchar_t* texts[] = {L"", L"Maß €", L"a=b [c] 100%25\n\t\\x", L"  blanks  ", L"]"};
+    const wchar_t* names[] = {L"", L"Pos", L"with = and [", L"ä%41"};
+    for (const wchar_t* name : names) {
+        for (const wchar_t* text : texts) {
+            CVekString read = L"before";
+            ASSERT_TRUE(regWrite(kKey, name, text));
+            ASSERT_TRUE(regRead(kKey, name, read));
+            EXPECT_STREQ(read, text);
+        }
+    }
+    unsigned long number = 0;
+    ASSERT_TRUE(regWrite(L"\\Software\\OSTWERK\\VekTest\\Dialogs\\[1]\\", L"Size", 0xFFFFFFFFul));
+    ASSERT_TRUE(regRead(L"SOFTWARE\\ostwerk\\VekTest\\Dialogs\\[1]", L"SIZE", number));
+    EXPECT_EQ(number, 0xFFFFFFFFul);
+}
+
+TEST(Settings, LeaveTheTargetWhereThereIsNone)
+{
+    unsigned long number = 17;
+    CVekString text = L"before";
+    ASSERT_TRUE(regWrite(kKey, L"Text", L"5"));
+    ASSERT_TRUE(regWrite(kKey, L"Number", 5ul));
+    EXPECT_FALSE(regRead(kKey, L"Text", number));
+    EXPECT_FALSE(regRead(kKey, L"Number", text));
+    EXPECT_FALSE(regRead(kKey, L"None", number));
+    EXPECT_FALSE(regRead(L"Software\\OSTWERK\\VekTest\\None", L"Text", text));
+    EXPECT_FALSE(regRead(nullptr, L"Text", text));
+    EXPECT_FALSE(regWrite(L"", L"Text", L"x"));
+    EXPECT_FALSE(regWrite(nullptr, L"Text", 1ul));
+    EXPECT_EQ(number, 17u);
+    EXPECT_STREQ(text, L"before");
+    ASSERT_TRUE(regWrite(kKey, L"Text", 6ul)) << "a value may change its type";
+    EXPECT_TRUE(regRead(kKey, L"Text", number));
+    EXPECT_EQ(number, 6u);
+}
+
+TEST(SettingsThreads, LoseNoValue)
+{
+    constexpr unsigned long kThreads = 4;
+    constexpr unsigned long kRounds = 10;
+    std::vector<std::thread> threads;
+    for (unsigned long t = 0; t < kThreads; ++t) {
+        threads.emplace_back([t] {
+            for (unsigned long i = 0; i < kRounds; ++i)
+                regWrite(kKey, CVekString().format(L"T%lu", t), i);
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    for (unsigned long t = 0; t < kThreads; ++t) {
+        unsigned long value = 0;
+        EXPECT_TRUE(regRead(kKey, CVekString().format(L"T%lu", t), value));
+        EXPECT_EQ(value, kRounds - 1);
+    }
+}
+
+TEST(Application, NamesItsKeyAndFiles)
+{
+    CVekString text = L"VEK";
+    EXPECT_TRUE(regAppKey(text, text));
+    EXPECT_STREQ(text, L"Software\\OSTWERK\\VEK");
+    EXPECT_TRUE(regAppKey(text, nullptr));
+    EXPECT_STREQ(text, L"Software\\OSTWERK");
+    EXPECT_FALSE(appFileName(text, L"Vek", L"Mfc", L"Dll"));
+    const fs::path path = platform::pathOf(static_cast<const wchar_t*>(text));
+    EXPECT_EQ(path.filename(), "Vek_2018_20_64_Mfc.dll");
+    EXPECT_EQ(path.parent_path(), platform::programPath().parent_path());
+    EXPECT_TRUE(fs::is_regular_file(platform::programPath()));
+}
+
+TEST(Execute, TakesACommandApart)
+{
+    const Folder folder;
+    const std::wstring program = platform::textOf(folder / L"my program");
+    ASSERT_TRUE(platform::writeFile(platform::pathOf(program), ""));
+    const struct {
+        std::wstring text;
+        std::wstring program;
+        std::wstring arguments;
+    } cases[] = {
+        {L"  tool -a \"b c\" ", L"tool", L"-a \"b c\""},
+        {L"\"C:\\a b\\tool.exe\" -x", L"C:\\a b\\tool.exe", L"-x"},
+        {L"\"C:\\a b", L"C:\\a b", L""},
+        {L"tool", L"tool", L""},
+        {program, program, L""},
+        {program + L" -x y", program, L"-x y"},
+        {L"", L"", L""},
+    };
+    for (const auto& c : cases) {
+        const platform::Command command = platform::commandOf(c.text);
+        EXPECT_EQ(command.program, c.program);
+        EXPECT_EQ(command.arguments, c.arguments);
+    }
+}
+
+/// Run by the tests below in a process of its own.
+TEST(Execute, DISABLED_Child)
+{
+    EXPECT_TRUE(regWrite(kKey, L"Child", 1ul));
+}
+
+TEST(Execute, DISABLED_SleepingChild)
+{
+    std::this_thread::sleep_for(std::chrono::seconds(3));
+}
+
+TEST(Execute, RunsAProgramWithItsArguments)
+{
+    ASSERT_TRUE(regWrite(kKey, L"Child", 0ul));
+    const std::wstring command =
+        quotedSelf() + L" --gtest_also_run_disabled_tests \"--gtest_filter=Execute.DISABLED_Child\" --gtest_output=";
+    EXPECT_TRUE(execute(command.c_str(), 60000, false));
+    unsigned long ran = 0;
+    EXPECT_TRUE(regRead(kKey, L"Child", ran));
+    EXPECT_EQ(ran, 1u);
+}
+
+TEST(Execute, WaitsNoLongerThanAllowed)
+{
+    const std::wstring command =
+        quotedSelf() + L" --gtest_also_run_disabled_tests --gtest_filter=*SleepingChild --gtest_output=";
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_TRUE(execute(command.c_str(), 0, false));
+    EXPECT_FALSE(execute(command.c_str(), 200, false));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(2900));
+}
+
+TEST(Execute, FailsWithoutAProgram)
+{
+    EXPECT_FALSE(execute(nullptr, 0, true));
+    EXPECT_FALSE(execute(L"  ", 0, true));
+    EXPECT_FALSE(execute(L"vek-no-such-program -x", 1000, true));
+    EXPECT_FALSE(execute(std::wstring(40000, L'x').c_str(), 1000, true));
+}
