@@ -21,15 +21,16 @@ VEK_API CVekPoint3dArray vl_extmax(const CVekVertexArray& vl, double angle);
 /// @return empty for an empty polyline, and where a negative offset leaves nothing
 VEK_API CVekVertexArray vl_extrect(const CVekVertexArray& vl, double offset);
 
-/// Number of equal chords that keep within `dif` of the segment: 1 for a straight one, and never more than 10000,
-/// which is also what a `dif` that is not above 0 gives.
+/// Number of equal chords that keep within `dif` of the segment: 1 for a straight one, for an arc at least one for each
+/// quarter turn, and never more than 4096, which is also what a `dif` that is not above 0 gives.
 VEK_API int vx_split_dif(const CVekVertex& vertex, double dif);
 
 /// The polyline with every arc replaced by equal chords that stay within `dif` of it (see `vx_split_dif`). Straight
 /// segments stay as they are; a chord carries the tag of its arc.
 VEK_API CVekVertexArray vl_split_dif(CVekVertexArray vl, double dif);
 
-/// Explodes every arc of the polyline into `n` equal chords; an `n` below 1 counts as 1. Straight segments stay.
+/// Explodes every arc of the polyline into `n` equal chords; an `n` below 1 counts as 1, one above a million as that.
+/// Straight segments stay.
 VEK_API CVekVertexArray g_vl_expl(const CVekVertexArray& vl, int n);
 
 /// The part of the polyline between two points that lie on it, in the polyline's own direction, whichever point comes
@@ -44,7 +45,7 @@ VEK_API CVekVertexArray g_vl_cut(CVekVertexArray vl, const CVekPoint3d& from, co
 /// the end of a run still counts; a dash that would begin there does not.
 ///
 /// A pattern without any extent gives one dot at the start of each run. A pattern so fine that all runs together
-/// would give more than 1e7 pieces leaves the runs solid.
+/// would take more than a million entries leaves the runs solid.
 /// @param scale factor on the pattern's lengths
 /// @return one polyline for each dash and dot, in order; the runs themselves when the pattern has no entry or the
 ///     scale is not above 0
