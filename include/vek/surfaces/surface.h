@@ -4,20 +4,23 @@
 
 #include <vek/export.h>
 
-namespace VEK {
+namespace VEK
+{
 
 /// A position on a surface, in device units: x to the right, y downwards from the top edge.
 struct SurfacePoint {
     double x = 0.0;
     double y = 0.0;
+
+    bool operator==(const SurfacePoint& other) const = default;
 };
 
 /// A surface. A draw pass turns every item into these few calls; each kind of output is one derived class.
 ///
 /// Coordinates arrive as doubles in device units. A surface of whole pixels cuts them towards zero to integers, as
-/// GDI callers do; one that scales keeps them. Colours are Windows `COLORREF` values, 0x00BBGGRR. Pen, brush and
-/// background stay in force until they are set again; at start there is a black pen of one pixel, no brush and a
-/// white background.
+/// GDI callers do; one that scales keeps them. A line or edge without finite coordinates is left out. Colours are
+/// Windows `COLORREF` values, 0x00BBGGRR. Pen, brush and background stay in force until they are set again; at start
+/// there is a black pen of one pixel, no brush, a white background and no clip.
 class VEK_API CSurface
 {
 public:
@@ -29,13 +32,13 @@ public:
     /// Takes the inside of a polygon, even-odd, out of the clip. Fewer than three points change nothing.
     virtual void clipOut(const SurfacePoint* points, int count) = 0;
 
-    /// Puts back the rectangle of the last `clipTo`.
+    /// Undoes every `clipOut` since the last `clipTo`.
     virtual void clipRestore() = 0;
 
-    /// Solid pen; a width of 0 or 1 is one pixel.
+    /// Solid pen; a width of 0 or 1 is one pixel. Ends and corners of a wider pen are round.
     virtual void pen(int width, unsigned color) = 0;
 
-    /// No pen: areas are drawn without an edge.
+    /// No pen: areas are drawn without an edge, and lines not at all.
     virtual void noPen() = 0;
 
     /// Solid brush.
@@ -51,7 +54,11 @@ public:
     virtual void moveTo(double x, double y) = 0;
     virtual void lineTo(double x, double y) = 0;
 
-    /// A closed polygon: even-odd filled with the brush, edged with the pen.
+    /// The lines through the points, one after the other: `moveTo` and then `lineTo`, which is what it does unless a
+    /// surface has something faster.
+    virtual void polyline(const SurfacePoint* points, int count);
+
+    /// A closed polygon: even-odd filled with the brush, edged with the pen. The position stays.
     virtual void polygon(const SurfacePoint* points, int count) = 0;
 
     /// A rectangle or an ellipse in the box of two opposite corners in any order, filled with the brush and edged
@@ -62,7 +69,7 @@ public:
     /// One pixel.
     virtual void pixel(double x, double y, unsigned color) = 0;
 
-    /// A rectangle of one colour without pen and brush.
+    /// A rectangle of one colour without pen and brush; a size that is not positive draws nothing.
     virtual void solidRect(double x, double y, double width, double height, unsigned color) = 0;
 };
 

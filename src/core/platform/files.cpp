@@ -18,14 +18,6 @@ namespace
     return VEK::platform::wideOf(text);
 }
 
-bool writeStream(const fs::path& path, std::string_view bytes)
-{
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    return !out.fail();
-}
-
 /// A name beside `path` that nobody else uses.
 fs::path scratchPath(const fs::path& path)
 {
@@ -81,27 +73,74 @@ bool readFile(const fs::path& path, std::string& bytes)
 
 bool writeFile(const fs::path& path, std::string_view bytes)
 {
+    FileWriter file(path);
+    return file.write(bytes) && file.commit();
+}
+
+FileWriter::FileWriter(const fs::path& path)
+{
     try {
         std::error_code error;
         const fs::file_status status = fs::status(path, error);
-        if (fs::exists(status) && !fs::is_regular_file(status))
-            return !fs::is_directory(status) && writeStream(path, bytes); // a device or pipe has no old content
         // A link stays a link: the file that it names is replaced.
-        const fs::path target = fs::is_symlink(fs::symlink_status(path, error)) ? fs::weakly_canonical(path) : path;
-        const fs::path scratch = scratchPath(target);
-        bool done = writeStream(scratch, bytes);
-        if (done) {
-            if (fs::exists(status))
-                fs::permissions(scratch, status.permissions(), error);
-            fs::rename(scratch, target, error);
-            done = !error;
+        m_target = fs::is_symlink(fs::symlink_status(path, error)) ? fs::weakly_canonical(path) : path;
+        if (fs::is_directory(status))
+            return;
+        if (fs::exists(status) && !fs::is_regular_file(status)) {
+            m_out.open(m_target, std::ios::binary);
+            m_good = m_out.is_open();
+            return;
         }
-        if (!done)
-            fs::remove(scratch, error);
-        return done;
+        fs::path scratch = scratchPath(m_target);
+        m_out.open(scratch, std::ios::binary | std::ios::trunc);
+        m_good = m_out.is_open();
+        if (m_good)
+            m_scratch = std::move(scratch);
     } catch (const std::exception&) {
-        return false;
+        m_good = false;
     }
+}
+
+FileWriter::~FileWriter()
+{
+    m_out.close();
+    std::error_code error;
+    if (!m_scratch.empty())
+        fs::remove(m_scratch, error);
+}
+
+bool FileWriter::write(std::string_view bytes)
+{
+    m_good = m_good && m_out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return m_good;
+}
+
+bool FileWriter::rewrite(std::uint64_t offset, std::string_view bytes)
+{
+    m_good =
+        m_good && m_out.seekp(static_cast<std::streamoff>(offset)) && write(bytes) && m_out.seekp(0, std::ios::end);
+    return m_good;
+}
+
+bool FileWriter::commit()
+{
+    if (!m_good)
+        return false;
+    m_out.close();
+    m_good = false;
+    if (m_out.fail())
+        return false;
+    if (m_scratch.empty())
+        return true;
+    std::error_code error;
+    const fs::file_status old = fs::status(m_target, error);
+    if (fs::exists(old))
+        fs::permissions(m_scratch, old.permissions(), error);
+    fs::rename(m_scratch, m_target, error);
+    if (error)
+        return false;
+    m_scratch.clear();
+    return true;
 }
 
 } // namespace VEK::platform

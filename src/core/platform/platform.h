@@ -3,7 +3,9 @@
 /// by system stands in twin files `*_posix.cpp` and `*_win.cpp`.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 
@@ -45,6 +47,31 @@ bool readFile(const std::filesystem::path& path, std::string& bytes);
 
 /// Writes a whole file. Its old content stays until the new one is complete, and stays when that fails.
 bool writeFile(const std::filesystem::path& path, std::string_view bytes);
+
+/// A file that is written piece by piece. The bytes go to a file beside it, so that an old content stays until
+/// `commit`; without that the destructor leaves nothing behind. After a failure every call gives false.
+class FileWriter
+{
+public:
+    explicit FileWriter(const std::filesystem::path& path);
+    ~FileWriter();
+    FileWriter(const FileWriter&) = delete;
+    FileWriter& operator=(const FileWriter&) = delete;
+
+    bool write(std::string_view bytes);
+
+    /// Writes over bytes that are there already; the next `write` goes on at the end.
+    bool rewrite(std::uint64_t offset, std::string_view bytes);
+
+    /// Puts the new content in the place of the old one.
+    bool commit();
+
+private:
+    bool m_good = false;
+    std::filesystem::path m_target;
+    std::filesystem::path m_scratch; ///< empty for a device or pipe, which has no old content, and after `commit`
+    std::ofstream m_out;
+};
 
 /// The program file of this process.
 std::filesystem::path programPath();

@@ -1,0 +1,20 @@
+/// @file
+/// Enhanced metafiles, written without any window system.
+#pragma once
+
+#include <vek/surfaces/file.h>
+
+namespace VEK
+{
+
+/// A surface that writes an enhanced metafile as published in [MS-EMF], for a reference device of 96 pixels an inch,
+/// so that one device unit is 0.2646 mm. The header's bounds and frame enclose what is drawn inside the clip
+/// rectangle. The same calls always give the same bytes.
+///
+/// It is a surface of whole pixels. Lines and polygons are cut at plus and minus 2^27, which is as far as GDI draws;
+/// boxes are moved to that border. Connected lines of one pen make one record, with 16-bit coordinates where they
+/// fit. A filled polygon with holes taken out of the clip inside of it is written as one figure with holes, which all
+/// readers draw alike; any other `clipOut` becomes a clip path. A file beyond the format's 4 GB fails.
+VEK_API std::unique_ptr<CFileSurface> emfSurface(CByteSink& sink);
+
+} // namespace VEK

@@ -1,0 +1,80 @@
+/// @file
+/// A surface that keeps the calls, for comparing and for reading them.
+#pragma once
+
+#include <vek/surfaces/surface.h>
+
+#include <string>
+#include <vector>
+
+namespace VEK
+{
+
+enum class SurfaceOp {
+    clipTo,
+    clipOut,
+    clipRestore,
+    pen,
+    noPen,
+    brush,
+    noBrush,
+    background,
+    moveTo,
+    lineTo,
+    polygon,
+    rectangle,
+    ellipse,
+    pixel,
+    solidRect
+};
+
+/// One call. Positions stand in the order of the call's arguments; the second of `solidRect` is its size.
+struct VEK_API SurfaceCall {
+    SurfaceOp op = SurfaceOp::clipRestore;
+    std::vector<SurfacePoint> points;
+    int width = 0;      ///< of a pen
+    unsigned color = 0; ///< `COLORREF`
+
+    bool operator==(const SurfaceCall& other) const = default;
+
+    /// The call as a line of text, such as "lineTo 10,20" or "pen 2 #ff8000"; colours are written as RGB.
+    std::string text() const;
+};
+
+/// Keeps every call as it came; a `polyline` arrives as its moves and lines.
+class VEK_API CRecorder : public CSurface
+{
+public:
+    /// @param wholePixels whether coordinates are cut towards zero, as a surface of pixels does
+    explicit CRecorder(bool wholePixels = false) : m_whole(wholePixels) {}
+
+    const std::vector<SurfaceCall>& calls() const { return m_calls; }
+    void clear() { m_calls.clear(); }
+
+    /// All calls, one a line.
+    std::string text() const;
+
+    void clipTo(double left, double top, double right, double bottom) override;
+    void clipOut(const SurfacePoint* points, int count) override;
+    void clipRestore() override;
+    void pen(int width, unsigned color) override;
+    void noPen() override;
+    void brush(unsigned color) override;
+    void noBrush() override;
+    void background(unsigned color) override;
+    void moveTo(double x, double y) override;
+    void lineTo(double x, double y) override;
+    void polygon(const SurfacePoint* points, int count) override;
+    void rectangle(double x1, double y1, double x2, double y2) override;
+    void ellipse(double x1, double y1, double x2, double y2) override;
+    void pixel(double x, double y, unsigned color) override;
+    void solidRect(double x, double y, double width, double height, unsigned color) override;
+
+private:
+    void add(SurfaceOp op, std::vector<SurfacePoint> points = {}, int width = 0, unsigned color = 0);
+
+    bool m_whole;
+    std::vector<SurfaceCall> m_calls;
+};
+
+} // namespace VEK

@@ -1,0 +1,491 @@
+#include <vek/surfaces/emf.h>
+
+#include "surfaces/emf_records.h"
+#include "surfaces/holes.h"
+#include "surfaces/reach.h"
+
+#include <array>
+
+namespace VEK
+{
+namespace
+{
+
+using emf::Box;
+using emf::Point;
+
+Point whole(const SurfacePoint& p)
+{
+    return {static_cast<std::int32_t>(p.x), static_cast<std::int32_t>(p.y)};
+}
+
+std::int32_t wholeClamped(double value)
+{
+    return static_cast<std::int32_t>(reach::clamped(value));
+}
+
+/// Pens or brushes that stand in the metafile's object table, found by what they look like. The table is small and
+/// an object that falls out of it is deleted, so a picture of a million colours has no million handles.
+class ObjectTable
+{
+public:
+    struct Entry {
+        std::uint64_t look = 0;
+        std::uint32_t handle = 0; ///< 0: never used
+    };
+
+    /// The entry of a look; or the one to reuse for it, whose look differs or whose handle is 0.
+    template <class InUse>
+    Entry& find(std::uint64_t look, InUse inUse)
+    {
+        const std::size_t group = (look * 0x9E3779B97F4A7C15u >> 58) * kWays;
+        for (std::size_t i = 0; i < kWays; ++i) {
+            Entry& entry = m_entries[group + i];
+            if (entry.handle == 0 || entry.look == look)
+                return entry;
+        }
+        Entry* entry = nullptr;
+        do
+            entry = &m_entries[group + m_turn++ % kWays];
+        while (inUse(entry->handle));
+        return *entry;
+    }
+
+private:
+    static constexpr std::size_t kWays = 4; ///< more than can be in use at a time
+    std::array<Entry, 64 * kWays> m_entries;
+    std::size_t m_turn = 0;
+};
+
+class EmfSurface final : public CFileSurface
+{
+public:
+    explicit EmfSurface(CByteSink& sink) : m_records(sink) { m_run.reserve(kRunLimit); }
+
+    void clipTo(double left, double top, double right, double bottom) override;
+    void clipOut(const SurfacePoint* points, int count) override;
+    void clipRestore() override;
+    void pen(int width, unsigned color) override { setPen(true, width, color); }
+    void noPen() override { setPen(false, 1, 0); }
+    void brush(unsigned color) override;
+    void noBrush() override { m_colors.brushOn = false; }
+    void background(unsigned color) override { m_background = color & 0xFFFFFF; }
+    void moveTo(double x, double y) override { moveHere({x, y}); }
+    void lineTo(double x, double y) override { lineHere({x, y}); }
+    void polyline(const SurfacePoint* points, int count) override;
+    void polygon(const SurfacePoint* points, int count) override;
+    void rectangle(double x1, double y1, double x2, double y2) override { addBox(emf::kRectangle, x1, y1, x2, y2); }
+    void ellipse(double x1, double y1, double x2, double y2) override { addBox(emf::kEllipse, x1, y1, x2, y2); }
+    void pixel(double x, double y, unsigned color) override;
+    void solidRect(double x, double y, double width, double height, unsigned color) override;
+    bool finish() override;
+
+private:
+    /// The most points of a polyline that every reader draws: [MS-EMF] lets devices stop there for wide lines.
+    static constexpr std::size_t kRunLimit = 1360;
+
+    /// What the records written so far have put in force; a saved context brings it back.
+    struct Context {
+        std::uint32_t pen = emf::kBlackPen;
+        std::uint32_t brush = emf::kWhiteBrush;
+        unsigned background = 0xFFFFFF;
+        bool evenOdd = false;
+    };
+
+    struct Colors {
+        bool penOn = true;
+        int penWidth = 1;
+        unsigned pen = 0;
+        bool brushOn = false;
+        unsigned brush = 0;
+
+        bool drawsArea() const { return penOn || brushOn; }
+    };
+
+    void moveHere(const SurfacePoint& to)
+    {
+        m_at = to;
+        if (!m_run.empty() && (!reach::holds(to) || whole(to) != m_run.back()))
+            flushRun();
+    }
+
+    void lineHere(const SurfacePoint& to)
+    {
+        if (!m_colors.penOn || !reach::holds(to) || !reach::holds(m_at)) {
+            lineAcrossReach(to);
+            return;
+        }
+        if (m_run.empty())
+            m_run.push_back(whole(m_at));
+        const Point end = whole(to);
+        if (end != m_run.back() || m_run.size() == 1) // a line without length may still leave the dot of a wide pen
+            m_run.push_back(end);
+        if (m_run.size() == kRunLimit) {
+            flushRun();
+            m_run.push_back(end);
+        }
+        m_at = to;
+    }
+
+    void lineAcrossReach(SurfacePoint to);
+    void setPen(bool on, int width, unsigned color);
+    void addBox(emf::Type type, double x1, double y1, double x2, double y2);
+    void flushRun();
+    void save();
+    void restore();
+    void bringClip(bool holesToo);
+    void bringPen();
+    void bringBrush();
+    void bringFillRules();
+    void select(std::uint32_t& current, std::uint32_t handle);
+    template <class Create>
+    std::uint32_t object(ObjectTable& table, std::uint64_t look, Create create);
+    void figureWithHoles(const SurfacePoint* points, int count);
+    void cover(Box box, bool edged);
+    void collect(const SurfacePoint* points, int count);
+
+    emf::Records m_records;
+    std::uint32_t m_handles = 0;
+    ObjectTable m_pens;
+    ObjectTable m_brushes;
+    Box m_bounds;
+    bool m_finished = false;
+
+    // What the caller has asked for.
+    Colors m_colors;
+    unsigned m_background = 0xFFFFFF;
+    bool m_clipped = false;
+    Box m_clip;
+    Holes m_holes;
+    SurfacePoint m_at;
+    std::vector<Point> m_run; ///< connected lines that are not written yet
+
+    // What stands in the records. The clip rectangle and the holes in it each stand in a saved context.
+    Context m_context;
+    std::array<Context, 2> m_saved;
+    std::size_t m_savedCount = 0;
+    int m_holesWritten = 0;
+
+    // Scratch
+    std::vector<SurfacePoint> m_cut;
+    std::vector<Point> m_points;
+    std::vector<int> m_counts;
+};
+
+void EmfSurface::save()
+{
+    m_records.add(emf::kSaveDc);
+    m_saved[m_savedCount++] = m_context;
+}
+
+void EmfSurface::restore()
+{
+    m_records.add(emf::kRestoreDc, -1);
+    m_context = m_saved[--m_savedCount];
+}
+
+void EmfSurface::clipTo(double left, double top, double right, double bottom)
+{
+    flushRun();
+    while (m_savedCount > 0)
+        restore();
+    m_clipped = true;
+    const auto [x1, x2] = std::minmax({wholeClamped(left), wholeClamped(right)});
+    const auto [y1, y2] = std::minmax({wholeClamped(top), wholeClamped(bottom)});
+    m_clip = {x1, y1, x2, y2};
+    m_holes.clear();
+    m_holesWritten = 0;
+}
+
+void EmfSurface::clipOut(const SurfacePoint* points, int count)
+{
+    flushRun();
+    reach::cutPolygon(points, count, m_cut);
+    for (SurfacePoint& p : m_cut)
+        p = {std::trunc(p.x), std::trunc(p.y)};
+    m_holes.add(m_cut.data(), static_cast<int>(m_cut.size()));
+}
+
+void EmfSurface::clipRestore()
+{
+    if (m_holes.empty())
+        return;
+    flushRun();
+    if (m_holesWritten > 0)
+        restore();
+    m_holes.clear();
+    m_holesWritten = 0;
+}
+
+void EmfSurface::bringClip(bool holesToo)
+{
+    if (m_clipped && m_savedCount == 0) {
+        save();
+        m_records.add(emf::kIntersectClipRect, m_clip.left, m_clip.top, m_clip.right, m_clip.bottom);
+    }
+    if (!holesToo || m_holesWritten == m_holes.count())
+        return;
+    bringFillRules();
+    if (m_holesWritten == 0)
+        save();
+    for (; m_holesWritten < m_holes.count(); ++m_holesWritten) {
+        m_points.clear();
+        collect(m_holes.points(m_holesWritten), m_holes.pointCount(m_holesWritten));
+        m_records.add(emf::kBeginPath);
+        m_records.addPoints(emf::kPolygon, emf::kPolygon16, m_points);
+        m_records.add(emf::kEndPath);
+        m_records.add(emf::kSelectClipPath, 4); // RGN_DIFF
+    }
+}
+
+void EmfSurface::setPen(bool on, int width, unsigned color)
+{
+    width = std::max(width, 1);
+    color &= 0xFFFFFF;
+    if (on == m_colors.penOn && width == m_colors.penWidth && color == m_colors.pen)
+        return;
+    flushRun();
+    m_colors.penOn = on;
+    m_colors.penWidth = width;
+    m_colors.pen = color;
+}
+
+void EmfSurface::brush(unsigned color)
+{
+    m_colors.brushOn = true;
+    m_colors.brush = color & 0xFFFFFF;
+}
+
+void EmfSurface::select(std::uint32_t& current, std::uint32_t handle)
+{
+    if (current == handle)
+        return;
+    m_records.add(emf::kSelectObject, handle);
+    current = handle;
+}
+
+template <class Create>
+std::uint32_t EmfSurface::object(ObjectTable& table, std::uint64_t look, Create create)
+{
+    ObjectTable::Entry& entry = table.find(look, [this](std::uint32_t handle) {
+        bool inUse = handle == m_context.pen || handle == m_context.brush;
+        for (std::size_t i = 0; i < m_savedCount; ++i)
+            inUse = inUse || handle == m_saved[i].pen || handle == m_saved[i].brush;
+        return inUse;
+    });
+    if (entry.handle != 0 && entry.look == look)
+        return entry.handle;
+    if (entry.handle == 0)
+        entry.handle = ++m_handles;
+    else
+        m_records.add(emf::kDeleteObject, entry.handle);
+    entry.look = look;
+    create(entry.handle);
+    return entry.handle;
+}
+
+void EmfSurface::bringPen()
+{
+    std::uint32_t handle = emf::kNullPen;
+    if (m_colors.penOn) {
+        handle = object(m_pens, std::uint64_t(m_colors.penWidth) << 32 | m_colors.pen, [this](std::uint32_t index) {
+            m_records.add(emf::kCreatePen, index, 0, m_colors.penWidth, 0, m_colors.pen); // PS_SOLID, width as x and y
+        });
+    }
+    select(m_context.pen, handle);
+}
+
+void EmfSurface::bringBrush()
+{
+    std::uint32_t handle = emf::kNullBrush;
+    if (m_colors.brushOn) {
+        handle = object(m_brushes, m_colors.brush, [this](std::uint32_t index) {
+            m_records.add(emf::kCreateBrushIndirect, index, 0, m_colors.brush, 0); // BS_SOLID, no hatch
+        });
+    }
+    select(m_context.brush, handle);
+}
+
+void EmfSurface::bringFillRules()
+{
+    if (m_context.background != m_background)
+        m_records.add(emf::kSetBkColor, m_background);
+    m_context.background = m_background;
+    if (!m_context.evenOdd)
+        m_records.add(emf::kSetPolyFillMode, 1); // ALTERNATE
+    m_context.evenOdd = true;
+}
+
+void EmfSurface::cover(Box box, bool edged)
+{
+    if (edged) {
+        const std::int32_t half = std::min(m_colors.penWidth / 2, 1 << 20);
+        box = {box.left - half, box.top - half, box.right + half, box.bottom + half};
+    }
+    if (m_clipped) {
+        box.left = std::max(box.left, m_clip.left);
+        box.top = std::max(box.top, m_clip.top);
+        box.right = std::min(box.right, m_clip.right - 1);
+        box.bottom = std::min(box.bottom, m_clip.bottom - 1);
+    }
+    if (!box.isEmpty())
+        m_bounds.add(box);
+}
+
+void EmfSurface::collect(const SurfacePoint* points, int count)
+{
+    for (int i = 0; i < count; ++i)
+        m_points.push_back(whole(points[i]));
+}
+
+void EmfSurface::lineAcrossReach(SurfacePoint to)
+{
+    SurfacePoint from = m_at;
+    m_at = to;
+    flushRun();
+    if (m_colors.penOn && reach::cutSegment(from, to)) {
+        m_run.assign({whole(from), whole(to)});
+        flushRun();
+    }
+}
+
+void EmfSurface::flushRun()
+{
+    if (m_run.size() > 1 && !m_finished) {
+        bringClip(true);
+        bringPen();
+        Box box;
+        for (const Point& p : m_run)
+            box.add(p);
+        cover(box, true);
+        if (m_run.size() == 2) { // shorter than a polyline of two points
+            m_records.add(emf::kMoveToEx, m_run[0].x, m_run[0].y);
+            m_records.add(emf::kLineTo, m_run[1].x, m_run[1].y);
+        } else {
+            m_records.addPoints(emf::kPolyline, emf::kPolyline16, m_run);
+        }
+    }
+    m_run.clear();
+}
+
+void EmfSurface::polygon(const SurfacePoint* points, int pointCount)
+{
+    flushRun();
+    reach::cutPolygon(points, pointCount, m_cut);
+    for (SurfacePoint& p : m_cut)
+        p = {std::trunc(p.x), std::trunc(p.y)};
+    const int cutCount = static_cast<int>(m_cut.size());
+    if (cutCount < 2 || m_finished || !m_colors.drawsArea())
+        return;
+    if (m_colors.brushOn && !m_holes.empty() && m_holesWritten == 0 && m_holes.liesIn(m_cut.data(), cutCount)) {
+        figureWithHoles(m_cut.data(), cutCount);
+        return;
+    }
+    bringClip(true);
+    bringFillRules();
+    bringPen();
+    bringBrush();
+    m_points.clear();
+    collect(m_cut.data(), cutCount);
+    Box box;
+    for (const Point& p : m_points)
+        box.add(p);
+    cover(box, m_colors.penOn);
+    m_records.addPoints(emf::kPolygon, emf::kPolygon16, m_points);
+}
+
+/// The fill in one figure, then the edge, which the holes do not have.
+void EmfSurface::figureWithHoles(const SurfacePoint* points, int pointCount)
+{
+    m_holes.windAgainst(points, pointCount);
+    bringClip(false);
+    bringFillRules();
+    bringBrush();
+    select(m_context.pen, emf::kNullPen);
+    m_points.clear();
+    m_counts.assign(1, pointCount);
+    collect(points, pointCount);
+    Box box;
+    for (const Point& p : m_points)
+        box.add(p);
+    cover(box, m_colors.penOn);
+    for (int i = 0; i < m_holes.count(); ++i) {
+        collect(m_holes.points(i), m_holes.pointCount(i));
+        m_counts.push_back(m_holes.pointCount(i));
+    }
+    m_records.addPolyPolygon(m_points, m_counts);
+    if (m_colors.penOn) {
+        bringPen();
+        m_points.resize(static_cast<std::size_t>(pointCount));
+        m_points.push_back(m_points.front());
+        m_records.addPoints(emf::kPolyline, emf::kPolyline16, m_points);
+    }
+}
+
+void EmfSurface::addBox(emf::Type type, double x1, double y1, double x2, double y2)
+{
+    flushRun();
+    const Point a{wholeClamped(x1), wholeClamped(y1)};
+    const Point b{wholeClamped(x2), wholeClamped(y2)};
+    if (a.x == b.x || a.y == b.y || m_finished || !m_colors.drawsArea())
+        return;
+    const Box box{std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x) - 1, std::max(a.y, b.y) - 1};
+    bringClip(true);
+    bringPen();
+    bringBrush();
+    cover(box, m_colors.penOn);
+    m_records.add(type, box.left, box.top, box.right, box.bottom);
+}
+
+void EmfSurface::pixel(double x, double y, unsigned color)
+{
+    flushRun();
+    if (!reach::holds({x, y}) || m_finished)
+        return;
+    const Point p = whole({x, y});
+    bringClip(true);
+    cover({p.x, p.y, p.x, p.y}, false);
+    m_records.add(emf::kSetPixelV, p.x, p.y, color & 0xFFFFFF);
+}
+
+/// As a box with an edge of its own colour, which covers exactly the pixels that are told.
+void EmfSurface::solidRect(double x, double y, double width, double height, unsigned color)
+{
+    const double left = std::trunc(reach::clamped(x));
+    const double top = std::trunc(reach::clamped(y));
+    flushRun();
+    if (!(width >= 1.0 && height >= 1.0))
+        return;
+    const Colors asked = m_colors;
+    m_colors = {true, 1, color & 0xFFFFFF, true, color & 0xFFFFFF};
+    addBox(emf::kRectangle, left, top, left + std::trunc(width), top + std::trunc(height));
+    m_colors = asked;
+}
+
+void EmfSurface::polyline(const SurfacePoint* points, int count)
+{
+    if (count > 0)
+        moveHere(points[0]);
+    for (int i = 1; i < count; ++i)
+        lineHere(points[i]);
+}
+
+bool EmfSurface::finish()
+{
+    flushRun();
+    if (m_finished)
+        return false;
+    m_finished = true;
+    while (m_savedCount > 0)
+        restore();
+    return m_records.finish(m_bounds, m_handles);
+}
+
+} // namespace
+
+std::unique_ptr<CFileSurface> emfSurface(CByteSink& sink)
+{
+    return std::make_unique<EmfSurface>(sink);
+}
+
+} // namespace VEK

@@ -1,0 +1,52 @@
+#include <vek/surfaces/file.h>
+
+#include "core/platform/platform.h"
+
+#include <exception>
+
+namespace VEK
+{
+
+bool CMemorySink::write(std::string_view bytes)
+{
+    try {
+        if (m_good)
+            m_bytes.append(bytes);
+    } catch (const std::exception&) {
+        m_good = false;
+    }
+    return m_good;
+}
+
+bool CMemorySink::rewrite(std::uint64_t offset, std::string_view bytes)
+{
+    m_good = m_good && offset <= m_bytes.size() && bytes.size() <= m_bytes.size() - offset;
+    if (m_good)
+        m_bytes.replace(static_cast<std::size_t>(offset), bytes.size(), bytes);
+    return m_good;
+}
+
+CFileSink::CFileSink(const wchar_t* path)
+{
+    if (path != nullptr && *path != 0)
+        m_file = std::make_unique<platform::FileWriter>(platform::pathOf(path));
+}
+
+CFileSink::~CFileSink() = default;
+
+bool CFileSink::write(std::string_view bytes)
+{
+    return m_file && m_file->write(bytes);
+}
+
+bool CFileSink::rewrite(std::uint64_t offset, std::string_view bytes)
+{
+    return m_file && m_file->rewrite(offset, bytes);
+}
+
+bool CFileSink::commit()
+{
+    return m_file && m_file->commit();
+}
+
+} // namespace VEK

@@ -1,0 +1,90 @@
+#include "surfaces/reach.h"
+
+#include <algorithm>
+
+namespace VEK::reach
+{
+namespace
+{
+
+/// How far the point lies inside of one of the four borders.
+double inside(const SurfacePoint& p, int border)
+{
+    switch (border) {
+    case 0: return kLimit - p.x;
+    case 1: return kLimit + p.x;
+    case 2: return kLimit - p.y;
+    default: return kLimit + p.y;
+    }
+}
+
+/// The point between a, inside, and b, outside, on the border.
+SurfacePoint onBorder(const SurfacePoint& a, double insideA, const SurfacePoint& b, double insideB)
+{
+    const double t = insideA / (insideA - insideB);
+    return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t};
+}
+
+/// Brings what is beyond 1e300 down, so that differences stay finite.
+SurfacePoint tamed(const SurfacePoint& p)
+{
+    return {std::clamp(p.x, -1e300, 1e300), std::clamp(p.y, -1e300, 1e300)};
+}
+
+} // namespace
+
+double clamped(double value)
+{
+    return std::isnan(value) ? 0.0 : std::clamp(value, -kLimit, kLimit);
+}
+
+bool cutSegment(SurfacePoint& from, SurfacePoint& to)
+{
+    if (!isFinite(from) || !isFinite(to))
+        return false;
+    from = tamed(from);
+    to = tamed(to);
+    for (int border = 0; border < 4; ++border) {
+        const double a = inside(from, border);
+        const double b = inside(to, border);
+        if (a < 0.0 && b < 0.0)
+            return false;
+        if (b < 0.0)
+            to = onBorder(from, a, to, b);
+        else if (a < 0.0)
+            from = onBorder(to, b, from, a);
+    }
+    from = {clamped(from.x), clamped(from.y)}; // what rounding left outside
+    to = {clamped(to.x), clamped(to.y)};
+    return true;
+}
+
+void cutPolygon(const SurfacePoint* points, int count, std::vector<SurfacePoint>& result)
+{
+    result.clear();
+    for (int i = 0; i < count; ++i) {
+        if (isFinite(points[i]))
+            result.push_back(tamed(points[i]));
+    }
+    if (std::all_of(result.begin(), result.end(), holds))
+        return;
+    std::vector<SurfacePoint> whole;
+    for (int border = 0; border < 4 && !result.empty(); ++border) {
+        whole.swap(result);
+        result.clear();
+        SurfacePoint last = whole.back();
+        for (const SurfacePoint& p : whole) {
+            const double a = inside(last, border);
+            const double b = inside(p, border);
+            if ((a < 0.0) != (b < 0.0))
+                result.push_back(a < 0.0 ? onBorder(p, b, last, a) : onBorder(last, a, p, b));
+            if (b >= 0.0)
+                result.push_back(p);
+            last = p;
+        }
+    }
+    for (SurfacePoint& p : result)
+        p = {clamped(p.x), clamped(p.y)};
+}
+
+} // namespace VEK::reach

@@ -1,0 +1,347 @@
+#include <vek/surfaces/svg.h>
+
+#include "surfaces/holes.h"
+#include "surfaces/reach.h"
+#include "surfaces/svg_text.h"
+
+#include <algorithm>
+
+namespace VEK
+{
+namespace
+{
+
+using svg::milli;
+using svg::MilliPoint;
+
+MilliPoint milliPoint(const SurfacePoint& p)
+{
+    return {milli(p.x), milli(p.y)};
+}
+
+struct Area {
+    double left, top, right, bottom;
+};
+
+Area areaOf(double x1, double y1, double x2, double y2)
+{
+    const auto [left, right] = std::minmax({reach::clamped(x1), reach::clamped(x2)});
+    const auto [top, bottom] = std::minmax({reach::clamped(y1), reach::clamped(y2)});
+    return {left, top, right, bottom};
+}
+
+class SvgSurface final : public CFileSurface
+{
+public:
+    SvgSurface(CByteSink& sink, int width, int height);
+
+    void clipTo(double left, double top, double right, double bottom) override;
+    void clipOut(const SurfacePoint* points, int count) override;
+    void clipRestore() override;
+    void pen(int width, unsigned color) override { setPen({true, std::max(width, 1), color & 0xFFFFFF}); }
+    void noPen() override { setPen({false, 1, 0}); }
+    void brush(unsigned color) override { m_brush = {true, color & 0xFFFFFF}; }
+    void noBrush() override { m_brush.on = false; }
+    void background(unsigned) override {} // shows in nothing that is drawn here
+    void moveTo(double x, double y) override { m_at = {x, y}; }
+    void lineTo(double x, double y) override;
+    void polygon(const SurfacePoint* points, int count) override;
+    void rectangle(double x1, double y1, double x2, double y2) override;
+    void ellipse(double x1, double y1, double x2, double y2) override;
+    void pixel(double x, double y, unsigned color) override;
+    void solidRect(double x, double y, double width, double height, unsigned color) override;
+    bool finish() override;
+
+private:
+    /// Lines of one path element; longer ones get slow in some readers.
+    static constexpr int kPathLimit = 10000;
+
+    struct Pen {
+        bool on = true;
+        int width = 1;
+        unsigned color = 0;
+
+        bool operator==(const Pen& other) const = default;
+    };
+    struct Brush {
+        bool on = false;
+        unsigned color = 0;
+    };
+
+    bool drawsArea() const { return (m_pen.on || m_brush.on) && !m_finished; }
+    void setPen(const Pen& wanted);
+
+    void bringClip(bool holesToo);
+    void closePath();
+    void closeGroups(int keep);
+    void addLine(const MilliPoint& from, const MilliPoint& to);
+    void addStroke();
+    void addFill(bool evenOdd);
+    void addOutline(const SurfacePoint* points, int count);
+    void addRect(const Area& area);
+
+    svg::Text m_text;
+    bool m_finished = false;
+    int m_lastId = 0;
+
+    Pen m_pen;
+    Brush m_brush;
+    SurfacePoint m_at;
+    bool m_clipped = false;
+    Area m_clip; ///< the whole picture while nothing is clipped
+    Holes m_holes;
+
+    // What is open in the text.
+    int m_groups = 0;
+    int m_holesWritten = 0;
+    int m_pathLines = 0; ///< lines of the open path element, 0 when none is open
+    MilliPoint m_pathEnd;
+
+    std::vector<SurfacePoint> m_cut;
+};
+
+SvgSurface::SvgSurface(CByteSink& sink, int width, int height)
+    : m_text(sink), m_clip{0.0, 0.0, double(std::max(width, 1)), double(std::max(height, 1))}
+{
+    const int w = std::max(width, 1);
+    const int h = std::max(height, 1);
+    m_text << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\" "
+              "width=\""
+           << w << "\" height=\"" << h << "\" viewBox=\"0 0 " << w << " " << h
+           << "\" fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
+}
+
+void SvgSurface::addRect(const Area& area)
+{
+    m_text << "<rect x=\"" << milli(area.left) << "\" y=\"" << milli(area.top) << "\" width=\""
+           << milli(area.right - area.left) << "\" height=\"" << milli(area.bottom - area.top) << "\"";
+}
+
+void SvgSurface::addOutline(const SurfacePoint* points, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        m_text.addPoint(i == 0 ? 'M' : 'L', milliPoint(points[i]));
+        m_text.settle();
+    }
+    m_text << "Z";
+}
+
+void SvgSurface::addStroke()
+{
+    if (!m_pen.on)
+        return;
+    m_text << " stroke=\"";
+    m_text.addColor(m_pen.color);
+    m_text << "\"";
+    if (m_pen.width > 1)
+        m_text << " stroke-width=\"" << m_pen.width << "\"";
+}
+
+void SvgSurface::addFill(bool evenOdd)
+{
+    if (!m_brush.on)
+        return;
+    m_text << " fill=\"";
+    m_text.addColor(m_brush.color);
+    m_text << (evenOdd ? "\" fill-rule=\"evenodd\"" : "\"");
+}
+
+void SvgSurface::closePath()
+{
+    if (m_pathLines > 0)
+        m_text << "\"/>\n";
+    m_pathLines = 0;
+    m_text.settle();
+}
+
+void SvgSurface::closeGroups(int keep)
+{
+    closePath();
+    for (; m_groups > keep; --m_groups)
+        m_text << "</g>\n";
+}
+
+void SvgSurface::clipTo(double left, double top, double right, double bottom)
+{
+    closeGroups(0);
+    m_clipped = true;
+    m_clip = areaOf(left, top, right, bottom);
+    m_holes.clear();
+    m_holesWritten = 0;
+}
+
+void SvgSurface::clipOut(const SurfacePoint* points, int count)
+{
+    reach::cutPolygon(points, count, m_cut);
+    m_holes.add(m_cut.data(), static_cast<int>(m_cut.size()));
+    closePath();
+}
+
+void SvgSurface::clipRestore()
+{
+    if (m_holesWritten > 0)
+        closeGroups(m_clipped ? 1 : 0);
+    m_holes.clear();
+    m_holesWritten = 0;
+}
+
+void SvgSurface::bringClip(bool holesToo)
+{
+    if (m_clipped && m_groups == 0) {
+        m_text << "<clipPath id=\"vek-clip-" << ++m_lastId << "\">";
+        addRect(m_clip);
+        m_text << "/></clipPath>\n<g clip-path=\"url(#vek-clip-" << m_lastId << ")\">\n";
+        ++m_groups;
+    }
+    if (!holesToo || m_holesWritten == m_holes.count())
+        return;
+    m_text << "<mask id=\"vek-mask-" << ++m_lastId << "\" maskUnits=\"userSpaceOnUse\" x=\"" << milli(m_clip.left)
+           << "\" y=\"" << milli(m_clip.top) << "\" width=\"" << milli(m_clip.right - m_clip.left) << "\" height=\""
+           << milli(m_clip.bottom - m_clip.top) << "\">";
+    addRect(m_clip);
+    m_text << " fill=\"#ffffff\"/>";
+    for (; m_holesWritten < m_holes.count(); ++m_holesWritten) {
+        m_text << "<path fill=\"#000000\" fill-rule=\"evenodd\" d=\"";
+        addOutline(m_holes.points(m_holesWritten), m_holes.pointCount(m_holesWritten));
+        m_text << "\"/>";
+    }
+    m_text << "</mask>\n<g mask=\"url(#vek-mask-" << m_lastId << ")\">\n";
+    ++m_groups;
+}
+
+void SvgSurface::setPen(const Pen& wanted)
+{
+    if (wanted == m_pen)
+        return;
+    closePath();
+    m_pen = wanted;
+}
+
+void SvgSurface::lineTo(double x, double y)
+{
+    SurfacePoint from = m_at;
+    SurfacePoint to{x, y};
+    m_at = to;
+    if (!m_pen.on || m_finished)
+        return;
+    if ((!reach::holds(from) || !reach::holds(to)) && !reach::cutSegment(from, to))
+        return;
+    addLine(milliPoint(from), milliPoint(to));
+}
+
+void SvgSurface::addLine(const MilliPoint& from, const MilliPoint& to)
+{
+    if (m_pathLines == kPathLimit)
+        closePath();
+    if (m_pathLines == 0) {
+        bringClip(true);
+        m_text << "<path";
+        addStroke();
+        m_text << " d=\"";
+    }
+    if (m_pathLines == 0 || from != m_pathEnd)
+        m_text.addPoint('M', from);
+    m_text.addPoint('L', to);
+    m_pathEnd = to;
+    ++m_pathLines;
+    m_text.settle();
+}
+
+void SvgSurface::polygon(const SurfacePoint* points, int count)
+{
+    reach::cutPolygon(points, count, m_cut);
+    const int cutCount = static_cast<int>(m_cut.size());
+    if (cutCount < 2 || !drawsArea())
+        return;
+    closePath();
+    const bool figure = m_brush.on && !m_holes.empty() && m_holesWritten == 0 && m_holes.liesIn(m_cut.data(), cutCount);
+    bringClip(!figure);
+    m_text << "<path";
+    addFill(true);
+    if (!figure)
+        addStroke();
+    m_text << " d=\"";
+    addOutline(m_cut.data(), cutCount);
+    if (figure) {
+        m_holes.windAgainst(m_cut.data(), cutCount);
+        for (int i = 0; i < m_holes.count(); ++i)
+            addOutline(m_holes.points(i), m_holes.pointCount(i));
+    }
+    m_text << "\"/>\n";
+    if (figure && m_pen.on) { // the edge, which the holes do not have
+        m_text << "<path";
+        addStroke();
+        m_text << " d=\"";
+        addOutline(m_cut.data(), cutCount);
+        m_text << "\"/>\n";
+    }
+}
+
+void SvgSurface::rectangle(double x1, double y1, double x2, double y2)
+{
+    if (!drawsArea())
+        return;
+    closePath();
+    bringClip(true);
+    addRect(areaOf(x1, y1, x2, y2));
+    addFill(false);
+    addStroke();
+    m_text << "/>\n";
+}
+
+void SvgSurface::ellipse(double x1, double y1, double x2, double y2)
+{
+    if (!drawsArea())
+        return;
+    const Area area = areaOf(x1, y1, x2, y2);
+    closePath();
+    bringClip(true);
+    m_text << "<ellipse cx=\"" << milli((area.left + area.right) / 2.0) << "\" cy=\""
+           << milli((area.top + area.bottom) / 2.0) << "\" rx=\"" << milli((area.right - area.left) / 2.0) << "\" ry=\""
+           << milli((area.bottom - area.top) / 2.0) << "\"";
+    addFill(false);
+    addStroke();
+    m_text << "/>\n";
+}
+
+void SvgSurface::pixel(double x, double y, unsigned color)
+{
+    if (!reach::holds({x, y}) || m_finished)
+        return;
+    const Pen asked = m_pen;
+    pen(1, color);
+    addLine(milliPoint({x, y}), milliPoint({x + 1.0, y}));
+    setPen(asked);
+}
+
+void SvgSurface::solidRect(double x, double y, double width, double height, unsigned color)
+{
+    if (!(width > 0.0 && height > 0.0))
+        return;
+    const Pen askedPen = m_pen;
+    const Brush askedBrush = m_brush;
+    noPen();
+    brush(color);
+    rectangle(x, y, x + width, y + height);
+    m_pen = askedPen;
+    m_brush = askedBrush;
+}
+
+bool SvgSurface::finish()
+{
+    closeGroups(0);
+    if (m_finished)
+        return false;
+    m_finished = true;
+    m_text << "</svg>\n";
+    return m_text.finish();
+}
+
+} // namespace
+
+std::unique_ptr<CFileSurface> svgSurface(CByteSink& sink, int width, int height)
+{
+    return std::make_unique<SvgSurface>(sink, width, height);
+}
+
+} // namespace VEK

@@ -1,0 +1,73 @@
+// The text of an SVG file, gathered in a buffer and passed on in blocks.
+#pragma once
+
+#include <vek/surfaces/file.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace VEK::svg
+{
+
+/// A coordinate in thousandths, the precision of the file.
+using Milli = std::int64_t;
+
+inline Milli milli(double value)
+{
+    return static_cast<Milli>(value * 1000.0 + (value < 0.0 ? -0.5 : 0.5));
+}
+
+struct MilliPoint {
+    Milli x = 0;
+    Milli y = 0;
+
+    bool operator==(const MilliPoint& other) const = default;
+};
+
+class Text
+{
+public:
+    explicit Text(CByteSink& sink) : m_sink(sink) { m_buffer.reserve(kBlock + kSpare); }
+
+    Text& operator<<(std::string_view text)
+    {
+        m_buffer.append(text);
+        return *this;
+    }
+    Text& operator<<(int value) { return *this << std::to_string(value); }
+    Text& operator<<(Milli value);
+
+    /// A letter of path data and its point.
+    void addPoint(char letter, const MilliPoint& p);
+
+    /// A `COLORREF` as "#rrggbb".
+    void addColor(unsigned color);
+
+    /// Passes full blocks on; called now and then, since appending never does.
+    void settle()
+    {
+        if (m_buffer.size() >= kBlock)
+            flush();
+    }
+
+    /// Passes the rest on and commits.
+    /// @return whether everything has gone well
+    bool finish()
+    {
+        flush();
+        return m_good && m_sink.commit();
+    }
+
+private:
+    void flush();
+
+    static constexpr std::size_t kBlock = std::size_t{1} << 16;
+    static constexpr std::size_t kSpare = 4096;
+
+    CByteSink& m_sink;
+    std::string m_buffer;
+    bool m_good = true;
+};
+
+} // namespace VEK::svg
