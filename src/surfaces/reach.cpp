@@ -19,10 +19,13 @@ double inside(const SurfacePoint& p, int border)
 }
 
 /// The point between a, inside, and b, outside, on the border.
-SurfacePoint onBorder(const SurfacePoint& a, double insideA, const SurfacePoint& b, double insideB)
+SurfacePoint onBorder(const SurfacePoint& a, const SurfacePoint& b, int border)
 {
-    const double t = insideA / (insideA - insideB);
-    return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t};
+    const double t = inside(a, border) / (inside(a, border) - inside(b, border));
+    const double at = border % 2 == 0 ? kLimit : -kLimit;
+    if (border < 2)
+        return {at, a.y + (b.y - a.y) * t};
+    return {a.x + (b.x - a.x) * t, at};
 }
 
 /// Brings what is beyond 1e300 down, so that differences stay finite.
@@ -50,9 +53,9 @@ bool cutSegment(SurfacePoint& from, SurfacePoint& to)
         if (a < 0.0 && b < 0.0)
             return false;
         if (b < 0.0)
-            to = onBorder(from, a, to, b);
+            to = onBorder(from, to, border);
         else if (a < 0.0)
-            from = onBorder(to, b, from, a);
+            from = onBorder(to, from, border);
     }
     from = {clamped(from.x), clamped(from.y)}; // what rounding left outside
     to = {clamped(to.x), clamped(to.y)};
@@ -77,7 +80,7 @@ void cutPolygon(const SurfacePoint* points, int count, std::vector<SurfacePoint>
             const double a = inside(last, border);
             const double b = inside(p, border);
             if ((a < 0.0) != (b < 0.0))
-                result.push_back(a < 0.0 ? onBorder(p, b, last, a) : onBorder(last, a, p, b));
+                result.push_back(a < 0.0 ? onBorder(p, last, border) : onBorder(last, p, border));
             if (b >= 0.0)
                 result.push_back(p);
             last = p;

@@ -1,0 +1,430 @@
+#include <vek/surfaces.h>
+
+#include "core/platform/platform.h"
+#include "emf_reader.h"
+#include "surfaces_scene.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <limits>
+#include <span>
+
+namespace
+{
+
+using VEK::CSurface;
+using VEK::SurfacePoint;
+using VEK::platform::textOf;
+using Calls = std::function<void(CSurface&)>;
+
+std::string emfBytes(const Calls& calls)
+{
+    VEK::CMemorySink sink;
+    const auto surface = VEK::emfSurface(sink);
+    calls(*surface);
+    EXPECT_TRUE(surface->finish());
+    return sink.bytes();
+}
+
+std::string svgBytes(const Calls& calls)
+{
+    VEK::CMemorySink sink;
+    const auto surface = VEK::svgSurface(sink, 320, 240);
+    calls(*surface);
+    EXPECT_TRUE(surface->finish());
+    return sink.bytes();
+}
+
+/// What stands between the head and the end of an SVG file.
+std::string svgBody(const Calls& calls)
+{
+    const std::string all = svgBytes(calls);
+    const std::size_t head = all.find(">\n", all.find("<svg ")) + 2;
+    EXPECT_TRUE(all.ends_with("</svg>\n"));
+    return all.substr(head, all.size() - head - 7);
+}
+
+/// Draws and reads back; the file must be sound.
+EmfFile emf(const Calls& calls)
+{
+    EmfFile file(emfBytes(calls));
+    EXPECT_EQ(file.fault, "");
+    return file;
+}
+
+void line(CSurface& s, double x1, double y1, double x2, double y2)
+{
+    s.moveTo(x1, y1);
+    s.lineTo(x2, y2);
+}
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+const std::string kPlain = ": pen 1 #000000, brush #ffffff, clip all\n";
+using Quad = std::array<std::int32_t, 4>;
+
+TEST(Recorder, KeepsCallsAsTextAndAsValues)
+{
+    VEK::CRecorder a, b(true);
+    for (VEK::CRecorder* r : {&a, &b}) {
+        r->clipTo(0, 0, 320, 240);
+        r->pen(2, 0x0080FF);
+        const SurfacePoint points[] = {{1.5, -2.75}, {3, 4}, {5, 6}};
+        r->polyline(points, 3);
+        r->clipOut(points, 3);
+        r->clipRestore();
+        r->solidRect(1, 2, 3, 4, 0xFF0000);
+    }
+    EXPECT_EQ(a.text(), "clipTo 0,0 320,240\npen 2 #ff8000\nmoveTo 1.5,-2.75\nlineTo 3,4\nlineTo 5,6\n"
+                        "clipOut 1.5,-2.75 3,4 5,6\nclipRestore\nsolidRect 1,2 3,4 #0000ff\n");
+    EXPECT_EQ(b.calls()[2].text(), "moveTo 1,-2");
+    EXPECT_EQ(a.calls()[3], b.calls()[3]);
+    EXPECT_NE(a.calls()[2], b.calls()[2]);
+}
+
+TEST(Emf, EmptyPictureIsAValidFile)
+{
+    const EmfFile file = emf([](CSurface&) {});
+    EXPECT_EQ(file.records.size(), 2u);
+    EXPECT_EQ(file.bounds, (Quad{0, 0, -1, -1}));
+    EXPECT_EQ(file.frame, (Quad{0, 0, 0, 0}));
+    EXPECT_EQ(file.handles, 1u);
+}
+
+TEST(Emf, CutsCoordinatesTowardsZero)
+{
+    const EmfFile file = emf([](CSurface& s) { line(s, 1.99, -1.99, -0.5, 7.0); });
+    EXPECT_EQ(file.drawing, "line 1,-1 0,7" + kPlain);
+    EXPECT_EQ(file.bounds, (Quad{0, -1, 1, 7}));
+}
+
+TEST(Emf, JoinsConnectedLinesOfOnePen)
+{
+    const EmfFile file = emf([](CSurface& s) {
+        line(s, 0, 0, 10, 0);
+        s.pen(1, 0); // no change
+        line(s, 10.7, 0, 10, 10);
+        s.lineTo(10.2, 10.2); // no length in pixels
+        s.lineTo(0, 10);
+        line(s, 5, 5, 6, 5);
+        s.pen(3, 0xFF);
+        s.lineTo(6, 9);
+    });
+    EXPECT_EQ(file.drawing, "line 0,0 10,0 10,10 0,10" + kPlain + "line 5,5 6,5" + kPlain +
+                                "line 6,5 6,9: pen 3 #ff0000, brush #ffffff, clip all\n");
+    EXPECT_EQ(file.bounds, (Quad{0, 0, 10, 10}));
+}
+
+TEST(Emf, PicksTheSmallestRecord)
+{
+    const auto bytes = [](const std::vector<SurfacePoint>& points) {
+        return emfBytes([&](CSurface& s) { s.polyline(points.data(), static_cast<int>(points.size())); }).size() -
+               emfBytes([](CSurface& s) { s.pixel(0, 0, 0); }).size() + 20;
+    };
+    const std::size_t pen = 28 + 12; // created and selected
+    EXPECT_EQ(bytes({{0, 0}, {9, 9}}), pen + 32);
+    EXPECT_EQ(bytes({{0, 0}, {9, 9}, {9, 0}}), pen + 28 + 3 * 4);
+    EXPECT_EQ(bytes({{0, 0}, {32767, -32768}, {9, 0}}), pen + 28 + 3 * 4);
+    EXPECT_EQ(bytes({{0, 0}, {32768, 9}, {9, 0}}), pen + 28 + 3 * 8);
+}
+
+TEST(Emf, LongRunsAreCutWhereReadersStop)
+{
+    const EmfFile file = emf([](CSurface& s) {
+        s.moveTo(0, 0);
+        for (int i = 1; i <= 3000; ++i)
+            s.lineTo(i, i % 2);
+    });
+    EXPECT_EQ(file.count(87), 3);
+    std::size_t lines = 0;
+    for (const auto& record : file.records)
+        lines += record.type == 87 ? static_cast<std::size_t>(record.words[4]) - 1 : 0;
+    EXPECT_EQ(lines, 3000u);
+}
+
+TEST(Emf, LinesBeyondReachKeepTheirDirection)
+{
+    const EmfFile file = emf([](CSurface& s) {
+        line(s, 0, 0, 1e12, 5e11); // slope 1/2
+        line(s, 3e9, 3e9, 4e9, 3e9);
+        line(s, 0, 0, kNan, 5);
+        s.lineTo(7, 7); // from nowhere
+        line(s, 0, 0, kInf, 0);
+        line(s, -1e300, 4, 1e300, 4);
+    });
+    EXPECT_EQ(file.drawing, "line 0,0 134217727,67108863" + kPlain + "line -134217727,4 134217727,4" + kPlain);
+}
+
+TEST(Emf, PolygonsBeyondReachKeepWhatLiesWithin)
+{
+    const SurfacePoint far[] = {{-1e12, 10}, {1e12, 10}, {1e12, 20}, {kNan, 0}, {-1e12, 20}};
+    const SurfacePoint away[] = {{3e9, 3e9}, {4e9, 3e9}, {4e9, 4e9}};
+    const EmfFile file = emf([&](CSurface& s) {
+        s.brush(0);
+        s.polygon(far, 5);
+        s.polygon(away, 3);
+        s.rectangle(kNan, 1, 1e12, 5);
+    });
+    EXPECT_EQ(file.count(3), 1);
+    EXPECT_NE(file.drawing.find("134217727,10 "), std::string::npos);
+    EXPECT_NE(file.drawing.find("-134217727,20"), std::string::npos);
+    EXPECT_NE(file.drawing.find("rectangle 0,1 134217726,4"), std::string::npos);
+}
+
+TEST(Emf, AreasTakePenAndBrush)
+{
+    const SurfacePoint triangle[] = {{0, 0}, {9, 0}, {0, 9}};
+    const EmfFile file = emf([&](CSurface& s) {
+        s.polygon(triangle, 3);
+        s.brush(0x0000FF);
+        s.noPen();
+        s.rectangle(5, 6, 1, 2);
+        s.noBrush();
+        s.ellipse(0, 0, 5, 5); // neither
+        s.pen(0, 0x00FF00);
+        s.ellipse(0, 0, 5, 5);
+        s.ellipse(0, 0, 0, 5);
+        s.solidRect(10, 10, 4, 0.5, 0);
+        s.solidRect(10.5, 10, 4, 5, 0xFF0000);
+        s.pixel(3.9, 4, 0x0000FF);
+        s.polygon(triangle, 1);
+    });
+    EXPECT_EQ(file.drawing, "polygon 0,0 9,0 0,9: pen 1 #000000, no brush, clip all\n"
+                            "rectangle 1,2 4,5: no pen, brush #ff0000, clip all\n"
+                            "ellipse 0,0 4,4: pen 1 #00ff00, no brush, clip all\n"
+                            "rectangle 10,10 13,14: pen 1 #0000ff, brush #0000ff, clip all\n"
+                            "pixel 3,4 #ff0000: clip all\n");
+}
+
+TEST(Emf, BoundsStayInTheClipAndTakeThePenAlong)
+{
+    const EmfFile file = emf([](CSurface& s) {
+        s.clipTo(10, 20, 110, 70);
+        s.pen(7, 0);
+        line(s, 50, 40, 900, 40);
+    });
+    EXPECT_EQ(file.bounds, (Quad{47, 37, 109, 43}));
+    EXPECT_EQ(file.frame, (Quad{47 * 50800 / 1920, 37 * 50800 / 1920, 110 * 50800 / 1920, 44 * 50800 / 1920}));
+    EXPECT_NE(file.drawing.find("clip 10,20 110,70"), std::string::npos);
+}
+
+TEST(Emf, HolesInsideAreOneFigureAndOthersAClipPath)
+{
+    const SurfacePoint outer[] = {{0, 0}, {50, 0}, {50, 50}, {0, 50}};
+    const SurfacePoint hole[] = {{10, 10}, {20, 10}, {20, 20}, {10, 20}};
+    const SurfacePoint touching[] = {{50, 30}, {40, 40}, {40, 30}};
+    const SurfacePoint across[] = {{40, 10}, {60, 10}, {60, 20}};
+    const EmfFile file = emf([&](CSurface& s) {
+        s.clipTo(0, 0, 100, 100);
+        s.brush(0xFF);
+        s.clipOut(hole, 4);
+        s.clipOut(touching, 3);
+        s.polygon(outer, 4);
+        s.clipRestore();
+        s.clipOut(across, 3);
+        s.polygon(outer, 4);
+        line(s, 1, 1, 2, 2);
+        s.clipRestore();
+        s.clipOut(hole, 2);
+        line(s, 3, 3, 4, 4);
+        s.clipTo(0, 0, 9, 9);
+        line(s, 5, 5, 6, 6);
+    });
+    const std::string red = ", brush #ff0000, clip 0,0 100,100";
+    EXPECT_EQ(file.drawing, "polygon 0,0 50,0 50,50 0,50 | 10,20 20,20 20,10 10,10 | 40,30 40,40 50,30: no pen" + red +
+                                "\n" + "line 0,0 50,0 50,50 0,50 0,0: pen 1 #000000" + red + "\n" +
+                                "polygon 0,0 50,0 50,50 0,50: pen 1 #000000" + red + " without 40,10 60,10 60,20\n" +
+                                "line 1,1 2,2: pen 1 #000000" + red + " without 40,10 60,10 60,20\n" +
+                                "line 3,3 4,4: pen 1 #000000" + red + "\n" +
+                                "line 5,5 6,6: pen 1 #000000, brush #ffffff, clip 0,0 9,9\n");
+}
+
+TEST(Emf, HolesThatOverlapOrRepeatAreClipped)
+{
+    const SurfacePoint outer[] = {{0, 0}, {50, 0}, {50, 50}, {0, 50}};
+    const SurfacePoint a[] = {{10, 10}, {30, 10}, {30, 30}, {10, 30}};
+    const SurfacePoint b[] = {{20, 20}, {40, 20}, {40, 40}, {20, 40}};
+    const SurfacePoint within[] = {{12, 12}, {15, 12}, {15, 15}};
+    const SurfacePoint notch[] = {{0, 0}, {50, 0}, {50, 50}, {25, 10}, {0, 50}};
+    const SurfacePoint inNotch[] = {{24, 40}, {26, 40}, {25, 45}};
+    const auto clipPaths = [&](std::span<const SurfacePoint> polygon,
+                               std::vector<std::span<const SurfacePoint>> holes) {
+        return emf([&](CSurface& s) {
+                   s.brush(0xFF);
+                   for (const auto hole : holes)
+                       s.clipOut(hole.data(), static_cast<int>(hole.size()));
+                   s.polygon(polygon.data(), static_cast<int>(polygon.size()));
+               })
+            .count(67);
+    };
+    EXPECT_EQ(clipPaths(outer, {a}), 0);
+    EXPECT_EQ(clipPaths(outer, {outer}), 0);
+    EXPECT_EQ(clipPaths(outer, {a, b}), 2);
+    EXPECT_EQ(clipPaths(outer, {a, a}), 2);
+    EXPECT_EQ(clipPaths(outer, {a, within}), 2);
+    EXPECT_EQ(clipPaths(outer, {within, a}), 2);
+    EXPECT_EQ(clipPaths(notch, {inNotch}), 1);
+}
+
+TEST(Emf, ManyColoursNeedFewHandles)
+{
+    const EmfFile file = emf([](CSurface& s) {
+        const SurfacePoint box[] = {{0, 0}, {9, 0}, {9, 9}};
+        for (unsigned i = 0; i < 1000; ++i) {
+            s.clipTo(0, 0, 100 + i % 7, 100);
+            s.pen(1, i * 37);
+            s.brush(i * 91);
+            const SurfacePoint hole[] = {{5, 5}, {20, 5}, {20, 20}};
+            s.clipOut(hole, 3);
+            s.polygon(box, 3);
+            s.pen(2, i);
+            line(s, 0, 0, i, 5);
+            s.clipRestore();
+        }
+    });
+    EXPECT_LE(file.handles, 513u);
+    EXPECT_EQ(file.count(54), 1000);
+}
+
+TEST(Svg, KeepsThousandthsAndOnePathForOnePen)
+{
+    EXPECT_EQ(svgBody([](CSurface& s) {
+                  line(s, 1.5, 2, 3.0004, -0.0625);
+                  s.lineTo(1000, 0.1);
+                  line(s, 0, 0, 5, 5);
+                  s.pen(2, 0x0000FF);
+                  line(s, 0, 0, -5, 1e-9);
+              }),
+              "<path stroke=\"#000000\" d=\"M1.5 2L3 -0.063L1000 0.1M0 0L5 5\"/>\n"
+              "<path stroke=\"#ff0000\" stroke-width=\"2\" d=\"M0 0L-5 0\"/>\n");
+}
+
+TEST(Svg, ClipsAndHoles)
+{
+    const SurfacePoint outer[] = {{0, 0}, {50, 0}, {50, 50}, {0, 50}};
+    const SurfacePoint hole[] = {{10, 10}, {20, 10}, {20, 20}, {10, 20}};
+    const SurfacePoint across[] = {{40, 10}, {60, 10}, {60, 20}};
+    EXPECT_EQ(svgBody([&](CSurface& s) {
+                  s.clipTo(0, 0, 32, 24);
+                  s.brush(0xFF);
+                  s.clipOut(hole, 4);
+                  s.polygon(outer, 4);
+                  s.clipRestore();
+                  s.noPen();
+                  s.clipOut(across, 3);
+                  s.polygon(outer, 4);
+                  s.clipRestore();
+                  s.rectangle(9, 9, 1, 2);
+              }),
+              "<clipPath id=\"vek-clip-1\"><rect x=\"0\" y=\"0\" width=\"32\" height=\"24\"/></clipPath>\n"
+              "<g clip-path=\"url(#vek-clip-1)\">\n"
+              "<path fill=\"#ff0000\" fill-rule=\"evenodd\" d=\"M0 0L50 0L50 50L0 50ZM10 20L20 20L20 10L10 10Z\"/>\n"
+              "<path stroke=\"#000000\" d=\"M0 0L50 0L50 50L0 50Z\"/>\n"
+              "<mask id=\"vek-mask-2\" maskUnits=\"userSpaceOnUse\" x=\"0\" y=\"0\" width=\"32\" height=\"24\">"
+              "<rect x=\"0\" y=\"0\" width=\"32\" height=\"24\" fill=\"#ffffff\"/>"
+              "<path fill=\"#000000\" fill-rule=\"evenodd\" d=\"M40 10L60 10L60 20Z\"/></mask>\n"
+              "<g mask=\"url(#vek-mask-2)\">\n"
+              "<path fill=\"#ff0000\" fill-rule=\"evenodd\" d=\"M0 0L50 0L50 50L0 50Z\"/>\n</g>\n"
+              "<rect x=\"1\" y=\"2\" width=\"8\" height=\"7\" fill=\"#ff0000\"/>\n</g>\n");
+}
+
+TEST(Svg, ManyLinesNeedFewElements)
+{
+    const std::string body = svgBody([](CSurface& s) {
+        for (int i = 0; i < 100000; ++i)
+            line(s, i, 0, i, 9);
+    });
+    std::size_t paths = 0;
+    for (std::size_t at = body.find("<path"); at != std::string::npos; at = body.find("<path", at + 1))
+        ++paths;
+    EXPECT_EQ(paths, 10u);
+}
+
+TEST(Svg, NothingButFiniteNumbers)
+{
+    const std::string body = svgBody([](CSurface& s) {
+        const SurfacePoint odd[] = {{kNan, 1}, {1e300, 5}, {-1e300, 5}, {0, kInf}, {0, 9}};
+        s.brush(0);
+        s.polygon(odd, 5);
+        s.ellipse(kNan, 0, 1e99, 4);
+        s.solidRect(0, 0, kInf, kNan, 0);
+        line(s, 0, kNan, 5, 5);
+        line(s, 0, 0, 1e200, 0);
+    });
+    EXPECT_EQ(body.find("nan"), std::string::npos);
+    EXPECT_EQ(body.find("inf"), std::string::npos);
+    EXPECT_NE(body.find("M0 0L134217727 0"), std::string::npos);
+}
+
+TEST(FileSurfaces, SameCallsSameBytes)
+{
+    EXPECT_EQ(emfBytes(drawScene), emfBytes(drawScene));
+    EXPECT_EQ(svgBytes(drawScene), svgBytes(drawScene));
+    EXPECT_EQ(emf(drawScene).bounds, (Quad{2, 2, 319, 237}));
+}
+
+class Files : public testing::Test
+{
+protected:
+    Files() { std::filesystem::create_directories(m_folder); }
+    ~Files() override { std::filesystem::remove_all(m_folder); }
+
+    std::size_t entries() const
+    {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_folder), {}));
+    }
+
+    static std::string contentOf(const std::filesystem::path& path)
+    {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    std::filesystem::path m_folder = std::filesystem::temp_directory_path() / "vek_surfaces_test";
+};
+
+TEST_F(Files, AppearCompleteOrNotAtAll)
+{
+    const std::filesystem::path path = m_folder / VEK::platform::pathOf(L"Fa\u00E7ade \u4E2D.emf");
+    {
+        VEK::CFileSink sink(textOf(path).c_str());
+        const auto surface = VEK::emfSurface(sink);
+        drawScene(*surface);
+        EXPECT_FALSE(std::filesystem::exists(path));
+    }
+    EXPECT_EQ(entries(), 0u); // given up
+    {
+        VEK::CFileSink sink(textOf(path).c_str());
+        const auto surface = VEK::emfSurface(sink);
+        drawScene(*surface);
+        EXPECT_TRUE(surface->finish());
+        EXPECT_FALSE(surface->finish());
+    }
+    EXPECT_EQ(entries(), 1u);
+    EXPECT_EQ(contentOf(path), emfBytes(drawScene));
+}
+
+TEST_F(Files, FailureLeavesTheOldFile)
+{
+    VEK::CFileSink folder(textOf(m_folder).c_str()); // not a file
+    EXPECT_FALSE(VEK::emfSurface(folder)->finish());
+    VEK::CFileSink absent(textOf(m_folder / "no" / "such.svg").c_str());
+    EXPECT_FALSE(VEK::svgSurface(absent, 10, 10)->finish());
+    VEK::CFileSink none(nullptr);
+    EXPECT_FALSE(none.write("x"));
+
+    const std::filesystem::path path = m_folder / "old.svg";
+    std::ofstream(path) << "old";
+    {
+        VEK::CFileSink sink(textOf(path).c_str());
+        EXPECT_TRUE(sink.write("new"));
+    }
+    EXPECT_EQ(contentOf(path), "old");
+    EXPECT_EQ(entries(), 1u);
+}
+
+} // namespace
