@@ -44,8 +44,10 @@ public:
         const bool together = (endsOfA == 2 && near(m_a.at(0.5), m_b)) || (endsOfB == 2 && near(m_b.at(0.5), m_a));
         if (!separate && !together && !m_a.isPoint() && !m_b.isPoint())
             crossings();
-        std::sort(m_found.points, m_found.points + m_found.count,
-                  [](const Meeting& p, const Meeting& q) { return p.a < q.a; });
+        for (int i = 1; i < m_found.count; ++i) { // so few that a library's sort would be the longer way
+            for (int j = i; j > 0 && m_found.points[j].a < m_found.points[j - 1].a; --j)
+                std::swap(m_found.points[j], m_found.points[j - 1]);
+        }
         for (int i = 0; i + 1 < m_found.count; ++i) {
             const Vec between = m_a.at(0.5 * (m_found.points[i].a + m_found.points[i + 1].a));
             m_found.along[i] = near(between, m_b) && within(between, m_b.at(m_b.parameter(between)));
