@@ -40,10 +40,11 @@ public:
     /// Transforms the segment, which lies in a plane parallel to xy; a mirroring turns the bulge's sign.
     CVekVertex& transformBy(const CVekMatrix3d& m);
 
-    /// The point halfway along the segment or arc.
+    /// The point halfway along the segment or arc. Here and below an arc lies in a plane parallel to xy; where its ends
+    /// differ in z, z goes evenly from start to end.
     CVekPoint3d mid() const;
 
-    /// The length along the segment or arc.
+    /// The length along the segment or arc, in whatever plane the arc lies.
     double bulgLen() const;
 
     /// Whether the point lies on the segment or arc, its ends included, within the point tolerance.
@@ -77,6 +78,8 @@ public:
     CVekVertexArray() = default;
     CVekVertexArray(const CVekVertex& vertex) { append(vertex); }
 
+    /// Appends the segments of another polyline. An empty polyline takes over the other's normal, and so does a
+    /// straight one where the other has arcs; arcs about the opposite normal are appended with their bulge turned.
     CVekVertexArray& operator+=(const CVekVertexArray& other);
 
     /// Segments and normal alike, compared exactly.
@@ -84,7 +87,7 @@ public:
 
     /// Transforms all segments and the normal (by the linear part, normalised). Arcs stay arcs where the matrix
     /// scales alike in the polyline's plane; a mirroring turns the bulges' sign. Any other matrix replaces the arcs
-    /// by fine chords first.
+    /// by fine chords first, 256 to a full circle, which keeps them within 1e-4 of the radius.
     CVekVertexArray& transformBy(const CVekMatrix3d& m);
     CVekVertexArray getTransformedCopy(const CVekMatrix3d& m) const;
 
@@ -97,7 +100,8 @@ public:
     /// The points along the polyline: the first start, and each segment's end; where a segment does not begin at the
     /// end of the one before it, its start as well.
     /// @param arcs whether arcs are stepped; false gives the segment ends only
-    /// @param tolerance greatest distance between chord and arc, in the polyline's unit
+    /// @param tolerance greatest distance between chord and arc, in the polyline's unit. An arc has one chord at least
+    ///        for each quarter turn and 4096 at most, which is also what a tolerance of 0, below 0 or NaN gives
     CVekPoint3dArray pts(bool arcs, double tolerance) const;
 
     /// The bounding box, arcs included.
@@ -124,9 +128,10 @@ public:
     bool breakVertex(int index, const CVekPoint3d& point);
 
     /// Collects the points in which the two polylines meet. Points that coincide within the point tolerance count
-    /// once; an overlap gives its ends.
+    /// once; of a stretch that two segments share the ends count. Both polylines are seen along the normal of this one,
+    /// or, where only the other one has arcs, of that one; the points lie at the height of this polyline.
     /// @param result receives the points in the order along this polyline; it is emptied first
-    /// @param mode 0 stops at the first meeting point; 3 collects all
+    /// @param mode 0 gives the first meeting point alone; any other collects all, and 3 is what callers pass for that
     /// @return whether there is any
     bool intersectWith(CVekPoint3dArray& result, const CVekVertexArray& other, unsigned mode) const;
 

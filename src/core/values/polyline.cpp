@@ -32,11 +32,6 @@ bool makeUnit(CVekVector3d& v)
     return true;
 }
 
-bool hasArcs(const CVekVertexArray& polyline)
-{
-    return std::any_of(polyline.begin(), polyline.end(), [](const CVekVertex& v) { return v.bulge != 0.0; });
-}
-
 /// What a matrix does to the arcs of a plane.
 struct PlaneImage {
     bool alike = false; ///< arcs stay arcs
@@ -73,11 +68,37 @@ struct PlaneImage {
 
 int fineChords(const CVekVertex& vertex)
 {
-    const double sweep = std::fabs(4.0 * std::atan(vertex.bulge));
-    return std::max(1, static_cast<int>(std::ceil(sweep / (2.0 * std::numbers::pi) * kCircleChords - 1e-9)));
+    const double turns = std::fabs(std::atan(vertex.bulge)) * 2.0 / std::numbers::pi;
+    return turns > 0.0 ? std::max(1, static_cast<int>(std::ceil(turns * kCircleChords - 1e-9))) : 1;
 }
 
 } // namespace
+
+CVekVertexArray VEK::plane::inFineChords(const CVekVertexArray& polyline, int from)
+{
+    int count = from;
+    for (const CVekVertex* v = polyline.begin() + from; v != polyline.end(); ++v)
+        count += fineChords(*v);
+    CVekVertexArray straight;
+    straight.setNormal(polyline.normal());
+    straight.reserve(count);
+    for (const CVekVertex* v = polyline.begin(); v != polyline.end(); ++v) {
+        const SpaceArc arc(*v, polyline.normal());
+        if (v - polyline.begin() < from || !arc.bend.isArc()) {
+            straight.append(*v);
+            straight[-1].bulge = 0.0;
+            continue;
+        }
+        CVekVertex chord(*v);
+        chord.bulge = 0.0;
+        chord.end = chord.start;
+        arc.step(fineChords(*v), [&](const CVekPoint3d& point) {
+            chord.start = std::exchange(chord.end, point);
+            straight.append(chord);
+        });
+    }
+    return straight;
+}
 
 CVekVertexArray& CVekVertexArray::operator+=(const CVekVertexArray& other)
 {
@@ -87,7 +108,7 @@ CVekVertexArray& CVekVertexArray::operator+=(const CVekVertexArray& other)
         m_normal = other.m_normal;
     const CVekVector3d otherNormal = other.m_normal;
     CVekArrayTempl<CVekVertex>::operator+=(other);
-    if (differ && before > 0 && hasArcs(other)) {
+    if (differ && before > 0 && plane::hasArcs(other)) {
         if (same(m_normal, -otherNormal)) {
             for (CVekVertex* v = begin() + before; v != end(); ++v)
                 v->bulge = 0.0 - v->bulge;
@@ -129,21 +150,11 @@ CVekVertexArray& CVekVertexArray::transformBy(const CVekMatrix3d& m)
         return *this;
     }
 
-    int count = static_cast<int>(v - begin());
-    for (const CVekVertex* arc = v; arc != end(); ++arc)
-        count += fineChords(*arc);
-    CVekVertexArray straight;
-    straight.reserve(count);
-    for (const CVekVertex* done = begin(); done != v; ++done)
-        straight.append(*done);
-    for (; v != end(); ++v) {
-        CVekVertex chord(v->start * m, v->start * m);
-        std::copy(std::begin(v->tag), std::end(v->tag), chord.tag);
-        const plane::SpaceArc arc(*v, m_normal);
-        arc.step(arc.bend.isArc() ? fineChords(*v) : 1, [&](const CVekPoint3d& point) {
-            chord.start = std::exchange(chord.end, point * m);
-            straight.append(chord);
-        });
+    const int done = static_cast<int>(v - begin());
+    CVekVertexArray straight = plane::inFineChords(*this, done);
+    for (v = straight.begin() + done; v != straight.end(); ++v) {
+        v->start *= m;
+        v->end *= m;
     }
     CVekVector3d normal = m_normal * m;
     if (makeUnit(normal))
@@ -249,4 +260,30 @@ CVekVertexArray& CVekVertexArray::revert()
         v.bulge = 0.0 - v.bulge; // a straight segment keeps a plain zero
     }
     return *this;
+}
+
+bool CVekVertexArray::breakVertex(int index, const CVekPoint3d& point)
+{
+    const int count = len();
+    if (count == 0 || index >= count)
+        return false;
+    const int at = index < 0 ? (count + index % count) % count : index;
+    const CVekVertex& whole = begin()[at];
+    const plane::SpaceArc segment(whole, m_normal);
+    const double t = segment.parameter(point);
+    if (plane::meets(whole.start, point) || plane::meets(whole.end, point) || !plane::meets(segment.at(t), point))
+        return false;
+
+    CVekVertex first(whole);
+    CVekVertex second(whole);
+    first.end = point;
+    second.start = point;
+    first.bulge = std::tan(0.25 * t * segment.bend.sweep);
+    second.bulge = std::tan(0.25 * (1.0 - t) * segment.bend.sweep);
+    append(second);
+    if (len() == count)
+        return false;
+    begin()[at] = first;
+    std::rotate(begin() + at + 1, end() - 1, end());
+    return true;
 }

@@ -20,6 +20,11 @@ inline bool meets(const CVekPoint3d& a, const CVekPoint3d& b)
     return d.dot(d) <= tolerance * tolerance;
 }
 
+inline bool hasArcs(const CVekVertexArray& polyline)
+{
+    return std::any_of(polyline.begin(), polyline.end(), [](const CVekVertex& v) { return v.bulge != 0.0; });
+}
+
 /// A segment in space: the chord's part in the plane of the normal, a quarter turn of it in that plane, and the rise
 /// along the normal, which goes linearly from start to end.
 struct SpaceArc {
@@ -28,11 +33,13 @@ struct SpaceArc {
     CVekVector3d chord;
     CVekVector3d left;
     CVekVector3d rise;
+    double bulge = 0.0;
     double length = 0.0; ///< of the chord in the plane
     Bend bend;
 
     /// @param normal of length 1
-    SpaceArc(const CVekVertex& vertex, const CVekVector3d& normal) : start(vertex.start), end(vertex.end)
+    SpaceArc(const CVekVertex& vertex, const CVekVector3d& normal)
+        : start(vertex.start), end(vertex.end), bulge(vertex.bulge)
     {
         chord = end - start;
         rise = normal * chord.dot(normal);
@@ -48,6 +55,19 @@ struct SpaceArc {
         if (t > 0.5)
             return end + (chord * (local.x - 1.0) + left * local.y + rise * (t - 1.0));
         return start + (chord * local.x + left * local.y + rise * t);
+    }
+
+    /// The parameter of the point of the segment that is nearest to a point; of an arc, nearest as seen along the
+    /// normal.
+    double parameter(const CVekPoint3d& point) const
+    {
+        const CVekVector3d from = point - start;
+        const double square = length * length;
+        if (bend.isArc())
+            return Arc({}, {1.0, 0.0}, bulge).parameter({from.dot(chord) / square, from.dot(left) / square});
+        const CVekVector3d straight = end - start;
+        const double t = from.dot(straight) / straight.dot(straight);
+        return t > 0.0 ? std::min(t, 1.0) : 0.0;
     }
 
     double radius() const { return bend.isArc() ? 0.5 * length / std::fabs(bend.sine) : 0.0; }
@@ -122,5 +142,8 @@ void forEachPoint(const CVekVertexArray& polyline, bool arcs, double tolerance, 
 {
     forEachPoint(polyline, arcs, tolerance, out, out);
 }
+
+/// A copy whose arcs from a segment on are replaced by chords within 1e-4 of their radius, for what cannot keep them.
+CVekVertexArray inFineChords(const CVekVertexArray& polyline, int from);
 
 } // namespace VEK::plane

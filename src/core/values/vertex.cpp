@@ -51,16 +51,19 @@ bool CVekVertex::isPoint(const CVekPoint3d& point) const
 CVekPoint3d CVekVertex::lotp(const CVekPoint3d& point) const
 {
     const plane::SpaceArc segment = upright(*this);
-    if (!segment.bend.isArc()) {
-        const CVekVector3d chord = end - start;
-        const double square = chord.dot(chord);
-        if (!(square > 0.0))
-            return start;
-        const double t = (point - start).dot(chord) / square;
-        if (!(t < 1.0))
-            return end;
-        return t > 0.0 ? start + chord * t : start;
-    }
-    const plane::Arc arc({start[0], start[1]}, {end[0], end[1]}, bulge);
-    return segment.at(arc.parameter({point[0], point[1]}));
+    return segment.at(segment.parameter(point));
+}
+
+void CVekPoint3dArray::sort(const CVekVector3d& direction)
+{
+    const auto station = [&](const CVekPoint3d& p) { return p.asVector().dot(direction); };
+    std::stable_sort(begin(), end(),
+                     [&](const CVekPoint3d& a, const CVekPoint3d& b) { return station(a) < station(b); });
+}
+
+int CVekPoint3dArray::indexOf(const CVekPoint3d& point) const
+{
+    int index = -1;
+    CVekArrayTempl<CVekPoint3d>::indexOf(point, index);
+    return index;
 }

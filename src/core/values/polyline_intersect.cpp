@@ -1,0 +1,301 @@
+#include "core/values/intersect.h"
+#include "core/values/stepping.h"
+
+#include <vek/values/polyline.h>
+
+#include <vector>
+
+namespace
+{
+
+using VEK::plane::Arc;
+using VEK::plane::Box;
+using VEK::plane::Meetings;
+using VEK::plane::Vec;
+
+constexpr int kFew = 4;  ///< segments up to which going through all of the other polyline is quicker than a tree
+constexpr int kLeaf = 8; ///< segments that a tree does not part any further
+
+/// Sine of the angle up to which two planes count as parallel.
+constexpr double kParallel = 1e-9;
+
+/// The plane of a polyline, through the origin.
+class Plane
+{
+public:
+    explicit Plane(const CVekVector3d& normal)
+    {
+        const CVekMatrix3d frame = CVekMatrix3d().setToPlaneToWorld(normal);
+        m_x = frame.axis(0);
+        m_y = frame.axis(1);
+        m_normal = frame.axis(2);
+    }
+
+    const CVekVector3d& normal() const { return m_normal; }
+    Vec operator()(const CVekPoint3d& p) const { return {p.asVector().dot(m_x), p.asVector().dot(m_y)}; }
+    Arc arc(const CVekVertex& v, double turn) const { return {(*this)(v.start), (*this)(v.end), v.bulge * turn}; }
+
+    /// Back to space, on the height of a segment at a parameter.
+    CVekPoint3d lift(Vec p, const CVekVertex& segment, double t) const
+    {
+        if (t == 0.0 || t == 1.0)
+            return t == 0.0 ? segment.start : segment.end;
+        const double low = segment.start.asVector().dot(m_normal);
+        const double height = low + t * (segment.end.asVector().dot(m_normal) - low);
+        return (m_x * p.x + m_y * p.y + m_normal * height).asPoint();
+    }
+
+private:
+    CVekVector3d m_x;
+    CVekVector3d m_y;
+    CVekVector3d m_normal;
+};
+
+/// A box that a segment does not leave, quicker to have than the least one.
+Box roughBox(Vec start, Vec end, double bulge)
+{
+    Box box{start, start};
+    box.add(end);
+    if (bulge != 0.0) {
+        const double b = std::fabs(bulge);
+        box.grow(0.5 * (end - start).abs() * (b > 1.0 ? b + 1.0 / b : b));
+    }
+    return box;
+}
+
+/// Segments of a plane, halved over and over by where they lie, so that those near a box are found by descending.
+class ArcTree
+{
+public:
+    template <class MakeArc>
+    ArcTree(int count, MakeArc makeArc)
+    {
+        m_arcs.reserve(count);
+        for (int i = 0; i < count; ++i) {
+            const Arc arc = makeArc(i);
+            const Box box = arc.box();
+            if (std::isfinite(box.min.x) && std::isfinite(box.min.y) && std::isfinite(box.max.x) &&
+                std::isfinite(box.max.y)) // others meet nothing, and have no order
+                m_arcs.push_back({arc, box});
+        }
+        std::size_t nodes = 1;
+        for (int least = kLeaf; least < count; least *= 2)
+            nodes = 2 * nodes + 1;
+        m_boxes.resize(nodes);
+        build(0, 0, m_arcs.size());
+    }
+
+    /// Hands the arcs whose box meets a box to `visit(arc)` until that gives false.
+    template <class Visit>
+    bool visit(const Box& box, Visit&& visitArc) const
+    {
+        return m_arcs.empty() || descend(0, 0, m_arcs.size(), box, visitArc);
+    }
+
+private:
+    struct Item {
+        Arc arc;
+        Box box;
+    };
+
+    bool isLeaf(std::size_t node) const { return 2 * node + 1 >= m_boxes.size(); }
+
+    void build(std::size_t node, std::size_t first, std::size_t last)
+    {
+        if (first == last)
+            return;
+        Box box = m_arcs[first].box;
+        for (std::size_t i = first; i < last; ++i) {
+            box.add(m_arcs[i].box.min);
+            box.add(m_arcs[i].box.max);
+        }
+        m_boxes[node] = box;
+        if (isLeaf(node))
+            return;
+        const std::size_t half = first + (last - first) / 2;
+        const bool wide = box.max.x - box.min.x > box.max.y - box.min.y;
+        std::nth_element(m_arcs.begin() + first, m_arcs.begin() + half, m_arcs.begin() + last,
+                         [wide](const Item& a, const Item& b) {
+                             return wide ? a.box.min.x + a.box.max.x < b.box.min.x + b.box.max.x
+                                         : a.box.min.y + a.box.max.y < b.box.min.y + b.box.max.y;
+                         });
+        build(2 * node + 1, first, half);
+        build(2 * node + 2, half, last);
+    }
+
+    template <class Visit>
+    bool descend(std::size_t node, std::size_t first, std::size_t last, const Box& box, Visit& visitArc) const
+    {
+        if (first == last || !m_boxes[node].meets(box))
+            return true;
+        if (!isLeaf(node)) {
+            const std::size_t half = first + (last - first) / 2;
+            return descend(2 * node + 1, first, half, box, visitArc) &&
+                   descend(2 * node + 2, half, last, box, visitArc);
+        }
+        for (std::size_t i = first; i < last; ++i) {
+            if (m_arcs[i].box.meets(box) && !visitArc(m_arcs[i].arc))
+                return false;
+        }
+        return true;
+    }
+
+    std::vector<Item> m_arcs;
+    std::vector<Box> m_boxes; ///< the halves of node n are the nodes 2n + 1 and 2n + 2
+};
+
+/// The meetings of two polylines as seen along the normal of the first, or of the other where that one alone has arcs.
+class Encounter
+{
+public:
+    Encounter(const CVekVertexArray& own, const CVekVertexArray& other)
+        : m_own(own), m_other(&other), m_plane(own.normal())
+    {
+        const CVekVector3d aslant = own.normal() * other.normal();
+        const bool parallel = aslant.dot(aslant) <= kParallel * kParallel;
+        if (!parallel && VEK::plane::hasArcs(other)) {
+            if (VEK::plane::hasArcs(own)) { // the others, seen aslant, are none
+                m_chords = VEK::plane::inFineChords(other, 0);
+                m_other = &m_chords;
+            } else {
+                m_plane = Plane(other.normal());
+            }
+        }
+        m_turn = m_plane.normal().dot(other.normal()) < 0.0 ? -1.0 : 1.0;
+    }
+
+    /// Hands the meetings to `visit(segment index, meetings)` in the order of the own segments until that gives false.
+    /// @param first ends behind the first segment that meets anything
+    template <class Visit>
+    void visit(bool first, Visit&& visitMeetings) const
+    {
+        if (m_own.len() <= kFew) {
+            visitEach([&](const Box& box, auto& visitArc) { return scan(box, visitArc); }, first, visitMeetings);
+        } else {
+            const ArcTree tree(m_other->len(), [&](int i) { return m_plane.arc((*m_other)[i], m_turn); });
+            visitEach([&](const Box& box, auto& visitArc) { return tree.visit(box, visitArc); }, first, visitMeetings);
+        }
+    }
+
+    CVekPoint3d lift(int index, const VEK::plane::Meeting& meeting) const
+    {
+        return m_plane.lift(meeting.point, m_own[index], meeting.a);
+    }
+
+private:
+    template <class Near, class Visit>
+    void visitEach(Near&& near, bool first, Visit& visitMeetings) const
+    {
+        int index = 0;
+        for (const CVekVertex& v : m_own) {
+            const Arc arc = m_plane.arc(v, 1.0);
+            Box box = arc.box();
+            const double tolerance = VEK::pointTol(
+                std::max({std::fabs(box.min.x), std::fabs(box.min.y), std::fabs(box.max.x), std::fabs(box.max.y)}));
+            box.grow(tolerance);
+            bool met = false;
+            const auto visitArc = [&](const Arc& other) {
+                const Meetings found = meet(arc, other, tolerance);
+                met = met || found.count > 0;
+                return found.count == 0 || visitMeetings(index, found);
+            };
+            if (!near(box, visitArc) || (first && met))
+                return;
+            ++index;
+        }
+    }
+
+    template <class Visit>
+    bool scan(const Box& box, Visit& visitArc) const
+    {
+        for (const CVekVertex& v : *m_other) {
+            const Vec start = m_plane(v.start);
+            const Vec end = m_plane(v.end);
+            if (roughBox(start, end, v.bulge).meets(box) && !visitArc(Arc(start, end, v.bulge * m_turn)))
+                return false;
+        }
+        return true;
+    }
+
+    const CVekVertexArray& m_own;
+    const CVekVertexArray* m_other;
+    CVekVertexArray m_chords;
+    Plane m_plane;
+    double m_turn = 1.0; ///< -1 where the other polyline's normal points the other way
+};
+
+/// A meeting with its place along the first polyline.
+struct Hit {
+    int index = 0;
+    double t = 0.0;
+    CVekPoint3d point;
+
+    bool operator<(const Hit& b) const { return index != b.index ? index < b.index : t < b.t; }
+};
+
+/// Appends the points of sorted hits, leaving out what coincides with an earlier one.
+void appendDistinct(CVekPoint3dArray& result, const std::vector<Hit>& hits)
+{
+    // Neighbours are looked for along a slanted direction, so that rows and columns of points do not share a station.
+    const CVekVector3d slanted{1.0, 0.7548776662466927, 0.5698402909980532};
+    const double reach = std::sqrt(slanted.dot(slanted));
+    struct Station {
+        double at;
+        std::size_t hit;
+    };
+    std::vector<Station> stations;
+    stations.reserve(hits.size());
+    for (std::size_t i = 0; i < hits.size(); ++i)
+        stations.push_back({hits[i].point.asVector().dot(slanted), i});
+    std::erase_if(stations, [](const Station& s) { return !std::isfinite(s.at); });
+    std::sort(stations.begin(), stations.end(), [](const Station& a, const Station& b) { return a.at < b.at; });
+
+    std::vector<char> repeats(hits.size(), 0);
+    for (std::size_t i = 0; i < stations.size(); ++i) {
+        const CVekPoint3d& p = hits[stations[i].hit].point;
+        const double size = std::max({std::fabs(p[0]), std::fabs(p[1]), std::fabs(p[2])});
+        const double limit = stations[i].at + 2.0 * reach * VEK::pointTol(size);
+        for (std::size_t j = i + 1; j < stations.size() && stations[j].at <= limit; ++j) {
+            if (VEK::plane::meets(p, hits[stations[j].hit].point))
+                repeats[std::max(stations[i].hit, stations[j].hit)] = 1;
+        }
+    }
+    for (std::size_t i = 0; i < hits.size(); ++i) {
+        if (!repeats[i])
+            result.append(hits[i].point);
+    }
+}
+
+} // namespace
+
+bool CVekVertexArray::intersectWith(CVekPoint3dArray& result, const CVekVertexArray& other, unsigned mode) const
+try {
+    std::vector<Hit> hits;
+    const Encounter encounter(*this, other);
+    encounter.visit(mode == 0, [&](int index, const Meetings& found) {
+        for (int i = 0; i < found.count; ++i)
+            hits.push_back({index, found.points[i].a, encounter.lift(index, found.points[i])});
+        return true;
+    });
+    std::sort(hits.begin(), hits.end());
+    if (mode == 0 && hits.size() > 1)
+        hits.resize(1);
+    result.setLogicalLength(0);
+    appendDistinct(result, hits);
+    return result.len() > 0;
+} catch (const std::bad_alloc&) {
+    result.setLogicalLength(0);
+    return false;
+}
+
+bool CVekVertexArray::intersectWith(const CVekVertexArray& other, unsigned) const
+try {
+    bool any = false;
+    Encounter(*this, other).visit(true, [&](int, const Meetings&) {
+        any = true;
+        return false;
+    });
+    return any;
+} catch (const std::bad_alloc&) {
+    return false;
+}
