@@ -20,9 +20,8 @@ std::wstring classValue(const std::wstring& key, REGSAM view)
     while (status == ERROR_MORE_DATA) {
         value.resize(value.size() * 2);
         DWORD size = static_cast<DWORD>(value.size() * sizeof(wchar_t));
-        // An expanded value may tell no size that suffices, so the room doubles.
-        status =
-            RegGetValueW(handle, nullptr, nullptr, RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ, nullptr, value.data(), &size);
+        // RRF_RT_REG_SZ takes REG_EXPAND_SZ too and replaces its variables; the size told may then be too small.
+        status = RegGetValueW(handle, nullptr, nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &size);
     }
     RegCloseKey(handle);
     return status == ERROR_SUCCESS ? value.substr(0, value.find(L'\0')) : std::wstring();
