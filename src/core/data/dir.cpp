@@ -137,8 +137,11 @@ CVekDataItem* CVekDataDir::store(const CVekDataKey& key, CVekDataItem* item)
 /// Whether this directory is the value of an item or stands anywhere below it.
 bool CVekDataDir::isWithin(const CVekDataItem* item) const
 {
+    const CVekDataDir* top = item->getDir();
+    if (!top || top->isEmpty())
+        return top == this;
     const CVekDataDir* dir = this;
-    while (dir && dir->m_owner != item)
+    while (dir && dir != top)
         dir = dir->m_owner->m_parent;
     return dir != nullptr;
 }

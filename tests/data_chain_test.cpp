@@ -1,0 +1,224 @@
+#include <vek/data.h>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace
+{
+
+std::vector<int> typesOf(const resbuf* chain)
+{
+    std::vector<int> types;
+    for (; chain; chain = chain->rbnext)
+        types.push_back(chain->restype);
+    return types;
+}
+
+CVekVertexArray arcs()
+{
+    CVekVertexArray polyline;
+    polyline.append(CVekVertex(CVekPoint3d(0, 0, 0), CVekPoint3d(2, 0, 0), 0.5));
+    polyline.append(CVekVertex(CVekPoint3d(2, 0, 0), CVekPoint3d(2, 1, 0)));
+    return polyline;
+}
+
+resbuf* point(double x)
+{
+    resbuf* node = vekNewRb(VEK::rbPoint3d);
+    node->resval.rpoint[0] = x;
+    return node;
+}
+
+/// The chain of a description: "(" and ")" lists, "p" a point, "r" a real, "s" a short, "t" a text, "n" a nil, "." a
+/// dot.
+resbuf* chainOf(const char* text)
+{
+    VEK::CUniqResbuf chain;
+    for (; *text; ++text) {
+        switch (*text) {
+        case '(': chain.append(vekNewRb(VEK::rbListBegin)); break;
+        case ')': chain.append(vekNewRb(VEK::rbListEnd)); break;
+        case 'p': chain.append(point(1)); break;
+        case 'r': chain.append(VEK::mkResbuf(0.5, VEK::rbReal)); break;
+        case 's': chain.append(VEK::mkResbuf(3, VEK::rbShort)); break;
+        case 't': chain.append(VEK::mkResbuf(L"T", VEK::rbString)); break;
+        case 'n': chain.append(vekNewRb(VEK::rbNil)); break;
+        default: chain.append(vekNewRb(VEK::rbDot)); break;
+        }
+    }
+    return chain.release();
+}
+
+VEK::DataKind kindOf(const char* chain)
+{
+    CVekDataItem item;
+    EXPECT_TRUE(item.setData(chainOf(chain), false)) << chain;
+    return item.kind();
+}
+
+} // namespace
+
+TEST(Chain, HasTheToldForm)
+{
+    CVekArrayTempl<int> numbers;
+    EXPECT_EQ(typesOf(VEK::CUniqResbuf(VEK::mkResbuf(numbers))), (std::vector<int>{5019}));
+    numbers.append(70000);
+    const VEK::CUniqResbuf list(VEK::mkResbuf(numbers));
+    EXPECT_EQ(typesOf(list), (std::vector<int>{5016, 5010, 5017}));
+    EXPECT_EQ(list->rbnext->resval.rlong, 70000);
+    const VEK::CUniqResbuf polyline(VEK::mkResbuf(arcs()));
+    EXPECT_EQ(typesOf(polyline),
+              (std::vector<int>{5016, 5016, 5009, 5009, 5001, 5017, 5016, 5009, 5009, 5001, 5017, 5017}));
+    EXPECT_EQ(polyline->rbnext->rbnext->rbnext->resval.rpoint[0], 2);
+    VEK::CUniqResbuf directory;
+    CVekDataItem item;
+    VEK::dataSet(&item, L"A", 1.5);
+    VEK::dataSet(&item, L"B\\C", L"x");
+    directory = VEK::rbToList(item.mkLisp());
+    EXPECT_EQ(typesOf(directory), (std::vector<int>{5016, 5016, 5005, 5018, 5001, 5017, 5016, 5005, 5018, 5016, 5016,
+                                                    5005, 5018, 5005, 5017, 5017, 5017, 5017}));
+    EXPECT_EQ(typesOf(VEK::CUniqResbuf(VEK::rbToList(nullptr))), (std::vector<int>{5016, 5017}));
+}
+
+TEST(Chain, NodesHoldWhatTheirTypeCan)
+{
+    const VEK::CUniqResbuf small(VEK::mkResbuf(-7, 5003));
+    EXPECT_EQ(small->resval.rint, -7);
+    const VEK::CUniqResbuf big(VEK::mkResbuf(3e9, 5031));
+    EXPECT_EQ(big->resval.mnInt64, 3000000000);
+    const VEK::CUniqResbuf real(VEK::mkResbuf(2, 5001));
+    EXPECT_EQ(real->resval.rreal, 2.0);
+    EXPECT_FALSE(VEK::mkResbuf(40000, 5003));
+    EXPECT_FALSE(VEK::mkResbuf(1, 5016));
+    EXPECT_FALSE(VEK::mkResbuf(VEK::nan(), 5010));
+    EXPECT_FALSE(VEK::mkResbuf(L"x", 5001));
+}
+
+TEST(Chain, BringsEveryLeafBack)
+{
+    CVekDataItem item;
+    VEK::dataSet(&item, L"bool", true);
+    VEK::dataSet(&item, L"int", -70000);
+    VEK::dataSet(&item, L"ulong", 4000000000ul);
+    VEK::dataSet(&item, L"double", 0.1);
+    VEK::dataSet(&item, L"text", L"a\\b\n");
+    VEK::dataSet(&item, L"point", CVekPoint3d(1, 2, 3));
+    VEK::dataSet(&item, L"unit", Vek::unitMetre);
+    VEK::dataSet(&item, L"matrix", CVekMatrix3d().setToTranslation(CVekVector3d(1, 2, 3)));
+    VEK::dataSet(&item, L"hatch", VEK::CHatchProp(L"ANSI31", 0.5, 2.0, true));
+    CVekColor color;
+    color.setColorIndex(-1);
+    color.setColor(0x123456);
+    color.setNames(L"Nacht", L"RAL");
+    VEK::dataSet(&item, L"color", color);
+    CVekVertexArray polyline = arcs();
+    polyline[1].tag[3] = 9;
+    polyline.setNormal(CVekVector3d(0, 0, -1));
+    VEK::dataSet(&item, L"polyline", polyline);
+    VEK::VertexArrays polylines;
+    polylines.append(CVekVertexArray());
+    polylines.append(polyline);
+    VEK::dataSet(&item, L"polylines", polylines);
+    VEK::Regions regions;
+    regions.append(polylines);
+    VEK::dataSet(&item, L"regions", regions);
+    CVekPoint3dArray points;
+    points.append(CVekPoint3d(4, 5, 6));
+    VEK::dataSet(&item, L"points", points);
+    CVekArrayTempl<int> numbers;
+    numbers.append(1);
+    VEK::dataSet(&item, L"ints", numbers);
+    CVekArrayTempl<CVekString> texts;
+    texts.append(CVekString(L"K"));
+    texts.append(CVekString(L"V"));
+    VEK::dataSet(&item, L"texts", texts);
+    item.makeItem(L"nothing");
+    item.makeDir(L"empty");
+    const CVekDataKey number(5003, 100000, 0);
+    VEK::dataItemSet(&item, &number, 1);
+
+    CVekDataItem back;
+    ASSERT_TRUE(back.setData(item.mkLisp(), false));
+    VEK::CDataIterator copy(&back);
+    for (VEK::CDataIterator leaf(&item); !leaf.done(); leaf.next(), copy.next()) {
+        ASSERT_FALSE(copy.done());
+        EXPECT_TRUE(*leaf->getKey() == *copy->getKey());
+        const bool asNumber = leaf->kind() == VEK::DataKind::boolean || leaf->kind() == VEK::DataKind::unit;
+        EXPECT_EQ(copy->kind(), asNumber ? VEK::DataKind::integer : leaf->kind()) << CVekString(*leaf->getKey()).len();
+    }
+    EXPECT_TRUE(copy.done());
+    const auto same = [&](auto value, const wchar_t* key) {
+        auto other = value;
+        EXPECT_TRUE(VEK::dataGet(&item, key, value) && VEK::dataGet(&back, key, other));
+        EXPECT_TRUE(value == other);
+    };
+    same(false, L"bool");
+    same(0, L"int");
+    same(0ul, L"ulong");
+    same(0.0, L"double");
+    same(CVekString(), L"text");
+    same(CVekPoint3d(), L"point");
+    same(Vek::unitNone, L"unit");
+    same(CVekMatrix3d(), L"matrix");
+    same(VEK::CHatchProp(), L"hatch");
+    same(CVekColor(), L"color");
+    same(CVekVertexArray(), L"polyline");
+    same(VEK::VertexArrays(), L"polylines");
+    same(VEK::Regions(), L"regions");
+    same(CVekPoint3dArray(), L"points");
+    same(CVekArrayTempl<int>(), L"ints");
+    same(CVekArrayTempl<CVekString>(), L"texts");
+}
+
+TEST(Chain, IsToldByItsShape)
+{
+    using VEK::DataKind;
+    EXPECT_EQ(kindOf(""), DataKind::directory);
+    EXPECT_EQ(kindOf("()"), DataKind::directory);
+    EXPECT_EQ(kindOf("((t.r))"), DataKind::directory);
+    EXPECT_EQ(kindOf("(t.r)(s.((t.n)))"), DataKind::directory);
+    EXPECT_EQ(kindOf("(t.())"), DataKind::directory);
+    EXPECT_EQ(kindOf("n"), DataKind::empty);
+    EXPECT_EQ(kindOf("(tt)"), DataKind::texts);
+    EXPECT_EQ(kindOf("((pps))"), DataKind::polyline);
+    EXPECT_EQ(kindOf("(((ppr))n)"), DataKind::polylines);
+    EXPECT_EQ(kindOf("((((ppr))))"), DataKind::regions);
+}
+
+TEST(Chain, RefusesWhatIsNoValue)
+{
+    for (const char* bad : {"(", ")", "((", "(t.", "(t.r", "(t.r)r", "(t.r)(", "(rt)", "rr", "((pp))", "(.r)", "(r.r)",
+                            "(t.)", ".", "((((((r))))))", "(t.r))", "((t.r)"}) {
+        CVekDataItem item;
+        VEK::dataSet(&item, nullptr, 5);
+        EXPECT_FALSE(item.setData(chainOf(bad), false)) << bad;
+        EXPECT_EQ(*item.peek<int>(), 5) << bad;
+    }
+    CVekDataItem item;
+    EXPECT_FALSE(item.setData(vekNewRb(5100), false));
+}
+
+TEST(Chain, GivesRegionsAndMovesOn)
+{
+    VEK::Regions regions;
+    regions.append(VEK::VertexArrays());
+    regions[0].append(arcs());
+    VEK::CUniqResbuf chain(VEK::mkResbuf(regions));
+    chain.append(VEK::mkResbuf(1, 5003));
+    resbuf* at = chain;
+    VEK::Regions read;
+    EXPECT_TRUE(VEK::fromRb(read, at, 0));
+    EXPECT_TRUE(read == regions);
+    ASSERT_TRUE(at);
+    EXPECT_EQ(at->restype, 5003);
+    EXPECT_FALSE(VEK::fromRb(read, at, 0));
+    EXPECT_EQ(at->restype, 5003);
+    EXPECT_TRUE(read == regions);
+    const VEK::CUniqResbuf nil(vekNewRb(5019));
+    at = nil;
+    EXPECT_TRUE(VEK::fromRb(read, at, 0));
+    EXPECT_EQ(read.len(), 0);
+    EXPECT_FALSE(at);
+    EXPECT_FALSE(VEK::fromRb(read, at, 0));
+}

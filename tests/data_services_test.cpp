@@ -1,0 +1,345 @@
+#include <vek/data.h>
+#include <vek/host.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace
+{
+
+using FilePtr = VEK::CUniqPointer<VEK::CDtaFilePointer>;
+
+/// Installs a host for the length of a test, and leaves the configuration as it was.
+class HostTest : public testing::Test
+{
+protected:
+    HostTest()
+    {
+        m_backup.attach(nullptr);
+        vekAppSet(&app);
+    }
+    ~HostTest() override { vekAppSet(nullptr); }
+
+    CVekLocalApp app;
+
+private:
+    VEK::CCfgBackup m_backup{true};
+};
+
+using ConfigTest = HostTest;
+
+#if defined(__GNUC__)
+__attribute__((no_sanitize("undefined"), noinline))
+#endif
+CVekDataItem*
+askUntested(const VEK::CDtaFilePointer* file)
+{
+    const CVekDataKey key(L"BT");
+    CVekDataItem* item = file->get(&key, false);
+    return item ? item : file->get(L"BT", false);
+}
+
+} // namespace
+
+TEST(DataFile, HoldsACopyInMemory)
+{
+    CVekDataItem item;
+    VEK::dataSet(&item, L"A\\B", 1);
+    const FilePtr file(VEK::dtaOpen(6, 3, nullptr, &item));
+    VEK::dataSet(&item, L"A\\B", 2);
+    EXPECT_EQ(*file->get(L"A\\B", false)->peek<int>(), 1);
+    const CVekDataKey path(5005, L"X", 5003, 3, 0);
+    EXPECT_TRUE(file->set(&item, &path));
+    EXPECT_EQ(*file->get(&path, false)->getItem(L"A\\B")->peek<int>(), 2);
+    EXPECT_FALSE(file->get(L"Y", false));
+    EXPECT_TRUE(file->set(nullptr, &path)) << "a missing item is stored as an empty one";
+    EXPECT_EQ(file->get(&path, false)->kind(), VEK::DataKind::empty);
+    EXPECT_TRUE(VEK::fileItemSet(file, &path, L"text"));
+    EXPECT_FALSE(VEK::fileItemSet(nullptr, &path, 5));
+    CVekArrayTempl<CVekDataKey> keys;
+    EXPECT_TRUE(file->dir(keys, nullptr));
+    ASSERT_EQ(keys.len(), 2);
+    EXPECT_TRUE(keys[1] == CVekDataKey(L"X"));
+    EXPECT_FALSE(file->dir(keys, &path));
+    EXPECT_EQ(keys.len(), 0);
+    const FilePtr fresh(VEK::dtaOpen(6, 3, nullptr, nullptr));
+    EXPECT_TRUE(fresh->get(nullptr, false)->isDir());
+    EXPECT_FALSE(VEK::dtaOpen(5, 3, nullptr, nullptr));
+}
+
+TEST(DataFile, MayBeMissing)
+{
+    EXPECT_FALSE(askUntested(nullptr));
+    EXPECT_FALSE(VEK::fileItem(nullptr, L"BT"));
+}
+
+TEST(DataFile, SharesItsLinkedObject)
+{
+    FilePtr file(VEK::dtaOpen(6, 3, nullptr, nullptr));
+    EXPECT_FALSE(file->lobjGet(nullptr, false));
+    VEK::dataSet(file->get(nullptr, false), L"LOBJ\\S", 1.5);
+    const FilePtr linked(file->lobjGet(nullptr, false));
+    ASSERT_TRUE(linked);
+    EXPECT_EQ(*linked->get(L"S", false)->peek<double>(), 1.5);
+    const CVekDataKey d(L"D");
+    VEK::fileItemSet(linked, &d, 20);
+    EXPECT_EQ(*file->get(L"LOBJ\\D", false)->peek<int>(), 20);
+    file = FilePtr();
+    EXPECT_TRUE(linked->get(&d, false)) << "either may be closed first";
+}
+
+TEST_F(HostTest, KeepsTheDrawingsDataObjects)
+{
+    VEK::CAdsName name;
+    EXPECT_FALSE(app.namedDataObject(name, L"HOLE", false));
+    EXPECT_TRUE(name.isNull());
+    EXPECT_FALSE(VEK::dtaOpen(3, 3, name, nullptr, nullptr));
+    ASSERT_TRUE(vekAppPtr()->namedDataObject(name, L"HOLE", true));
+    const CVekDataKey bt(L"BT");
+    VEK::fileItemSet(FilePtr(VEK::dtaOpen(3, 3, name, nullptr, nullptr)), &bt, 5);
+    VEK::CAdsName again;
+    ASSERT_TRUE(app.namedDataObject(again, L"HOLE", false));
+    EXPECT_TRUE(again == name);
+    const FilePtr file(VEK::dtaOpen(3, 3, again, nullptr, nullptr));
+    EXPECT_EQ(*file->get(&bt, false)->peek<int>(), 5);
+}
+
+TEST_F(HostTest, CallsFunctionsByName)
+{
+    app.functionSet(L"twice", [](resbuf* arguments, VEK::CUniqResbuf& result) {
+        result = VEK::mkResbuf(2 * arguments->resval.rint, 5003);
+        return VEK::kHostNormal;
+    });
+    app.functionSet(L"fails", [](resbuf*, VEK::CUniqResbuf&) -> int { throw 1; });
+    const VEK::CUniqResbuf arguments(VEK::mkResbuf(21, 5003));
+    VEK::CUniqResbuf result;
+    EXPECT_EQ(vekAppPtr()->callFunction(L"twice", arguments, result), 5100);
+    EXPECT_EQ(result->resval.rint, 42);
+    EXPECT_NE(vekAppPtr()->callFunction(L"fails", nullptr, result), 5100);
+    EXPECT_NE(vekAppPtr()->callFunction(L"thrice", nullptr, result), 5100);
+    EXPECT_NE(vekAppPtr()->callFunction(nullptr, nullptr, result), 5100);
+}
+
+TEST_F(HostTest, GivesWhatWasEntered)
+{
+    VekPatternLines lines;
+    lines[0].append(45.0);
+    app.hatchPatternSet(L"ANSI31", lines);
+    VekPatternLines found;
+    app.hatchPatternGet(L"ansi31", found);
+    EXPECT_TRUE(found == lines);
+    app.hatchPatternGet(L"NONE", found);
+    EXPECT_EQ(found.len(), 0);
+    CVekMatrix3d view;
+    view.setToTranslation(CVekVector3d(1, 2, 3));
+    app.viewMatrixSet(L"Ansicht", view);
+    CVekMatrix3d read;
+    app.viewMatrix(L"other", read);
+    EXPECT_TRUE(read == CVekMatrix3d());
+    app.viewMatrix(L"Ansicht", read);
+    EXPECT_TRUE(read == view);
+    EXPECT_FALSE(app.imageObject(nullptr, nullptr, nullptr));
+    app.imageObjectSet([](CVekGDX*, CVekDataItem* object, CVekDataItem*) { return object != nullptr; });
+    CVekDataItem object;
+    EXPECT_TRUE(app.imageObject(nullptr, &object, nullptr));
+}
+
+TEST(NoHost, ReportsFailure)
+{
+    CVekApp* app = vekAppPtr();
+    EXPECT_EQ(app->defaultUnit(), 2);
+    VekPatternLines lines;
+    lines[0].append(1.0);
+    app->hatchPatternGet(L"ANSI31", lines);
+    EXPECT_EQ(lines.len(), 0);
+    VEK::CAdsName name;
+    EXPECT_FALSE(app->namedDataObject(name, L"HOLE", true));
+    EXPECT_FALSE(app->imageObject(nullptr, nullptr, nullptr));
+    VEK::CUniqResbuf result;
+    EXPECT_NE(app->callFunction(L"x", nullptr, result), 5100);
+    EXPECT_FALSE(VEK::dtaOpen(3, 3, name, nullptr, nullptr));
+    CVekLocalApp own;
+    EXPECT_EQ(vekAppSet(&own), app);
+    EXPECT_EQ(vekAppSet(nullptr), &own);
+    EXPECT_EQ(vekAppPtr(), app);
+}
+
+TEST_F(ConfigTest, IsSetWhereItIsRead)
+{
+    EXPECT_FALSE(VEK::cfg_get(L"*T*\\BT"));
+    const CVekDataKey key(5005, L"*T*", 5005, L"BT", 0);
+    EXPECT_TRUE(VEK::cfgSet(&key, CVekString(L"Loch 1")));
+    EXPECT_TRUE(*VEK::cfg_get(L"*T*\\BT")->peek<CVekString>() == L"Loch 1");
+    EXPECT_EQ(VEK::cfg_get(&key), VEK::cfg_get(L"*T*\\BT"));
+    const CVekDataKey root(5020, L"*APPL*", 0);
+    EXPECT_TRUE(VEK::cfgSet(&root, L"vek"));
+    EXPECT_TRUE(*VEK::cfg_get(L"*APPL*")->peek<CVekString>() == L"vek");
+    EXPECT_FALSE(VEK::cfgSet(nullptr, L"x"));
+    const CVekDataKey number(5003, 1, 0);
+    EXPECT_FALSE(VEK::cfgSet(&number, L"x"));
+    const CVekDataItem* fresh = VEK::cfg_dir_make(L"*NEW*");
+    EXPECT_EQ(VEK::cfg_get(L"*NEW*"), fresh);
+    EXPECT_TRUE(fresh->isDir());
+    EXPECT_TRUE(VEK::cfgMgrPtr()->getCfgRoot(L"*NEW*")->getItem(&root));
+}
+
+TEST_F(ConfigTest, IsPutBackByTheGuard)
+{
+    VEK::dataSet(VEK::cfg_dir_make(L"*T*"), L"A", 1);
+    {
+        VEK::CCfgBackup guard(true);
+        guard.attach(L"*T*\\A");
+        guard.attach(L"*U*\\B\\C");
+        VEK::dataSet(VEK::cfg_get(L"*T*"), L"A", 2);
+        VEK::dataSet(VEK::cfg_get(L"*T*"), L"KEPT", 3);
+        VEK::dataSet(VEK::cfg_dir_make(L"*U*"), L"B\\C", 4);
+    }
+    EXPECT_EQ(*VEK::cfg_get(L"*T*\\A")->peek<int>(), 1);
+    EXPECT_TRUE(VEK::cfg_get(L"*T*\\KEPT"));
+    EXPECT_FALSE(VEK::cfg_get(L"*U*"));
+    {
+        VEK::CCfgBackup guard(true);
+        guard.attach(L"*T*");
+        VEK::cfgMgrPtr()->tree()->remove(L"*T*");
+    }
+    EXPECT_EQ(*VEK::cfg_get(L"*T*\\A")->peek<int>(), 1);
+    {
+        VEK::CCfgBackup guard(false);
+        guard.attach(L"*T*");
+        VEK::dataSet(VEK::cfg_get(L"*T*"), L"A", 2);
+    }
+    EXPECT_EQ(*VEK::cfg_get(L"*T*\\A")->peek<int>(), 2);
+}
+
+TEST_F(ConfigTest, HoldsTranslations)
+{
+    VEK::dataSet(VEK::cfg_dir_make(L"*MSG*"), L"VEK_\\en\\DLG_002", L"Cancel");
+    EXPECT_TRUE(vek_msg_get(L"VEK_", L"DLG_002", L"Abbrechen", L"EN") == L"Cancel");
+    EXPECT_TRUE(vek_msg_get(L"VEK_", L"DLG_002", L"Abbrechen", L"fr") == L"Abbrechen");
+    EXPECT_TRUE(vek_msg_get(L"VEK_", L"DLG_001", L"OK", L"en") == L"OK");
+    EXPECT_TRUE(vek_msg_get(nullptr, nullptr, nullptr, nullptr) == L"");
+    EXPECT_STREQ(VEK::msgLangSet(nullptr), L"de");
+    EXPECT_STREQ(VEK::msgLangSet(L"en"), L"de");
+    EXPECT_TRUE(vek_msg_get(L"VEK_", L"DLG_002", L"Abbrechen", nullptr) == L"Cancel");
+    EXPECT_STREQ(VEK::msgLangSet(L"de"), L"en");
+}
+
+TEST_F(ConfigTest, FindsFilesAndHelp)
+{
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "vek_find_test";
+    std::filesystem::create_directories(folder / "sub");
+    std::ofstream(folder / "Kontur.chm") << "x";
+    CVekArrayTempl<CVekString> folders;
+    folders.append(CVekString(L"no such folder"));
+    folders.append(CVekString(folder.wstring().c_str()));
+    VEK::filePathSet(folders);
+    CVekString path(L"before");
+    EXPECT_FALSE(VEK::fileFind(path, L"Nichts.sld"));
+    EXPECT_FALSE(VEK::fileFind(path, L"sub"));
+    EXPECT_FALSE(VEK::fileFind(path, L""));
+    EXPECT_FALSE(VEK::fileFind(path, nullptr));
+    EXPECT_TRUE(path == L"before");
+    EXPECT_TRUE(VEK::fileFind(path, L"Kontur.chm"));
+    EXPECT_TRUE(std::filesystem::equivalent(std::wstring(path), folder / "Kontur.chm"));
+    CVekString again;
+    EXPECT_TRUE(VEK::fileFind(again, path));
+    CVekString help;
+    EXPECT_TRUE(VEK::help_find(L"Kontur", help));
+    EXPECT_TRUE(help == path);
+    VEK::dataSet(VEK::cfg_dir_make(L"*HELP*"), L"Kontur", L"https://example.org/<topic>");
+    EXPECT_TRUE(VEK::help_find(L"Kontur", help));
+    EXPECT_TRUE(help == L"https://example.org/<topic>");
+    EXPECT_FALSE(VEK::help_find(L"Vek", help));
+    VEK::filePathSet({});
+    std::filesystem::remove_all(folder);
+}
+
+TEST(Label, GivesBackEveryText)
+{
+    const wchar_t* const texts[] = {L"\\", L"\\\\", L"\\en:x", L"a\\b\\", L"x\ny\n", L"a:b", L"\\:", L"Tür"};
+    for (const wchar_t* first : texts) {
+        for (const wchar_t* second : texts) {
+            CVekString label;
+            VEK::label_set(label, first, L"de");
+            const wchar_t* whole = VEK::label_set(label, second, L"en");
+            EXPECT_STREQ(whole, label);
+            CVekString out;
+            EXPECT_TRUE(VEK::label_get(out, label, L"DE", false));
+            EXPECT_TRUE(out == first);
+            EXPECT_TRUE(VEK::label_get(out, label, L"en", false));
+            EXPECT_TRUE(out == second);
+        }
+    }
+}
+
+TEST(Label, KnowsItsLanguages)
+{
+    CVekString label(L"Fenster");
+    CVekString out;
+    EXPECT_TRUE(VEK::label_get(out, label, L"fr", false)) << "a plain text is the same in every language";
+    EXPECT_TRUE(out == L"Fenster");
+    VEK::label_set(label, L"window", L"en");
+    EXPECT_EQ(static_cast<const wchar_t*>(label)[0], L'\\');
+    EXPECT_TRUE(VEK::label_get(out, label, nullptr, false));
+    EXPECT_TRUE(out == L"Fenster");
+    EXPECT_FALSE(VEK::label_get(out, label, L"fr", false));
+    EXPECT_TRUE(VEK::label_get(out, label, L"fr", true));
+    EXPECT_TRUE(out == L"Fenster");
+    VEK::label_set(label, L"", L"de");
+    EXPECT_TRUE(VEK::label_get(out, label, L"fr", true));
+    EXPECT_TRUE(out == L"window");
+    VEK::label_set(label, nullptr, L"en");
+    EXPECT_TRUE(label.isNull());
+    EXPECT_FALSE(VEK::label_get(out, label, L"en", true));
+    for (const wchar_t* broken : {L"\\", L"\\de", L"\\d\\e:x", L"\\\\"})
+        EXPECT_FALSE(VEK::label_get(out, broken, L"de", true)) << broken;
+    VEK::label_set(label, L"x", L"d:e");
+    EXPECT_TRUE(label.isNull());
+}
+
+TEST_F(ConfigTest, HoldsMaterials)
+{
+    CVekDataItem* library = VEK::cfg_dir_make(L"*MAT*");
+    VEK::dataSet(library, L"ALU\\LABEL", L"\\de:Aluminium\\en:Aluminium alloy");
+    CVekArrayTempl<CVekString> subs;
+    subs.append(CVekString(L"ALU_6060"));
+    VEK::dataSet(library, L"ALU\\SUBS", subs);
+    VEK::dataSet(library, L"ALU\\PHYS", L"ALU_6060");
+    VEK::dataSet(library, L"ALU_6060\\SUB", true);
+    VEK::dataSet(library, L"ALU_6060\\PHYS\\density", 2.7);
+    VEK::dataSet(library, L"ALU_6060\\EDGE", subs);
+    library->makeDir(L"STAHL");
+    VEK::CAdsName name;
+    app.namedDataObject(name, L"MAT", true);
+    VEK::dataSet(app.dataObject(name), L"STAHL\\EDGE", L"ALU_6060");
+
+    const VEK::CMatMgr materials;
+    CVekArrayTempl<CVekString> keys;
+    materials.matDrawAll(keys, false);
+    EXPECT_TRUE(VEK::implode(keys, L" ") == L"ALU STAHL");
+    materials.matDrawAll(keys, true);
+    EXPECT_TRUE(VEK::implode(keys, L" ") == L"STAHL");
+    EXPECT_TRUE(materials.isShadowMat(L"STAHL"));
+    EXPECT_FALSE(materials.isShadowMat(L"ALU"));
+    EXPECT_TRUE(materials.matLabel(L"ALU", L"en") == L"Aluminium alloy");
+    EXPECT_TRUE(materials.matLabel(L"STAHL", L"en") == L"");
+    VEK::CMatProp prop;
+    EXPECT_FALSE(materials.propGet(L"HOLZ", prop));
+    EXPECT_FALSE(materials.propGet(nullptr, prop));
+    ASSERT_TRUE(materials.propGet(L"ALU", prop));
+    EXPECT_TRUE(prop.subKeys == subs);
+    EXPECT_EQ(prop.physKind, VEK::matReference);
+    EXPECT_TRUE(prop.physRef == L"ALU_6060");
+    EXPECT_EQ(prop.edgeKind, VEK::matNone);
+    ASSERT_TRUE(materials.propGet(prop.physRef, prop));
+    EXPECT_EQ(prop.physKind, VEK::matOwn);
+    ASSERT_TRUE(prop.phys.get(CVekString(L"DENSITY")));
+    EXPECT_EQ(*prop.phys.get(CVekString(L"DENSITY")), 2.7);
+    EXPECT_EQ(prop.edgeKind, VEK::matOwn);
+    ASSERT_TRUE(materials.propGet(L"STAHL", prop));
+    EXPECT_EQ(prop.edgeKind, VEK::matReference);
+    EXPECT_TRUE(prop.edgeRef == L"ALU_6060");
+    EXPECT_EQ(prop.subKeys.len(), 0);
+}
