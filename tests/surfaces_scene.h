@@ -5,7 +5,8 @@
 
 #include <iterator>
 
-inline void drawScene(VEK::CSurface& surface)
+/// @param ellipses some players make them a pixel too small
+inline void drawScene(VEK::CSurface& surface, bool ellipses)
 {
     using Point = VEK::SurfacePoint;
     constexpr unsigned kRed = 0x0000FF, kGreen = 0x008000, kBlue = 0xFF0000;
@@ -41,11 +42,13 @@ inline void drawScene(VEK::CSurface& surface)
     surface.pen(1, kRed);
     surface.noBrush();
     surface.rectangle(260, 60, 300, 100);
-    surface.ellipse(300, 130, 260, 110);
+    if (ellipses)
+        surface.ellipse(300, 130, 260, 110);
     surface.brush(kGreen);
     surface.rectangle(30, 150, 70, 190);
     surface.pen(3, kBlue);
-    surface.ellipse(90, 150, 150, 190);
+    if (ellipses)
+        surface.ellipse(90, 150, 150, 190);
 
     surface.solidRect(170, 150, 40, 40, kRed);
     surface.pixel(230, 170, kGreen);
@@ -56,4 +59,9 @@ inline void drawScene(VEK::CSurface& surface)
         surface.moveTo(20 + 4 * i, 200);
         surface.lineTo(60 + 4 * i, 230);
     }
+}
+
+inline void drawScene(VEK::CSurface& surface)
+{
+    drawScene(surface, true);
 }

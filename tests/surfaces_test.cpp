@@ -65,6 +65,7 @@ void line(CSurface& s, double x1, double y1, double x2, double y2)
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 const std::string kPlain = ": pen 1 #000000, brush #ffffff, clip all\n";
+const Calls kScene = [](CSurface& s) { drawScene(s); };
 using Quad = std::array<std::int32_t, 4>;
 
 TEST(Recorder, KeepsCallsAsTextAndAsValues)
@@ -362,9 +363,9 @@ TEST(Svg, NothingButFiniteNumbers)
 
 TEST(FileSurfaces, SameCallsSameBytes)
 {
-    EXPECT_EQ(emfBytes(drawScene), emfBytes(drawScene));
-    EXPECT_EQ(svgBytes(drawScene), svgBytes(drawScene));
-    EXPECT_EQ(emf(drawScene).bounds, (Quad{2, 2, 319, 237}));
+    EXPECT_EQ(emfBytes(kScene), emfBytes(kScene));
+    EXPECT_EQ(svgBytes(kScene), svgBytes(kScene));
+    EXPECT_EQ(emf(kScene).bounds, (Quad{2, 2, 319, 237}));
 }
 
 class Files : public testing::Test
@@ -405,7 +406,7 @@ TEST_F(Files, AppearCompleteOrNotAtAll)
         EXPECT_FALSE(surface->finish());
     }
     EXPECT_EQ(entries(), 1u);
-    EXPECT_EQ(contentOf(path), emfBytes(drawScene));
+    EXPECT_EQ(contentOf(path), emfBytes(kScene));
 }
 
 TEST_F(Files, FailureLeavesTheOldFile)
