@@ -42,13 +42,15 @@ function(vek_wine_filter program filter)
   return(PROPAGATE ${filter})
 endfunction()
 
-# vek_test(room [target...]): the program of a room's tests and the libraries that it links beside the room's own.
+# vek_test(room [target...]): the program of a room's tests and the libraries that it links beside the room's own. Tests
+# that need Windows lie in tests/window/ and belong to the same program there.
 function(vek_test room)
   set(program ${room}_test)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${room}_test.cpp
        ${CMAKE_CURRENT_SOURCE_DIR}/${room}_*_test.cpp)
+  file(GLOB windowed CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/window/${room}_*_test.cpp)
+  set_property(GLOBAL APPEND PROPERTY VEK_TEST_SOURCES ${sources} ${windowed})
   if(WIN32)
-    file(GLOB windowed CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/window/${room}_*_test.cpp)
     list(APPEND sources ${windowed})
   endif()
   if(NOT sources)
@@ -64,13 +66,12 @@ function(vek_test room)
   vek_wine_filter(${program} filter)
   vek_add_test(${program} ${program} KIND gtest COMMAND
                ${program} --gtest_output=xml:results/${program}.xml ${filter})
-  set_property(GLOBAL APPEND PROPERTY VEK_TEST_SOURCES ${sources})
   set(VEK_TEST_PROGRAMS ${VEK_TEST_PROGRAMS} ${program} PARENT_SCOPE)
 endfunction()
 
 # A test source that no program takes would never run, and nobody would notice.
 function(vek_all_tests_run)
-  file(GLOB all CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp)
+  file(GLOB all CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp ${CMAKE_CURRENT_SOURCE_DIR}/window/*_test.cpp)
   get_property(taken GLOBAL PROPERTY VEK_TEST_SOURCES)
   list(REMOVE_ITEM all ${taken})
   if(all)

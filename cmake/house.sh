@@ -20,7 +20,8 @@ missing_packages() {
 }
 
 apt_install() {
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@" </dev/null
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
+        -o Dpkg::Options::=--force-unsafe-io "$@" </dev/null
 }
 
 # install_packages KIND...: installs what is missing; package lists are fetched only when those at hand do not do.
