@@ -1,0 +1,333 @@
+#include "slide_bytes.h"
+#include "slide_writer.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace slide_test;
+using Records = std::vector<std::string>;
+
+TEST(SlideHeader, IdentificationTextIsNotLookedAt)
+{
+    Log log;
+    EXPECT_TRUE(VEK::SlideReader().read(withWords(littleHeader(), {1, 2, 3, 4, 0xFC00}), log));
+    EXPECT_EQ(log.records, Records{"L 1,2 3,4"});
+}
+
+TEST(SlideHeader, LevelDecides)
+{
+    for (const int level : {0, 3, 255}) {
+        Bytes slide = withWords(littleHeader(), {1, 2, 3, 4});
+        slide[18] = static_cast<unsigned char>(level);
+        Log log;
+        EXPECT_FALSE(VEK::SlideReader().read(slide, log)) << level;
+        EXPECT_EQ(log.hiX, -1) << level;
+    }
+    Log log;
+    EXPECT_FALSE(VEK::SlideReader().read({}, log));
+    EXPECT_FALSE(VEK::SlideReader().read(VEK::SlideBytes(littleHeader()).first(18), log));
+}
+
+TEST(SlideHeader, HighestPointInTheByteOrderOfTheSlide)
+{
+    Log little, big, unknown;
+    VEK::SlideReader reader;
+    EXPECT_TRUE(reader.read(littleHeader(), little));
+    EXPECT_EQ(reader.byteOrder(), 0x1234u);
+    EXPECT_EQ(little.hiX, 256);
+    EXPECT_EQ(little.hiY, 512);
+    EXPECT_TRUE(reader.read(bigHeader(), big));
+    EXPECT_EQ(reader.byteOrder(), 0x3412u);
+    EXPECT_EQ(big.hiX, 256);
+    EXPECT_EQ(big.hiY, 512);
+
+    // A word that is neither: the highest point high byte first, the records low byte first.
+    Bytes slide = littleHeader();
+    slide[29] = 0x77;
+    EXPECT_TRUE(reader.read(withWords(slide, {1, 2, 3, 4}), unknown));
+    EXPECT_EQ(unknown.hiX, 0x0001);
+    EXPECT_EQ(unknown.hiY, 0x0002);
+    EXPECT_EQ(unknown.records, Records{"L 1,2 3,4"});
+}
+
+TEST(SlideHeader, VisitorMayStopThere)
+{
+    struct Stopper : Log {
+        bool start(int, int) override { return false; }
+    } stopper;
+    EXPECT_TRUE(VEK::SlideReader().read(withWords(littleHeader(), {1, 2, 3, 4}), stopper));
+    EXPECT_TRUE(stopper.records.empty());
+}
+
+TEST(SlideLevelOne, InheritsTheByteOrderOfTheLastSlide)
+{
+    const Bytes slide = withWords(oldHeader({0x01, 0x02, 0x03, 0x04}), {0x0100, 0x0200, 0x0300, 0x0400, 0xFCFC});
+    const auto readAfter = [&](const Bytes& before) {
+        VEK::SlideReader reader;
+        Log ignored;
+        if (!before.empty())
+            reader.read(before, ignored);
+        auto log = std::make_unique<Log>();
+        EXPECT_TRUE(reader.read(slide, *log));
+        return log;
+    };
+    const auto fresh = readAfter({});
+    EXPECT_EQ(fresh->hiX, 0x0102);
+    EXPECT_EQ(fresh->hiY, 0x0304);
+    EXPECT_EQ(fresh->records, Records{"L 256,512 768,1024"});
+
+    const auto afterLittle = readAfter(littleHeader());
+    EXPECT_EQ(afterLittle->hiX, 0x0201);
+    EXPECT_EQ(afterLittle->hiY, 0x0403);
+    EXPECT_EQ(afterLittle->records, Records{"L 256,512 768,1024"});
+
+    const auto afterBig = readAfter(bigHeader());
+    EXPECT_EQ(afterBig->hiX, 0x0102);
+    EXPECT_EQ(afterBig->hiY, 0x0304);
+    EXPECT_EQ(afterBig->records, Records{"L 1,2 3,4"});
+}
+
+TEST(SlideRecords, EachKindInBothByteOrders)
+{
+    // A vector, a colour, a common-endpoint vector of (-1, 2), an offset vector of (3, -4) and (-5, 6).
+    const Records expected = {"L 10,20 -30,40", "C 5", "L 10,20 9,22", "L 12,18 4,28"};
+    Bytes little = littleHeader();
+    little += {10, 0, 20, 0, 0xE2, 0xFF, 40, 0};
+    little += {5, 0xFF};
+    little += {0xFF, 0xFE, 2};
+    little += {3, 0xFB, 0xFC, 0xFB, 6};
+    little += {0, 0xFC};
+    EXPECT_EQ(read(little), expected);
+
+    Bytes big = bigHeader();
+    big += {0, 10, 0, 20, 0xFF, 0xE2, 0, 40};
+    big += {0xFF, 5};
+    big += {0xFE, 0xFF, 2};
+    big += {0xFB, 3, 0xFC, 0xFB, 6};
+    big += {0xFC, 0};
+    EXPECT_EQ(read(big), expected);
+}
+
+TEST(SlideRecords, LastPointIsTheStartOfALineButTheEndOfACommonEndpointVector)
+{
+    Bytes slide = withWords(littleHeader(), {100, 200, 300, 400});
+    slide += {1, 0xFE, 1};        // from the start of the vector
+    slide += {1, 0xFE, 1};        // from the end of the one before
+    slide += {10, 0xFB, 0, 0, 0}; // starts 10 to the right of that
+    slide += {0, 0xFE, 5};        // from the start of the offset vector
+    EXPECT_EQ(read(slide), (Records{"L 100,200 300,400", "L 100,200 101,201", "L 101,201 102,202", "L 112,202 102,202",
+                                    "L 112,202 112,207"}));
+}
+
+TEST(SlideRecords, LastPointHasSixteenBits)
+{
+    Bytes slide = withWords(littleHeader(), {0x7FFF, 0x8000, 0, 0});
+    slide += {1, 0xFE, 0xFF, 0, 0xFE, 0};
+    EXPECT_EQ(read(slide),
+              (Records{"L 32767,-32768 0,0", "L 32767,-32768 32768,-32769", "L -32768,32767 -32768,32767"}));
+}
+
+TEST(SlideRecords, EndAtTheMarkAndAtAnyOtherWordWithTheTopBit)
+{
+    for (const int end : {0xFC00, 0xFC7F, 0x8000, 0xFA00, 0xFD01, 0xFDFF}) {
+        const Bytes slide = withWords(littleHeader(), {1, 2, 3, 4, end, 5, 6, 7, 8});
+        EXPECT_EQ(read(slide), Records{"L 1,2 3,4"}) << end;
+    }
+}
+
+TEST(SlideFill, EndsAtItsTerminatorWhicheverWayItIsCounted)
+{
+    const Records expected = {"F 1,2 3,4 5,6 1,2", "L 7,8 9,10"};
+    // The count leaves the terminator out, or counts it in.
+    EXPECT_EQ(read(withWords(littleHeader(),
+                             {0xFD00, 3, -1, 0xFD00, 1, 2, 0xFD00, 3, 4, 0xFD00, 5, 6, 0xFD00, 1, -2, 7, 8, 9, 10})),
+              expected);
+    EXPECT_EQ(read(withWords(littleHeader(),
+                             {0xFD00, 4, -1, 0xFD00, 1, 2, 0xFD00, 3, 4, 0xFD00, 5, 6, 0xFD00, 1, -2, 7, 8, 9, 10})),
+              expected);
+    // A count that is far too large does not matter then.
+    EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, 0xFFFF, -1, 0xFD00, 1, 2, 0xFD00, 3, 4, 0xFD00, 5, 6, 0xFD00, 1,
+                                              -2, 7, 8, 9, 10})),
+              expected);
+}
+
+TEST(SlideFill, OfOnePointAndOfNone)
+{
+    const Records expected = {"F 1,2 1,2", "L 7,8 9,10"};
+    for (const int count : {0, 1})
+        EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, count, -1, 0xFD00, 1, 2, 0xFD00, 1, -2, 7, 8, 9, 10})),
+                  expected);
+    // With a negative y the only point is its own terminator.
+    EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, 1, -1, 0xFD00, 1, -2, 7, 8, 9, 10})),
+              (Records{"F 1,-2 1,-2", "L 7,8 9,10"}));
+}
+
+TEST(SlideFill, LastPointStays)
+{
+    Bytes slide = withWords(littleHeader(), {50, 60, 0, 0, 0xFD00, 2, -1, 0xFD00, 1, 2, 0xFD00, 3, 4, 0xFD00, 1, -2});
+    slide += {1, 0xFE, 1};
+    EXPECT_EQ(read(slide), (Records{"L 50,60 0,0", "F 1,2 3,4 1,2", "L 50,60 51,61"}));
+}
+
+TEST(SlideEndOfData, MissingWordsReadAsTheEndMarkAndMissingBytesAsZero)
+{
+    // 0xFCFC is -772 as a coordinate. A byte that is left over is no word.
+    EXPECT_EQ(read(withWords(littleHeader(), {5})), Records{"L 5,-772 -772,-772"});
+    EXPECT_EQ(read(withWords(littleHeader(), {5, 6})), Records{"L 5,6 -772,-772"});
+    Bytes slide = withWords(littleHeader(), {5, 6});
+    slide += {7};
+    EXPECT_EQ(read(slide), Records{"L 5,6 -772,-772"});
+
+    slide = littleHeader();
+    slide += {9, 0xFE};
+    EXPECT_EQ(read(slide), Records{"L 0,0 9,0"});
+    slide = littleHeader();
+    slide += {9, 0xFB, 8};
+    EXPECT_EQ(read(slide), Records{"L 9,8 0,0"});
+}
+
+TEST(SlideEndOfData, FillThatPromisesMuchTakesNothing)
+{
+    EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, 0xFFFF})), Records{"F -772,-772 -772,-772"});
+    EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, 0xFFFF, -1, 0xFD00, 1, 2, 0xFD00, 3, 4})),
+              Records{"F 1,2 3,4 1,2"});
+}
+
+TEST(SlideEndOfData, CutAnywhereLeavesWhatWasRead)
+{
+    for (const auto format : {slides::Format::level1, slides::Format::level2Little, slides::Format::level2Big}) {
+        slides::SlideWriter writer(format, 1000, 1000);
+        for (int i = 0; i < 5; ++i) {
+            writer.color(i);
+            writer.vector({10 * i, 20}, {300, 400 + i});
+            writer.endpointVector({3, -7});
+            writer.offsetVector({1, 2}, {-3, 4});
+            writer.fill({{1, 2}, {30, 4}, {50, 60}, {i, 8}});
+        }
+        const Bytes slide = writer.finish();
+        const Records whole = read(slide);
+        ASSERT_EQ(whole.size(), 25u);
+        std::size_t most = 0;
+        for (std::size_t length = 0; length < slide.size(); ++length) {
+            const Records part = read(Bytes(slide.begin(), slide.begin() + static_cast<std::ptrdiff_t>(length)));
+            ASSERT_LE(part.size(), whole.size());
+            ASSERT_GE(part.size(), most) << length; // more data never tell less
+            most = part.size();
+            for (std::size_t i = 0; i + 1 < part.size(); ++i)
+                ASSERT_EQ(part[i], whole[i]) << length;
+        }
+        EXPECT_EQ(most, whole.size());
+    }
+}
+
+TEST(SlideEndOfData, GarbageEndsAndTellsNoMoreThanItHolds)
+{
+    std::mt19937 random(7);
+    for (int round = 0; round < 2000; ++round) {
+        Bytes slide(random() % 400);
+        for (unsigned char& byte : slide)
+            byte = static_cast<unsigned char>(round % 2 ? random() : random() % 4 + 0xFB);
+        if (slide.size() > 18)
+            slide[18] = static_cast<unsigned char>(1 + random() % 2);
+        Log log;
+        VEK::SlideReader().read(slide, log);
+        std::size_t told = 0;
+        for (const std::string& record : log.records)
+            told += record[0] == 'F' ? static_cast<std::size_t>(std::count(record.begin(), record.end(), ',')) : 1;
+        ASSERT_LE(told, slide.size() + 2);
+    }
+}
+
+TEST(SlideWriterAndReader, AgreeOnRandomSlides)
+{
+    using slides::Format;
+    for (const Format format : {Format::level1, Format::level2Little, Format::level2Big}) {
+        std::mt19937 random(11);
+        const auto at = [&](int range) { return static_cast<int>(random() % static_cast<unsigned>(range)); };
+        slides::SlideWriter writer(format, 3000, 2000);
+        Records expected;
+        for (int i = 0; i < 500; ++i) {
+            // Half of the lines are short and begin near the point before, so that every form of line is used.
+            const slides::Point last = writer.lastPoint();
+            const slides::Point from =
+                at(3) ? slides::Point{std::max(0, last.x + at(90) - 45), std::max(0, last.y)} : last;
+            const slides::Point to =
+                at(2) ? slides::Point{at(3000), at(2000)} : slides::Point{from.x + at(60), from.y + at(60)};
+            writer.line(from, to);
+            expected.push_back("L" + Log::text({from.x, from.y}) + Log::text({to.x, to.y}));
+            if (i % 10 == 0) {
+                writer.color(i % 256);
+                expected.push_back("C " + std::to_string(i % 256));
+                writer.fill({{i, 1}, {i + 5, 1}, {i, 7}});
+                const std::string first = Log::text({i, 1});
+                expected.push_back("F" + first + Log::text({i + 5, 1}) + Log::text({i, 7}) + first);
+            }
+        }
+        Log log;
+        EXPECT_TRUE(VEK::SlideReader().read(writer.finish(), log));
+        EXPECT_EQ(log.records, expected);
+        EXPECT_EQ(log.hiX, 3000);
+        EXPECT_EQ(log.hiY, 2000);
+    }
+}
+
+TEST(SlideMapping, FitsAndCentres)
+{
+    VEK::SlideMapping mapping;
+    ASSERT_TRUE(mapping.set(0, 0, 101, 51, 100, 50));
+    EXPECT_EQ(mapping.map({0, 0}), (VEK::SlidePoint{0, 50}));
+    EXPECT_EQ(mapping.map({100, 50}), (VEK::SlidePoint{100, 0}));
+
+    // Twice as wide as needed: 103 pixels are left, half of them on each side, rounded down. The place does not count.
+    ASSERT_TRUE(mapping.set(10, 20, 214, 71, 100, 50));
+    EXPECT_EQ(mapping.map({0, 0}), (VEK::SlidePoint{51, 50}));
+
+    // Half the scale: what lies between two pixels is cut towards zero.
+    ASSERT_TRUE(mapping.set(0, 0, 51, 26, 100, 50));
+    EXPECT_EQ(mapping.map({3, 47}), (VEK::SlidePoint{1, 1}));
+    EXPECT_EQ(mapping.map({-3, 53}), (VEK::SlidePoint{-1, -1}));
+}
+
+TEST(SlideMapping, RefusesASlideWithoutExtent)
+{
+    VEK::SlideMapping mapping;
+    EXPECT_FALSE(mapping.set(0, 0, 100, 100, 0, 50));
+    EXPECT_FALSE(mapping.set(0, 0, 100, 100, 50, 0));
+    EXPECT_EQ(mapping.scale, 0.0);
+    // A rectangle of nothing, and one beyond all pixels, still map to numbers.
+    EXPECT_TRUE(mapping.set(0, 0, 0, 0, 100, 50));
+    EXPECT_TRUE(mapping.set(-2147483647, -2147483647, 2147483647, 2147483647, 1, 1));
+    EXPECT_EQ(mapping.map({98302, 0}).x, 2147483647);
+}
+
+struct ColorCase {
+    int index, red, green, blue;
+};
+
+TEST(SlideColor, IsComputedFromTheIndex)
+{
+    const ColorCase cases[] = {
+        {0, 0, 0, 0},       {1, 255, 0, 0},      {2, 255, 255, 0},     {3, 0, 255, 0},       {4, 0, 255, 255},
+        {5, 0, 0, 255},     {6, 255, 0, 255},    {7, 255, 255, 255},   {8, 127, 127, 127},   {9, 191, 191, 191},
+        {10, 255, 0, 0},    {11, 255, 127, 127}, {12, 165, 0, 0},      {14, 127, 0, 0},      {16, 76, 0, 0},
+        {18, 51, 0, 0},     {19, 51, 25, 25},    {20, 255, 63, 0},     {30, 255, 127, 0},    {50, 255, 255, 0},
+        {60, 191, 255, 0},  {90, 0, 255, 0},     {100, 0, 255, 63},    {130, 0, 255, 255},   {140, 0, 191, 255},
+        {155, 63, 95, 127}, {170, 0, 0, 255},    {180, 63, 0, 255},    {210, 255, 0, 255},   {240, 255, 0, 63},
+        {249, 51, 25, 31},  {250, 84, 84, 84},   {251, 119, 119, 119}, {255, 255, 255, 255},
+    };
+    for (const ColorCase& c : cases) {
+        const auto expected = static_cast<unsigned long>(c.red | c.green << 8 | c.blue << 16);
+        EXPECT_EQ(VEK::acadRGB(c.index), expected) << c.index;
+    }
+    EXPECT_EQ(VEK::acadRGB(-1), 0u);
+    EXPECT_EQ(VEK::acadRGB(100000), 0xFFFFFFu);
+}
+
+TEST(SlideColor, ForegroundShowsOnWhite)
+{
+    EXPECT_EQ(VEK::slideColor(7, 7), 0);
+    EXPECT_EQ(VEK::slideColor(7, 0), 7);
+    EXPECT_EQ(VEK::slideColor(3, 7), 3);
+    EXPECT_EQ(VEK::slideColor(0, 7), 0);
+}
