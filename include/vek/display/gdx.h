@@ -254,7 +254,8 @@ protected:
 
 private:
     void add(CVekDisplayItem&& item);
-    void mergeExtents(CVekDisplayItem& item, const CVekMatrix3d& view);
+    void mergeExtents(const CVekDisplayItem& item, const CVekMatrix3d& view);
+    void mergeCorners(const CVekPoint3d& min, const CVekPoint3d& max);
     bool flagChange(int i, int code);
     template <class Change>
     bool forGroup(const Stack& stack, Change change);

@@ -1,0 +1,144 @@
+// Emission: the write interface of a display object.
+
+#include <vek/data.h>
+#include <vek/display/gdx.h>
+#include <vek/draw/text.h>
+
+namespace
+{
+
+CVekArrayTempl<double> oneValue(double value)
+{
+    CVekArrayTempl<double> list;
+    list.append(value);
+    return list;
+}
+
+CVekDisplayItem newItem(VekDisplayObj type, const CVekArrayTempl<int>& stack, unsigned long flag)
+{
+    CVekDisplayItem item;
+    item.type = type;
+    item.flag = static_cast<unsigned>(flag);
+    item.stack = stack;
+    return item;
+}
+
+/// Point and text items have their point elsewhere in use, so they keep the reference point as a vertex.
+void keepReference(CVekDisplayItem& item, const CVekPoint3d& refPoint)
+{
+    if (item.flag & itemScreenFixed)
+        item.vl.append(CVekVertex(refPoint, CVekPoint3d::kOrigin, 0.0));
+}
+
+void setPen(CVekDisplayItem& item, const CVekArrayTempl<double>& linetype, double ltscale, unsigned long thickn,
+            const CVekPoint3d& refPoint)
+{
+    if (linetype.len() > 0)
+        item.linetype = linetype;
+    else
+        item.linetype.append(1.0);
+    item.ltscale = ltscale;
+    item.thickn = static_cast<int>(thickn);
+    if (item.flag & itemScreenFixed)
+        item.point = refPoint;
+}
+
+} // namespace
+
+void CVekGDX::add(CVekDisplayItem&& item)
+{
+    if (item.type != dispPicture && item.hasExtents())
+        mergeExtents(item, projMtx * viewDirectionMtx);
+    displayList.append(std::move(item));
+}
+
+void CVekGDX::imagePt(const Stack& stack, unsigned long flag, const CVekPoint3d& point, const CVekColor& color,
+                      const CVekMatrix3d& mtx, double pointSize, unsigned long pointMode, const CVekPoint3d& refPoint)
+{
+    CVekDisplayItem item = newItem(dispPoint, stack, flag);
+    item.color = color;
+    item.mtx = mtx;
+    item.point = point;
+    item.pdMode = static_cast<unsigned>(pointMode);
+    item.pdSize = pointSize;
+    keepReference(item, refPoint);
+    add(std::move(item));
+}
+
+void CVekGDX::imageVl(const Stack& stack, unsigned long flag, const CVekVertexArray& vl, const CVekColor& color,
+                      const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale,
+                      unsigned long thickn, const CVekPoint3d& refPoint)
+{
+    CVekDisplayItem item = newItem(dispPolyline, stack, flag);
+    item.color = color;
+    item.mtx = mtx;
+    item.vl = vl;
+    setPen(item, linetype, ltscale, thickn, refPoint);
+    add(std::move(item));
+}
+
+void CVekGDX::imageReg(const Stack& stack, unsigned long flag, const Region& reg, const CVekColor& color,
+                       const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale,
+                       unsigned long thickn, const CVekColor& fcolor, const VEK::CHatchProp& hatch,
+                       const CVekPoint3d& refPoint)
+{
+    CVekDisplayItem item = newItem(dispRegion, stack, flag);
+    item.color = color;
+    item.mtx = mtx;
+    item.reg = reg;
+    setPen(item, linetype, ltscale, thickn, refPoint);
+    if (flag & (itemFill | itemHatch))
+        item.fcolor = fcolor.colorIndex() >= 0 ? fcolor : color;
+    item.hatch = hatch;
+    add(std::move(item));
+}
+
+void CVekGDX::imagePicture(const Stack& stack, unsigned long flag, const wchar_t* file, int id,
+                           const CVekPoint3d& corner1, const CVekPoint3d& corner2)
+{
+    CVekDisplayItem item = newItem(dispPicture, stack, flag);
+    item.txt = file;
+    item.pdMode = static_cast<unsigned>(id);
+    if (corner1 != corner2)
+        item.vl.append(CVekVertex(corner1, corner2, 0.0));
+    add(std::move(item));
+}
+
+void CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const wchar_t* text, const CVekColor& color,
+                       const CVekMatrix3d& mtx, const wchar_t* align, const CVekPoint3d& point,
+                       const CVekPoint3d& refPoint)
+{
+    CVekDisplayItem item = newItem(dispText, stack, flag);
+    item.color = color;
+    item.mtx = mtx;
+    item.linetype = oneValue(1.0);
+    item.linetype.append(0.0);
+    item.linetype.append(0.0);
+    item.point = point;
+    item.txtAlign = align;
+    item.txt = text;
+    keepReference(item, refPoint);
+    item.regl = VEK::textRegions(item.txt, item.txtAlign, item.point);
+    add(std::move(item));
+}
+
+bool CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const CVekDataItem* textDir, const CVekColor& color,
+                       const CVekMatrix3d& mtx, double height, const CVekPoint3d& refPoint)
+{
+    if (!textDir || !textDir->isDir())
+        return false;
+    CVekDisplayItem item = newItem(dispText, stack, flag);
+    if (!vek_text_to_regl(textDir, item.regl, height))
+        return false;
+    item.color = color;
+    item.mtx = mtx;
+    keepReference(item, refPoint);
+    add(std::move(item));
+    return true;
+}
+
+void CVekGDX::txtReglUpd(int i)
+{
+    CVekDisplayItem& item = displayList[i];
+    item.regl = VEK::textRegions(item.txt, item.txtAlign, item.point);
+}
