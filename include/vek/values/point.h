@@ -47,10 +47,7 @@ public:
     CVekPoint3d operator*(const CVekMatrix3d& m) const;
     CVekPoint3d& operator*=(const CVekMatrix3d& m);
 
-    double distanceTo(const CVekPoint3d& other) const
-    {
-        return std::hypot(m_xyz[0] - other.m_xyz[0], m_xyz[1] - other.m_xyz[1], m_xyz[2] - other.m_xyz[2]);
-    }
+    double distanceTo(const CVekPoint3d& other) const;
 
     /// The same three numbers as a vector from the origin.
     CVekVector3d asVector() const;
@@ -117,8 +114,8 @@ public:
     /// Brings the length to 1 in place; a zero vector stays.
     CVekVector3d& normalize();
 
-    /// The length.
-    double abs() const { return std::hypot(m_xyz[0], m_xyz[1], m_xyz[2]); }
+    /// The length. A plain square root, which every system rounds alike, unlike `hypot`.
+    double abs() const { return std::sqrt(dot(*this)); }
 
     static const CVekVector3d kXAxis;
     static const CVekVector3d kYAxis;
@@ -164,6 +161,10 @@ inline CVekPoint3d& CVekPoint3d::operator+=(const CVekVector3d& by)
 inline CVekPoint3d& CVekPoint3d::operator-=(const CVekVector3d& by)
 {
     return *this = *this - by;
+}
+inline double CVekPoint3d::distanceTo(const CVekPoint3d& other) const
+{
+    return (*this - other).abs();
 }
 inline CVekVector3d CVekPoint3d::asVector() const
 {

@@ -1,0 +1,219 @@
+// Groups by stack path, the draw order and picking.
+#include "display_fixture.h"
+
+#include <random>
+#include <vector>
+
+namespace
+{
+
+using namespace display_test;
+
+Gdx family()
+{
+    Gdx gdx = plain();
+    for (const auto& stack : {path({1, 2}), path({1, 2, 4}), path({1}), path({2}), path({})})
+        gdx.imagePt(stack, 0, {1, 1, 0}, {}, {}, 0.0, 0, {});
+    return gdx;
+}
+
+TEST(DisplayGroup, PrefixSelectsAndExactPathsAreToldApart)
+{
+    Gdx gdx = family();
+    const auto numbers = [&](std::initializer_list<int> stack) {
+        std::vector<int> list;
+        for (const int i : gdx.StackToItemNr(path(stack)))
+            list.push_back(i);
+        return list;
+    };
+    EXPECT_EQ(numbers({1}), (std::vector<int>{0, 1, 2}));
+    EXPECT_EQ(numbers({1, 2}), (std::vector<int>{0, 1}));
+    EXPECT_EQ(numbers({}), (std::vector<int>{}));
+    EXPECT_EQ(gdx.stackGet(), 2);
+    EXPECT_EQ(plain().stackGet(), 0);
+
+    EXPECT_EQ(gdx.stackGet(path({1, 2})), 0);
+    EXPECT_EQ(gdx.stackGet(path({1, 2, 5})), -1);
+    EXPECT_EQ(gdx.stackGet(path({2, 0})), 0); // a shorter path compares as if padded with zeros
+    EXPECT_EQ(gdx.stackGet(path({3})), -1);
+    EXPECT_EQ(gdx.stackGet(path({})), -1);
+    Gdx longer = plain();
+    longer.imagePt(path({1, 2, 4}), 0, {}, {}, {}, 0.0, 0, {});
+    EXPECT_EQ(longer.stackGet(path({1, 2})), -1);
+
+    EXPECT_TRUE(gdx.pdModeSet(path({1, 2}), 3));
+    EXPECT_TRUE(gdx.pdSizeSet(path({1, 2}), 7.0));
+    EXPECT_EQ(gdx.pdModeGet(0), 3u);
+    EXPECT_EQ(gdx.pdModeGet(1), 0u);
+    EXPECT_EQ(gdx.pdSizeGet(1), 0.0);
+    EXPECT_FALSE(gdx.pdModeSet(path({}), 3));
+}
+
+TEST(DisplayGroup, FlagsColourModesAndHatches)
+{
+    Gdx gdx = family();
+    EXPECT_TRUE(gdx.cModeSet(path({1, 2}), 0x11));
+    EXPECT_EQ(gdx.flagGet(1), 0x100u);
+    EXPECT_FALSE(gdx.cModeSet(path({}), 1));
+    EXPECT_FALSE(plain().cModeSet(path({1}), 1));
+    EXPECT_TRUE(gdx.hatchSet(path({1}), {L"GLASS", 0, 1, false}));
+    VEK::CHatchProp prop;
+    gdx.hatchGet(2, prop);
+    EXPECT_TRUE(prop.name == L"GLASS");
+
+    const struct {
+        int code;
+        unsigned before, after;
+    } codes[] = {{1, 0x50C, 0x508}, {2, 0, 4},  {3, 0x10A, 0x102}, {4, 0, 8},          {5, 0, 16}, {6, 0x7F, 0x6F},
+                 {7, 0, 32},        {8, 32, 0}, {9, 0, 64},        {10, 0x440, 0x400}, {11, 9, 9}, {0, 9, 9}};
+    for (const auto& row : codes) {
+        Gdx one = plain();
+        one.imagePt(path({1}), row.before, {1, 1, 0}, {}, {}, 0.0, 0, {});
+        one.flagSet(0, row.code);
+        EXPECT_EQ(one.flagGet(0), row.after) << row.code;
+    }
+
+    EXPECT_FALSE(gdx.propSet(path({}), 2));
+    EXPECT_TRUE(gdx.redraw(path({2}), 4));
+    EXPECT_EQ(gdx.flagGet(3), unsigned{itemNoExt});
+    EXPECT_TRUE(gdx.redraw(path({}), 2));
+    for (int i = 0; i < gdx.lenGet(); ++i)
+        EXPECT_TRUE(gdx.flagGet(i) & itemHidden);
+    expectExtents(gdx, {1, 1, 0}, {1, 1, 0}); // hidden items count
+    EXPECT_TRUE(gdx.redraw(path({9}), 2));
+    EXPECT_FALSE(plain().redraw(path({}), 2));
+}
+
+TEST(DisplayGroup, MatrixMovesTheGroupAsOne)
+{
+    CVekMatrix3d left;
+    left.setToTranslation({-3, 0, 0});
+    CVekMatrix3d target;
+    target.setToRotation(0.5, CVekVector3d::kZAxis, {2, 2, 0});
+    Gdx gdx = plain();
+    gdx.imagePt(path({1, 1}), 0, {}, {}, left, 0.0, 0, {});
+    gdx.imagePt(path({1}), 0, {}, {}, CVekMatrix3d(), 0.0, 0, {});
+    EXPECT_FALSE(gdx.mtxSet(path({}), target));
+    EXPECT_FALSE(gdx.mtxSet(path({4}), target));
+    EXPECT_TRUE(gdx.mtxSet(path({1}), target)); // the item of exactly that path leads
+    EXPECT_EQ(gdx.mtxGet(1), target);
+    expectNear(CVekPoint3d(7, 8, 9) * gdx.mtxGet(0), CVekPoint3d(7, 8, 9) * left * target);
+
+    gdx.imagePt(path({1, 2}), 0, {}, {}, left, 0.0, 0, {});
+    const CVekMatrix3d before = gdx.mtxGet(2);
+    EXPECT_TRUE(gdx.mtxSet(path({1}), CVekMatrix3d()));
+    EXPECT_EQ(gdx.mtxGet(1), CVekMatrix3d());
+    expectNear(CVekPoint3d(1, 2, 3) * gdx.mtxGet(2), CVekPoint3d(1, 2, 3) * before * target.inverse());
+
+    Gdx deep = plain(); // longer paths only: the last one leads
+    deep.imagePt(path({1, 1}), 0, {}, {}, CVekMatrix3d(), 0.0, 0, {});
+    deep.imagePt(path({1, 2}), 0, {}, {}, left, 0.0, 0, {});
+    EXPECT_TRUE(deep.mtxSet(path({1}), target));
+    EXPECT_EQ(deep.mtxGet(1), target);
+}
+
+TEST(DisplayGroup, RemovalKeepsTheOthersInOrder)
+{
+    Gdx gdx = plain();
+    for (int i = 0; i < 7; ++i)
+        gdx.imagePt(path({i == 2 || i == 5 || i == 6 ? 9 : 1, i}), 0, {1.0 * i, 0, 0}, {}, {}, 0.0, 0, {});
+    EXPECT_FALSE(gdx.removeItemStack(path({})));
+    EXPECT_FALSE(gdx.clear(path({4})));
+    EXPECT_TRUE(gdx.removeItemStack(path({9})));
+    ASSERT_EQ(gdx.lenGet(), 4);
+    const int left[] = {0, 1, 3, 4};
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(gdx.getDisplayList()[i].stack, path({1, left[i]}));
+    expectExtents(gdx, {0, 0, 0}, {4, 0, 0});
+    EXPECT_TRUE(gdx.removeItem(0));
+    EXPECT_FALSE(gdx.removeItem(3));
+    expectExtents(gdx, {1, 0, 0}, {4, 0, 0});
+    EXPECT_TRUE(gdx.clear(gdx.getDisplayList()[0].stack)); // the path of an item that goes away
+    EXPECT_EQ(gdx.lenGet(), 2);
+}
+
+TEST(DisplayOrder, SortsByClassAndKeepsTheOrderInside)
+{
+    std::mt19937 random(7);
+    Gdx gdx = plain();
+    for (int i = 0; i < 300; ++i) {
+        const unsigned mode = random() % 5 << itemColorModeShift;
+        switch (random() % 4) {
+        case 0: gdx.imagePicture(path({i}), mode, L"p.bmp", 0, {}, {}); break;
+        case 1: gdx.imageReg(path({i}), mode, square(1), {}, {}, {}, 1.0, 0, {}, {}, {}); break;
+        case 2: gdx.imageVl(path({i}), mode, line(0, 0, 1, 1), {}, {}, {}, 1.0, 0, {}); break;
+        default: gdx.imageTxt(path({i}), mode, L"I", {}, {}, L"", {}, {}); break;
+        }
+    }
+    const auto classOf = [](const CVekDisplayItem& item) {
+        const unsigned mode = item.colorMode();
+        if (item.type == dispPicture)
+            return 6;
+        if (item.type == dispRegion && (mode == 0 || mode >= 3))
+            return 1;
+        if (mode == 0 || mode >= 3)
+            return 2;
+        return mode == 2 ? 3 : item.type == dispRegion ? 4 : 5;
+    };
+    std::vector<CVekArrayTempl<int>> expected;
+    for (int wanted = 1; wanted <= 6; ++wanted) {
+        for (const CVekDisplayItem& item : gdx.getDisplayList()) {
+            if (classOf(item) == wanted)
+                expected.push_back(item.stack);
+        }
+    }
+    gdx.displListSort();
+    ASSERT_EQ(gdx.lenGet(), static_cast<int>(expected.size()));
+    for (int i = 0; i < gdx.lenGet(); ++i)
+        ASSERT_EQ(gdx.getDisplayList()[i].stack, expected[static_cast<std::size_t>(i)]);
+    const CVekDisplayItem* before = gdx.getDisplayList().begin();
+    gdx.displListSort();
+    EXPECT_EQ(gdx.getDisplayList().begin(), before); // a sorted list is not rebuilt
+}
+
+TEST(DisplayPick, FindsTheTopmostBoundaryAndReversesTheList)
+{
+    Gdx gdx = plain();
+    EXPECT_EQ(gdx.imageItemGet({0, 0, 0}), -1);
+    auto region = square(100);
+    region[1] = square(20)[0];
+    region[1].move({40, 40, 0});
+    gdx.imageReg(path({1}), itemFill, region, {}, {}, {}, 1.0, 0, {}, {}, {});
+    gdx.imageVl(path({2, 7}), itemHidden, line(0, 50, 100, 50), {}, {}, {}, 1.0, 0, {});
+    CVekMatrix3d shift;
+    shift.setToTranslation({200, 0, 0});
+    gdx.imageVl(path({3}), 0, CVekVertexArray(CVekVertex({-10, 0, 0}, {10, 0, 0}, 1.0)), {}, shift, {}, 1.0, 0, {});
+    gdx.imagePt(path({4}), 0, {300, 0, 0}, {}, {}, 0.0, 0, {});
+    gdx.imageTxt(path({5}), 0, L"A", {}, shift, L"", {100, 100, 0}, {});
+
+    EXPECT_EQ(gdx.imageItemGet({50, 54.9, 0}), 2); // hidden ones are tested like others
+    EXPECT_EQ(gdx.imageItemGet({50, 44, 0}), -1);  // a hole's edge is not
+    EXPECT_EQ(gdx.imageItemGet({50, 4, 0}), 1);
+    EXPECT_EQ(gdx.imageItemGet({200, -12, 0}), 3); // bulge 1: a half circle below its chord
+    EXPECT_EQ(gdx.imageItemGet({200, 0, 0}), -1);
+    EXPECT_EQ(gdx.imageItemGet({303, 4, 0}), 4);
+    EXPECT_EQ(gdx.imageItemGet({303.1, 4, 0}), -1);
+    EXPECT_EQ(gdx.imageItemGet({300.5, 100.5, 0}), -1); // texts are never hit
+
+    Gdx two = plain();
+    two.imagePt(path({}), 0, {0, 0, 0}, {}, {}, 0.0, 0, {});
+    two.imagePt(path({8}), 0, {1, 0, 0}, {}, {}, 0.0, 0, {});
+    EXPECT_EQ(two.imageItemGet({0, 0, 0}), 8); // the later item covers the earlier one ...
+    EXPECT_EQ(two.imageItemGet({0, 0, 0}), 0); // ... and the pick left the list reversed
+    EXPECT_EQ(two.getDisplayList()[1].stack.len() + two.getDisplayList()[0].stack.len(), 2);
+}
+
+TEST(DisplayPick, WorldPointKeepsItsOrderOfInverses)
+{
+    Gdx gdx = plain();
+    CVekMatrix3d proj;
+    proj.setToTranslation({10, 0, 0});
+    CVekMatrix3d view;
+    view.setToScaling(2.0, {});
+    gdx.projMtxSet(proj);
+    gdx.viewMtxSet(view);
+    // 30 - 10, then halved; the true inverse of the chain would give 30 / 2 - 10.
+    expectNear(gdx.imagePtWc({30, 0, 0}), {10, 0, 0});
+}
+
+} // namespace
