@@ -150,7 +150,8 @@ TEST_F(DisplayCreation, ConfiguredColoursAndDefaults)
     EXPECT_EQ(fresh.colorTabGet(3).color(), 0x123456u);
     EXPECT_EQ(fresh.colorTabGet(2), CVekColor());
 
-    for (const CVekGDX& gdx : {made(nullptr), made(CVekDataItem().clone())}) {
+    const CVekDataItem leaf; // what is no directory counts as null
+    for (const CVekGDX& gdx : {made(nullptr), made(&leaf)}) {
         EXPECT_EQ(gdx.pdSizeGet(), 2.0); // cut to whole numbers on this road
         EXPECT_EQ(gdx.pdModeGet(), 34u);
         EXPECT_EQ(gdx.colorTabGet(1).colorIndex(), 1);

@@ -1,0 +1,155 @@
+// The display object by growing sizes: each figure is a rate in items, so that the order of growth shows.
+#include <vek/display.h>
+#include <vek/draw.h>
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+namespace
+{
+
+CVekGDX plain()
+{
+    return CVekGDX(CVekColor(), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
+}
+
+CVekArrayTempl<int> path(int number)
+{
+    CVekArrayTempl<int> stack;
+    stack.append(number);
+    return stack;
+}
+
+/// The arguments of an emission, made once.
+struct Arguments {
+    CVekArrayTempl<int> stack = path(1);
+    CVekVertexArray line{CVekVertex({0, 0, 0}, {10, 5, 0}, 0.0)};
+    CVekArrayTempl<CVekVertexArray> region;
+    CVekColor color;
+    CVekMatrix3d mtx;
+    CVekArrayTempl<double> linetype;
+    VEK::CHatchProp hatch;
+
+    Arguments()
+    {
+        line.append(CVekVertex({10, 5, 0}, {20, 0, 0}, 0.0));
+        region[0] = line;
+        region[0].append(CVekVertex({20, 0, 0}, {0, 0, 0}, 0.0));
+        linetype.append(1.0);
+    }
+    void polyline(CVekGDX& gdx) const { gdx.imageVl(stack, 0, line, color, mtx, linetype, 1.0, 0, {}); }
+    void point(CVekGDX& gdx) const { gdx.imagePt(stack, 0, {1, 2, 0}, color, mtx, 0.0, 0, {}); }
+    void fill(CVekGDX& gdx) const
+    {
+        gdx.imageReg(stack, itemFill, region, color, mtx, linetype, 1.0, 0, color, hatch, {});
+    }
+};
+
+CVekGDX filled(int count, int groups)
+{
+    const Arguments arguments;
+    CVekGDX gdx = plain();
+    for (int i = 0; i < count; ++i)
+        gdx.imageVl(path(i % groups), 0, arguments.line, {}, {}, arguments.linetype, 1.0, 0, {});
+    return gdx;
+}
+
+template <void (Arguments::*Emit)(CVekGDX&) const>
+void emission(benchmark::State& state)
+{
+    const Arguments arguments;
+    CVekGDX gdx = plain();
+    for (auto _ : state) {
+        gdx.clear();
+        for (int64_t i = 0; i < state.range(0); ++i)
+            (arguments.*Emit)(gdx);
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.counters["bytes_of_item"] = sizeof(CVekDisplayItem);
+}
+BENCHMARK(emission<&Arguments::polyline>)->RangeMultiplier(10)->Range(1000, 1000000);
+BENCHMARK(emission<&Arguments::point>)->RangeMultiplier(10)->Range(1000, 1000000);
+BENCHMARK(emission<&Arguments::fill>)->RangeMultiplier(10)->Range(1000, 1000000);
+
+/// What emission is held against: copying a finished item into a list with room.
+void copyOfFinishedItem(benchmark::State& state)
+{
+    const CVekGDX gdx = filled(1, 1);
+    const CVekDisplayItem& item = gdx.getDisplayList()[0];
+    CVekArrayTempl<CVekDisplayItem> list;
+    list.reserve(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        list.setLogicalLength(0);
+        for (int64_t i = 0; i < state.range(0); ++i)
+            list.append(CVekDisplayItem(item));
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(copyOfFinishedItem)->RangeMultiplier(10)->Range(1000, 1000000);
+
+void extentsInFull(benchmark::State& state)
+{
+    CVekGDX gdx = filled(static_cast<int>(state.range(0)), 10);
+    for (auto _ : state)
+        gdx.projMtxSet(CVekMatrix3d::kIdentity);
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(extentsInFull)->RangeMultiplier(10)->Range(1000, 1000000);
+
+void selectionByPath(benchmark::State& state)
+{
+    const CVekGDX gdx = filled(static_cast<int>(state.range(0)), 10);
+    const CVekArrayTempl<int> stack = path(3);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(gdx.StackToItemNr(stack).len());
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(selectionByPath)->RangeMultiplier(10)->Range(1000, 1000000);
+
+void removalOfATenth(benchmark::State& state)
+{
+    const CVekGDX whole = filled(static_cast<int>(state.range(0)), 10);
+    const CVekArrayTempl<int> stack = path(3);
+    for (auto _ : state) {
+        state.PauseTiming();
+        CVekGDX gdx = whole;
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(gdx.removeItemStack(stack));
+        state.PauseTiming();
+        {
+            CVekGDX gone = std::move(gdx);
+        }
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(removalOfATenth)->RangeMultiplier(10)->Range(1000, 1000000)->Iterations(5);
+
+void growthOfTheList(benchmark::State& state)
+{
+    for (auto _ : state) {
+        CVekArrayTempl<CVekDisplayItem> list;
+        for (int64_t i = 0; i < state.range(0); ++i)
+            list.append(CVekDisplayItem());
+        benchmark::DoNotOptimize(list.len());
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(growthOfTheList)->RangeMultiplier(10)->Range(1000, 1000000);
+
+void textLayout(benchmark::State& state)
+{
+    std::wstring text;
+    while (static_cast<int64_t>(text.size()) < state.range(0))
+        text += L"Pfosten-Riegel-Fassade";
+    text.resize(static_cast<std::size_t>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(VEK::textRegions(text.c_str(), L"", {}).len());
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(textLayout)->RangeMultiplier(10)->Range(1000, 100000);
+
+} // namespace
+
+BENCHMARK_MAIN();
