@@ -1,5 +1,7 @@
 /// @file
-/// Drawing algorithms: the stroke font.
+/// Drawing algorithms: the stroke font, text as regions, arcs and line patterns.
 #pragma once
 
 #include <vek/draw/font.h>
+#include <vek/draw/split.h>
+#include <vek/draw/text.h>
