@@ -4,6 +4,7 @@
 
 #include <vek/display.h>
 #include <vek/draw.h>
+#include <vek/values.h>
 
 #include <gtest/gtest.h>
 

@@ -129,7 +129,7 @@ protected:
         VEK::dataSet(colors, L"BACKGROUND", 254);
         CVekColor axis;
         axis.setColor(0x123456);
-        VEK::dataItemSet(colors, CVekDataKey(L"AXIS"), axis);
+        VEK::dataSet(colors, L"AXIS", axis);
     }
     void TearDown() override { VEK::cfg_dir_make(L"MRA_MENU")->remove(L"COLOR"); }
     static CVekGDX made(const CVekDataItem* item)
