@@ -202,7 +202,7 @@ bool CVekGDX::removeItemStack(const Stack& stack)
         if (VEK::inGroup(displayList[i], path))
             continue;
         if (kept < i)
-            std::swap(displayList[kept], displayList[i]);
+            displayList[kept] = std::move(displayList[i]);
         ++kept;
     }
     if (kept == displayList.len())
