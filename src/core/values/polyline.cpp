@@ -201,7 +201,7 @@ CVekPoint3dArray CVekVertexArray::pts(bool arcs, double tolerance) const
     int count = len() + 1;
     if (arcs) {
         for (const CVekVertex& v : *this) {
-            if (v.bulge != 0.0)
+            if (!plane::isFlat(v, tolerance))
                 count += plane::SpaceArc(v, m_normal).chords(tolerance) - 1;
         }
     }

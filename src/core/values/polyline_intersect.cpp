@@ -63,39 +63,38 @@ Box roughBox(Vec start, Vec end, double bulge)
     return box;
 }
 
-/// Segments of a plane, halved over and over by where they lie, so that those near a box are found by descending.
-class ArcTree
+/// Boxes of segments, halved over and over by where they lie, so that those near a box are found by descending.
+class BoxTree
 {
 public:
     template <class MakeArc>
-    ArcTree(int count, MakeArc makeArc)
+    BoxTree(int count, MakeArc makeArc)
     {
-        m_arcs.reserve(count);
+        m_items.reserve(count);
         for (int i = 0; i < count; ++i) {
-            const Arc arc = makeArc(i);
-            const Box box = arc.box();
+            const Box box = makeArc(i).box();
             if (std::isfinite(box.min.x) && std::isfinite(box.min.y) && std::isfinite(box.max.x) &&
                 std::isfinite(box.max.y)) // others meet nothing, and have no order
-                m_arcs.push_back({arc, box});
+                m_items.push_back({box, i});
         }
         std::size_t nodes = 1;
         for (int least = kLeaf; least < count; least *= 2)
             nodes = 2 * nodes + 1;
         m_boxes.resize(nodes);
-        build(0, 0, m_arcs.size());
+        build(0, 0, m_items.size());
     }
 
-    /// Hands the arcs whose box meets a box to `visit(arc)` until that gives false.
+    /// Hands the numbers of the segments whose box meets a box to `visit(number)` until that gives false.
     template <class Visit>
-    bool visit(const Box& box, Visit&& visitArc) const
+    bool visit(const Box& box, Visit&& visitNumber) const
     {
-        return m_arcs.empty() || descend(0, 0, m_arcs.size(), box, visitArc);
+        return m_items.empty() || descend(0, 0, m_items.size(), box, visitNumber);
     }
 
 private:
     struct Item {
-        Arc arc;
         Box box;
+        int number;
     };
 
     bool isLeaf(std::size_t node) const { return 2 * node + 1 >= m_boxes.size(); }
@@ -104,17 +103,17 @@ private:
     {
         if (first == last)
             return;
-        Box box = m_arcs[first].box;
+        Box box = m_items[first].box;
         for (std::size_t i = first; i < last; ++i) {
-            box.add(m_arcs[i].box.min);
-            box.add(m_arcs[i].box.max);
+            box.add(m_items[i].box.min);
+            box.add(m_items[i].box.max);
         }
         m_boxes[node] = box;
         if (isLeaf(node))
             return;
         const std::size_t half = first + (last - first) / 2;
         const bool wide = box.max.x - box.min.x > box.max.y - box.min.y;
-        std::nth_element(m_arcs.begin() + first, m_arcs.begin() + half, m_arcs.begin() + last,
+        std::nth_element(m_items.begin() + first, m_items.begin() + half, m_items.begin() + last,
                          [wide](const Item& a, const Item& b) {
                              return wide ? a.box.min.x + a.box.max.x < b.box.min.x + b.box.max.x
                                          : a.box.min.y + a.box.max.y < b.box.min.y + b.box.max.y;
@@ -124,23 +123,23 @@ private:
     }
 
     template <class Visit>
-    bool descend(std::size_t node, std::size_t first, std::size_t last, const Box& box, Visit& visitArc) const
+    bool descend(std::size_t node, std::size_t first, std::size_t last, const Box& box, Visit& visitNumber) const
     {
         if (first == last || !m_boxes[node].meets(box))
             return true;
         if (!isLeaf(node)) {
             const std::size_t half = first + (last - first) / 2;
-            return descend(2 * node + 1, first, half, box, visitArc) &&
-                   descend(2 * node + 2, half, last, box, visitArc);
+            return descend(2 * node + 1, first, half, box, visitNumber) &&
+                   descend(2 * node + 2, half, last, box, visitNumber);
         }
         for (std::size_t i = first; i < last; ++i) {
-            if (m_arcs[i].box.meets(box) && !visitArc(m_arcs[i].arc))
+            if (m_items[i].box.meets(box) && !visitNumber(m_items[i].number))
                 return false;
         }
         return true;
     }
 
-    std::vector<Item> m_arcs;
+    std::vector<Item> m_items;
     std::vector<Box> m_boxes; ///< the halves of node n are the nodes 2n + 1 and 2n + 2
 };
 
@@ -170,10 +169,11 @@ public:
     void visit(bool first, Visit&& visitMeetings) const
     {
         if (m_own.len() <= kFew) {
-            visitEach([&](const Box& box, auto& visitArc) { return scan(box, visitArc); }, first, visitMeetings);
+            visitEach([&](const Box& box, auto& visitNumber) { return scan(box, visitNumber); }, first, visitMeetings);
         } else {
-            const ArcTree tree(m_other->len(), [&](int i) { return m_plane.arc((*m_other)[i], m_turn); });
-            visitEach([&](const Box& box, auto& visitArc) { return tree.visit(box, visitArc); }, first, visitMeetings);
+            const BoxTree tree(m_other->len(), [&](int i) { return otherArc(i); });
+            visitEach([&](const Box& box, auto& visitNumber) { return tree.visit(box, visitNumber); }, first,
+                      visitMeetings);
         }
     }
 
@@ -183,6 +183,8 @@ public:
     }
 
 private:
+    Arc otherArc(int number) const { return m_plane.arc(m_other->begin()[number], m_turn); }
+
     template <class Near, class Visit>
     void visitEach(Near&& near, bool first, Visit& visitMeetings) const
     {
@@ -194,25 +196,25 @@ private:
                 std::max({std::fabs(box.min.x), std::fabs(box.min.y), std::fabs(box.max.x), std::fabs(box.max.y)}));
             box.grow(tolerance);
             bool met = false;
-            const auto visitArc = [&](const Arc& other) {
-                const Meetings found = meet(arc, other, tolerance);
+            const auto visitNumber = [&](int number) {
+                const Meetings found = meet(arc, otherArc(number), tolerance);
                 met = met || found.count > 0;
                 return found.count == 0 || visitMeetings(index, found);
             };
-            if (!near(box, visitArc) || (first && met))
+            if (!near(box, visitNumber) || (first && met))
                 return;
             ++index;
         }
     }
 
     template <class Visit>
-    bool scan(const Box& box, Visit& visitArc) const
+    bool scan(const Box& box, Visit& visitNumber) const
     {
+        int number = 0;
         for (const CVekVertex& v : *m_other) {
-            const Vec start = m_plane(v.start);
-            const Vec end = m_plane(v.end);
-            if (roughBox(start, end, v.bulge).meets(box) && !visitArc(Arc(start, end, v.bulge * m_turn)))
+            if (roughBox(m_plane(v.start), m_plane(v.end), v.bulge).meets(box) && !visitNumber(number))
                 return false;
+            ++number;
         }
         return true;
     }

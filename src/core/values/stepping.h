@@ -101,12 +101,14 @@ struct SpaceArc {
     void step(int count, Out&& out) const
     {
         if (count > 1) {
-            // Equal chords turn by equal angles, so each follows from the one before by a rotation.
-            const double angle = bend.sweep / count;
-            const double reach = std::sin(0.5 * angle) / bend.sine;
-            const double first = 0.5 * (angle - bend.sweep);
-            const Vec turn{std::cos(angle), std::sin(angle)};
-            Vec piece{reach * std::cos(first), reach * std::sin(first)};
+            // Equal chords turn by equal angles, so each follows from the one before by a rotation. All angles come
+            // from half the angle of one chord and half the sweep.
+            const double angle = 0.5 * bend.sweep / count;
+            const double c = std::cos(angle);
+            const double s = std::sin(angle);
+            const double reach = s / bend.sine;
+            const Vec turn{1.0 - 2.0 * s * s, 2.0 * s * c};
+            Vec piece = Vec{c * bend.cosine + s * bend.sine, s * bend.cosine - c * bend.sine} * reach;
             Vec sum;
             for (int i = 1; i < count; ++i) {
                 sum = sum + piece;
@@ -118,6 +120,19 @@ struct SpaceArc {
     }
 };
 
+/// Whether a segment stays within a tolerance of its chord, as far as that can be told quickly: every straight one, and
+/// an arc of up to a quarter turn, whose sagitta is half the chord times the bulge.
+inline bool isFlat(const CVekVertex& vertex, double tolerance)
+{
+    constexpr double kQuarterTurn = std::numbers::sqrt2 - 1.0;
+    const double bulge = vertex.bulge;
+    if (bulge == 0.0)
+        return true;
+    const CVekVector3d chord = vertex.end - vertex.start;
+    return tolerance > 0.0 && std::fabs(bulge) <= kQuarterTurn &&
+           bulge * bulge * chord.dot(chord) <= 4.0 * tolerance * tolerance;
+}
+
 /// Hands the points along a polyline to `out(const CVekPoint3d&)`, in order: what `CVekVertexArray::pts` collects,
 /// without an allocation, so that a draw pass can write them where it needs them. `start(const CVekPoint3d&)` gets the
 /// first point and every point at which the polyline goes on after a gap; with it the runs can be told apart.
@@ -128,7 +143,7 @@ void forEachPoint(const CVekVertexArray& polyline, bool arcs, double tolerance, 
     for (const CVekVertex& vertex : polyline) {
         if (!before || !meets(before->end, vertex.start))
             start(vertex.start);
-        if (arcs && vertex.bulge != 0.0) {
+        if (arcs && !isFlat(vertex, tolerance)) {
             const SpaceArc arc(vertex, polyline.normal());
             arc.step(arc.chords(tolerance), out);
         } else {
