@@ -117,7 +117,7 @@ constexpr Run kToLower[] = {
 template <std::size_t N>
 wchar_t mapped(const Run (&runs)[N], wchar_t character)
 {
-    const auto code = static_cast<unsigned long>(character);
+    const auto code = static_cast<char32_t>(character);
     if (code > 0xFFFF)
         return character;
     const Run* run =
@@ -131,14 +131,14 @@ wchar_t mapped(const Run (&runs)[N], wchar_t character)
 
 wchar_t VEK::platform::upperOf(wchar_t character)
 {
-    if (static_cast<unsigned long>(character) < 0x80)
+    if (static_cast<char32_t>(character) < 0x80)
         return character >= L'a' && character <= L'z' ? static_cast<wchar_t>(character - 32) : character;
     return mapped(kToUpper, character);
 }
 
 wchar_t VEK::platform::lowerOf(wchar_t character)
 {
-    if (static_cast<unsigned long>(character) < 0x80)
+    if (static_cast<char32_t>(character) < 0x80)
         return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + 32) : character;
     return mapped(kToLower, character);
 }

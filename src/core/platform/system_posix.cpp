@@ -86,7 +86,7 @@ fs::path modulePath()
     Dl_info info{};
     std::error_code error;
     if (dladdr(reinterpret_cast<void*>(&modulePath), &info) && info.dli_fname) {
-        const fs::path path = fs::canonical(info.dli_fname, error);
+        fs::path path = fs::canonical(info.dli_fname, error);
         if (!error)
             return path;
     }
@@ -114,6 +114,7 @@ bool start(const Command& command, bool isDocument, unsigned long timeout, bool)
         words.insert(words.begin(), utf8Of(command.program));
     }
     std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (std::string& word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);

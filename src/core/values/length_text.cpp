@@ -27,8 +27,10 @@ public:
     Text& operator<<(int number)
     {
         char digits[12];
-        *std::to_chars(digits, digits + sizeof digits, number).ptr = '\0';
-        return *this << digits;
+        const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+        for (const char* digit = digits; digit != end; ++digit)
+            *this << *digit;
+        return *this;
     }
 
     const wchar_t* finished()
