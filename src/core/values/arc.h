@@ -134,24 +134,9 @@ public:
     bool isArc() const { return m_bend.isArc(); }
     bool isPoint() const { return !(m_length > 0.0); }
 
-    /// Only for an arc: radius, centre, and the angle at which the start lies seen from the centre.
+    /// Only for an arc.
     double radius() const { return 0.5 * m_length / std::fabs(m_bend.sine); }
     Vec centre() const { return m_start + (m_chord + m_chord.left() * (m_bend.cosine / m_bend.sine)) * 0.5; }
-    double startAngle() const
-    {
-        const Vec out = startRay() * (m_bend.sine > 0.0 ? 1.0 : -1.0);
-        return std::atan2(out.y, out.x);
-    }
-
-    /// Only for an arc: whether the ray from the centre at that angle meets it.
-    bool coversAngle(double angle) const
-    {
-        constexpr double kTurn = 2.0 * std::numbers::pi;
-        double along = std::fmod((angle - startAngle()) * (m_bend.sweep > 0.0 ? 1.0 : -1.0), kTurn);
-        if (along < 0.0)
-            along += kTurn;
-        return along <= std::fabs(m_bend.sweep);
-    }
 
     /// The point at a parameter.
     Vec at(double t) const
