@@ -451,11 +451,9 @@ void EmfSurface::pixel(double x, double y, unsigned color)
 /// As a box with an edge of its own colour, which covers exactly the pixels that are told.
 void EmfSurface::solidRect(double x, double y, double width, double height, unsigned color)
 {
+    flushRun();
     const double left = std::trunc(reach::clamped(x));
     const double top = std::trunc(reach::clamped(y));
-    flushRun();
-    if (!(width >= 1.0 && height >= 1.0))
-        return;
     const Colors asked = m_colors;
     m_colors = {true, 1, color & 0xFFFFFF, true, color & 0xFFFFFF};
     addBox(emf::kRectangle, left, top, left + std::trunc(width), top + std::trunc(height));

@@ -316,8 +316,6 @@ void SvgSurface::pixel(double x, double y, unsigned color)
 
 void SvgSurface::solidRect(double x, double y, double width, double height, unsigned color)
 {
-    if (!(width > 0.0 && height > 0.0))
-        return;
     const Pen askedPen = m_pen;
     const Brush askedBrush = m_brush;
     noPen();

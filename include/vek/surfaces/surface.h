@@ -69,7 +69,7 @@ public:
     /// One pixel.
     virtual void pixel(double x, double y, unsigned color) = 0;
 
-    /// A rectangle of one colour without pen and brush; a size that is not positive draws nothing.
+    /// A rectangle of one colour without pen and brush. A negative size reaches to the left or upwards.
     virtual void solidRect(double x, double y, double width, double height, unsigned color) = 0;
 };
 

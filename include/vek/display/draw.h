@@ -1,0 +1,81 @@
+/// @file
+/// The draw pass: items into the calls of a surface.
+#pragma once
+
+#include <vek/display/gdx.h>
+#include <vek/surfaces/surface.h>
+
+namespace VEK
+{
+
+/// What differs between the places a display object is drawn to. One pass serves them all.
+struct PassRules {
+    enum class ColorFix {
+        whiteToBlack,  ///< a white line would not show on paper
+        offBackground, ///< a colour equal to the background is inverted
+    };
+    enum class Dot {
+        line, ///< a line one pixel long
+        pixel,
+    };
+    enum class Fill {
+        scanLines, ///< one horizontal line for each row of pixels
+        polygon,   ///< the outer contour, with the holes taken out of the clip
+    };
+    enum class Square {
+        box,   ///< a rectangle of opposite corners, mirrored for a negative size
+        exact, ///< as many pixels as the size says, for odd and even sizes
+    };
+
+    bool fitsView;             ///< the view is fitted to the extents, with a margin of 0.05, and stored
+    bool fillsBackground;      ///< the area is filled with the back colour first
+    ColorFix colorFix;         ///< the last step for every colour
+    Dot dot;                   ///< a segment shorter than 0.22 of unit 4 in a broken polyline
+    bool closedIsContinuous;   ///< whether a closed polyline has no dots even where it is broken
+    Fill fill;                 ///< solid regions
+    bool inverseFillsInverse;  ///< an item without colour of its own is filled in its pen colour
+    double textChords;         ///< greatest distance between a glyph's arc and its chords, in the glyph's own units;
+                               ///< 0: within half a pixel, as all other arcs
+    Square square;             ///< the square around or instead of a point
+    bool marksFromWholePixels; ///< a point is moved to a whole pixel before its mark is drawn around it
+};
+
+/// Drawing on paper: metafiles and the clipboard.
+inline constexpr PassRules paperRules = {.fitsView = true,
+                                         .fillsBackground = false,
+                                         .colorFix = PassRules::ColorFix::whiteToBlack,
+                                         .dot = PassRules::Dot::line,
+                                         .closedIsContinuous = true,
+                                         .fill = PassRules::Fill::scanLines,
+                                         .inverseFillsInverse = false,
+                                         .textChords = 0.0,
+                                         .square = PassRules::Square::box,
+                                         .marksFromWholePixels = false};
+
+/// Painting a window.
+inline constexpr PassRules screenRules = {.fitsView = false,
+                                          .fillsBackground = true,
+                                          .colorFix = PassRules::ColorFix::offBackground,
+                                          .dot = PassRules::Dot::pixel,
+                                          .closedIsContinuous = false,
+                                          .fill = PassRules::Fill::polygon,
+                                          .inverseFillsInverse = true,
+                                          .textChords = 0.1,
+                                          .square = PassRules::Square::exact,
+                                          .marksFromWholePixels = true};
+
+/// Paper for a surface that scales: rows of pixels mean nothing there, so regions are filled as areas.
+inline constexpr PassRules scalableRules = [] {
+    PassRules rules = paperRules;
+    rules.fill = PassRules::Fill::polygon;
+    return rules;
+}();
+
+/// Draws a display object: polylines, points, solid regions and their outlines, and text. Later items cover earlier
+/// ones; hidden ones are left out. Sorts the list first (`CVekGDX::displListSort`), and fits the view where the rules
+/// say so; nothing else in the object changes.
+/// @param height, width of the drawing area in device units, from (0, 0) on; everything is clipped to it. 0 means 240
+///     and 320
+VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules);
+
+} // namespace VEK

@@ -1,0 +1,143 @@
+#include "display/pass.h"
+
+#include <vek/display/view.h>
+#include <vek/values/units.h>
+
+#include <cstring>
+
+namespace VEK
+{
+namespace
+{
+
+/// The tightest fit of the extents leaves this share of them free on each side.
+constexpr double kMargin = 0.05;
+
+/// Length below which a segment of a broken polyline is a dot, in unit 4.
+constexpr double kShortLength = 0.22;
+
+constexpr int kDrawingUnit = -1;
+
+bool isIdentity(const CVekMatrix3d& m)
+{
+    const CVekMatrix3d::Rows& rows = m;
+    const CVekMatrix3d::Rows& none = CVekMatrix3d::kIdentity;
+    return std::memcmp(rows, none, sizeof rows) == 0;
+}
+
+/// What places the unit square of a screen-fixed item in the drawing area; the reference point moves it from there.
+CVekMatrix3d screenMatrix(const CVekGDX& gdx, int height, int width)
+{
+    const double scale = getViewMtx({0.0, 0.0, 0.0}, {1.0, 1.0, 0.0}, height, width, kMargin).axis(0)[0];
+    CVekMatrix3d unit, flip, move;
+    unit.setToScaling(scale, CVekPoint3d::kOrigin);
+    flip.setCoordSystem(gdx.viewMtxGet().translation().asPoint(), CVekVector3d::kXAxis, -CVekVector3d::kYAxis,
+                        CVekVector3d::kZAxis);
+    const CVekPoint3d wanted = CVekPoint3d::kOrigin * (gdx.zoomMtxGet() * gdx.viewMtxGet());
+    move.setToTranslation(wanted - CVekPoint3d::kOrigin * (flip * unit));
+    return move * flip * unit * gdx.projMtxGet();
+}
+
+} // namespace
+
+DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules)
+    : m_gdx(gdx), m_surface(surface), m_rules(rules), m_height(height), m_width(width),
+      m_back(static_cast<unsigned>(gdx.backColorGet().oleColor() & 0xFFFFFF)),
+      m_total(gdx.zoomMtxGet() * gdx.viewMtxGet() * gdx.projMtxGet()),
+      m_viewTurns(!isIdentity(gdx.viewDirectionMtxGet())), m_base(m_total * gdx.viewDirectionMtxGet()),
+      m_shortLength(acadUnitCv(kShortLength, 4, kDrawingUnit))
+{
+}
+
+void DrawPass::run()
+{
+    m_surface.clipTo(0.0, 0.0, m_width, m_height);
+    if (m_rules.fillsBackground) {
+        m_surface.noPen();
+        m_surface.solidRect(0.0, 0.0, m_width, m_height, m_back);
+    }
+    m_surface.background(m_back);
+    int number = 0;
+    for (const CVekDisplayItem& item : m_gdx.getDisplayList()) {
+        const int i = number++;
+        if ((item.flag & itemHidden) != 0)
+            continue;
+        const unsigned color = penColor(item);
+        switch (item.type) {
+        case dispPolyline:
+            m_surface.pen(item.thickn, color);
+            drawPolyline(item.vl, matrix(item, Order::viewFirst), color);
+            break;
+        case dispPoint: drawPoint(item, i, color); break;
+        case dispRegion: drawRegion(item, color); break;
+        case dispText: drawText(item, color); break;
+        default: break;
+        }
+    }
+}
+
+unsigned DrawPass::fixed(unsigned color) const
+{
+    if (m_rules.colorFix == PassRules::ColorFix::whiteToBlack)
+        return color == 0xFFFFFF ? 0 : color;
+    return color == m_back ? color ^ 0xFFFFFF : color;
+}
+
+unsigned DrawPass::penColor(const CVekDisplayItem& item) const
+{
+    const unsigned mode = item.colorMode();
+    if (mode == colorInverse || (mode == colorOwn && item.color.colorIndex() == -1))
+        return fixed(~m_back & 0xFFFFFF);
+    const CVekColor& color = mode == colorOwn ? item.color : m_gdx.colorTabGet(static_cast<int>(mode));
+    return fixed(static_cast<unsigned>(color.oleColor() & 0xFFFFFF));
+}
+
+unsigned DrawPass::fillColor(const CVekDisplayItem& item, unsigned pen) const
+{
+    const bool inverse = m_rules.inverseFillsInverse && item.color.colorIndex() == -1;
+    if (item.colorMode() != colorOwn || item.fcolor.colorIndex() == 0 || inverse)
+        return pen;
+    return fixed(static_cast<unsigned>(item.fcolor.oleColor() & 0xFFFFFF));
+}
+
+CVekMatrix3d DrawPass::fixedMatrix(const CVekDisplayItem& item)
+{
+    if (!m_screenMtx)
+        m_screenMtx = screenMatrix(m_gdx, m_height, m_width);
+    const bool inVertex = item.type == dispPoint || item.type == dispText;
+    const CVekPoint3d& reference = inVertex ? item.vl[0].start : item.point;
+    CVekMatrix3d move;
+    move.setToTranslation(reference.asVector() * m_total);
+    return move * *m_screenMtx;
+}
+
+const CVekMatrix3d& DrawPass::matrix(const CVekDisplayItem& item, Order order)
+{
+    const bool screenFixed = (item.flag & itemScreenFixed) != 0;
+    const bool own = !isIdentity(item.mtx);
+    if (!screenFixed && !own)
+        return m_base;
+    m_matrix = screenFixed ? fixedMatrix(item) : m_total;
+    if (own && order == Order::viewFirst)
+        m_matrix = m_matrix * item.mtx;
+    if (m_viewTurns)
+        m_matrix = m_matrix * m_gdx.viewDirectionMtxGet();
+    if (own && order == Order::ownFirst)
+        m_matrix = m_matrix * item.mtx;
+    return m_matrix;
+}
+
+void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules)
+{
+    height = height > 0 ? height : 240;
+    width = width > 0 ? width : 320;
+    gdx.displListSort();
+    if (rules.fitsView) {
+        CVekPoint3d min, max;
+        gdx.extMaxViewGet(min, max);
+        gdx.viewMtxSet(getViewMtx(min, max, height, width, kMargin));
+    }
+    DrawPass(gdx, surface, height, width, rules).run();
+}
+
+} // namespace VEK
