@@ -456,7 +456,8 @@ void EmfSurface::solidRect(double x, double y, double width, double height, unsi
     const double top = std::trunc(reach::clamped(y));
     const Colors asked = m_colors;
     m_colors = {true, 1, color & 0xFFFFFF, true, color & 0xFFFFFF};
-    addBox(emf::kRectangle, left, top, left + std::trunc(width), top + std::trunc(height));
+    addBox(emf::kRectangle, left, top, left + std::trunc(reach::clamped(width)),
+           top + std::trunc(reach::clamped(height)));
     m_colors = asked;
 }
 

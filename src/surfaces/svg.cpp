@@ -320,7 +320,7 @@ void SvgSurface::solidRect(double x, double y, double width, double height, unsi
     const Brush askedBrush = m_brush;
     noPen();
     brush(color);
-    rectangle(x, y, x + width, y + height);
+    rectangle(x, y, x + reach::clamped(width), y + reach::clamped(height));
     m_pen = askedPen;
     m_brush = askedBrush;
 }

@@ -1,0 +1,576 @@
+#include "display_fixture.h"
+
+#include <vek/geometry.h>
+#include <vek/surfaces.h>
+
+#include <cmath>
+#include <functional>
+#include <numbers>
+#include <random>
+
+namespace display_test
+{
+namespace
+{
+
+using VEK::PassRules;
+using VEK::SurfaceOp;
+using Rules = const PassRules&;
+
+constexpr unsigned kBack = 0xC0C0C0;
+
+/// The rules without their fit: pictures come in device units then.
+constexpr PassRules unfitted(PassRules rules)
+{
+    rules.fitsView = false;
+    return rules;
+}
+constexpr PassRules kPaper = unfitted(VEK::paperRules);
+constexpr PassRules kScreen = unfitted(VEK::screenRules);
+
+CVekColor rgb(unsigned long value)
+{
+    CVekColor color;
+    color.setColor(value);
+    return color;
+}
+
+CVekColor indexed(short index)
+{
+    CVekColor color;
+    color.setColorIndex(index);
+    return color;
+}
+
+Gdx grey()
+{
+    return Gdx(rgb(kBack), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
+}
+
+const CVekColor kRed = rgb(0xFF0000);
+const CVekMatrix3d kNone;
+
+void addLine(Gdx& gdx, const CVekVertexArray& vl, const CVekColor& color = kRed, const CVekMatrix3d& m = kNone,
+             unsigned flag = 0, int width = 1, const CVekPoint3d& reference = {})
+{
+    gdx.imageVl(path({}), flag, vl, color, m, doubles({}), 1.0, static_cast<unsigned long>(width), reference);
+}
+
+void addRegion(Gdx& gdx, unsigned flag, const CVekArrayTempl<CVekVertexArray>& region, const CVekColor& color = kRed,
+               const CVekColor& fill = CVekColor(), const CVekMatrix3d& m = kNone)
+{
+    gdx.imageReg(path({}), flag, region, color, m, doubles({}), 1.0, 1, fill, VEK::CHatchProp(), CVekPoint3d());
+}
+
+void addItem(Gdx& gdx, const CVekDisplayItem& item)
+{
+    CVekArrayTempl<CVekDisplayItem> list;
+    list.append(item);
+    gdx.addDisplayList(list);
+}
+
+/// A square with its lower corner at (x, y).
+CVekVertexArray box(double x, double y, double side)
+{
+    CVekVertexArray contour = square(side)[0];
+    contour.move({x, y, 0});
+    return contour;
+}
+
+CVekVertexArray polyline(std::initializer_list<CVekVertex> vertices)
+{
+    CVekVertexArray vl;
+    for (const CVekVertex& vertex : vertices)
+        vl.append(vertex);
+    return vl;
+}
+
+/// The device calls, without the ones that open every pass.
+VEK::CRecorder draw(Gdx& gdx, Rules rules, bool wholePixels = false, int height = 100, int width = 200)
+{
+    VEK::CRecorder recorder(wholePixels);
+    VEK::gdxDraw(gdx, recorder, height, width, rules);
+    return recorder;
+}
+
+std::string textOf(const VEK::CRecorder& recorder, Rules rules)
+{
+    const std::string text = recorder.text();
+    const std::string opening = rules.fillsBackground ? "clipTo 0,0 200,100\nnoPen\nsolidRect 0,0 200,100 #c0c0c0\n"
+                                                        "background #c0c0c0\n"
+                                                      : "clipTo 0,0 200,100\nbackground #c0c0c0\n";
+    EXPECT_EQ(text.substr(0, opening.size()), opening);
+    return text.substr(std::min(opening.size(), text.size()));
+}
+
+std::string calls(Gdx& gdx, Rules rules = kPaper, bool wholePixels = false)
+{
+    return textOf(draw(gdx, rules, wholePixels), rules);
+}
+
+TEST(PassSetUp, FitsOnPaperAndKeepsTheViewOnScreen)
+{
+    Gdx gdx = grey();
+    addLine(gdx, line(0, 0, 100, 50));
+    // 5 of margin on each side; 110 by 60 in 320 by 240 scales by width, and 22.5 is left over in height.
+    const double s = 320.0 / 110.0;
+    VEK::CRecorder paper;
+    VEK::gdxDraw(gdx, paper, 0, 0, VEK::paperRules);
+    EXPECT_EQ(paper.calls()[0].text(), "clipTo 0,0 320,240");
+    const VEK::SurfacePoint from = paper.calls()[3].points[0];
+    const VEK::SurfacePoint to = paper.calls()[4].points[0];
+    EXPECT_NEAR(from.x, s * 5, 1e-9);
+    EXPECT_NEAR(from.y, 240 - s * 16.25, 1e-9);
+    EXPECT_NEAR(to.x, s * 105, 1e-9);
+    EXPECT_NEAR(to.y, 240 - s * 66.25, 1e-9);
+    EXPECT_NEAR(gdx.viewMtxGet().axis(0)[0], s, 1e-12);
+
+    CVekMatrix3d zoom;
+    gdx.viewMtxSet(CVekMatrix3d());
+    gdx.zoomMtxSet(zoom.setToScaling(2.0, {10, 0, 0}));
+    EXPECT_EQ(calls(gdx, VEK::screenRules), "pen 1 #ff0000\nmoveTo -10,0\nlineTo 190,100\n");
+    EXPECT_EQ(gdx.viewMtxGet(), CVekMatrix3d());
+}
+
+TEST(PassSetUp, SkipsWhatIsHiddenOrUnknown)
+{
+    Gdx gdx = grey();
+    EXPECT_EQ(calls(gdx), "");
+    addLine(gdx, line(0, 0, 9, 9), kRed, kNone, itemHidden);
+    addRegion(gdx, itemHidden | itemFill | itemOutline, square(9));
+    CVekDisplayItem odd;
+    odd.type = static_cast<VekDisplayObj>(4);
+    odd.vl = line(0, 0, 9, 9);
+    addItem(gdx, odd);
+    EXPECT_EQ(calls(gdx), "");
+    EXPECT_EQ(calls(gdx, kScreen), "");
+    addLine(gdx, CVekVertexArray());
+    EXPECT_EQ(calls(gdx), "pen 1 #ff0000\n");
+}
+
+TEST(PassColours, ByModeAndFixedAtTheEnd)
+{
+    struct Case {
+        CVekColor color;
+        unsigned mode;
+        const char* paper;
+        const char* screen;
+    };
+    const Case cases[] = {
+        {rgb(0xFF8000), 0, "#ff8000", "#ff8000"}, {CVekColor(), 0, "#3f3f3f", "#3f3f3f"},
+        {indexed(5), 0, "#0000ff", "#0000ff"},    {rgb(0xFFFFFF), 0, "#000000", "#ffffff"},
+        {rgb(kBack), 0, "#c0c0c0", "#3f3f3f"},    {kRed, 2, "#00ff00", "#00ff00"},
+        {kRed, 9, "#000000", "#000000"}, // an entry that the table lacks
+        {kRed, 15, "#3f3f3f", "#3f3f3f"},
+    };
+    for (const Case& c : cases) {
+        Gdx gdx = grey();
+        gdx.ColorTabSet(2, rgb(0x00FF00));
+        addLine(gdx, line(0, 0, 9, 9), c.color, kNone, c.mode << itemColorModeShift, 3);
+        const std::string rest = "\nmoveTo 0,0\nlineTo 9,9\n";
+        EXPECT_EQ(calls(gdx, kPaper), "pen 3 " + std::string(c.paper) + rest);
+        EXPECT_EQ(calls(gdx, kScreen), "pen 3 " + std::string(c.screen) + rest);
+    }
+    Gdx white = Gdx(rgb(0xFFFFFF), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
+    addLine(white, line(0, 0, 9, 9), CVekColor());
+    EXPECT_NE(draw(white, kPaper).text().find("pen 1 #000000"), std::string::npos);
+}
+
+TEST(PassColours, OfFills)
+{
+    struct Case {
+        CVekColor color, fill;
+        unsigned mode;
+        const char* paper;
+        const char* screen;
+    };
+    const CVekColor blue = rgb(0x0000FF);
+    const Case cases[] = {
+        {kRed, blue, 0, "#0000ff", "#0000ff"},
+        {kRed, indexed(0), 0, "#ff0000", "#ff0000"}, // index 0: as the pen
+        {kRed, blue, 2, "#00ff00", "#00ff00"},
+        {CVekColor(), blue, 0, "#0000ff", "#3f3f3f"},
+        {kRed, rgb(0xFFFFFF), 0, "#000000", "#ffffff"},
+        {kRed, rgb(kBack), 0, "#c0c0c0", "#3f3f3f"},
+    };
+    for (const Case& c : cases) {
+        Gdx gdx = grey();
+        gdx.ColorTabSet(2, rgb(0x00FF00));
+        addRegion(gdx, itemFill | c.mode << itemColorModeShift, square(2), c.color, c.fill);
+        EXPECT_EQ(calls(gdx, kPaper).substr(0, 14), "pen 1 " + std::string(c.paper) + "\n");
+        EXPECT_EQ(calls(gdx, kScreen).substr(0, 27), "pen 1 " + std::string(c.screen) + "\nbrush " + c.screen);
+    }
+}
+
+TEST(PassPolyline, LinesDotsAndBreaks)
+{
+    const CVekVertex dot({20, 5, 0}, {20.1, 5, 0}); // shorter than 0.22
+    const CVekVertex dash({30, 5, 0}, {40, 5, 0});
+    const CVekVertex back({40, 5, 0}, {20, 5, 0});
+    Gdx gdx = grey();
+    addLine(gdx, polyline({{{0, 0, 0}, {10, 0, 0}}, {{10, 0, 0}, {10, 8, 0}}, dot, dash}));
+    addLine(gdx, polyline({dot, {{20.1, 5, 0}, {30, 5, 0}}})); // continuous: no dot
+    addLine(gdx, polyline({dot, dash, back}));                 // closed, though it is broken
+    const std::string open = "pen 1 #ff0000\nmoveTo 0,0\nlineTo 10,0\nlineTo 10,8\n";
+    const std::string dashes = "moveTo 30,5\nlineTo 40,5\n";
+    const std::string continuous = "pen 1 #ff0000\nmoveTo 20,5\nlineTo 20.1,5\nlineTo 30,5\n";
+    EXPECT_EQ(calls(gdx, kPaper), open + "moveTo 20,5\nlineTo 21,5\n" + dashes + continuous +
+                                      "pen 1 #ff0000\nmoveTo 20,5\nlineTo 20.1,5\n" + dashes + "lineTo 20,5\n");
+    EXPECT_EQ(calls(gdx, kScreen), open + "pixel 20,5 #ff0000\n" + dashes + continuous +
+                                       "pen 1 #ff0000\npixel 20,5 #ff0000\n" + dashes + "lineTo 20,5\n");
+}
+
+TEST(PassPolyline, ArcsStayWithinHalfAPixel)
+{
+    CVekMatrix3d scale, turn;
+    scale.setToScaling(7.0, CVekPoint3d::kOrigin);
+    turn.setToRotation(1.0, {1, 2, 3}, CVekPoint3d::kOrigin);
+    for (const CVekMatrix3d& m : {kNone, scale, turn, scale * turn}) {
+        Gdx gdx = grey();
+        addLine(gdx, polyline({{{10, 0, 0}, {-10, 0, 0}, 1.0}, {{-10, 0, 0}, {10, 0, 0}, 1.0}}), kRed, m); // a circle
+        const auto recorded = draw(gdx, kPaper);
+        std::vector<VEK::SurfacePoint> points;
+        for (const auto& call : recorded.calls()) {
+            if (call.op == SurfaceOp::moveTo || call.op == SurfaceOp::lineTo)
+                points.push_back(call.points[0]);
+        }
+        ASSERT_GT(points.size(), 8u);
+        const CVekMatrix3d toPlane = m.inverse();
+        for (const VEK::SurfacePoint& p : points) { // back along z to the circle's plane
+            const CVekVector3d down = CVekVector3d::kZAxis * toPlane;
+            CVekPoint3d q = CVekPoint3d(p.x, p.y, 0) * toPlane;
+            q -= down * (q[2] / down[2]);
+            EXPECT_NEAR(q.distanceTo(CVekPoint3d::kOrigin), 10.0, 1e-9);
+        }
+        const double radius = 10.0 * m.axis(0).abs();
+        const double halfStep = std::numbers::pi / static_cast<double>(points.size() - 1);
+        EXPECT_LE(radius * (1.0 - std::cos(halfStep)), 0.5);
+        EXPECT_GE(radius * (1.0 - std::cos(2.5 * halfStep)), 0.5); // and not many more than needed
+    }
+}
+
+TEST(PassPolyline, MatrixAndViewActInTheOrderOfTheItemsKind)
+{
+    CVekMatrix3d quarter, right;
+    quarter.setToRotation(std::numbers::pi / 2, CVekVector3d::kZAxis, CVekPoint3d::kOrigin); // (1, 0) to (0, 1)
+    right.setToTranslation({10, 0, 0});
+    Gdx gdx = grey();
+    gdx.viewDirectionMtxSet(quarter);
+    addLine(gdx, line(1, 0, 5, 0), kRed, right);
+    addRegion(gdx, itemFill | itemOutline, square(4), kRed, CVekColor(), right);
+    gdx.imagePt(path({}), 0, {1, 0, 0}, kRed, right, -2.0, 4, CVekPoint3d());
+    const auto rules = unfitted(VEK::scalableRules);
+    const auto recorded = draw(gdx, rules);
+    const auto first = [&](SurfaceOp op, std::size_t skip) {
+        for (const auto& call : recorded.calls()) {
+            if (call.op == op && skip-- == 0)
+                return call.points[0];
+        }
+        return VEK::SurfacePoint{};
+    };
+    // The region comes first in draw order. Fill: matrix, then view; its outline and polylines: view, then matrix.
+    EXPECT_NEAR(first(SurfaceOp::polygon, 0).y, 10.0, 1e-12);
+    EXPECT_NEAR(first(SurfaceOp::moveTo, 0).x, 10.0, 1e-12);
+    EXPECT_NEAR(first(SurfaceOp::moveTo, 1).x, 10.0, 1e-12);
+    EXPECT_NEAR(first(SurfaceOp::moveTo, 1).y, 1.0, 1e-12);
+    EXPECT_NEAR(first(SurfaceOp::moveTo, 2).x, 0.0, 1e-12);
+    EXPECT_NEAR(first(SurfaceOp::moveTo, 2).y, 11.0, 1e-12);
+}
+
+TEST(PassPoint, EveryStyle)
+{
+    struct Case {
+        unsigned mode;
+        double size;
+        const char* paper;
+        const char* screen; ///< null: the same
+    };
+    const char* plus = "moveTo 20,30\nlineTo 20,27\nmoveTo 20,30\nlineTo 20,33\n"
+                       "moveTo 20,30\nlineTo 23,30\nmoveTo 20,30\nlineTo 17,30\n";
+    const Case cases[] = {
+        {0, 6, "brush #ff0000\nellipse 21,31 19,29\n", nullptr},
+        {1, 6, "", nullptr},
+        {2, 6, plus, nullptr},
+        {2, 7, plus, nullptr}, // half of 7 is 3
+        {3, 6,
+         "moveTo 20,30\nlineTo 17,27\nmoveTo 20,30\nlineTo 17,33\n"
+         "moveTo 20,30\nlineTo 23,27\nmoveTo 20,30\nlineTo 23,33\n",
+         nullptr},
+        {4, 6, "moveTo 20,30\nlineTo 20,27\n", nullptr},
+        {4, -10, "moveTo 20,30\nlineTo 20,35\n", nullptr}, // the opposite way
+        {4, -5, "moveTo 20,30\nlineTo 20,33\n", nullptr},  // -5 halves to -3
+        {33, 6, "ellipse 23,33 17,27\n", nullptr},
+        {65, 6, "rectangle 23,33 17,27\n", "rectangle 23,33 17,27\n"},
+        {65, 7, "rectangle 23,33 17,27\n", "rectangle 23,33 18,28\n"},
+        {65, -6, "rectangle 17,27 23,33\n", nullptr},
+        {36, -10, "ellipse 15,25 25,35\nmoveTo 20,30\nlineTo 20,35\n", nullptr},
+        {96, 6, "ellipse 23,33 17,27\nrectangle 23,33 17,27\nbrush #ff0000\nellipse 21,31 19,29\n", nullptr},
+        {8 + 32 + 2, 7, "brush #ff0000\nrectangle 23,33 17,27\n", "solidRect 17,27 7,7 #ff0000\n"},
+        {8, -10, "brush #ff0000\nrectangle 15,25 25,35\n", "solidRect 25,35 -10,-10 #ff0000\n"},
+    };
+    for (const Case& c : cases) {
+        Gdx gdx = grey();
+        gdx.imagePt(path({}), 0, {20, 30, 7}, kRed, kNone, c.size, c.mode, CVekPoint3d());
+        const std::string start = "pen 1 #ff0000\nnoBrush\n";
+        EXPECT_EQ(calls(gdx, kPaper), start + c.paper) << c.mode << " " << c.size;
+        EXPECT_EQ(calls(gdx, kScreen), start + (c.screen ? c.screen : c.paper)) << c.mode << " " << c.size;
+    }
+}
+
+TEST(PassPoint, SizeFollowsTheZoomUnlessNegative)
+{
+    for (const double size : {6.9, -6.9, 0.0}) { // 0: the object's own
+        Gdx gdx = grey();
+        gdx.pdSizeSet(3.0);
+        CVekMatrix3d zoom;
+        gdx.zoomMtxSet(zoom.setToScaling(2.0, CVekPoint3d::kOrigin));
+        gdx.imagePt(path({}), 0, {1, 2, 0}, kRed, kNone, size, 4, CVekPoint3d());
+        const char* tick = size > 0 ? "lineTo 2,-2\n" : size < 0 ? "lineTo 2,7\n" : "lineTo 2,1\n";
+        EXPECT_EQ(calls(gdx), "pen 1 #ff0000\nnoBrush\nmoveTo 2,4\n" + std::string(tick));
+    }
+}
+
+TEST(PassPoint, MarksMoveToWholePixelsOnScreen)
+{
+    Gdx gdx = grey();
+    gdx.imagePt(path({}), 0, {-0.5, 10.75, 0}, kRed, kNone, -4.0, 4 + 8, CVekPoint3d());
+    gdx.imagePt(path({}), 0, {-0.5, 10.75, 0}, kRed, kNone, -4.0, 4, CVekPoint3d());
+    const std::string start = "pen 1 #ff0000\nnoBrush\n";
+    EXPECT_EQ(calls(gdx, kPaper, true),
+              start + "brush #ff0000\nrectangle -2,8 1,12\n" + start + "moveTo 0,10\nlineTo 0,12\n");
+    EXPECT_EQ(calls(gdx, kScreen, true),
+              start + "solidRect 2,12 -4,-4 #ff0000\n" + start + "moveTo 0,10\nlineTo 0,12\n");
+}
+
+TEST(PassRegion, ScanLinesCoverTheRowsInside)
+{
+    Gdx gdx = grey();
+    CVekArrayTempl<CVekVertexArray> region;
+    region.append(box(2.5, 3.2, 4.0)); // to 6.5, 7.2
+    region.append(box(4.0, 4.5, 1.0)); // to 5, 5.5
+    addRegion(gdx, itemFill, region);
+    EXPECT_EQ(calls(gdx), "pen 1 #ff0000\nmoveTo 2.5,4\nlineTo 6.5,4\nmoveTo 2.5,5\nlineTo 4,5\nmoveTo 5,5\n"
+                          "lineTo 6.5,5\nmoveTo 2.5,6\nlineTo 6.5,6\nmoveTo 2.5,7\nlineTo 6.5,7\n");
+    Gdx whole = grey();
+    addRegion(whole, itemFill, square(2)); // its upper edge lies on row 0, its lower one below the last row
+    EXPECT_EQ(calls(whole), "pen 1 #ff0000\nmoveTo 0,0\nlineTo 2,0\nmoveTo 0,1\nlineTo 2,1\n");
+}
+
+TEST(PassRegion, OnlyRowsOfTheDrawingArea)
+{
+    Gdx gdx = grey();
+    CVekMatrix3d huge;
+    huge.setToScaling(1e12, CVekPoint3d(0.5, 0.5, 0.0));
+    addRegion(gdx, itemFill, square(1), kRed, CVekColor(), huge);
+    const auto recorded = draw(gdx, kPaper);
+    EXPECT_EQ(recorded.calls().size(), 3u + 2 * 100);
+    EXPECT_EQ(recorded.calls().back().points[0].y, 99.0);
+}
+
+TEST(PassRegion, ScanLinesAgreeWithAPointTest)
+{
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> number(0.0, 99.0);
+    int compared = 0;
+    for (int round = 0; round < 20; ++round) {
+        CVekArrayTempl<CVekVertexArray> region;
+        for (int k = 0; k < 2; ++k) {
+            CVekPoint3dArray points;
+            for (int i = 0; i < 7; ++i)
+                points.append({number(random), number(random), 0.0});
+            region[k].fromPoints(points, true);
+        }
+        region[0][2].bulge = 0.7;
+        Gdx gdx = grey();
+        addRegion(gdx, itemFill, region);
+        const auto recorded = draw(gdx, kPaper);
+        for (int y = 0; y < 100; ++y) {
+            for (int k = 0; k < 5; ++k, ++compared) {
+                const double x = number(random);
+                bool drawn = false;
+                for (std::size_t i = 4; i < recorded.calls().size(); i += 2) {
+                    const auto& to = recorded.calls()[i].points[0];
+                    const auto& from = recorded.calls()[i - 1].points[0];
+                    drawn = drawn || (to.y == y && from.x <= x && x <= to.x);
+                }
+                ASSERT_EQ(drawn, VEK::g_vll_pt_inside(region, {x, double(y), 0}) > 0)
+                    << round << ": " << x << ", " << y;
+            }
+        }
+    }
+    EXPECT_EQ(compared, 10000);
+}
+
+TEST(PassRegion, PolygonWithHolesOutOfTheClipOnScreen)
+{
+    Gdx gdx = grey();
+    CVekArrayTempl<CVekVertexArray> region = square(9);
+    region.append(box(2, 2, 3));
+    region.append(CVekVertexArray()); // changes no clip
+    addRegion(gdx, itemFill | itemOutline, region);
+    const std::string areas = "pen 1 #ff0000\nbrush #ff0000\nclipOut 2,2 5,2 5,5 2,5\npolygon 0,0 9,0 9,9 0,9\n"
+                              "clipRestore\n";
+    const std::string outline = "pen 1 #ff0000\nmoveTo 0,0\nlineTo 9,0\nlineTo 9,9\nlineTo 0,9\nlineTo 0,0\n"
+                                "moveTo 2,2\nlineTo 5,2\nlineTo 5,5\nlineTo 2,5\nlineTo 2,2\n";
+    EXPECT_EQ(calls(gdx, kScreen), areas + outline);
+    EXPECT_EQ(calls(gdx, unfitted(VEK::scalableRules)), areas + outline);
+    Gdx solid = grey();
+    addRegion(solid, itemFill, square(9));
+    EXPECT_EQ(calls(solid, kScreen), "pen 1 #ff0000\nbrush #ff0000\npolygon 0,0 9,0 9,9 0,9\n");
+    Gdx empty = grey();
+    addRegion(empty, itemFill | itemOutline, CVekArrayTempl<CVekVertexArray>());
+    EXPECT_EQ(calls(empty, kScreen), "pen 1 #ff0000\n");
+}
+
+TEST(PassText, BodyWithoutHolesAndAnEdgeOfOnePixel)
+{
+    CVekDisplayItem item;
+    item.type = dispText;
+    item.color = kRed;
+    item.thickn = 2;
+    item.regl[0] = square(9);
+    item.regl[0].append(box(2, 2, 3));
+    item.regl[0].append(CVekVertexArray()); // layout adds such
+    item.regl[1][0] = line(20, 20, 30, 20); // open: no body
+    item.regl[2] = CVekArrayTempl<CVekVertexArray>();
+    Gdx gdx = grey();
+    addItem(gdx, item);
+    EXPECT_EQ(calls(gdx),
+              "brush #ff0000\npen 2 #ff0000\nclipOut 2,2 5,2 5,5 2,5\npolygon 0,0 9,0 9,9 0,9\nclipRestore\n"
+              "pen 1 #ff0000\nmoveTo 0,0\nlineTo 9,0\nlineTo 9,9\nlineTo 0,9\nlineTo 0,0\n"
+              "moveTo 2,2\nlineTo 5,2\nlineTo 5,5\nlineTo 2,5\nlineTo 2,2\n"
+              "pen 1 #ff0000\nmoveTo 20,20\nlineTo 30,20\n");
+}
+
+TEST(PassText, ArcsTakeTheChordsOfTheirRules)
+{
+    CVekDisplayItem item;
+    item.type = dispText;
+    item.color = kRed;
+    item.regl[0][0] = polyline({{{1, 0, 0}, {-1, 0, 0}, 1.0}, {{-1, 0, 0}, {1, 0, 0}, 1.0}});
+    item.mtx.setToScaling(100.0, CVekPoint3d::kOrigin);
+    Gdx gdx = grey();
+    addItem(gdx, item);
+    const auto corners = [&](Rules rules) {
+        const auto recorded = draw(gdx, rules);
+        for (const auto& call : recorded.calls()) {
+            if (call.op == SurfaceOp::polygon)
+                return static_cast<int>(call.points.size());
+        }
+        return 0;
+    };
+    const CVekVertex half({1, 0, 0}, {-1, 0, 0}, 1.0);
+    CVekVertex pixels = half;
+    pixels.transformBy(item.mtx);
+    EXPECT_EQ(corners(kScreen), 2 * VEK::vx_split_dif(half, 0.1));
+    EXPECT_EQ(corners(kPaper), 2 * VEK::vx_split_dif(pixels, 0.5));
+}
+
+TEST(PassScreenFixed, KeepsItsSizeAndItsReferencePoint)
+{
+    // One unit is the shorter side, 100, divided by 1.1; y points up from the reference point.
+    const double unit = 100.0 / 1.1;
+    for (const double factor : {1.0, 5.0}) {
+        Gdx gdx = grey();
+        CVekMatrix3d zoom, view;
+        gdx.viewMtxSet(view.setCoordSystem({3, 90, 0}, {2, 0, 0}, {0, -2, 0}, {0, 0, 2}));
+        gdx.zoomMtxSet(zoom.setToScaling(factor, {20, 10, 0}));
+        const CVekPoint3d reference(10, 7, 0);
+        addLine(gdx, polyline({{{0, 0, 0}, {1, 0, 0}}, {{1, 0, 0}, {1, 1, 0}}}), kRed, kNone, itemScreenFixed, 1,
+                reference);
+        gdx.imagePt(path({}), itemScreenFixed, {1, 0, 0}, kRed, kNone, 0.5, 4, reference);
+        const CVekPoint3d anchor = reference * (gdx.zoomMtxGet() * gdx.viewMtxGet());
+        const auto recorded = draw(gdx, kPaper);
+        const std::vector<VEK::SurfaceCall>& all = recorded.calls();
+        ASSERT_EQ(all.size(), 10u);
+        const auto expect = [&](std::size_t call, double x, double y) {
+            EXPECT_NEAR(all[call].points[0].x, anchor[0] + x, 1e-9);
+            EXPECT_NEAR(all[call].points[0].y, anchor[1] + y, 1e-9);
+        };
+        expect(3, 0, 0);
+        expect(4, unit, 0);
+        expect(5, unit, -unit);
+        expect(8, unit, 0);
+        expect(9, unit, -22); // half of a size of 45 pixels
+    }
+}
+
+TEST(PassInput, WhatIsNotFiniteEndsQuickly)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    for (const double odd : {nan, inf, 1e300}) {
+        Gdx gdx = grey();
+        CVekMatrix3d m;
+        m.setToScaling(odd, CVekPoint3d::kOrigin);
+        CVekArrayTempl<CVekVertexArray> region;
+        region[0] = polyline({{{0, odd, 0}, {odd, 5, 0}, odd}, {{odd, 5, 0}, {0, odd, 0}}});
+        region[1] = polyline({{{0, 0, 0}, {10, 0, 0}, 1.0}, {{10, 0, 0}, {0, 0, 0}, 1.0}});
+        for (const CVekMatrix3d& matrix : {kNone, m}) {
+            addLine(gdx, region[0], kRed, matrix);
+            addLine(gdx, region[1], kRed, matrix);
+            addRegion(gdx, itemFill | itemOutline, region, kRed, CVekColor(), matrix);
+            gdx.imagePt(path({}), 0, {odd, 1, 0}, kRed, matrix, odd, 8 + 64, CVekPoint3d());
+            gdx.imageTxt(path({}), 0, L"O", kRed, matrix, L"", {odd, 0, 0}, CVekPoint3d());
+        }
+        for (const PassRules& rules : {VEK::paperRules, VEK::screenRules, VEK::scalableRules})
+            EXPECT_LT(draw(gdx, rules).calls().size(), 100000u);
+    }
+}
+
+/// Every kind of item with every flag, drawn by every set of rules on every surface.
+TEST(PassConformance, KindsFlagsRulesAndSurfaces)
+{
+    using Emit = std::function<void(Gdx&, unsigned)>;
+    struct Kind {
+        const char* name;
+        bool needsFlag; ///< draws nothing without fill or outline
+        Emit emit;
+    };
+    CVekArrayTempl<CVekVertexArray> region = square(50);
+    region.append(box(10, 10, 20));
+    const Kind kinds[] = {
+        {"polyline", false, [&](Gdx& g, unsigned f) { addLine(g, region[0], kRed, kNone, f); }},
+        {"point", false,
+         [](Gdx& g, unsigned f) {
+             g.imagePt(path({}), f, {5, 5, 0}, kRed, kNone, -9.0, 3, CVekPoint3d());
+         }},
+        {"region", true, [&](Gdx& g, unsigned f) { addRegion(g, f, region); }},
+        {"text", false,
+         [](Gdx& g, unsigned f) { g.imageTxt(path({}), f, L"AO8", kRed, kNone, L"", {}, CVekPoint3d()); }},
+    };
+    int cases = 0;
+    for (const Kind& kind : kinds) {
+        for (unsigned flag = 0; flag < 256; ++flag) {
+            if ((flag & (itemHatch | itemFullWindow | itemTransparent)) != 0)
+                continue;
+            Gdx gdx = grey();
+            kind.emit(gdx, flag);
+            gdx.extMaxViewSet({0, 0, 0}, {50, 50, 0}); // for those that have no extents of their own
+            const bool shows = (flag & itemHidden) == 0 && (!kind.needsFlag || (flag & (itemFill | itemOutline)) != 0);
+            for (const PassRules& rules : {VEK::paperRules, kScreen, VEK::scalableRules}) {
+                const std::size_t opening = rules.fillsBackground ? 4 : 2;
+                EXPECT_EQ(draw(gdx, rules).calls().size() > opening, shows) << kind.name << ' ' << flag;
+                for (const bool svg : {false, true}) {
+                    VEK::CMemorySink sink, none;
+                    const auto make = [&](VEK::CByteSink& to) {
+                        return svg ? VEK::svgSurface(to, 200, 100) : VEK::emfSurface(to);
+                    };
+                    Gdx nothing = grey();
+                    const auto blank = make(none);
+                    VEK::gdxDraw(nothing, *blank, 100, 200, rules);
+                    ASSERT_TRUE(blank->finish());
+                    const auto surface = make(sink);
+                    VEK::gdxDraw(gdx, *surface, 100, 200, rules);
+                    ASSERT_TRUE(surface->finish());
+                    EXPECT_EQ(sink.bytes() != none.bytes(), shows) << kind.name << ' ' << flag << ' ' << svg;
+                    ++cases;
+                }
+            }
+        }
+    }
+    EXPECT_EQ(cases, 4 * 32 * 3 * 2);
+}
+
+} // namespace
+} // namespace display_test
