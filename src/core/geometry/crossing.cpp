@@ -38,13 +38,6 @@ Passages passages(const Carrier& carrier, Vec start, Vec end, double bulge, doub
     const double along = slope.dot(chord), across = slope.dot(chord.left());
     const double square = (before + along) * s * s + across * s * c + carrier.sine() * chord.dot(chord);
     const double linear = along * c - across * s;
-    double discriminant = linear * linear - 4.0 * square * before;
-    if (!(discriminant >= 0.0)) {
-        if (!passes)
-            return {};
-        discriminant = 0.0;
-    }
-    const double q = -0.5 * (linear + std::copysign(std::sqrt(discriminant), linear));
     const double half = 0.5 * std::fabs(bend.sweep);
     const auto root = [&](double numerator, double denominator) {
         if (!bend.isArc())
@@ -54,15 +47,22 @@ Passages passages(const Carrier& carrier, Vec start, Vec end, double bulge, doub
             angle = numerator == 0.0 && denominator == 0.0 ? 0.0 : angle + std::numbers::pi;
         return rootAt(angle / half, std::numbers::pi / half);
     };
+    const double discriminant = linear * linear - 4.0 * square * before;
+    if (!(discriminant >= 0.0)) {
+        if (!passes)
+            return {};
+        // Rounding hides a touch of which one end counts to the other side.
+        const Root touch =
+            std::fabs(before) > std::fabs(square) ? root(before, -0.5 * linear) : root(-0.5 * linear, square);
+        return {{touch.t, 0.0}, 1};
+    }
+    const double q = -0.5 * (linear + std::copysign(std::sqrt(discriminant), linear));
     const Root a = root(q, square), b = root(before, q);
     if (passes) {
         const bool first = a.beyond != b.beyond ? a.beyond < b.beyond : a.within > b.within;
         return {{first ? a.t : b.t, 0.0}, 1};
     }
-    // A root beyond an end by less than the other lies within is one that rounding moved there. Where the segment is on
-    // the side of its ends between the roots too, it only touches.
-    if (a.beyond + b.beyond > 0.0 && !(a.beyond < b.within || b.beyond < a.within))
-        return {};
+    // Two passages only if the segment is on the other side between them; else it touches, or passes beyond its ends.
     const double between = carrier(Arc(start, end, bulge).at(0.5 * (a.t + b.t)));
     if ((between > 0.0) == (before > 0.0))
         return {};

@@ -278,12 +278,10 @@ void PreparedRegion::cast(Vec p, int only)
           });
 }
 
-bool PreparedRegion::inside(Vec p)
+/// Calls `touch(contour)` for segments on which a point lies, once for each of their leaves.
+template <class Touch>
+void PreparedRegion::visitTouched(Vec p, Touch&& touch) const
 {
-    reset();
-    if (!std::isfinite(p.x + p.y))
-        return false;
-    cast(p);
     visit(
         [&](const Box& box) {
             return box.min.x - m_tolerance <= p.x && p.x <= box.max.x + m_tolerance && box.min.y - m_tolerance <= p.y &&
@@ -293,11 +291,20 @@ bool PreparedRegion::inside(Vec p)
             for (std::uint32_t i = leaf.first; i < leaf.first + leaf.count; ++i) {
                 const Arc side(m_links[i].point, m_links[i + 1].point, m_links[i].bulge);
                 if (std::fabs(side.offset(p)) <= m_tolerance && (side.at(side.parameter(p)) - p).abs() <= m_tolerance) {
-                    apply(leaf.contour, 1);
+                    touch(leaf.contour);
                     return;
                 }
             }
         });
+}
+
+bool PreparedRegion::inside(Vec p)
+{
+    reset();
+    if (m_leaves.empty() || !std::isfinite(p.x + p.y))
+        return false;
+    cast(p);
+    visitTouched(p, [&](std::uint32_t contour) { apply(contour, 1); });
     return isInside();
 }
 
@@ -387,17 +394,15 @@ void PreparedRegion::gatherArc(const Arc& arc)
     findStart(arc);
 }
 
-/// The middle of the longest piece between events that runs along no boundary, or not along that of one contour;
-/// below 0 without any.
-double PreparedRegion::longestFree(int contour) const
+/// The longest piece between events that runs along no boundary, or not along that of one contour; empty without any.
+Span PreparedRegion::longestFree(int contour) const
 {
-    double best = 0.0, middle = -1.0, from = 0.0;
+    Span best{0.0, 0.0};
+    double from = 0.0;
     int along = 0;
     const auto piece = [&](double to) {
-        if (along == 0 && to - from > best) {
-            best = to - from;
-            middle = 0.5 * (from + to);
-        }
+        if (along == 0 && to - from > best.to - best.from)
+            best = {from, to};
         from = to;
     };
     for (const Event& event : m_events) {
@@ -406,7 +411,21 @@ double PreparedRegion::longestFree(int contour) const
             along += event.step;
     }
     piece(1.0);
-    return middle;
+    return best;
+}
+
+/// A place of the arc in a free piece of it that does not just touch a boundary.
+double PreparedRegion::placeIn(const Span& free, const Arc& arc) const
+{
+    double place = 0.0;
+    for (const double part : {0.5, 0.31, 0.73, 0.17, 0.87}) {
+        place = free.from + part * (free.to - free.from);
+        bool touches = false;
+        visitTouched(arc.at(place), [&](std::uint32_t) { touches = true; });
+        if (!touches)
+            break;
+    }
+    return place;
 }
 
 void PreparedRegion::findStart(const Arc& arc)
@@ -418,10 +437,11 @@ void PreparedRegion::findStart(const Arc& arc)
                 apply(event.contour, kPass);
         }
     };
-    const double free = longestFree(-1);
-    if (free >= 0.0) {
-        cast(arc.at(free));
-        goBack(free, -1);
+    const Span free = longestFree(-1);
+    if (free.to > free.from) {
+        const double place = placeIn(free, arc);
+        cast(arc.at(place));
+        goBack(place, -1);
         return;
     }
     // It runs along one boundary or another throughout: each contour is judged where it is not that one.
@@ -434,8 +454,9 @@ void PreparedRegion::findStart(const Arc& arc)
     for (const std::uint32_t contour : contours) {
         if (m_standing[contour].within)
             apply(contour, kPass);
-        const double place = longestFree(static_cast<int>(contour));
-        if (place >= 0.0) {
+        const Span own = longestFree(static_cast<int>(contour));
+        if (own.to > own.from) {
+            const double place = 0.5 * (own.from + own.to);
             cast(arc.at(place), static_cast<int>(contour));
             goBack(place, static_cast<int>(contour));
         }

@@ -88,13 +88,16 @@ private:
     bool isInside() const { return (m_standing[0].within || m_standing[0].along > 0) && m_blocked == 0; }
     void apply(std::uint32_t contour, int step);
     void reset();
+    template <class Touch>
+    void visitTouched(Vec p, Touch&& touch) const;
     void cast(Vec p, int only = -1);
 
     void gatherLine(const Arc& line);
     void gatherArc(const Arc& arc);
     void addPassage(double t, std::uint32_t contour);
     void addStretches(const Arc& segment, const Leaf& leaf, const Carrier& carrier);
-    double longestFree(int contour) const;
+    Span longestFree(int contour) const;
+    double placeIn(const Span& free, const Arc& arc) const;
     void findStart(const Arc& arc);
     void sweep(double length);
 
