@@ -54,7 +54,9 @@ private:
 namespace VEK
 {
 
-/// The RGB value 0xRRGGBB of an entry of the published AutoCAD Color Index palette; 0 outside 1 to 255.
+/// The RGB value 0xRRGGBB of an entry of the published AutoCAD Color Index palette; 0 outside 1 to 255. Entries 1 to 9
+/// are red, yellow, green, cyan, blue, magenta, white and two greys; 10 to 249 a wheel of 24 hues with five levels of
+/// brightness (255, 165, 127, 76, 38), each fully and half saturated; 250 to 255 greys from 84 to white.
 VEK_API unsigned long paletteColor(int index);
 
 /// The palette entry from 1 to 255 whose RGB value is nearest to 0xRRGGBB, by the sum of the squares of the three

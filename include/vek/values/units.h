@@ -17,7 +17,8 @@ enum lFormat : int {
     formatFractional = 5     ///< 15 1/2
 };
 
-/// Unit of a length. The numbers are those of the published insertion units of DXF ($INSUNITS).
+/// Unit of a length. The numbers are those of the published insertion units of DXF ($INSUNITS), the sizes the exact
+/// ones: 0.0254 m for the inch, and those of the International Astronomical Union from 18 on.
 enum lUnit : int {
     unitCurrent = -1, ///< the drawing's current unit
     unitNone = 0,
