@@ -81,6 +81,9 @@ TEST(Color, GivenByValueTakesTheNearestIndexOnlyWithoutOneOfItsOwn)
     EXPECT_EQ(color.colorIndex(), VEK::paletteNearest(0x123456)) << "another index stays";
     color.setColorIndex(3);
     EXPECT_EQ(color.oleColor(), 0x00FF00u) << "an index drops the value held before";
+    color.setColorIndex(0); // the pen's colour is a choice too
+    color.setColor(0xFF0000);
+    EXPECT_EQ(color.colorIndex(), 0);
     color.setColorIndex(-1);
     EXPECT_EQ(color.oleColor(), 0u);
     color.setOleColor(0x0000FF);
