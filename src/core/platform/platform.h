@@ -8,6 +8,7 @@
 #include <fstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace VEK::platform
 {
@@ -72,6 +73,10 @@ private:
     std::filesystem::path m_scratch; ///< empty for a device or pipe, which has no old content, and after `commit`
     std::ofstream m_out;
 };
+
+/// The arguments of this process behind the program's name, in UTF-8. Its console takes UTF-8 from then on.
+/// @param argc, argv as the process got them
+std::vector<std::string> programArguments(int argc, const char* const* argv);
 
 /// The program file of this process.
 std::filesystem::path programPath();

@@ -1,5 +1,6 @@
 #include "core/platform/platform.h"
 
+#include <algorithm>
 #include <chrono>
 #include <dlfcn.h>
 #include <mutex>
@@ -91,6 +92,11 @@ fs::path modulePath()
             return path;
     }
     return programPath();
+}
+
+std::vector<std::string> programArguments(int argc, const char* const* argv)
+{
+    return {argv + std::min(argc, 1), argv + argc};
 }
 
 std::string systemCodePageOf(std::wstring_view text)

@@ -40,6 +40,19 @@ fs::path modulePath()
     return fileOf(module);
 }
 
+std::vector<std::string> programArguments(int, const char* const*)
+{
+    // What main() gets has gone through the code page of the system.
+    SetConsoleOutputCP(CP_UTF8);
+    int count = 0;
+    wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; words && i < count; ++i)
+        arguments.push_back(utf8Of(words[i]));
+    LocalFree(words);
+    return arguments;
+}
+
 std::string systemCodePageOf(std::wstring_view text)
 {
     const int length = static_cast<int>(text.size());
