@@ -31,14 +31,19 @@ fail() {
 
 since() { echo "$((SECONDS - $1)) s"; }
 
+configure() { # preset
+    cmake --preset "$1" >"build/$1.log" 2>&1 && return
+    tail -n 15 "build/$1.log"
+    fail "$1 does not configure, see build/$1.log"
+    return 1
+}
+
 # build PRESET TARGET...
 build() {
     local preset=$1 log=build/$1.log start=$SECONDS
     shift
-    if ! cmake --preset "$preset" >"$log" 2>&1; then
-        tail -n 20 "$log"
-        fail "$preset does not configure, see $log"
-    elif ! cmake --build "build/$preset" -j "$jobs" --target "$@" >>"$log" 2>&1; then
+    configure "$preset" || return
+    if ! cmake --build "build/$preset" -j "$jobs" --target "$@" >>"$log" 2>&1; then
         grep -E -A 3 -m 5 'error:|undefined reference' "$log" || tail -n 15 "$log"
         fail "$preset does not build, see $log"
     else
@@ -166,7 +171,7 @@ run_all() {
 run_named() {
     local preset tests targets found=
     for preset in native mingw; do
-        cmake --preset $preset >build/$preset.log 2>&1 || { fail "$preset does not configure, see build/$preset.log"; return; }
+        configure $preset || return
         mapfile -t tests < <(rows $preset | cut -d' ' -f1)
         mapfile -t targets < <(rows $preset | cut -d' ' -f3- | tr ' ' '\n' | grep . | sort -u)
         [ ${#tests[@]} -gt 0 ] || continue
