@@ -66,7 +66,7 @@ Passages passages(const Carrier& carrier, Vec start, Vec end, double bulge, doub
     const double between = carrier(Arc(start, end, bulge).at(0.5 * (a.t + b.t)));
     if ((between > 0.0) == (before > 0.0))
         return {};
-    return {{a.t, b.t}, 2};
+    return {{std::min(a.t, b.t), std::max(a.t, b.t)}, 2};
 }
 
 } // namespace VEK::plane

@@ -41,7 +41,7 @@ private:
     double m_cosine;
 };
 
-/// Parameters along a segment at which it passes its carrier; two at most.
+/// Parameters along a segment at which it passes its carrier, in order; two at most.
 struct Passages {
     double t[2];
     int count = 0;

@@ -1,3 +1,5 @@
+#include "core/geometry/area.h"
+
 #include <vek/geometry/region.h>
 
 #include <cmath>
@@ -22,10 +24,10 @@ double arcAreaOfUnitChord(double bulge)
 
 } // namespace
 
-bool g_vl_orient(const CVekVertexArray& vl, const CVekVector3d& axis)
+double detail::signedArea(const CVekVertexArray& vl, const CVekVector3d& axis)
 {
     if (vl.len() == 0)
-        return false;
+        return 0.0;
     // Relative to a point of the polyline, so that a small one far from the origin keeps its digits.
     const CVekPoint3d origin = vl[0].start;
     CVekVector3d before, twice;
@@ -40,7 +42,12 @@ bool g_vl_orient(const CVekVertexArray& vl, const CVekVector3d& axis)
             arcs += arcAreaOfUnitChord(vertex.bulge) * chord.dot(chord);
         }
     }
-    return 0.5 * twice.dot(axis) + arcs * vl.normal().dot(axis) > 0.0;
+    return 0.5 * twice.dot(axis) + arcs * vl.normal().dot(axis);
+}
+
+bool g_vl_orient(const CVekVertexArray& vl, const CVekVector3d& axis)
+{
+    return detail::signedArea(vl, axis) > 0.0;
 }
 
 void regionOrient(CVekArrayTempl<CVekVertexArray>& region, const CVekVector3d& axis)

@@ -219,7 +219,8 @@ void PreparedRegion::visit(Meets&& meets, Visit&& visitLeaf) const
     }
 }
 
-/// Calls `pass(point)` for every passage of a leaf's segments through the carrier.
+/// Calls `pass(point, positive)` for every passage of a leaf's segments through the carrier; positive tells to which
+/// side.
 template <class Pass>
 void PreparedRegion::visitPassages(const Leaf& leaf, const Carrier& carrier, Pass&& pass) const
 {
@@ -231,12 +232,12 @@ void PreparedRegion::visitPassages(const Leaf& leaf, const Carrier& carrier, Pas
         const bool straight = link->bulge == 0.0;
         if (straight && !carrier.bends()) {
             if ((before > 0.0) != (behind > 0.0))
-                pass(link->point + (link[1].point - link->point) * (before / (before - behind)));
+                pass(link->point + (link[1].point - link->point) * (before / (before - behind)), behind > 0.0);
             continue;
         }
         const Passages found = passages(carrier, link->point, link[1].point, link->bulge, before, behind);
         for (int k = 0; k < found.count; ++k)
-            pass(Arc(link->point, link[1].point, link->bulge).at(found.t[k]));
+            pass(Arc(link->point, link[1].point, link->bulge).at(found.t[k]), (before > 0.0) == (k == 1));
     }
 }
 
@@ -271,7 +272,7 @@ void PreparedRegion::cast(Vec p, int only)
           [&](const Leaf& leaf) {
               if (only >= 0 && leaf.contour != static_cast<std::uint32_t>(only))
                   return;
-              visitPassages(leaf, row, [&](Vec at) {
+              visitPassages(leaf, row, [&](Vec at, bool) {
                   if (at.x > p.x)
                       apply(leaf.contour, kPass);
               });
@@ -296,6 +297,36 @@ void PreparedRegion::visitTouched(Vec p, Touch&& touch) const
                 }
             }
         });
+}
+
+bool PreparedRegion::onBoundary(Vec p) const
+{
+    bool touches = false;
+    visitTouched(p, [&](std::uint32_t) { touches = true; });
+    return touches;
+}
+
+bool PreparedRegion::lookDown(Vec p, std::uint32_t past, std::vector<Hit>& touching, Hit& next) const
+{
+    touching.clear();
+    next.y = -std::numeric_limits<double>::infinity();
+    const Carrier column(Arc(p, p + Vec{0.0, 1.0}, 0.0));
+    visit(
+        [&](const Box& box) {
+            return box.min.x <= p.x && p.x <= box.max.x && box.min.y <= p.y + m_tolerance && box.max.y >= next.y;
+        },
+        [&](const Leaf& leaf) {
+            if (leaf.contour == past)
+                return;
+            visitPassages(leaf, column, [&](Vec at, bool rightwards) {
+                const Hit hit{at.y, leaf.contour, rightwards};
+                if (std::fabs(at.y - p.y) <= m_tolerance)
+                    touching.push_back(hit);
+                else if (at.y < p.y && at.y > next.y)
+                    next = hit;
+            });
+        });
+    return std::isfinite(next.y);
 }
 
 bool PreparedRegion::inside(Vec p)
@@ -359,7 +390,7 @@ void PreparedRegion::gatherLine(const Arc& line)
             return forward ? along + reach >= 0.0 : along - reach <= length * length;
         },
         [&](const Leaf& leaf) {
-            visitPassages(leaf, carrier, [&](Vec at) {
+            visitPassages(leaf, carrier, [&](Vec at, bool) {
                 const double t = (at - start).dot(chord) * scale;
                 if (forward ? t >= 0.0 : t < 0.0)
                     apply(leaf.contour, kPass);
@@ -383,7 +414,7 @@ void PreparedRegion::gatherArc(const Arc& arc)
     const double radius = arc.radius();
     visit([&](const Box& box) { return box.meets(around) && (!bent || circleMeets(box, middle, radius, m_tolerance)); },
           [&](const Leaf& leaf) {
-              visitPassages(leaf, carrier, [&](Vec at) {
+              visitPassages(leaf, carrier, [&](Vec at, bool) {
                   const double t = arc.freeParameter(at);
                   if (t >= 0.0 && t <= 1.0)
                       m_events.push_back({t, leaf.contour, kPass});
@@ -420,9 +451,7 @@ double PreparedRegion::placeIn(const Span& free, const Arc& arc) const
     double place = 0.0;
     for (const double part : {0.5, 0.31, 0.73, 0.17, 0.87}) {
         place = free.from + part * (free.to - free.from);
-        bool touches = false;
-        visitTouched(arc.at(place), [&](std::uint32_t) { touches = true; });
-        if (!touches)
+        if (!onBoundary(arc.at(place)))
             break;
     }
     return place;

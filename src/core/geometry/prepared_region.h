@@ -40,9 +40,25 @@ public:
 
     bool inside(Vec p);
 
+    /// Whether a point lies on the boundary of a contour.
+    bool onBoundary(Vec p) const;
+
     /// The stretches of a segment that lie inside, in order and apart from one another; none is shorter than the
     /// tolerance unless the segment is. What is outside lies between them. They stand until the next call.
     const std::vector<Span>& spans(const Arc& segment);
+
+    /// Where the parallel to the y axis through a point meets a contour.
+    struct Hit {
+        double y;
+        std::uint32_t contour;
+        bool rightwards; ///< the contour runs towards +x there
+    };
+
+    /// Looks down from a point past one contour, which it does not see.
+    /// @param touching receives what lies at the point's own height, within the tolerance; emptied first
+    /// @param next the highest of what lies below
+    /// @return whether there is a next one
+    bool lookDown(Vec p, std::uint32_t past, std::vector<Hit>& touching, Hit& next) const;
 
     double tolerance() const { return m_tolerance; }
 
@@ -80,6 +96,7 @@ private:
     void addLeaves(std::uint32_t first, std::uint32_t number);
     void sortLeaves();
     void buildTree();
+    /// Leaves that lie higher come first, more or less.
     template <class Meets, class Visit>
     void visit(Meets&& meets, Visit&& visitLeaf) const;
     template <class Pass>

@@ -1,0 +1,14 @@
+/// Areas of polylines.
+#pragma once
+
+#include <vek/values/polyline.h>
+
+namespace VEK::detail
+{
+
+/// The area that a polyline encloses, arcs included, as its axis shows it: positive where it runs counter-clockwise
+/// about the axis. Gaps count as closed by straight segments.
+/// @param axis of length 1
+double signedArea(const CVekVertexArray& vl, const CVekVector3d& axis);
+
+} // namespace VEK::detail
