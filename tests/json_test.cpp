@@ -1,0 +1,381 @@
+#include <vek/data.h>
+#include <vek/json.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+namespace
+{
+
+std::string textOf(const CVekDataItem& tree)
+{
+    std::string text;
+    CVekString error;
+    EXPECT_TRUE(VEK::jsonWrite(tree, text, L"tree", error));
+    EXPECT_TRUE(error.isNull());
+    return text;
+}
+
+CVekDataItem treeOf(const std::string& text)
+{
+    CVekDataItem tree;
+    CVekString error;
+    EXPECT_TRUE(VEK::jsonRead(tree, text.data(), text.size(), L"tree", error)) << text.substr(0, 200);
+    return tree;
+}
+
+/// The message for a text that is refused.
+std::string messageOf(const std::string& text)
+{
+    CVekDataItem tree;
+    VEK::dataSet(&tree, L"KEPT", 1);
+    CVekString error;
+    EXPECT_FALSE(VEK::jsonRead(tree, text.data(), text.size(), L"t", error)) << text.substr(0, 100);
+    EXPECT_TRUE(tree.getItem(L"KEPT")) << "the tree that was there stays";
+    const CVekArrayTempl<char> utf8 = VEK::toUtf8(error);
+    return std::string(utf8.begin(), utf8.end());
+}
+
+std::uint64_t bitsOf(double value)
+{
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits;
+}
+
+double realOf(std::uint64_t bits)
+{
+    double value = 0;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
+}
+
+/// Everything of a tree in one text, types and bits included, by other means than JSON.
+void describe(const CVekDataItem& item, std::string& out)
+{
+    const auto number = [&](double value) { out += std::to_string(bitsOf(value)) + ' '; };
+    const auto text = [&](const wchar_t* value) {
+        const CVekArrayTempl<char> utf8 = VEK::toUtf8(value);
+        out.append(utf8.begin(), utf8.end());
+        out += '|';
+    };
+    const auto polyline = [&](const CVekVertexArray& value) {
+        for (int i = 0; i < 3; ++i)
+            number(value.normal()[i]);
+        for (const CVekVertex& vertex : value) {
+            for (int i = 0; i < 3; ++i) {
+                number(vertex.start[i]);
+                number(vertex.end[i]);
+            }
+            number(vertex.bulge);
+            out.append(reinterpret_cast<const char*>(vertex.tag), sizeof vertex.tag);
+        }
+        out += ';';
+    };
+    out += std::to_string(static_cast<int>(item.kind())) + ':';
+    if (const auto* flag = item.peek<bool>())
+        out += *flag ? 'T' : 'F';
+    if (const auto* whole = item.peek<int>())
+        out += std::to_string(*whole);
+    if (const auto* natural = item.peek<unsigned long>())
+        out += std::to_string(*natural);
+    if (const auto* real = item.peek<double>())
+        number(*real);
+    if (const auto* value = item.peek<CVekString>())
+        text(*value);
+    if (const auto* unit = item.peek<Vek::lUnit>())
+        out += std::to_string(*unit);
+    if (const auto* point = item.peek<CVekPoint3d>())
+        number((*point)[0]), number((*point)[1]), number((*point)[2]);
+    if (const auto* points = item.peek<CVekPoint3dArray>())
+        for (const CVekPoint3d& each : *points)
+            number(each[0]), number(each[1]), number(each[2]);
+    if (const auto* matrix = item.peek<CVekMatrix3d>()) {
+        const CVekMatrix3d::Rows& rows = *matrix;
+        for (const auto& row : rows)
+            for (double value : row)
+                number(value);
+    }
+    if (const auto* value = item.peek<CVekVertexArray>())
+        polyline(*value);
+    if (const auto* list = item.peek<VEK::VertexArrays>())
+        for (const CVekVertexArray& each : *list)
+            polyline(each);
+    if (const auto* regions = item.peek<VEK::Regions>())
+        for (const VEK::VertexArrays& region : *regions) {
+            for (const CVekVertexArray& each : region)
+                polyline(each);
+            out += '/';
+        }
+    if (const auto* numbers = item.peek<CVekArrayTempl<int>>())
+        for (int each : *numbers)
+            out += std::to_string(each) + ' ';
+    if (const auto* texts = item.peek<CVekArrayTempl<CVekString>>())
+        for (const CVekString& each : *texts)
+            text(each);
+    if (const auto* color = item.peek<CVekColor>()) {
+        out += std::to_string(color->colorIndex()) + ' ' + std::to_string(color->color()) + ' ';
+        out += std::to_string(color->oleColor()) + ' ';
+        text(color->colorName());
+        text(color->bookName());
+    }
+    if (const auto* hatch = item.peek<VEK::CHatchProp>()) {
+        text(hatch->name);
+        number(hatch->angle);
+        number(hatch->scale);
+        out += hatch->crossed ? 'T' : 'F';
+    }
+    for (VEK::CDataIterator child(&item); !child.done(); child.next()) {
+        out += std::to_string(child->getKey()->type()) + ' ' + std::to_string(static_cast<int>(*child->getKey()));
+        text(*child->getKey());
+        describe(*child.item(), out);
+    }
+    out += '.';
+}
+
+std::string describe(const CVekDataItem& item)
+{
+    std::string out;
+    describe(item, out);
+    return out;
+}
+
+void expectRoundTrip(const CVekDataItem& tree)
+{
+    EXPECT_EQ(describe(treeOf(textOf(tree))), describe(tree)) << textOf(tree);
+}
+
+CVekVertexArray tilted(double z)
+{
+    CVekVertexArray polyline;
+    polyline.append(CVekVertex(CVekPoint3d(0.1, -0.0, z), CVekPoint3d(1e22, 1e-300, 5), 0.5));
+    polyline.append(CVekVertex(CVekPoint3d(VEK::nan(), 1, 1), CVekPoint3d(2, 3, 123456789012345678), 0));
+    const unsigned char tag[8] = {1, 0, 3, 0x7F, 0xFF, 0, 0, 8};
+    std::memcpy(polyline[1].tag, tag, sizeof tag);
+    polyline.setNormal(CVekVector3d(0.3, 0.4, z));
+    return polyline;
+}
+
+} // namespace
+
+TEST(Json, BringsEveryLeafTypeBack)
+{
+    CVekDataItem tree;
+    expectRoundTrip(tree);
+    tree.mkDir();
+    expectRoundTrip(tree);
+    VEK::dataSet(&tree, L"bool", false);
+    VEK::dataSet(&tree, L"int", -2147483647 - 1);
+    VEK::dataSet(&tree, L"ulong", ~0ul);
+    VEK::dataSet(&tree, L"", L"Größe \"1\"\\2\n\t\x1F\x20AC");
+    VEK::dataSet(&tree, L"unit", Vek::unitMetre);
+    VEK::dataSet(&tree, L"point", CVekPoint3d(0.1, -0.0, 1e300));
+    VEK::dataSet(&tree, L"matrix", CVekMatrix3d().setToRotation(0.7, CVekVector3d(1, 2, 3), CVekPoint3d(4, 5, 6)));
+    VEK::dataSet(&tree, L"hatch", VEK::CHatchProp(L"ANSI31", 0.1, 2.5, true));
+    CVekPoint3dArray points;
+    VEK::dataSet(&tree, L"points0", points);
+    points.append(CVekPoint3d(1, 2, 3));
+    points.append(CVekPoint3d(VEK::nan(), -std::numeric_limits<double>::infinity(), 3));
+    VEK::dataSet(&tree, L"points", points);
+    CVekArrayTempl<int> numbers;
+    VEK::dataSet(&tree, L"ints0", numbers);
+    numbers.append(7);
+    VEK::dataSet(&tree, L"ints", numbers);
+    CVekArrayTempl<CVekString> texts;
+    VEK::dataSet(&tree, L"texts0", texts);
+    texts.append(CVekString());
+    VEK::dataSet(&tree, L"texts", texts);
+    VEK::VertexArrays polylines;
+    VEK::dataSet(&tree, L"polylines0", polylines);
+    for (int i = 0; i < 200; ++i)
+        polylines.append(tilted(i * 0.37));
+    polylines.append(CVekVertexArray());
+    VEK::dataSet(&tree, L"polyline", polylines[0]);
+    VEK::dataSet(&tree, L"polylines", polylines);
+    VEK::Regions regions;
+    VEK::dataSet(&tree, L"regions0", regions);
+    regions.append(polylines);
+    regions.append(VEK::VertexArrays());
+    VEK::dataSet(&tree, L"regions", regions);
+    for (int index : {-1, 0, 5, 300}) {
+        CVekColor color;
+        color.setColorIndex(static_cast<short>(index));
+        const CVekDataKey own(5005, L"colors", 5003, index, 0);
+        VEK::dataItemSet(&tree, &own, color);
+        color.setColor(0x123456);
+        color.setNames(L"Nacht", L"RAL");
+        const CVekDataKey given(5005, L"colors", 5005, L"given", 5003, index, 0);
+        VEK::dataItemSet(&tree, &given, color);
+    }
+    tree.makeItem(L"nothing");
+    tree.makeDir(L"A\\B\\C");
+    expectRoundTrip(tree);
+}
+
+TEST(Json, KeepsKeysApart)
+{
+    CVekDataItem tree(CVekDataItem::directory);
+    const CVekDataKey keys[] = {CVekDataKey(5003, 12, 0), CVekDataKey(L"12"),       CVekDataKey(L"#12"),
+                                CVekDataKey(L"##12"),     CVekDataKey(L"#=12"),     CVekDataKey(5020, L"zwölf", 0),
+                                CVekDataKey(L"@point"),   CVekDataKey(L"@@"),       CVekDataKey(L"@"),
+                                CVekDataKey(L"#"),        CVekDataKey(L""),         CVekDataKey(5003, -1, 0),
+                                CVekDataKey(L"a\\b"),     CVekDataKey(5020, L"", 0)};
+    int value = 0;
+    for (const CVekDataKey& key : keys)
+        VEK::dataItemSet(&tree, &key, value++);
+    EXPECT_EQ(tree.getDir()->len(), 13) << "the last one is the empty name again";
+    expectRoundTrip(tree);
+}
+
+TEST(Json, KeepsRealsToTheLastBit)
+{
+    CVekDataItem tree;
+    CVekPoint3dArray points;
+    std::mt19937_64 random(4711);
+    for (int i = 0; i < 3000; ++i) {
+        const CVekDataKey key(5003, i, 0);
+        const double value = realOf(random());
+        VEK::dataItemSet(&tree, &key, value);
+        points.append(CVekPoint3d(static_cast<double>(random()), realOf(random()), static_cast<double>(i)));
+    }
+    for (double value : {0.0, -0.0, 1.0, -1.0, 5e-324, 1.7976931348623157e308, 2.2250738585072014e-308,
+                         9007199254740993.0, 1e22, 1e23, 123456789012345680000.0, 18446744073709551616.0, VEK::nan(),
+                         -VEK::nan(), realOf(0x7FF0000000000001), realOf(0xFFF8000000000123),
+                         std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()}) {
+        const CVekDataKey key(5003, 10000 + tree.getDir()->len(), 0);
+        VEK::dataItemSet(&tree, &key, value);
+        points.append(CVekPoint3d(value, -value, value));
+    }
+    VEK::dataSet(&tree, L"points", points);
+    expectRoundTrip(tree);
+}
+
+TEST(Json, ReadsWhatAPersonWrites)
+{
+    const CVekDataItem tree =
+        treeOf("\xEF\xBB\xBF { \"A\": 1, \"B\": 1e0, \"S\": [\"x\", \"y\"], \"N\": [1, -2],\r\n"
+               " \"P\": {\"@point\": [1, 2.5, -0]}, \"C\": {\"@color\": {\"index\": 3}},\n"
+               " \"H\": {\"@hatch\": {\"name\": \"NET\"}}, \"VL\": {\"@polyline\": [[0,0,0, 1,0,0, 0]]},"
+               " \"D\": {\"#4\": null, \"\\u0041\\ud83d\\ude00\": true} }");
+    EXPECT_EQ(*tree.getItem(L"A")->peek<int>(), 1);
+    EXPECT_EQ(*tree.getItem(L"B")->peek<double>(), 1.0);
+    EXPECT_EQ(tree.getItem(L"S")->peek<CVekArrayTempl<CVekString>>()->len(), 2);
+    EXPECT_EQ((*tree.getItem(L"N")->peek<CVekArrayTempl<int>>())[1], -2);
+    EXPECT_TRUE(*tree.getItem(L"P")->peek<CVekPoint3d>() == CVekPoint3d(1, 2.5, 0));
+    EXPECT_EQ(tree.getItem(L"C")->peek<CVekColor>()->color(), 0x00FF00ul);
+    EXPECT_EQ(tree.getItem(L"H")->peek<VEK::CHatchProp>()->scale, 1.0);
+    EXPECT_EQ((*tree.getItem(L"VL")->peek<CVekVertexArray>())[0].end[0], 1.0);
+    const CVekDataKey four(5003, 4, 0);
+    EXPECT_EQ(tree.getItem(L"D")->getItem(&four)->kind(), VEK::DataKind::empty);
+    EXPECT_TRUE(tree.getItem(L"D\\A\U0001F600"));
+}
+
+TEST(Json, NamesLineAndCause)
+{
+    const struct {
+        const char* text;
+        const char* message;
+    } cases[] = {
+        {"", "t:1: "},
+        {"{\"A\": 1,\n \"B\": [1,\n 2,\n}", "t:4: "},
+        {"{\n\"A\": 1\n", "t:3: "},
+        {"{\n\"A\": 1e999}", "t:2: number overflow"},
+        {"{\n\"A\": 3000000000\n}", "t:2: an integer beyond 32 bits"},
+        {"{\n\"A\": 99999999999999999999999\n}", "t:2: an integer beyond 32 bits"},
+        {"{\n\"A\": -3000000000\n}", "t:2: an integer beyond 32 bits"},
+        {"{\"A\": 1,\n\"A\": 2}", "t:2: \"A\" stands here twice"},
+        {"{\"A\": \"\\u0000\"}", "t:1: a text cannot hold"},
+        {"{\"A\\u0000\": 1}", "t:1: a name cannot hold"},
+        {"{\"A\":\n\"\xFF\"}", "t:2: syntax error"},
+        {"{\"A\": \"\\ud800\"}", "t:1: syntax error"},
+        {"{\"A\": []}", "t:1: a list without elements"},
+        {"{\"A\": [1,\n\"x\"]}", "t:2: an integer from"},
+        {"{\"A\": [\"x\",\n1]}", "t:2: a text is missing"},
+        {"{\"A\": [1.5]}", "t:1: a list without a tag"},
+        {"{\"A\": [{}]}", "t:1: a list without a tag"},
+        {"{\"A\": {\"@point\": [1,\n2]}}", "t:2: a number is missing"},
+        {"{\"A\": {\"@point\": [1,2,3,4]}}", "t:1: a point has three numbers"},
+        {"{\"A\": {\"@point\": [1,2,3],\n\"B\": 1}}", "t:2: a value with a tag"},
+        {"{\"A\": {\"@point\": {}}}", "t:1: a list of numbers"},
+        {"{\"A\": {\"@matrix\": [[1,0,0,0],[1,0,0,0],[0,0,0,1]]}}", "t:1: a list of numbers"},
+        {"{\"A\": {\"@polyline\": [[0,0,0,1,1,1,0,\"12\"]]}}", "t:1: a tag has sixteen"},
+        {"{\"A\": {\"@polyline\": {\"nomal\": [0,0,1]}}}", "t:1: a polyline has"},
+        {"{\"A\": {\"@regions\": [[[[[[[[1]]]]]]]]}}", "t:1: no value has lists this deep"},
+        {"{\"A\": {\"@color\": {\"index\": 40000}}}", "t:1: a colour index"},
+        {"{\"A\": {\"@color\": {\"rgb\": -1}}}", "t:1: a colour from"},
+        {"{\"A\": {\"@double\": \"0x12\"}}", "t:1: a number is missing"},
+        {"{\"A\": {\"@ulong\": -1}}", "t:1: an integer from 0 on"},
+        {"{\"A\": {\"@ulong\": 99999999999999999999999}}", "t:1: an integer from 0 on"},
+        {"{\"A\": {\"@pint\": 1}}", "t:1: no value has this tag"},
+        {"{\"A\": 1, \"@point\": [1,2,3]}", "t:1: a tag stands alone"},
+        {"{\"#x\": 1}", "t:1: behind #"},
+        {"{\"#99999999999\": 1}", "t:1: behind #"},
+        {"{} x", "t:1: syntax error"},
+        {"{\"A\": NaN}", "t:1: syntax error"},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(messageOf(each.text).compare(0, std::strlen(each.message), each.message), 0) << each.text << '\n'
+                                                                                               << messageOf(each.text);
+}
+
+TEST(Json, RefusesWhatLiesTooDeep)
+{
+    const auto nested = [](int depth, const char* open, const char* close) {
+        std::string text;
+        for (int i = 0; i < depth; ++i)
+            text += open;
+        for (int i = 0; i < depth; ++i)
+            text += close;
+        return text;
+    };
+    std::string deep = nested(VEK::kJsonDepth - 1, "{\"A\":", "}");
+    deep.insert(deep.find('}'), "{}");
+    expectRoundTrip(treeOf(deep));
+    EXPECT_NE(messageOf(nested(100000, "{\"A\":", "}")).find("too deep"), std::string::npos);
+    EXPECT_NE(messageOf(nested(100000, "[", "]")).find("deep"), std::string::npos);
+    EXPECT_NE(messageOf(std::string(100000, '{')).find("syntax error"), std::string::npos);
+    EXPECT_LT(messageOf("\"" + std::string(100000, 'x')).size(), 400u) << "a message does not quote it all";
+
+    CVekDataItem tree;
+    CVekDataItem* at = &tree;
+    for (int i = 0; i < VEK::kJsonDepth; ++i)
+        at = at->makeDir(L"N");
+    std::string text("kept");
+    CVekString error;
+    EXPECT_FALSE(VEK::jsonWrite(tree, text, L"t", error));
+    EXPECT_EQ(text, "kept");
+    EXPECT_EQ(error.find(L"t: directories lie too deep"), 0);
+}
+
+TEST(Json, LoadsAndSavesFiles)
+{
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / u8"vek_json_täst";
+    std::filesystem::create_directories(folder);
+    const std::u8string utf8 = (folder / "tree.json").u8string();
+    const CVekString path =
+        VEK::fromUtf8(reinterpret_cast<const char*>(utf8.data()), static_cast<unsigned>(utf8.size()));
+    CVekDataItem tree;
+    VEK::dataSet(&tree, L"A\\B", 0.1);
+    CVekString error;
+    EXPECT_TRUE(VEK::jsonSave(tree, path, error));
+    CVekDataItem back;
+    EXPECT_TRUE(VEK::jsonLoad(back, path, error));
+    EXPECT_EQ(describe(back), describe(tree));
+    EXPECT_TRUE(error.isNull());
+    EXPECT_FALSE(VEK::jsonLoad(back, path + L"x", error));
+    EXPECT_TRUE(error == path + L"x: cannot be read");
+    EXPECT_FALSE(VEK::jsonSave(back, path + L"/x/y", error));
+    EXPECT_TRUE(error == path + L"/x/y: cannot be written");
+    EXPECT_FALSE(VEK::jsonLoad(back, nullptr, error));
+    EXPECT_EQ(describe(back), describe(tree));
+    int files = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder))
+        ++files;
+    EXPECT_EQ(files, 1) << "nothing else is left behind";
+    std::filesystem::remove_all(folder);
+}
