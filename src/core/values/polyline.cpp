@@ -23,6 +23,9 @@ bool same(const CVekVector3d& a, const CVekVector3d& b)
 /// Brings the length to 1; false for a vector that has no direction.
 bool makeUnit(CVekVector3d& v)
 {
+    constexpr double kRounding = 2e-15; // a vector that was brought to 1 before stays as it is, to the last bit
+    if (std::fabs(v.dot(v) - 1.0) <= kRounding)
+        return true;
     const double size = std::max({std::fabs(v[0]), std::fabs(v[1]), std::fabs(v[2])});
     if (!(size > 0.0) || !std::isfinite(size))
         return false;
