@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string>
 #include <vector>
 
 namespace
@@ -221,4 +223,25 @@ TEST(Chain, GivesRegionsAndMovesOn)
     EXPECT_EQ(read.len(), 0);
     EXPECT_FALSE(at);
     EXPECT_FALSE(VEK::fromRb(read, at, 0));
+}
+
+TEST(Chain, BearsAnySequenceOfNodes)
+{
+    std::mt19937 random(4711);
+    int read = 0;
+    for (int round = 0; round < 20000; ++round) {
+        std::string chain;
+        for (std::uint32_t length = random() % 12; length > 0; --length)
+            chain += "(()).tsrpn"[random() % 10];
+        CVekDataItem item;
+        if (!item.setData(chainOf(chain.c_str()), false))
+            continue;
+        ++read;
+        CVekDataItem again;
+        ASSERT_TRUE(again.setData(item.mkLisp(), false)) << chain;
+        const VEK::CUniqResbuf first(item.mkLisp());
+        const VEK::CUniqResbuf second(again.mkLisp());
+        EXPECT_EQ(typesOf(first), typesOf(second)) << chain;
+    }
+    EXPECT_GT(read, 1000);
 }

@@ -17,14 +17,15 @@ inline constexpr int kJsonDepth = 512;
 
 /// Reads a tree from a file or from bytes in UTF-8. Every value comes back as it was saved, reals to their last bit.
 /// @param tree receives the contents in place of its own; on failure it stays as it was
-/// @param error receives "NAME:LINE: cause" on failure, and stays untouched otherwise; NAME is the path or `name`
+/// @param error receives "NAME:LINE: cause" on failure, without the line where a file cannot be read at all, and stays
+/// untouched otherwise; NAME is the path or `name`
 VEK_API bool jsonLoad(CVekDataItem& tree, const wchar_t* path, CVekString& error);
 VEK_API bool jsonRead(CVekDataItem& tree, const char* bytes, std::size_t size, const wchar_t* name, CVekString& error);
 
 /// Writes a tree to a file or into a text in UTF-8, which it replaces. A file is written beside its place and then
 /// renamed, so that what stood there stays whole until the new one is.
 /// @param error receives "NAME: cause" on failure, and stays untouched otherwise
-/// @return false when the tree lies deeper than `kJsonDepth` or cannot be written
+/// @return false when directories lie deeper than `kJsonDepth` or the text cannot be written
 VEK_API bool jsonSave(const CVekDataItem& tree, const wchar_t* path, CVekString& error);
 VEK_API bool jsonWrite(const CVekDataItem& tree, std::string& text, const wchar_t* name, CVekString& error);
 

@@ -73,7 +73,7 @@ Token& CTokens::token(Token::Kind kind, const char* at)
 
 const Token& CLeafReader::peek() const
 {
-    static const Token end;
+    static const Token end{};
     return m_next < m_tokens.tokens().size() ? m_tokens.tokens()[m_next] : end;
 }
 
