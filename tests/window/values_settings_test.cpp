@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-TEST(SettingsWindows, GoBelowAKeyOfTheSession)
+TEST(SettingsWindows, GoBelowAVolatileKey)
 {
-    const wchar_t* key = L"Software\\OSTWERK\\VekTest\\Session";
+    const wchar_t* key = L"Software\\OSTWERK\\VekTest\\Volatile";
     HKEY handle = nullptr;
     ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, key, 0, nullptr, REG_OPTION_VOLATILE, KEY_READ | KEY_WRITE, nullptr,
                               &handle, nullptr),

@@ -18,7 +18,7 @@ VEK_API bool execute(const wchar_t* command, unsigned long timeout, bool show);
 
 /// Reads and writes a per-user setting: a value of a key, whose levels are parted by backslashes. Case does not matter
 /// in key and name; a null or empty name is the key's own value. On Windows the settings live in the registry under
-/// HKEY_CURRENT_USER, as REG_DWORD and REG_SZ; below a key made for the session only, so is what is written. Elsewhere
+/// HKEY_CURRENT_USER, as REG_DWORD and REG_SZ; what is written below a volatile key is volatile. Elsewhere
 /// they live in the text file "vek/settings" of the user's configuration folder, $XDG_CONFIG_HOME or else ~/.config.
 /// @return false when the key, the value or a value of that type is absent (the target stays) or cannot be written
 VEK_API bool regRead(const wchar_t* key, const wchar_t* name, unsigned long& value);

@@ -33,7 +33,7 @@ bool write(std::wstring_view key, std::wstring_view name, DWORD type, const void
                                nullptr);
     };
     LSTATUS status = create(REG_OPTION_NON_VOLATILE);
-    if (status == ERROR_CHILD_MUST_BE_VOLATILE) // a level above was made for this session only
+    if (status == ERROR_CHILD_MUST_BE_VOLATILE) // a level above is volatile
         status = create(REG_OPTION_VOLATILE);
     if (status != ERROR_SUCCESS)
         return false;
