@@ -189,6 +189,7 @@ TEST(Emf, AreasTakePenAndBrush)
         s.pen(0, 0x00FF00);
         s.ellipse(0, 0, 5, 5);
         s.ellipse(0, 0, 0, 5);
+        s.ellipse(9, 9, 7, 7); // two pixels square
         s.solidRect(10, 10, 4, 0.5, 0);
         s.solidRect(10.5, 10, 4, 5, 0xFF0000);
         s.solidRect(14, 15, -4.9, -5, 0xFF0000);
@@ -198,6 +199,7 @@ TEST(Emf, AreasTakePenAndBrush)
     EXPECT_EQ(file.drawing, "polygon 0,0 9,0 0,9: pen 1 #000000, no brush, clip all\n"
                             "rectangle 1,2 4,5: no pen, brush #ff0000, clip all\n"
                             "ellipse 0,0 4,4: pen 1 #00ff00, no brush, clip all\n"
+                            "rectangle 7,7 8,8: pen 1 #00ff00, no brush, clip all\n"
                             "rectangle 10,10 13,14: pen 1 #0000ff, brush #0000ff, clip all\n"
                             "rectangle 10,10 13,14: pen 1 #0000ff, brush #0000ff, clip all\n"
                             "pixel 3,4 #ff0000: clip all\n");

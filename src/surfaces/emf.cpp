@@ -156,7 +156,7 @@ private:
     unsigned m_background = 0xFFFFFF;
     bool m_clipped = false;
     Box m_clip;
-    Holes m_holes;
+    Holes m_holes; ///< not cut to whole pixels yet, which could move a hole's edge across the polygon's
     SurfacePoint m_at;
     std::vector<Point> m_run; ///< connected lines that are not written yet
 
@@ -201,8 +201,6 @@ void EmfSurface::clipOut(const SurfacePoint* points, int count)
 {
     flushRun();
     reach::cutPolygon(points, count, m_cut);
-    for (SurfacePoint& p : m_cut)
-        p = {std::trunc(p.x), std::trunc(p.y)};
     m_holes.add(m_cut.data(), static_cast<int>(m_cut.size()));
 }
 
@@ -372,8 +370,6 @@ void EmfSurface::polygon(const SurfacePoint* points, int pointCount)
 {
     flushRun();
     reach::cutPolygon(points, pointCount, m_cut);
-    for (SurfacePoint& p : m_cut)
-        p = {std::trunc(p.x), std::trunc(p.y)};
     const int cutCount = static_cast<int>(m_cut.size());
     if (cutCount < 2 || m_finished || !m_colors.drawsArea())
         return;
@@ -434,6 +430,8 @@ void EmfSurface::addBox(emf::Type type, double x1, double y1, double x2, double 
     bringPen();
     bringBrush();
     cover(box, m_colors.penOn);
+    if (box.right - box.left < 2 && box.bottom - box.top < 2)
+        type = emf::kRectangle; // an ellipse of two pixels is one, and some readers leave it out
     m_records.add(type, box.left, box.top, box.right, box.bottom);
 }
 

@@ -1,0 +1,153 @@
+// The draw pass into a surface that does nothing, and into files.
+#include <vek/display.h>
+#include <vek/surfaces.h>
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <string>
+
+namespace
+{
+
+class NoSurface : public VEK::CSurface
+{
+public:
+    void clipTo(double, double, double, double) override {}
+    void clipOut(const VEK::SurfacePoint* points, int) override { benchmark::DoNotOptimize(points); }
+    void clipRestore() override {}
+    void pen(int, unsigned) override {}
+    void noPen() override {}
+    void brush(unsigned) override {}
+    void noBrush() override {}
+    void background(unsigned) override {}
+    void moveTo(double x, double) override { benchmark::DoNotOptimize(x); }
+    void lineTo(double x, double) override { benchmark::DoNotOptimize(x); }
+    void polyline(const VEK::SurfacePoint* points, int) override { benchmark::DoNotOptimize(points); }
+    void polygon(const VEK::SurfacePoint* points, int) override { benchmark::DoNotOptimize(points); }
+    void rectangle(double, double, double, double) override {}
+    void ellipse(double, double, double, double) override {}
+    void pixel(double, double, unsigned) override {}
+    void solidRect(double, double, double, double, unsigned) override {}
+};
+
+CVekGDX blank()
+{
+    return CVekGDX(CVekColor(), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
+}
+
+/// Polylines of two segments each.
+CVekGDX polylines(std::int64_t count, bool ownMatrix)
+{
+    CVekGDX gdx = blank();
+    CVekColor color;
+    color.setColorIndex(1);
+    CVekMatrix3d m;
+    if (ownMatrix)
+        m.setToRotation(0.1, CVekVector3d::kZAxis, CVekPoint3d::kOrigin);
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double x = static_cast<double>(i % 1000), y = static_cast<double>(i / 1000);
+        CVekVertexArray vl;
+        vl.append(CVekVertex({x, y, 0}, {x + 3, y, 0}));
+        vl.append(CVekVertex({x + 3, y, 0}, {x + 3, y + 2, 0}));
+        gdx.imageVl({}, itemNoExt, vl, color, m, {}, 1.0, 1, {});
+    }
+    gdx.extMaxViewSet({0, 0, 0}, {1003, 1002, 0});
+    return gdx;
+}
+
+/// The same points through one matrix and nothing else.
+void bareLoop(benchmark::State& state)
+{
+    const CVekGDX gdx = polylines(state.range(0), false);
+    const CVekMatrix3d m = gdx.zoomMtxGet() * gdx.projMtxGet();
+    for (auto _ : state) {
+        for (const CVekDisplayItem& item : gdx.getDisplayList()) {
+            for (const CVekVertex& vertex : item.vl) {
+                benchmark::DoNotOptimize(vertex.start * m);
+                benchmark::DoNotOptimize(vertex.end * m);
+            }
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(bareLoop)->RangeMultiplier(10)->Range(1000, 1000000);
+
+void passOverPolylines(benchmark::State& state, bool ownMatrix)
+{
+    CVekGDX gdx = polylines(state.range(0), ownMatrix);
+    NoSurface surface;
+    for (auto _ : state)
+        VEK::gdxDraw(gdx, surface, 800, 1200, VEK::paperRules);
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK_CAPTURE(passOverPolylines, plain, false)->RangeMultiplier(10)->Range(1000, 1000000);
+BENCHMARK_CAPTURE(passOverPolylines, ownMatrix, true)->RangeMultiplier(10)->Range(1000, 1000000);
+
+class Nowhere : public VEK::CByteSink
+{
+public:
+    bool write(std::string_view bytes) override
+    {
+        count += bytes.size();
+        return true;
+    }
+    bool rewrite(std::uint64_t, std::string_view) override { return true; }
+    bool commit() override { return true; }
+    std::size_t count = 0;
+};
+
+void passIntoFile(benchmark::State& state, bool svg)
+{
+    CVekGDX gdx = polylines(state.range(0), false);
+    std::size_t bytes = 0;
+    for (auto _ : state) {
+        Nowhere sink;
+        const auto surface = svg ? VEK::svgSurface(sink, 1200, 800) : VEK::emfSurface(sink);
+        VEK::gdxDraw(gdx, *surface, 800, 1200, VEK::paperRules);
+        surface->finish();
+        bytes += sink.count;
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetBytesProcessed(static_cast<std::int64_t>(bytes));
+}
+BENCHMARK_CAPTURE(passIntoFile, emf, false)->RangeMultiplier(10)->Range(1000, 1000000);
+BENCHMARK_CAPTURE(passIntoFile, svg, true)->RangeMultiplier(10)->Range(1000, 1000000);
+
+/// One item of a text of so many letters.
+void passOverText(benchmark::State& state)
+{
+    CVekGDX gdx = blank();
+    std::wstring text;
+    for (std::int64_t i = 0; i < state.range(0); ++i)
+        text += static_cast<wchar_t>(L'A' + i % 26);
+    gdx.imageTxt({}, 0, text.c_str(), CVekColor(), CVekMatrix3d(), L"", {}, {});
+    NoSurface surface;
+    for (auto _ : state)
+        VEK::gdxDraw(gdx, surface, 800, 1200, VEK::paperRules);
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(passOverText)->RangeMultiplier(10)->Range(100, 100000);
+
+/// A star of so many contour segments filled over 1000 by 1000 pixels.
+void scanFill(benchmark::State& state)
+{
+    const std::int64_t count = state.range(0);
+    CVekPoint3dArray points;
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double angle = 6.283185307179586 * static_cast<double>(i) / static_cast<double>(count);
+        const double radius = i % 2 != 0 ? 450.0 : 400.0;
+        points.append({500 + radius * std::cos(angle), 500 + radius * std::sin(angle), 0});
+    }
+    CVekArrayTempl<CVekVertexArray> region;
+    region[0].fromPoints(points, true);
+    CVekGDX gdx = blank();
+    gdx.imageReg({}, itemFill, region, CVekColor(), CVekMatrix3d(), {}, 1.0, 1, CVekColor(), VEK::CHatchProp(), {});
+    NoSurface surface;
+    for (auto _ : state)
+        VEK::gdxDraw(gdx, surface, 1000, 1000, VEK::paperRules);
+    state.SetItemsProcessed(state.iterations() * count);
+}
+BENCHMARK(scanFill)->RangeMultiplier(10)->Range(100, 100000)->Unit(benchmark::kMicrosecond);
+
+} // namespace
