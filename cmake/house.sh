@@ -1,6 +1,7 @@
 # shellcheck shell=bash
 # Shared by test.sh and demo.sh: the packages that a Debian machine lacks, and one line for each step done.
 
+export LC_ALL=C.UTF-8 # the same messages, order and file names everywhere
 # shellcheck disable=SC2034 # for the scripts that read this one
 jobs=$(nproc)
 
