@@ -275,6 +275,32 @@ TEST(Emf, HolesThatOverlapOrRepeatAreClipped)
     EXPECT_EQ(clipPaths(notch, {inNotch}), 1);
 }
 
+TEST(Emf, PlatesWithManyHolesAreStillOneFigure)
+{
+    const EmfFile file = emf([](CSurface& s) {
+        s.brush(0xFF);
+        for (int i = 0; i < 1000; ++i) {
+            const double x = 10 + i % 50 * 20, y = 10 + i / 50 * 20;
+            const SurfacePoint hole[] = {{x, y}, {x + 9, y}, {x + 9, y + 9}, {x, y + 9}};
+            s.clipOut(hole, 4);
+        }
+        const SurfacePoint plate[] = {{0, 0}, {2000, 0}, {2000, 1000}, {0, 1000}};
+        s.polygon(plate, 4);
+        s.clipRestore();
+    });
+    EXPECT_EQ(file.count(91), 1);
+    EXPECT_EQ(file.count(67), 0);
+}
+
+TEST(Emf, PolygonsLargerThanTheBuffer)
+{
+    std::vector<SurfacePoint> circle;
+    for (int i = 0; i < 50000; ++i)
+        circle.push_back({40000 + 40000 * std::cos(i * 1e-4), 40000 * std::sin(i * 1e-4)});
+    const EmfFile file = emf([&](CSurface& s) { s.polygon(circle.data(), static_cast<int>(circle.size())); });
+    EXPECT_EQ(file.records[file.records.size() - 2].words.size(), 5u + 2 * circle.size());
+}
+
 TEST(Emf, ManyColoursNeedFewHandles)
 {
     const EmfFile file = emf([](CSurface& s) {

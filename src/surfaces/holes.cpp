@@ -7,8 +7,9 @@ namespace VEK
 namespace
 {
 
-/// The square of this bounds the work of one answer; glyphs have some 60 points.
-constexpr int kMostPoints = 1000;
+/// Most comparisons of two points, edges or boxes for one answer: some milliseconds. A glyph needs some thousand, a
+/// plate with a thousand drill holes a million.
+constexpr double kMostWork = 4e6;
 
 /// Positive where c lies to the left of the line from a to b.
 double side(const SurfacePoint& a, const SurfacePoint& b, const SurfacePoint& c)
@@ -103,7 +104,8 @@ void Holes::clear()
 
 bool Holes::liesIn(const SurfacePoint* polygon, int polygonCount) const
 {
-    if (polygonCount < 3 || allPoints() + polygonCount > kMostPoints)
+    double work = double(m_points.size()) * polygonCount + 0.5 * count() * count();
+    if (polygonCount < 3 || work > kMostWork)
         return false;
     for (int i = 0; i < count(); ++i) {
         if (!keepsTo(Place::inside, true, points(i), pointCount(i), polygon, polygonCount))
@@ -111,9 +113,12 @@ bool Holes::liesIn(const SurfacePoint* polygon, int polygonCount) const
         const Box& a = m_boxes[static_cast<std::size_t>(i)];
         for (int k = 0; k < i; ++k) {
             const Box& b = m_boxes[static_cast<std::size_t>(k)];
-            const bool apart = a.right <= b.left || b.right <= a.left || a.bottom <= b.top || b.bottom <= a.top;
-            if (!apart && (!keepsTo(Place::outside, false, points(i), pointCount(i), points(k), pointCount(k)) ||
-                           !keepsTo(Place::outside, false, points(k), pointCount(k), points(i), pointCount(i))))
+            if (a.right <= b.left || b.right <= a.left || a.bottom <= b.top || b.bottom <= a.top)
+                continue;
+            work += double(pointCount(i)) * pointCount(k);
+            if (work > kMostWork ||
+                !keepsTo(Place::outside, false, points(i), pointCount(i), points(k), pointCount(k)) ||
+                !keepsTo(Place::outside, false, points(k), pointCount(k), points(i), pointCount(i)))
                 return false;
         }
     }

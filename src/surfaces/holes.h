@@ -20,10 +20,9 @@ public:
     int count() const { return static_cast<int>(m_ends.size()); }
     const SurfacePoint* points(int hole) const { return m_points.data() + begin(hole); }
     int pointCount(int hole) const { return m_ends[static_cast<std::size_t>(hole)] - begin(hole); }
-    int allPoints() const { return static_cast<int>(m_points.size()); }
 
-    /// Whether every hole lies inside the polygon, whose border it may touch, and apart from the other holes. What has
-    /// too many points for a quick answer counts as not.
+    /// Whether every hole lies inside the polygon, whose border it may touch, and apart from the other holes. What is
+    /// too much work for a quick answer counts as not.
     bool liesIn(const SurfacePoint* polygon, int count) const;
 
     /// Turns all holes against the polygon, so that readers which know only the winding rule leave them open too.
