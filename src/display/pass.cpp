@@ -3,8 +3,6 @@
 #include <vek/display/view.h>
 #include <vek/values/units.h>
 
-#include <cstring>
-
 namespace VEK
 {
 namespace
@@ -17,13 +15,6 @@ constexpr double kMargin = 0.05;
 constexpr double kShortLength = 0.22;
 
 constexpr int kDrawingUnit = -1;
-
-bool isIdentity(const CVekMatrix3d& m)
-{
-    const CVekMatrix3d::Rows& rows = m;
-    const CVekMatrix3d::Rows& none = CVekMatrix3d::kIdentity;
-    return std::memcmp(rows, none, sizeof rows) == 0;
-}
 
 /// What places the unit square of a screen-fixed item in the drawing area; the reference point moves it from there.
 CVekMatrix3d screenMatrix(const CVekGDX& gdx, int height, int width)
@@ -44,7 +35,7 @@ DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width,
     : m_gdx(gdx), m_surface(surface), m_rules(rules), m_height(height), m_width(width),
       m_back(static_cast<unsigned>(gdx.backColorGet().oleColor() & 0xFFFFFF)),
       m_total(gdx.zoomMtxGet() * gdx.viewMtxGet() * gdx.projMtxGet()),
-      m_viewTurns(!isIdentity(gdx.viewDirectionMtxGet())), m_base(m_total * gdx.viewDirectionMtxGet()),
+      m_viewTurns(!(gdx.viewDirectionMtxGet() == CVekMatrix3d::kIdentity)), m_base(m_total * gdx.viewDirectionMtxGet()),
       m_shortLength(acadUnitCv(kShortLength, 4, kDrawingUnit))
 {
 }
@@ -114,7 +105,7 @@ CVekMatrix3d DrawPass::fixedMatrix(const CVekDisplayItem& item)
 const CVekMatrix3d& DrawPass::matrix(const CVekDisplayItem& item, Order order)
 {
     const bool screenFixed = (item.flag & itemScreenFixed) != 0;
-    const bool own = !isIdentity(item.mtx);
+    const bool own = !(item.mtx == CVekMatrix3d::kIdentity);
     if (!screenFixed && !own)
         return m_base;
     m_matrix = screenFixed ? fixedMatrix(item) : m_total;
