@@ -1,0 +1,96 @@
+#include "commands.h"
+#include "failure.h"
+#include "input.h"
+
+#include <array>
+#include <cstdio>
+#include <map>
+
+namespace
+{
+
+std::string number(double value)
+{
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "%.6g", value);
+    return text.data();
+}
+
+/// The items by type, as "715 polylines, 20 regions".
+std::string itemTypes(const CVekGDX& gdx)
+{
+    const std::pair<VekDisplayObj, const char*> kinds[] = {{dispPolyline, "polyline"},
+                                                           {dispPoint, "point"},
+                                                           {dispRegion, "region"},
+                                                           {dispText, "text"},
+                                                           {dispPicture, "picture"}};
+    std::string text;
+    for (const auto& [kind, name] : kinds) {
+        int count = 0;
+        for (int i = 0; i < gdx.lenGet(); ++i)
+            count += gdx.typeGet(i) == kind;
+        if (count)
+            text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + name + (count == 1 ? "" : "s");
+    }
+    return text.empty() ? "none" : text;
+}
+
+std::string colours(const CVekGDX& gdx)
+{
+    std::map<int, std::pair<CVekColor, int>> counts;
+    for (int i = 0; i < gdx.lenGet(); ++i) {
+        auto& [color, count] = counts[gdx.colorGet(i).colorIndex()];
+        color = gdx.colorGet(i);
+        ++count;
+    }
+    std::string text;
+    for (const auto& [index, entry] : counts) {
+        std::array<char, 80> line{};
+        if (index < 0)
+            std::snprintf(line.data(), line.size(), "none          %6d items\n", entry.second);
+        else
+            std::snprintf(line.data(), line.size(), "%4d  #%06lX %6d items\n", index, entry.first.color(),
+                          entry.second);
+        text += (text.empty() ? "  colours  " : "           ") + std::string(line.data());
+    }
+    return text;
+}
+
+std::string describe(const CVekGDX& gdx)
+{
+    std::string text = "  items    " + itemTypes(gdx) + "\n";
+    CVekPoint3d min, max;
+    if (gdx.extmaxGet(min, max)) {
+        text += "  extents  " + number(min[0]) + ", " + number(min[1]) + " to " + number(max[0]) + ", " +
+                number(max[1]) + "\n";
+    }
+    return text + colours(gdx);
+}
+
+void print(const std::string& text)
+{
+    std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+} // namespace
+
+void listCommand(const std::string& input)
+{
+    const Input library(input);
+    if (!library.isLibrary())
+        throw Failure(input + ": is a single slide, not a slide library (.slb)");
+    for (const InputSlide& slide : library.slides())
+        print(utf8(slide.name) + "\n");
+}
+
+void infoCommand(const std::string& input, const std::string& slideName)
+{
+    const Input file(input);
+    const bool all = file.isLibrary() && slideName.empty();
+    for (const InputSlide& slide : all ? file.slides() : std::vector<InputSlide>{file.slide(slideName)}) {
+        CVekGDX gdx = paper();
+        VEK::gdxImageSlide(&gdx, slide.bytes, 0, nullptr);
+        print(input + (file.isLibrary() ? " " + utf8(slide.name) : "") + "\n");
+        print(slide.bytes.empty() ? "  damaged\n" : describe(gdx));
+    }
+}

@@ -1,0 +1,78 @@
+// The command line of the library. docs/command-line.md tells how it is used.
+#include "commands.h"
+#include "core/platform/platform.h"
+#include "failure.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace
+{
+
+/// One line, whatever the text.
+int fail(std::string text)
+{
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    std::fprintf(stderr, "vek: %s\n", text.c_str());
+    return 2;
+}
+
+void run(std::vector<std::string> arguments)
+{
+    CLI::App app("Draws slides and texts of facade and metal CAD.", "vek");
+    app.require_subcommand(1);
+    app.allow_windows_style_options(false); // a path may begin with a slash in every system
+
+    DrawOptions draw;
+    CLI::App* drawing = app.add_subcommand("draw", "Draw a slide, or all slides of a library on one sheet");
+    drawing->add_option("IN", draw.input, "slide (.sld) or slide library (.slb)")->required();
+    drawing->add_option("-o,--output", draw.output, "picture: .svg or .emf")->required();
+    drawing->add_option("--slide", draw.slide, "name of a slide of the library");
+    drawing->add_option("--size", draw.size, "width and height in pixels [1024x768]")->type_name("WxH");
+    drawing->add_option("--view", draw.view, "view: P, N, S, O, W, NO, NW, SO or SW [P]");
+    drawing->callback([&] { drawCommand(draw); });
+
+    std::string input;
+    CLI::App* list = app.add_subcommand("list", "List the slides of a library");
+    list->add_option("IN", input, "slide library (.slb)")->required();
+    list->callback([&] { listCommand(input); });
+
+    std::string slide;
+    CLI::App* info = app.add_subcommand("info", "Tell items by type, extents and colours of slides");
+    info->add_option("IN", input, "slide (.sld) or slide library (.slb)")->required();
+    info->add_option("--slide", slide, "name of a slide of the library");
+    info->callback([&] { infoCommand(input, slide); });
+
+    std::string text;
+    std::string output;
+    std::string size;
+    CLI::App* lettering = app.add_subcommand("text", "Draw a line of text in the stroke font");
+    lettering->add_option("TEXT", text, "the text")->required();
+    lettering->add_option("-o,--output", output, "picture: .svg or .emf")->required();
+    lettering->add_option("--size", size, "width and height in pixels [1024x256]")->type_name("WxH");
+    lettering->callback([&] { textCommand(text, output, size); });
+
+    try {
+        std::reverse(arguments.begin(), arguments.end());
+        app.parse(arguments);
+    } catch (const CLI::Success& help) {
+        app.exit(help);
+    } catch (const CLI::ParseError& error) {
+        const bool isCommand = !app.get_subcommands().empty() || app.remaining().empty();
+        throw Failure((isCommand ? error.what() : app.remaining().front() + " is no command") + "; see vek --help");
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        run(VEK::platform::programArguments(argc, argv));
+        return std::fflush(stdout) == 0 ? 0 : fail("standard output: cannot be written");
+    } catch (const std::exception& error) {
+        return fail(error.what());
+    }
+}

@@ -1,0 +1,233 @@
+"""Runs the program vek, and the example of the README, as a user does.
+
+    vek_program_test.py SOURCE VEK EXAMPLE [RUNNER]
+
+SOURCE is the source tree; RUNNER starts a program that this system cannot run itself.
+"""
+
+import os
+import pathlib
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import types
+import unittest
+import xml.etree.ElementTree
+
+SOURCE, VEK, EXAMPLE = (pathlib.Path(argument) for argument in sys.argv[1:4])
+RUNNER = sys.argv[4:]
+EXAMPLES = SOURCE / "examples"
+LIBRARY = str(EXAMPLES / "facade.slb")
+SLIDE = str(EXAMPLES / "mullion.sld")
+
+
+def run(program, *arguments, cwd=None):
+    """Status and output. Files take the output: what Wine leaves running behind a program would keep pipes open."""
+    environment = {**os.environ, "LC_ALL": "C.UTF-8"}
+    with tempfile.TemporaryFile("w+", encoding="utf-8") as out, tempfile.TemporaryFile("w+", encoding="utf-8") as err:
+        command = [*RUNNER, str(program), *arguments]
+        status = subprocess.run(command, cwd=cwd, env=environment, stdout=out, stderr=err, timeout=120).returncode
+        out.seek(0)
+        err.seek(0)
+        return types.SimpleNamespace(returncode=status, stdout=out.read(), stderr=err.read())
+
+
+def directory(data):
+    """Names and slides of a library, by its layout."""
+    entries, at = [], 32
+    while data[at]:
+        entries.append((data[at : at + 32].split(b"\0")[0].decode("cp1252"), struct.unpack_from("<I", data, at + 32)[0]))
+        at += 36
+    ends = [offset for _, offset in entries[1:]] + [len(data)]
+    return {name: data[offset:end] for (name, offset), end in zip(entries, ends)}
+
+
+def count_records(slide):
+    """How many lines and fills a slide has, and the box of its coordinates, by the layout of the records."""
+    order = ">" if slide[18] == 2 and slide[29] == 0x12 else "<"
+    at = 31 if slide[18] == 2 else 34
+    x = y = lines = fills = 0
+    points = []
+    while True:
+        (word,) = struct.unpack_from(order + "H", slide, at)
+        op, lo = word >> 8, struct.unpack("b", bytes([word & 255]))[0]
+        if op < 0x80:
+            x, y, to_x, to_y = struct.unpack_from(order + "hhhh", slide, at)
+            points += [(x, y), (to_x, to_y)]
+            lines, at = lines + 1, at + 8
+        elif op == 0xFE:
+            points += [(x, y)]
+            x, y = x + lo, y + struct.unpack_from("b", slide, at + 2)[0]
+            points += [(x, y)]
+            lines, at = lines + 1, at + 3
+        elif op == 0xFB:
+            dy, to_dx, to_dy = struct.unpack_from("bbb", slide, at + 2)
+            points += [(x + lo, y + dy), (x + to_dx, y + to_dy)]
+            x, y = x + lo, y + dy
+            lines, at = lines + 1, at + 5
+        elif op == 0xFD:
+            count = struct.unpack_from(order + "H", slide, at + 2)[0]
+            points += [struct.unpack_from(order + "hh", slide, at + 2 + 6 * i) for i in range(1, count)]
+            fills, at = fills + 1, at + 6 + 6 * count
+        elif op == 0xFF:
+            at += 2
+        else:
+            xs, ys = zip(*points)
+            return lines, fills, (min(xs), min(ys), max(xs), max(ys))
+
+
+class Case(unittest.TestCase):
+    def setUp(self):
+        # A folder whose name no 8-bit code page of the West holds.
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="vek \u00dcbersicht \u0141\u00f3d\u017a "))
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def path(self, name):
+        return str(self.folder / name)
+
+    def file(self, name, data):
+        pathlib.Path(self.path(name)).write_bytes(data)
+        return self.path(name)
+
+    def good(self, *arguments):
+        result = run(VEK, *arguments)
+        self.assertEqual((result.returncode, result.stderr), (0, ""), arguments)
+        return result.stdout
+
+    def bad(self, cause, *arguments):
+        """Fails with one line that holds the cause, and leaves no file behind."""
+        before = sorted(os.listdir(self.folder))
+        result = run(VEK, *arguments)
+        self.assertEqual((result.returncode, result.stdout), (2, ""), arguments)
+        self.assertEqual(result.stderr.count("\n"), 1, result.stderr)
+        self.assertIn(cause, result.stderr)
+        self.assertEqual(sorted(os.listdir(self.folder)), before)
+
+    def svg(self, *arguments):
+        out = self.path("out.svg")
+        self.good(*arguments, "-o", out)
+        return xml.etree.ElementTree.parse(out).getroot()
+
+
+class Draw(Case):
+    def test_slide_becomes_svg(self):
+        root = self.svg("draw", SLIDE, "--size", "640x480")
+        self.assertEqual((root.get("width"), root.get("height")), ("640", "480"))
+        colours = xml.etree.ElementTree.tostring(root, encoding="unicode").lower()
+        self.assertIn("#ff0000", colours)  # the axis
+        self.assertIn("#000000", colours)  # colour 7 on white paper
+        self.assertNotIn('stroke="#ffffff"', colours)
+
+    def test_slide_becomes_metafile(self):
+        self.good("draw", SLIDE, "-o", self.path("out.EMF"))
+        data = (self.folder / "out.EMF").read_bytes()
+        self.assertEqual((data[:4], data[40:44]), (b"\1\0\0\0", b" EMF"))
+        self.assertEqual(struct.unpack_from("<I", data, 48)[0], len(data))
+
+    def test_library_becomes_a_sheet_or_one_slide(self):
+        sheet, one = (len(list(self.svg("draw", LIBRARY, *a).iter())) for a in ([], ["--slide", "d\u00e4mmpaneel"]))
+        self.assertGreater(sheet, 2 * one)
+        self.assertGreater(one, 10)
+
+    def test_view(self):
+        self.good("draw", SLIDE, "-o", self.path("none.svg"))
+        for view in ("P", "SO"):
+            self.good("draw", SLIDE, "--view", view, "-o", self.path(view + ".svg"))
+        none, plan, corner = ((self.folder / name).read_bytes() for name in ("none.svg", "P.svg", "SO.svg"))
+        self.assertEqual(none, plan)
+        self.assertNotEqual(none, corner)
+
+    def test_slide_that_breaks_off_is_drawn_as_far_as_it_goes(self):
+        cut = self.file("cut.sld", pathlib.Path(SLIDE).read_bytes()[:3000])
+        self.assertGreater(len(list(self.svg("draw", cut).iter())), 10)
+
+    def test_text(self):
+        one, two = (len(list(self.svg("text", text).iter())) for text in ("\u00c4", "\u00c4 b c"))
+        self.assertGreaterEqual(two, one)
+        self.bad("font can draw", "text", " ", "-o", self.path("x.svg"))
+
+
+class Tell(Case):
+    def test_list(self):
+        names = self.good("list", LIBRARY).splitlines()
+        self.assertEqual(names, list(directory(pathlib.Path(LIBRARY).read_bytes())))
+
+    def test_info(self):
+        blocks = self.good("info", LIBRARY)
+        slides = directory(pathlib.Path(LIBRARY).read_bytes())
+        self.assertGreaterEqual(len(slides), 8)
+        for name, slide in slides.items():
+            lines, fills, box = count_records(slide)
+            expected = f"{LIBRARY} {name}\n  items    {lines} polylines, {fills} regions\n"
+            expected += "  extents  {}, {} to {}, {}\n  colours ".format(*box)
+            self.assertIn(expected, blocks)
+        self.assertIn("7  #FFFFFF", self.good("info", LIBRARY, "--slide", "pfosten"))
+
+    def test_help(self):
+        for command in ([], ["draw"], ["list"], ["info"], ["text"]):
+            self.assertIn("Usage: vek", self.good(*command, "--help"))
+
+
+class Refuse(Case):
+    def test_wrong_use(self):
+        out = self.path("x.svg")
+        for cause, arguments in (
+            ("subcommand", []),
+            ("paint", ["paint"]),
+            ("--frob", ["draw", SLIDE, "-o", out, "--frob"]),
+            ("--output", ["draw", SLIDE]),
+            ("x.bmp", ["draw", SLIDE, "-o", self.path("x.bmp")]),
+            ("--size 3", ["draw", SLIDE, "-o", out, "--size", "3"]),
+            ("--size 0x9", ["draw", SLIDE, "-o", out, "--size", "0x9"]),
+            ("--size 9x99999", ["draw", SLIDE, "-o", out, "--size", "9x99999"]),
+            ("--view X", ["draw", SLIDE, "-o", out, "--view", "X"]),
+            ("--slide", ["draw", SLIDE, "-o", out, "--slide", "PFOSTEN"]),
+            ("no slide NIRGENDS", ["draw", LIBRARY, "-o", out, "--slide", "NIRGENDS"]),
+            ("mullion.sld", ["list", SLIDE]),
+            ("nowhere.slb: is not there", ["list", self.path("nowhere.slb")]),
+            ("facade.txt", ["info", self.path("facade.txt")]),
+            ("y.svg: cannot be written", ["draw", SLIDE, "-o", self.path("no folder/y.svg")]),
+        ):
+            with self.subTest(arguments=arguments):
+                self.bad(cause, *arguments)
+
+    def test_bad_input(self):
+        slide = pathlib.Path(SLIDE).read_bytes()
+        header = b"h" * 32
+        entry = b"A".ljust(32, b"\0")
+        os.mkdir(self.path("folder.sld"))
+        for name, data in (
+            ("empty.sld", b""),
+            ("cut.sld", slide[:30]),
+            ("level.sld", slide[:18] + b"\3" + slide[19:]),
+            ("empty.slb", b""),
+            ("none.slb", header + bytes(36)),
+            ("noise.slb", bytes(range(1, 256)) * 4),
+        ):
+            with self.subTest(name=name):
+                self.bad(name, "draw", self.file(name, data), "-o", self.path("x.svg"))
+        self.bad("folder.sld", "draw", self.path("folder.sld"), "-o", self.path("x.emf"))
+        outside = self.file("outside.slb", header + entry + struct.pack("<I", 0x7FFFFFFF) + bytes(36))
+        self.bad("A is damaged", "draw", outside, "--slide", "A", "-o", self.path("x.svg"))
+
+    def test_old_picture_stays(self):
+        old = self.file("x.svg", b"old")
+        self.bad("cut.sld", "draw", self.file("cut.sld", b"x"), "-o", old)
+        self.assertEqual((self.folder / "x.svg").read_bytes(), b"old")
+
+
+class Readme(Case):
+    def test_example_runs_as_it_stands_there(self):
+        code = (EXAMPLES / "first_picture.cpp").read_text(encoding="utf-8")
+        self.assertIn(code, (SOURCE / "README.md").read_text(encoding="utf-8"))
+        shutil.copy(LIBRARY, self.folder)
+        result = run(EXAMPLE, cwd=self.folder)
+        lines, fills, _ = count_records(directory(pathlib.Path(LIBRARY).read_bytes())["PFOSTEN"])
+        self.assertEqual(result.stdout, f"{lines + fills + 1} items in first_picture.svg\n")
+        xml.etree.ElementTree.parse(self.path("first_picture.svg"))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
