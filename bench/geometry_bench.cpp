@@ -25,6 +25,18 @@ Polylines star(int count)
     return region;
 }
 
+/// A toothed ring, its teeth about as deep as wide.
+Polylines gear(int count)
+{
+    CVekPoint3dArray points;
+    for (int i = 0; i < count; ++i)
+        points.append(CVekPoint3d() +
+                      VEK::polar(2 * std::numbers::pi * i / count, 850.0 + (i % 2 ? 3e3 : -3e3) / count));
+    Polylines region;
+    region[0].fromPoints(points, true);
+    return region;
+}
+
 /// A comb with teeth upwards, all of which a level line crosses.
 Polylines comb(int teeth)
 {
@@ -97,17 +109,33 @@ void prepare(benchmark::State& state)
 }
 BENCHMARK(prepare)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
 
-/// A polyline of as many segments as the contour that it is cut by.
+/// A polyline of as many segments as the contour that it is cut by, and as many dashes on one line.
 void punchPolyline(benchmark::State& state)
 {
-    const Polylines region = star(static_cast<int>(state.range(0)));
-    CVekVertexArray vl = region[0];
-    vl.move({100, 50, 0});
+    const Polylines region = gear(static_cast<int>(state.range(0)));
+    CVekPoint3dArray points;
+    for (int i = 0; i < state.range(0); ++i)
+        points.append(CVekPoint3d() + VEK::polar(2 * std::numbers::pi * i / state.range(0), 850.0));
+    CVekVertexArray vl;
+    vl.fromPoints(points, true);
     for (auto _ : state)
         benchmark::DoNotOptimize(VEK::vl_punch_reg(vl, region, true));
     state.SetComplexityN(state.range(0));
 }
 BENCHMARK(punchPolyline)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
+
+void punchDashes(benchmark::State& state)
+{
+    const int count = static_cast<int>(state.range(0));
+    const Polylines region = comb(count);
+    CVekVertexArray dashes;
+    for (int i = 0; i < 3 * count; ++i)
+        dashes.append(CVekVertex({i / 3.0, 50, 0}, {i / 3.0 + 0.2, 50, 0}));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(VEK::vl_punch_reg(dashes, region, true));
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(punchDashes)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
 
 void pointInside(benchmark::State& state)
 {

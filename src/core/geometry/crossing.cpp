@@ -5,20 +5,20 @@ namespace VEK::plane
 namespace
 {
 
-/// A passage of the whole curve of the segment: its parameter, how far that lies beyond an end, and how far within.
+/// A passage of the whole curve of a segment.
 struct Root {
-    double t;      ///< brought to the segment
-    double beyond; ///< 0 on the segment
-    double within; ///< to the nearer end
+    double t; ///< its parameter, brought to the nearer end where it lies beyond one
+    bool beyond;
 };
 
+/// @param period of the parameter around a circle
 Root rootAt(double t, double period)
 {
     if (t >= 0.0 && t <= 1.0)
-        return {t, 0.0, std::min(t, 1.0 - t)};
+        return {t, false};
     const double start = t < 0.0 ? -t : period - t;
     const double end = t < 0.0 ? period - 1.0 + t : t - 1.0;
-    return start <= end ? Root{0.0, start, 0.0} : Root{1.0, end, 0.0};
+    return {start <= end ? 0.0 : 1.0, true};
 }
 
 } // namespace
@@ -58,15 +58,16 @@ Passages passages(const Carrier& carrier, Vec start, Vec end, double bulge, doub
     }
     const double q = -0.5 * (linear + std::copysign(std::sqrt(discriminant), linear));
     const Root a = root(q, square), b = root(before, q);
-    if (passes) {
-        const bool first = a.beyond != b.beyond ? a.beyond < b.beyond : a.within > b.within;
-        return {{first ? a.t : b.t, 0.0}, 1};
-    }
-    // Two passages only if the segment is on the other side between them; else it touches, or passes beyond its ends.
-    const double between = carrier(Arc(start, end, bulge).at(0.5 * (a.t + b.t)));
-    if ((between > 0.0) == (before > 0.0))
-        return {};
-    return {{std::min(a.t, b.t), std::max(a.t, b.t)}, 2};
+    if (passes && a.beyond != b.beyond)
+        return {{a.beyond ? b.t : a.t, 0.0}, 1};
+    // By the side on which the segment runs between the roots: one passage is the root at which it leaves the side of
+    // its start, and two are there only if it is not the side of both ends; else it touches, or passes beyond its ends.
+    const double first = std::min(a.t, b.t), last = std::max(a.t, b.t);
+    const double between = carrier(Arc(start, end, bulge).at(0.5 * (first + last)));
+    const bool left = (between > 0.0) != (before > 0.0);
+    if (passes)
+        return {{left ? first : last, 0.0}, 1};
+    return {{first, last}, left ? 2 : 0};
 }
 
 } // namespace VEK::plane

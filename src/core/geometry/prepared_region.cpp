@@ -41,6 +41,14 @@ std::uint32_t spread(std::uint32_t bits)
     return (bits | bits << 1) & 0x55555555u;
 }
 
+/// Whether the whole line of a straight segment passes through a box.
+bool lineMeets(const Box& box, const Arc& line, const Carrier& carrier, double tolerance)
+{
+    const Vec e = extent(box), chord = line.chord();
+    return std::fabs(carrier(centre(box))) <=
+           std::fabs(chord.y) * e.x + std::fabs(chord.x) * e.y + tolerance * line.chordLength();
+}
+
 /// Whether a circle passes through a box.
 bool circleMeets(const Box& box, Vec middle, double radius, double tolerance)
 {
@@ -120,8 +128,10 @@ bool PreparedRegion::addContour(const CVekVertexArray& contour, std::uint32_t nu
 void PreparedRegion::addLeaves(std::uint32_t first, std::uint32_t number)
 {
     const std::uint32_t last = static_cast<std::uint32_t>(m_links.size()) - 1;
-    for (; first < last; first += kLeafSegments) {
-        const Leaf leaf{first, std::min(kLeafSegments, last - first), number};
+    // Short contours in four leaves at least: their box would say nothing of where their sides run.
+    const std::uint32_t most = std::clamp((last - first) / 4, 1u, kLeafSegments);
+    for (; first < last; first += most) {
+        const Leaf leaf{first, std::min(most, last - first), number};
         Box box{m_links[first].point, m_links[first].point};
         for (std::uint32_t i = first; i < first + leaf.count; ++i) {
             box.add(m_links[i + 1].point);
@@ -252,7 +262,9 @@ void PreparedRegion::apply(std::uint32_t contour, int step)
     else
         standing.along += step;
     m_blocked += static_cast<int>(blocks()) - static_cast<int>(before);
-    m_touched.push_back(contour);
+    if (!standing.listed)
+        m_touched.push_back(contour);
+    standing.listed = true;
 }
 
 void PreparedRegion::reset()
@@ -263,20 +275,63 @@ void PreparedRegion::reset()
     m_blocked = 0;
 }
 
-/// Goes from where nothing is inside to a point, along a parallel to the x axis.
-/// @param only looks at this contour alone
-void PreparedRegion::cast(Vec p, int only)
+bool PreparedRegion::isFarOutside(Vec p) const
 {
-    const Carrier row(Arc(p, p + Vec{1.0, 0.0}, 0.0));
-    visit([&](const Box& box) { return box.min.y <= p.y && p.y <= box.max.y && p.x <= box.max.x; },
+    Box box = m_boxes.back();
+    box.grow(2.0 * m_tolerance);
+    return !box.meets({p, p});
+}
+
+/// Goes to a point that lies on no boundary: from the anchor, or from the nearest side where nothing is inside.
+/// @param only looks at this contour alone, and leaves the others as they stand
+void PreparedRegion::goTo(Vec p, int only)
+{
+    if (only < 0)
+        reset();
+    if (isFarOutside(p))
+        return;
+    const Box& all = m_boxes.back();
+    const double beyond = 0.01 * (all.max - all.min).abs() + 10.0 * m_tolerance;
+    Vec from{all.min.x - beyond, p.y};
+    for (const Vec side : {Vec{all.max.x + beyond, p.y}, Vec{p.x, all.min.y - beyond}, Vec{p.x, all.max.y + beyond}}) {
+        if ((side - p).abs() < (from - p).abs())
+            from = side;
+    }
+    if (m_anchored && (m_anchor - p).abs() < (from - p).abs()) {
+        from = m_anchor;
+        for (const std::uint32_t contour : m_anchorWithin) {
+            if (only < 0 || contour == static_cast<std::uint32_t>(only))
+                apply(contour, kPass);
+        }
+        if ((from - p).abs() <= m_tolerance)
+            return;
+    }
+    const Arc way(from, p, 0.0);
+    const Carrier carrier(way);
+    Box around = way.box();
+    around.grow(m_tolerance);
+    visit([&](const Box& box) { return box.meets(around) && lineMeets(box, way, carrier, m_tolerance); },
           [&](const Leaf& leaf) {
               if (only >= 0 && leaf.contour != static_cast<std::uint32_t>(only))
                   return;
-              visitPassages(leaf, row, [&](Vec at, bool) {
-                  if (at.x > p.x)
+              visitPassages(leaf, carrier, [&](Vec at, bool) {
+                  const double t = (at - from).dot(way.chord());
+                  if (t >= 0.0 && t <= way.chordLength() * way.chordLength())
                       apply(leaf.contour, kPass);
               });
           });
+}
+
+/// Keeps a place on no boundary, to which the present standing belongs.
+void PreparedRegion::dropAnchor(Vec p)
+{
+    m_anchor = p;
+    m_anchored = true;
+    m_anchorWithin.clear();
+    for (const std::uint32_t contour : m_touched) {
+        if (m_standing[contour].within)
+            m_anchorWithin.push_back(contour);
+    }
 }
 
 /// Calls `touch(contour)` for segments on which a point lies, once for each of their leaves.
@@ -331,11 +386,16 @@ bool PreparedRegion::lookDown(Vec p, std::uint32_t past, std::vector<Hit>& touch
 
 bool PreparedRegion::inside(Vec p)
 {
-    reset();
     if (m_leaves.empty() || !std::isfinite(p.x + p.y))
         return false;
-    cast(p);
-    visitTouched(p, [&](std::uint32_t contour) { apply(contour, 1); });
+    goTo(p);
+    bool touches = false;
+    visitTouched(p, [&](std::uint32_t contour) {
+        apply(contour, 1);
+        touches = true;
+    });
+    if (!touches)
+        dropAnchor(p);
     return isInside();
 }
 
@@ -370,59 +430,31 @@ void PreparedRegion::addStretches(const Arc& segment, const Leaf& leaf, const Ca
     }
 }
 
-/// Collects what happens along a straight segment, and brings the standing to its start: by the passages of the whole
-/// line on one side of it.
-void PreparedRegion::gatherLine(const Arc& line)
+/// Collects what happens along a segment, in order.
+void PreparedRegion::gather(const Arc& segment)
 {
-    const Carrier carrier(line);
-    const Vec start = line.start(), chord = line.chord();
-    const double length = line.chordLength();
-    const double scale = 1.0 / (length * length);
-    const bool forward = (centre(m_boxes.back()) - (start + line.end()) * 0.5).dot(chord) < 0.0;
-    const double slack = m_tolerance * length;
+    m_events.clear();
+    const Carrier carrier(segment);
+    Box around = segment.box();
+    around.grow(m_tolerance);
+    const bool line = !segment.isArc();
+    const bool bent = std::fabs(segment.sweep()) > kBent;
+    const Vec middle = bent ? segment.centre() : Vec();
+    const double radius = bent ? segment.radius() : 0.0;
     visit(
         [&](const Box& box) {
-            const Vec c = centre(box), e = extent(box);
-            if (std::fabs(carrier(c)) > std::fabs(chord.y) * e.x + std::fabs(chord.x) * e.y + slack)
-                return false;
-            const double along = (c - start).dot(chord);
-            const double reach = std::fabs(chord.x) * e.x + std::fabs(chord.y) * e.y + slack;
-            return forward ? along + reach >= 0.0 : along - reach <= length * length;
+            return box.meets(around) && (!line || lineMeets(box, segment, carrier, m_tolerance)) &&
+                   (!bent || circleMeets(box, middle, radius, m_tolerance));
         },
         [&](const Leaf& leaf) {
             visitPassages(leaf, carrier, [&](Vec at, bool) {
-                const double t = (at - start).dot(chord) * scale;
-                if (forward ? t >= 0.0 : t < 0.0)
-                    apply(leaf.contour, kPass);
+                const double t = segment.freeParameter(at);
                 if (t >= 0.0 && t <= 1.0)
                     m_events.push_back({t, leaf.contour, kPass});
             });
-            addStretches(line, leaf, carrier);
+            addStretches(segment, leaf, carrier);
         });
     std::sort(m_events.begin(), m_events.end(), [](const Event& a, const Event& b) { return a.t < b.t; });
-}
-
-/// The same for an arc. Its circle leads to no place where nothing is inside, so the standing comes from a point of it
-/// that lies well away from all boundaries.
-void PreparedRegion::gatherArc(const Arc& arc)
-{
-    const Carrier carrier(arc);
-    Box around = arc.box();
-    around.grow(m_tolerance);
-    const bool bent = std::fabs(arc.sweep()) > kBent;
-    const Vec middle = bent ? arc.centre() : Vec();
-    const double radius = arc.radius();
-    visit([&](const Box& box) { return box.meets(around) && (!bent || circleMeets(box, middle, radius, m_tolerance)); },
-          [&](const Leaf& leaf) {
-              visitPassages(leaf, carrier, [&](Vec at, bool) {
-                  const double t = arc.freeParameter(at);
-                  if (t >= 0.0 && t <= 1.0)
-                      m_events.push_back({t, leaf.contour, kPass});
-              });
-              addStretches(arc, leaf, carrier);
-          });
-    std::sort(m_events.begin(), m_events.end(), [](const Event& a, const Event& b) { return a.t < b.t; });
-    findStart(arc);
 }
 
 /// The longest piece between events that runs along no boundary, or not along that of one contour; empty without any.
@@ -445,20 +477,26 @@ Span PreparedRegion::longestFree(int contour) const
     return best;
 }
 
-/// A place of the arc in a free piece of it that does not just touch a boundary.
-double PreparedRegion::placeIn(const Span& free, const Arc& arc) const
+/// A place of the segment in a free piece of it that does not just touch a boundary.
+double PreparedRegion::placeIn(const Span& free, const Arc& segment) const
 {
     double place = 0.0;
     for (const double part : {0.5, 0.31, 0.73, 0.17, 0.87}) {
         place = free.from + part * (free.to - free.from);
-        if (!onBoundary(arc.at(place)))
+        if (!onBoundary(segment.at(place)))
             break;
     }
     return place;
 }
 
-void PreparedRegion::findStart(const Arc& arc)
+/// Brings the standing to the start of a segment, from a place of it that lies on no boundary. The passages between the
+/// two are the events themselves, so that rounding at the start cannot turn the rest over.
+void PreparedRegion::findStart(const Arc& segment)
 {
+    if (isFarOutside(segment.start())) {
+        reset();
+        return;
+    }
     const auto goBack = [&](double from, int contour) {
         for (const Event& event : m_events) {
             if (event.step == kPass && event.t < from &&
@@ -468,13 +506,14 @@ void PreparedRegion::findStart(const Arc& arc)
     };
     const Span free = longestFree(-1);
     if (free.to > free.from) {
-        const double place = placeIn(free, arc);
-        cast(arc.at(place));
+        const double place = placeIn(free, segment);
+        goTo(segment.at(place));
+        dropAnchor(segment.at(place));
         goBack(place, -1);
         return;
     }
     // It runs along one boundary or another throughout: each contour is judged where it is not that one.
-    cast(arc.at(0.5));
+    goTo(segment.at(0.5));
     std::vector<std::uint32_t> contours;
     for (const Event& event : m_events)
         contours.push_back(event.contour);
@@ -486,7 +525,7 @@ void PreparedRegion::findStart(const Arc& arc)
         const Span own = longestFree(static_cast<int>(contour));
         if (own.to > own.from) {
             const double place = 0.5 * (own.from + own.to);
-            cast(arc.at(place), static_cast<int>(contour));
+            goTo(segment.at(place), static_cast<int>(contour));
             goBack(place, static_cast<int>(contour));
         }
     }
@@ -521,7 +560,6 @@ void PreparedRegion::sweep(double length)
 const std::vector<Span>& PreparedRegion::spans(const Arc& segment)
 {
     m_spans.clear();
-    m_events.clear();
     if (m_leaves.empty() || !std::isfinite(segment.length()))
         return m_spans;
     if (!(segment.length() > 2.0 * m_tolerance)) {
@@ -529,11 +567,8 @@ const std::vector<Span>& PreparedRegion::spans(const Arc& segment)
             m_spans.push_back({0.0, 1.0});
         return m_spans;
     }
-    reset();
-    if (segment.isArc())
-        gatherArc(segment);
-    else
-        gatherLine(segment);
+    gather(segment);
+    findStart(segment);
     sweep(segment.length());
     return m_spans;
 }

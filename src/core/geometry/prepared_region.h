@@ -87,6 +87,7 @@ private:
 
     /// Where a place stands to a contour.
     struct Standing {
+        bool listed = false; ///< among the touched
         bool within = false;
         int along = 0; ///< number of stretches of its boundary that run here
     };
@@ -107,15 +108,15 @@ private:
     void reset();
     template <class Touch>
     void visitTouched(Vec p, Touch&& touch) const;
-    void cast(Vec p, int only = -1);
+    bool isFarOutside(Vec p) const;
+    void goTo(Vec p, int only = -1);
+    void dropAnchor(Vec p);
 
-    void gatherLine(const Arc& line);
-    void gatherArc(const Arc& arc);
-    void addPassage(double t, std::uint32_t contour);
+    void gather(const Arc& segment);
     void addStretches(const Arc& segment, const Leaf& leaf, const Carrier& carrier);
     Span longestFree(int contour) const;
-    double placeIn(const Span& free, const Arc& arc) const;
-    void findStart(const Arc& arc);
+    double placeIn(const Span& free, const Arc& segment) const;
+    void findStart(const Arc& segment);
     void sweep(double length);
 
     std::vector<Link> m_links;
@@ -125,9 +126,15 @@ private:
     double m_tolerance = 0.0;
 
     std::vector<Event> m_events;
-    std::vector<Standing> m_standing; ///< one for each contour
-    std::vector<std::uint32_t> m_touched;
-    int m_blocked = 0; ///< holes that the present place lies in
+    std::vector<Standing> m_standing;     ///< one for each contour
+    std::vector<std::uint32_t> m_touched; ///< contours whose standing may be other than at start
+    int m_blocked = 0;                    ///< holes that the present place lies in
+
+    // A place that lies on no boundary, from which the next one is often not far.
+    Vec m_anchor;
+    std::vector<std::uint32_t> m_anchorWithin; ///< the contours around it
+    bool m_anchored = false;
+
     std::vector<Span> m_spans;
 };
 
