@@ -52,6 +52,9 @@ public:
 
     void remove(unsigned place);
 
+    /// Ends the look-up by name, ahead of the removal of every item.
+    void dropSlots();
+
 private:
     struct Slot {
         unsigned hash = 0;
@@ -61,8 +64,8 @@ private:
     static constexpr unsigned kFree = ~0u;
 
     void closeGaps();
-    void rebuildSlots();
-    void enter(unsigned place);
+    void growSlots();
+    void enter(const Slot& slot);
     void leave(unsigned place);
 
     CVekArrayTempl<CVekDataItem*> m_items; ///< null for a gap

@@ -94,9 +94,9 @@ bool CDataChildren::append(CVekDataItem* item)
         return false;
     ++m_count;
     if (2 * m_count > static_cast<unsigned>(m_slots.len()) && m_count > kFew)
-        rebuildSlots();
-    else
-        enter(item->m_slot);
+        growSlots();
+    else if (m_slots.len() > 0)
+        enter({hashOf(DataName::of(*item->getKey())), item->m_slot});
     return true;
 }
 
@@ -127,37 +127,44 @@ void CDataChildren::closeGaps()
         }
     }
     m_items.setLogicalLength(static_cast<int>(end));
-    if (m_slots.len() > 0)
-        rebuildSlots();
+    if (m_slots.len() > 0) {
+        dropSlots();
+        growSlots();
+    }
+}
+
+void CDataChildren::dropSlots()
+{
+    m_slots = CVekArrayTempl<Slot>();
 }
 
 /// Where the memory is not to be had the items are searched one by one.
-void CDataChildren::rebuildSlots()
+void CDataChildren::growSlots()
 {
+    CVekArrayTempl<Slot> old;
+    old.swap(m_slots);
     unsigned wanted = 4 * kFew;
     while (wanted < 4 * m_count && wanted < (1u << 30))
         wanted *= 2;
-    m_slots.setLogicalLength(0);
-    if (m_slots.setLogicalLength(static_cast<int>(wanted)) != static_cast<int>(wanted)) {
-        m_slots.setLogicalLength(0);
-        return;
-    }
-    for (unsigned place = 0; place < places(); ++place)
+    if (m_slots.setLogicalLength(static_cast<int>(wanted)) != static_cast<int>(wanted))
+        return dropSlots();
+    for (const Slot& slot : old)
+        if (slot.place != kFree)
+            enter(slot);
+    // What the old table knows needs no look at its name again: all but the last item.
+    for (unsigned place = old.len() > 0 ? places() - 1 : 0; place < places(); ++place)
         if (at(place))
-            enter(place);
+            enter({hashOf(DataName::of(*at(place)->getKey())), place});
 }
 
-void CDataChildren::enter(unsigned place)
+void CDataChildren::enter(const Slot& slot)
 {
-    if (m_slots.len() == 0)
-        return;
     Slot* slots = m_slots.begin();
     const unsigned mask = static_cast<unsigned>(m_slots.len()) - 1;
-    const unsigned hash = hashOf(DataName::of(*at(place)->getKey()));
-    unsigned i = hash & mask;
+    unsigned i = slot.hash & mask;
     while (slots[i].place != kFree)
         i = (i + 1) & mask;
-    slots[i] = {hash, place};
+    slots[i] = slot;
 }
 
 /// Frees a slot and moves up those behind it that could stand there, so that no search ends too early.

@@ -39,6 +39,7 @@ bool CVekDataDir::remove(const CVekDataKey* key)
 void CVekDataDir::removeAll()
 {
     CVekDataDir* dir = this;
+    m_children.dropSlots();
     while (dir != this || !isEmpty()) {
         if (dir->isEmpty()) {
             dir = dir->m_owner->m_parent;
@@ -50,10 +51,12 @@ void CVekDataDir::removeAll()
             last->m_shared = {};
         }
         CVekDataDir* below = last->m_shared ? nullptr : last->getDir();
-        if (below && !below->isEmpty())
+        if (below && !below->isEmpty()) {
             dir = below;
-        else
+            dir->m_children.dropSlots();
+        } else {
             dir->letGo(last);
+        }
     }
 }
 
