@@ -2,6 +2,8 @@
 #include <vek/data/item.h>
 #include <vek/data/resbuf.h>
 
+#include <algorithm>
+
 namespace VEK
 {
 
@@ -106,6 +108,7 @@ bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const double (*rows
     return write(item, key, matrix);
 }
 
+// NOLINTBEGIN(bugprone-macro-parentheses): the arguments are types
 #define VEK_SET(T, Parameter)                                                                                          \
     bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, Parameter value)                                      \
     {                                                                                                                  \
@@ -118,6 +121,7 @@ bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const double (*rows
     }                                                                                                                  \
     VEK_SET(T, const T&)
 
+// NOLINTEND(bugprone-macro-parentheses)
 VEK_SET(bool, bool)
 VEK_SET(int, int)
 VEK_SET(unsigned long, unsigned long)

@@ -3,7 +3,6 @@
 
 #include "core/data/kinds.h"
 
-#include <cmath>
 #include <cwchar>
 #include <limits>
 

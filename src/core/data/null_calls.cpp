@@ -25,7 +25,7 @@ CVekDataItem* CDtaFilePointer::get(std::nullptr_t, bool) const
 
 CVekDataItem::CVekDataItem(const CVekDataItem& other) : CVekDataItem(&other) {}
 
-CVekDataItem& CVekDataItem::operator=(const CVekDataItem& other)
+CVekDataItem& CVekDataItem::operator=(const CVekDataItem& other) // NOLINT(bugprone-unhandled-self-assignment)
 {
     CVekDataItem copy(&other); // before anything goes: other may stand below this item or above it
     clear();

@@ -3,8 +3,7 @@
 #include "core/data/chain.h"
 
 #include <cmath>
-#include <cstring>
-#include <limits>
+#include <cwchar>
 
 resbuf* vekNewRb(short restype)
 {

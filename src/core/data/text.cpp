@@ -67,7 +67,11 @@ const wchar_t* msgLangSet(const wchar_t* language)
 bool help_find(CVekString book, CVekString& file)
 {
     const CVekDataKey key(CVekDataKey::keyText, L"*HELP*", CVekDataKey::keyText, book, 0);
-    return dataItemGet(cfg_get(&key), nullptr, file) || (!book.isNull() && fileFind(file, book + L".chm"));
+    if (dataItemGet(cfg_get(&key), nullptr, file))
+        return true;
+    const bool isNamed = !book.isNull();
+    book += L".chm";
+    return isNamed && fileFind(file, book);
 }
 
 void filePathSet(const CVekArrayTempl<CVekString>& list)
