@@ -71,6 +71,8 @@ void writePicture(CVekGDX& gdx, const std::string& path, Size size)
 {
     VEK::CFileSink sink(wide(path));
     const auto surface = isMetafile(path) ? VEK::emfSurface(sink) : VEK::svgSurface(sink, size.width, size.height);
+    if (!isMetafile(path)) // a metafile lies on its document's paper; a viewer of SVG may have a dark page
+        surface->solidRect(0.0, 0.0, size.width, size.height, 0xFFFFFF);
     VEK::gdxDraw(gdx, *surface, size.height, size.width, VEK::scalableRules);
     if (!surface->finish())
         throw Failure(path + ": cannot be written");
