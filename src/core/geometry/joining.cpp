@@ -10,12 +10,19 @@
 #include <numeric>
 #include <set>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace VEK
 {
 namespace
 {
+
+std::uint64_t mixed(std::uint64_t bits)
+{
+    bits = (bits ^ bits >> 31) * 0x9e3779b97f4a7c15u;
+    return bits ^ bits >> 29;
+}
 
 /// Gives points numbers; points that count as one get the same.
 class PointNumbers
@@ -25,13 +32,13 @@ public:
 
     int operator()(const CVekPoint3d& p)
     {
-        // A cell is wider than the tolerance, so what counts as one lies in the same cell or beside it.
-        const double cell = 4.0 * m_tolerance;
-        const double x = p[0] / cell, y = p[1] / cell;
-        const auto beside = [](double at) { return at - std::floor(at) < 0.5 ? -1.0 : 1.0; };
-        for (const double dx : {0.0, beside(x)}) {
-            for (const double dy : {0.0, beside(y)}) {
-                const auto found = m_first.find(key(std::floor(x) + dx, std::floor(y) + dy));
+        // What counts as one lies in the same cell, or beside it where the point is that near to the cell's side.
+        const double x = p[0] / (kCell * m_tolerance), y = p[1] / (kCell * m_tolerance);
+        const double left = std::floor(x - 1.0 / kCell), right = std::floor(x + 1.0 / kCell);
+        const double low = std::floor(y - 1.0 / kCell), high = std::floor(y + 1.0 / kCell);
+        for (double cellX = left; cellX <= right; cellX += 1.0) {
+            for (double cellY = low; cellY <= high; cellY += 1.0) {
+                const auto found = m_first.find(key(cellX, cellY));
                 for (int i = found == m_first.end() ? -1 : found->second; i >= 0; i = m_points[at(i)].next) {
                     const CVekVector3d d = m_points[at(i)].point - p;
                     if (d.dot(d) <= m_tolerance * m_tolerance)
@@ -48,6 +55,8 @@ public:
     int count() const { return static_cast<int>(m_points.size()); }
 
 private:
+    static constexpr double kCell = 32.0; ///< width of a cell, in tolerances
+
     struct Numbered {
         CVekPoint3d point;
         int next; ///< the one before in the same cell
@@ -59,7 +68,7 @@ private:
     {
         // Cells that share a key only cost a comparison more.
         const auto bits = [](double v) { return static_cast<std::uint64_t>(static_cast<std::int64_t>(v)); };
-        return bits(x) * 0x9e3779b97f4a7c15u + bits(y);
+        return mixed(mixed(bits(x)) + bits(y));
     }
 
     double m_tolerance;
@@ -70,11 +79,20 @@ private:
 /// What tells a segment from another one whatever its direction: the numbers of its ends and of its middle.
 using Identity = std::array<int, 3>;
 
-Identity identity(const CVekVertex& vertex, const CVekVector3d& normal, PointNumbers& numbers)
+Identity identity(int start, int end, int middle)
 {
-    const int start = numbers(vertex.start), end = numbers(vertex.end);
-    return {std::min(start, end), std::max(start, end), numbers(detail::Segment(vertex, normal).at(0.5))};
+    return {std::min(start, end), std::max(start, end), middle};
 }
+
+struct IdentityHash {
+    std::size_t operator()(const Identity& id) const
+    {
+        std::uint64_t bits = 0;
+        for (const int number : id)
+            bits = mixed(bits + static_cast<std::uint64_t>(number));
+        return static_cast<std::size_t>(bits);
+    }
+};
 
 /// A loose segment, an edge of the graph whose nodes are the numbered points.
 struct Edge {
@@ -255,7 +273,7 @@ CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVer
     };
     std::vector<Ordered> contours;
     std::vector<Edge> edges;
-    std::set<Identity> known;
+    std::unordered_set<Identity, IdentityHash> known;
     int order = 0;
     for (const CVekVertexArray& vl : vll) {
         for (const CVekVertexArray& whole : vl_to_vll(vl)) {
@@ -267,8 +285,10 @@ CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVer
                 continue;
             }
             for (const CVekVertex& vertex : run) {
-                if (known.insert(identity(vertex, run.normal(), numbers)).second)
-                    edges.push_back({vertex, run.normal(), numbers(vertex.start), numbers(vertex.end), order});
+                const int from = numbers(vertex.start), to = numbers(vertex.end);
+                const int middle = numbers(detail::Segment(vertex, run.normal()).at(0.5));
+                if (known.insert(identity(from, to, middle)).second)
+                    edges.push_back({vertex, run.normal(), from, to, order});
             }
         }
     }
@@ -283,9 +303,14 @@ CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVer
     for (Ordered& ordered : contours) {
         double length = 0.0;
         std::vector<Identity> shape;
+        shape.reserve(static_cast<std::size_t>(ordered.contour.len()));
+        int from = numbers(ordered.contour[0].start);
         for (const CVekVertex& vertex : ordered.contour) {
-            length += detail::Segment(vertex, ordered.contour.normal()).length();
-            shape.push_back(identity(vertex, ordered.contour.normal(), numbers));
+            const detail::Segment segment(vertex, ordered.contour.normal());
+            const int to = numbers(vertex.end);
+            length += segment.length();
+            shape.push_back(identity(from, to, numbers(segment.at(0.5))));
+            from = to;
         }
         std::sort(shape.begin(), shape.end());
         const double area = detail::signedArea(ordered.contour, CVekVector3d::kZAxis);

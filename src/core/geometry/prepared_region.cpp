@@ -32,6 +32,11 @@ bool isFinite(const CVekVertex& vertex)
     return std::isfinite(vertex.start[0] + vertex.start[1] + vertex.end[0] + vertex.end[1] + vertex.bulge);
 }
 
+bool holds(const Box& box, Vec p)
+{
+    return box.meets({p, p});
+}
+
 /// Spreads 16 bits to the even places of 32.
 std::uint32_t spread(std::uint32_t bits)
 {
@@ -202,7 +207,7 @@ void PreparedRegion::buildTree()
     }
 }
 
-/// Calls `visitLeaf(leaf)` for every leaf whose box and the boxes above it pass `meets(box)`.
+/// Calls `visitLeaf(leaf, box)` for every leaf whose box and the boxes above it pass `meets(box)`.
 template <class Meets, class Visit>
 void PreparedRegion::visit(Meets&& meets, Visit&& visitLeaf) const
 {
@@ -217,7 +222,7 @@ void PreparedRegion::visit(Meets&& meets, Visit&& visitLeaf) const
     while (depth > 0) {
         const Node node = stack[--depth];
         if (node.level == 0) {
-            visitLeaf(m_leaves[node.index]);
+            visitLeaf(m_leaves[node.index], m_boxes[node.index]);
             continue;
         }
         const std::uint32_t below = m_levels[node.level - 1];
@@ -232,13 +237,15 @@ void PreparedRegion::visit(Meets&& meets, Visit&& visitLeaf) const
 /// Calls `pass(point, positive)` for every passage of a leaf's segments through the carrier; positive tells to which
 /// side.
 template <class Pass>
-void PreparedRegion::visitPassages(const Leaf& leaf, const Carrier& carrier, Pass&& pass) const
+double PreparedRegion::visitPassages(const Leaf& leaf, const Carrier& carrier, Pass&& pass) const
 {
     const Link* link = &m_links[leaf.first];
     double behind = carrier(link->point);
+    double nearest = std::fabs(behind);
     for (std::uint32_t i = 0; i < leaf.count; ++i, ++link) {
         const double before = behind;
         behind = carrier(link[1].point);
+        nearest = std::min(nearest, std::fabs(behind));
         const bool straight = link->bulge == 0.0;
         if (straight && !carrier.bends()) {
             if ((before > 0.0) != (behind > 0.0))
@@ -249,6 +256,7 @@ void PreparedRegion::visitPassages(const Leaf& leaf, const Carrier& carrier, Pas
         for (int k = 0; k < found.count; ++k)
             pass(Arc(link->point, link[1].point, link->bulge).at(found.t[k]), (before > 0.0) == (k == 1));
     }
+    return nearest;
 }
 
 /// Moves the present place over an event.
@@ -279,7 +287,7 @@ bool PreparedRegion::isFarOutside(Vec p) const
 {
     Box box = m_boxes.back();
     box.grow(2.0 * m_tolerance);
-    return !box.meets({p, p});
+    return !holds(box, p);
 }
 
 /// Goes to a point that lies on no boundary: from the anchor, or from the nearest side where nothing is inside.
@@ -311,7 +319,7 @@ void PreparedRegion::goTo(Vec p, int only)
     Box around = way.box();
     around.grow(m_tolerance);
     visit([&](const Box& box) { return box.meets(around) && lineMeets(box, way, carrier, m_tolerance); },
-          [&](const Leaf& leaf) {
+          [&](const Leaf& leaf, const Box&) {
               if (only >= 0 && leaf.contour != static_cast<std::uint32_t>(only))
                   return;
               visitPassages(leaf, carrier, [&](Vec at, bool) {
@@ -338,20 +346,19 @@ void PreparedRegion::dropAnchor(Vec p)
 template <class Touch>
 void PreparedRegion::visitTouched(Vec p, Touch&& touch) const
 {
-    visit(
-        [&](const Box& box) {
-            return box.min.x - m_tolerance <= p.x && p.x <= box.max.x + m_tolerance && box.min.y - m_tolerance <= p.y &&
-                   p.y <= box.max.y + m_tolerance;
-        },
-        [&](const Leaf& leaf) {
-            for (std::uint32_t i = leaf.first; i < leaf.first + leaf.count; ++i) {
-                const Arc side(m_links[i].point, m_links[i + 1].point, m_links[i].bulge);
-                if (std::fabs(side.offset(p)) <= m_tolerance && (side.at(side.parameter(p)) - p).abs() <= m_tolerance) {
-                    touch(leaf.contour);
-                    return;
-                }
-            }
-        });
+    Box around{p, p};
+    around.grow(m_tolerance);
+    visit([&](const Box& box) { return box.meets(around); },
+          [&](const Leaf& leaf, const Box&) {
+              for (std::uint32_t i = leaf.first; i < leaf.first + leaf.count; ++i) {
+                  const Arc side(m_links[i].point, m_links[i + 1].point, m_links[i].bulge);
+                  if (std::fabs(side.offset(p)) <= m_tolerance &&
+                      (side.at(side.parameter(p)) - p).abs() <= m_tolerance) {
+                      touch(leaf.contour);
+                      return;
+                  }
+              }
+          });
 }
 
 bool PreparedRegion::onBoundary(Vec p) const
@@ -370,7 +377,7 @@ bool PreparedRegion::lookDown(Vec p, std::uint32_t past, std::vector<Hit>& touch
         [&](const Box& box) {
             return box.min.x <= p.x && p.x <= box.max.x && box.min.y <= p.y + m_tolerance && box.max.y >= next.y;
         },
-        [&](const Leaf& leaf) {
+        [&](const Leaf& leaf, const Box&) {
             if (leaf.contour == past)
                 return;
             visitPassages(leaf, column, [&](Vec at, bool rightwards) {
@@ -407,7 +414,6 @@ void PreparedRegion::addStretches(const Arc& segment, const Leaf& leaf, const Ca
         const double before = behind;
         behind = std::fabs(carrier(m_links[i + 1].point));
         const Vec from = m_links[i].point, to = m_links[i + 1].point;
-        // A stretch ends where one of the two segments ends, so an end of one lies on the other.
         if (before > near && behind > near) {
             Box box{from, from};
             box.add(to);
@@ -441,18 +447,22 @@ void PreparedRegion::gather(const Arc& segment)
     const bool bent = std::fabs(segment.sweep()) > kBent;
     const Vec middle = bent ? segment.centre() : Vec();
     const double radius = bent ? segment.radius() : 0.0;
+    const double near = m_tolerance * segment.chordLength();
     visit(
         [&](const Box& box) {
             return box.meets(around) && (!line || lineMeets(box, segment, carrier, m_tolerance)) &&
                    (!bent || circleMeets(box, middle, radius, m_tolerance));
         },
-        [&](const Leaf& leaf) {
-            visitPassages(leaf, carrier, [&](Vec at, bool) {
+        [&](const Leaf& leaf, Box box) {
+            const double nearest = visitPassages(leaf, carrier, [&](Vec at, bool) {
                 const double t = segment.freeParameter(at);
                 if (t >= 0.0 && t <= 1.0)
                     m_events.push_back({t, leaf.contour, kPass});
             });
-            addStretches(segment, leaf, carrier);
+            // A stretch in common ends where one of the two segments ends, so an end of one lies on the other.
+            box.grow(m_tolerance);
+            if (nearest <= near || (holds(box, segment.start()) && holds(box, segment.end())))
+                addStretches(segment, leaf, carrier);
         });
     std::sort(m_events.begin(), m_events.end(), [](const Event& a, const Event& b) { return a.t < b.t; });
 }

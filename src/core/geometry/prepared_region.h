@@ -101,7 +101,7 @@ private:
     template <class Meets, class Visit>
     void visit(Meets&& meets, Visit&& visitLeaf) const;
     template <class Pass>
-    void visitPassages(const Leaf& leaf, const Carrier& carrier, Pass&& pass) const;
+    double visitPassages(const Leaf& leaf, const Carrier& carrier, Pass&& pass) const;
 
     bool isInside() const { return (m_standing[0].within || m_standing[0].along > 0) && m_blocked == 0; }
     void apply(std::uint32_t contour, int step);
