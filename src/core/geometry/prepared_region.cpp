@@ -214,23 +214,24 @@ void PreparedRegion::visit(Meets&& meets, Visit&& visitLeaf) const
     struct Node {
         std::uint32_t level, index;
     };
-    if (m_leaves.empty() || !meets(m_boxes.back()))
+    if (m_leaves.empty())
         return;
     Node stack[64]; // sixteen levels leave three nodes each waiting
     int depth = 0;
     stack[depth++] = {static_cast<std::uint32_t>(m_levels.size()) - 2, 0};
     while (depth > 0) {
         const Node node = stack[--depth];
+        const Box& box = m_boxes[m_levels[node.level] + node.index];
+        if (!meets(box)) // asked late: what was visited before may have settled it
+            continue;
         if (node.level == 0) {
-            visitLeaf(m_leaves[node.index], m_boxes[node.index]);
+            visitLeaf(m_leaves[node.index], box);
             continue;
         }
-        const std::uint32_t below = m_levels[node.level - 1];
-        const std::uint32_t end = std::min((node.index + 1) * kFanOut, m_levels[node.level] - below);
-        for (std::uint32_t i = node.index * kFanOut; i < end; ++i) {
-            if (meets(m_boxes[below + i]))
-                stack[depth++] = {node.level - 1, i};
-        }
+        const std::uint32_t count = m_levels[node.level] - m_levels[node.level - 1];
+        const std::uint32_t end = std::min((node.index + 1) * kFanOut, count);
+        for (std::uint32_t i = node.index * kFanOut; i < end; ++i)
+            stack[depth++] = {node.level - 1, i};
     }
 }
 
