@@ -53,10 +53,10 @@ build() {
     return 1
 }
 
-# tally_output COMMAND...: shows what tally.py says, counts what its last line says.
-tally_output() {
+# tally BUILD: shows what tally.py says, counts what its last line says.
+tally() {
     local lines counts
-    mapfile -t lines < <(python3 cmake/tally.py "$@")
+    mapfile -t lines < <(python3 cmake/tally.py "$1")
     [ ${#lines[@]} -gt 0 ] || lines=("0 1 0")
     [ ${#lines[@]} = 1 ] || printf '%s\n' "${lines[@]:0:${#lines[@]}-1}"
     read -ra counts <<<"${lines[-1]}"
@@ -73,7 +73,7 @@ run_tests() {
     "${calm[@]}" ctest --test-dir "build/$preset" -j "$jobs" --no-tests=error --output-on-failure \
         --test-output-size-passed 100000 --output-junit "$PWD/build/$preset/ctest.xml" "${tests[@]}" \
         >"build/$preset-tests.log" 2>&1 </dev/null
-    tally_output count "build/$preset"
+    tally "build/$preset"
     say "$preset" "$tallied in $(since $start)"
 }
 
@@ -125,12 +125,6 @@ run_filtered() {
     fi
 }
 
-# One hash from all that can differ: system, compiler options, width of wchar_t.
-compare_golden() {
-    tally_output golden build/native build/release build/mingw build/mingw-debug
-    say golden "$tallied"
-}
-
 fuzz_one() { # name seconds
     local found=build/fuzz/found/$1 start=$SECONDS log=build/fuzz-$1.log
     mkdir -p "$found" "build/fuzz/corpus/$1"
@@ -164,7 +158,6 @@ run_all() {
     run_filtered tsan '*Thread*'
     run_filtered release '*Golden*'
     run_filtered mingw-debug '*Golden*'
-    compare_golden
     fuzz
 }
 

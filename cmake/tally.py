@@ -1,12 +1,11 @@
 """Counts what a run of CTest and its GoogleTest programs came to.
 
-    tally.py count BUILD     after `ctest --output-junit BUILD/ctest.xml`
-    tally.py golden BUILD... compares the hashes that the golden tests of several builds recorded
+    tally.py BUILD     after `ctest --output-junit BUILD/ctest.xml`
 
-`count` prints the failures and, last, "passed failed skipped". A GoogleTest program counts by its cases, read from
+It prints the failures and, last, "passed failed skipped". A GoogleTest program counts by its cases, read from
 BUILD/results; one that failed without a failed case (a crash, a leak, a missing program) counts as one failure, and so
 does one that ran no case. Everything else counts as one case. Lines that a passed test prints as "note: ..." are handed
-on. `golden` prints the differences and, last, "passed failed skipped".
+on.
 """
 
 import pathlib
@@ -86,42 +85,10 @@ class Tally:
                 self.fail(name, output)
 
 
-def hashes(build):
-    """The hash by case that the golden tests of a build recorded."""
-    found = {}
-    for path in sorted((build / "results").glob("*.xml")):
-        results = parsed(path)
-        for case in results.iter("testcase") if results is not None else []:
-            for entry in case.iter("property"):
-                if "Golden" in f"{case.get('classname')}.{case.get('name')}" and entry.get("name") == "hash":
-                    found[f"{path.stem} {case.get('classname')}.{case.get('name')}"] = entry.get("value")
-    return found
-
-
-def compare_hashes(builds):
-    """Each golden case gave the same hash in every build; at least one case there was."""
-    table = {build: hashes(build) for build in builds}
-    names = sorted(set().union(*table.values()))
-    passed = 0
-    for name in names:
-        values = {build.name: table[build].get(name, "none") for build in builds}
-        if len(set(values.values())) == 1:
-            passed += 1
-        else:
-            print(f"FAILED {name}: hashes differ", *(f"    {b}: {v}" for b, v in values.items()), sep="\n")
-    if not names:
-        print("FAILED golden: no case recorded a hash")
-    return passed, max(len(names), 1) - passed
-
-
 def main():
-    builds = [pathlib.Path(argument) for argument in sys.argv[2:]]
-    if sys.argv[1] == "golden":
-        print(*compare_hashes(builds), 0)
-    else:
-        tally = Tally(builds[0])
-        tally.count()
-        print(tally.passed, tally.failed, tally.skipped)
+    tally = Tally(pathlib.Path(sys.argv[1]))
+    tally.count()
+    print(tally.passed, tally.failed, tally.skipped)
 
 
 if __name__ == "__main__":

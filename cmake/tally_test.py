@@ -11,11 +11,6 @@ import tally
 PASSED = '<testcase name="A" classname="S" status="run" result="completed"/>'
 SKIPPED = '<testcase name="B" classname="S" status="run" result="skipped"><skipped/></testcase>'
 FAILED = '<testcase name="C" classname="S" status="run" result="completed"><failure message="1 is not 2"/></testcase>'
-GOLDEN = (
-    '<testcase name="Golden" classname="S" status="run" result="completed">'
-    '<properties><property name="hash" value="{}"/></properties></testcase>'
-)
-
 
 def results(*cases):
     return f"<testsuites><testsuite>{''.join(cases)}</testsuite></testsuites>"
@@ -75,25 +70,6 @@ class TallyTest(unittest.TestCase):
         with contextlib.redirect_stdout(io.StringIO()):
             counter.count()
         self.assertEqual(counter.failed, 1)
-
-    def golden(self, *values):
-        with contextlib.redirect_stdout(io.StringIO()):
-            return tally.compare_hashes([
-                self.build(f"build{number}", {}, {"room_test": results(GOLDEN.format(value) if value else PASSED)})
-                for number, value in enumerate(values)
-            ])
-
-    def test_equal_hashes_pass(self):
-        self.assertEqual(self.golden("a", "a", "a"), (1, 0))
-
-    def test_differing_hashes_fail(self):
-        self.assertEqual(self.golden("a", "b"), (0, 1))
-
-    def test_a_missing_hash_fails(self):
-        self.assertEqual(self.golden("a", None), (0, 1))
-
-    def test_no_hash_at_all_fails(self):
-        self.assertEqual(self.golden(None, None), (0, 1))
 
 
 if __name__ == "__main__":
