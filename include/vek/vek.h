@@ -1,0 +1,12 @@
+/// @file
+/// Everything of the library, for programs that do not mind what they include.
+#pragma once
+
+#include <vek/data.h>
+#include <vek/display.h>
+#include <vek/draw.h>
+#include <vek/geometry.h>
+#include <vek/host.h>
+#include <vek/pictures.h>
+#include <vek/surfaces.h>
+#include <vek/values.h>
