@@ -8,9 +8,12 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 vek=build/demo/vek
 out=out
 
-# draw_library FILE: every slide of a slide library, as SVG and as EMF.
+# draw_library FILE: a slide library as a sheet, and each of its slides as SVG and as EMF.
 draw_library() {
     local library=$1 slide target names
+    target="$out/$(basename "$library" .slb)"
+    "$vek" draw "$library" -o "$target.svg"
+    echo "$target.svg"
     names=$("$vek" list "$library")
     while read -r slide; do
         target="$out/$(basename "$library" .slb)-${slide,,}"

@@ -66,8 +66,9 @@ void addSheet(CVekGDX& gdx, const std::vector<InputSlide>& slides, Size size)
     const double shape = static_cast<double>(size.width) / size.height * kHeight / kWidth;
     const int columns = std::clamp(static_cast<int>(std::ceil(std::sqrt(count * shape))), 1, count);
     for (int i = 0; i < count; ++i) {
-        const double left = i % columns * kWidth;
-        const double bottom = i / columns * -kHeight;
+        const int row = i / columns;
+        const double left = (i - row * columns) * kWidth;
+        const double bottom = row * -kHeight;
         const InputSlide& slide = slides[static_cast<std::size_t>(i)];
         addCell(gdx, slide, left, bottom);
         addText(gdx, slide.name, {left + kCell / 2.0, bottom - kNameDrop, 0.0}, kNameHeight, true);

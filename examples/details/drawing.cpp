@@ -303,6 +303,7 @@ void Drawing::zigzag(Mm from, Mm to, double thickness, double step)
     const Mm side = left(unit(along)) * (thickness / 2.0);
     const int count = std::max(1, static_cast<int>(std::lround(length(along) / step)));
     Path path;
+    path.reserve(static_cast<std::size_t>(count) + 1);
     for (int i = 0; i <= count; ++i)
         path.push_back(from + along * (static_cast<double>(i) / count) + side * (i % 2 ? 1.0 : -1.0));
     open(path);

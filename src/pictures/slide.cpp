@@ -25,6 +25,11 @@ constexpr unsigned kOpOffset = 0xFB;
 constexpr unsigned kOpEndpoint = 0xFE;
 constexpr unsigned kOpColor = 0xFF;
 
+int signedByteOf(unsigned value)
+{
+    return static_cast<int>((value & 0xFF) ^ 0x80) - 0x80;
+}
+
 unsigned swapped(unsigned word)
 {
     return (word & 0xFF) << 8 | word >> 8;
@@ -50,7 +55,7 @@ public:
     void swapWords(bool swap) { m_swap = swap; }
 
     unsigned byte() { return m_at < m_end ? *m_at++ : 0; }
-    int signedByte() { return static_cast<std::int8_t>(byte()); }
+    int signedByte() { return signedByteOf(byte()); }
 
     unsigned word()
     {
@@ -102,7 +107,7 @@ void SlideReader::readRecords(Cursor& in, SlideVisitor& visitor)
     for (;;) {
         const unsigned word = in.word();
         const unsigned op = word >> 8;
-        const int dx = static_cast<std::int8_t>(word & 0xFF);
+        const int dx = signedByteOf(word);
         if (op < 0x80) {
             const SlidePoint from{static_cast<int>(word), in.signedWord()};
             const int toX = in.signedWord();
@@ -136,22 +141,24 @@ void SlideReader::readFill(Cursor& in, SlideVisitor& visitor)
     in.word();
     const int x = in.signedWord();
     int y = in.signedWord();
-    m_polygon.assign(1, {x, y});
+    const SlidePoint first{x, y};
+    m_polygon.setLogicalLength(0);
+    m_polygon.append(first);
     for (unsigned i = 1; i < count; ++i) {
         in.word();
         const int nextX = in.signedWord();
         y = in.signedWord();
         if (y < 0) // the terminator; so is what lies behind the end
             break;
-        m_polygon.push_back({nextX, y});
+        m_polygon.append({nextX, y});
     }
     if (y >= 0) {
         in.word();
         in.word();
         in.word();
     }
-    m_polygon.push_back(m_polygon.front());
-    visitor.fill(m_polygon);
+    m_polygon.append(first);
+    visitor.fill({m_polygon.begin(), m_polygon.end()});
 }
 
 bool SlideMapping::set(int left, int top, int right, int bottom, int slideHiX, int slideHiY)

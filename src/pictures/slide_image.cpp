@@ -4,8 +4,6 @@
 #include <vek/geometry.h>
 #include <vek/pictures/slide_library.h>
 
-#include <exception>
-
 namespace VEK
 {
 namespace
@@ -88,12 +86,8 @@ bool gdxImageSlide(CVekGDX* gdx, SlideBytes slide, unsigned long flags, const CV
 {
     if (!gdx)
         return false;
-    try {
-        SlideEmission emission(*gdx, flags, item);
-        return SlideReader().read(slide, emission) && emission.hasEmitted();
-    } catch (const std::exception&) { // no memory for a fill; what was emitted stands
-        return false;
-    }
+    SlideEmission emission(*gdx, flags, item);
+    return SlideReader().read(slide, emission) && emission.hasEmitted();
 }
 
 } // namespace VEK

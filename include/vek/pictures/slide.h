@@ -6,11 +6,10 @@
 /// slide's highest point.
 #pragma once
 
-#include <vek/export.h>
+#include <vek/values/array.h>
 
 #include <cstddef>
 #include <span>
-#include <vector>
 
 namespace VEK
 {
@@ -75,7 +74,7 @@ private:
     void readFill(Cursor& in, SlideVisitor& visitor);
 
     unsigned m_byteOrder = 0;
-    std::vector<SlidePoint> m_polygon; ///< scratch of the fills
+    CVekArrayTempl<SlidePoint> m_polygon; ///< scratch of the fills
 };
 
 /// The mapping of a slide to a device of whole pixels, whose y runs downwards.

@@ -12,6 +12,7 @@
 #include <vek/values/string.h>
 
 #include <cstdint>
+#include <vector>
 
 namespace VEK
 {
