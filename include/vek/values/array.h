@@ -230,9 +230,10 @@ private:
         ++m_length;
     }
 
+    /// Appends copies; `count` together with the length is a length that an array has.
     void append(const T* values, unsigned count)
     {
-        if (!ensure(std::size_t{m_length} + count))
+        if (m_length + count > m_capacity && !relocate(m_length + count)) // a copy takes what it needs, not more
             return;
         const unsigned assigned = std::min(count, m_built - m_length);
         std::copy_n(values, assigned, m_data + m_length);
@@ -247,11 +248,10 @@ private:
             ::new (static_cast<void*>(m_data + m_built)) T();
     }
 
-    bool ensure(std::size_t wanted) { return wanted <= m_capacity || relocate(wanted); }
+    bool ensure(std::size_t wanted) { return wanted <= m_capacity || relocate(grownCapacity(m_capacity, wanted)); }
 
-    bool relocate(std::size_t wanted)
+    bool relocate(unsigned capacity)
     {
-        const unsigned capacity = grownCapacity(m_capacity, wanted);
         T* block = capacity ? static_cast<T*>(CVekObj::operator new[](sizeof(T) * std::size_t{capacity})) : nullptr;
         if (!block)
             return false;

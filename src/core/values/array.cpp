@@ -26,7 +26,7 @@ unsigned CVekArray::grownCapacity(unsigned capacity, std::size_t wanted)
 {
     if (wanted > INT_MAX)
         return 0;
-    std::size_t grown = capacity ? capacity : 8;
+    std::size_t grown = capacity < 8 ? 8 : capacity;
     while (grown < wanted)
         grown *= 2;
     return static_cast<unsigned>(grown < INT_MAX ? grown : INT_MAX);
