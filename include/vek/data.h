@@ -10,5 +10,6 @@
 #include <vek/data/key.h>
 #include <vek/data/label.h>
 #include <vek/data/material.h>
+#include <vek/data/pattern.h>
 #include <vek/data/resbuf.h>
 #include <vek/data/text.h>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vek/data/file.h>
+#include <vek/data/pattern.h>
 #include <vek/data/resbuf.h>
 
 #include <functional>
@@ -11,10 +12,6 @@
 #include <vector>
 
 class CVekGDX;
-
-/// The families of lines of a hatch pattern: for each its angle in degrees, x and y of a point on its first line, shift
-/// along and distance to the next line, then the dashes; lengths are in pattern units.
-using VekPatternLines = CVekArrayTempl<CVekArrayTempl<double>>;
 
 /// What the library asks of its host. A host derives from it; the order of the operations is part of the interface.
 class VEK_API CVekApp : public CVekObj
@@ -82,6 +79,11 @@ public:
 
     /// Enters a hatch pattern; a table without lines removes it. Names compare without regard to case.
     void hatchPatternSet(const wchar_t* name, const VekPatternLines& lines);
+
+    /// Enters the hatch patterns of a file; see `VEK::hatchPatternsLoad`. A name that is there already gets the lines
+    /// of the file, of two patterns of one name in the file those of the later one.
+    /// @return false, with the patterns before the wrong line entered, when the file is not read to its end
+    bool hatchPatternFile(const wchar_t* path, CVekString& error);
 
     /// Enters a named view.
     void viewMatrixSet(const wchar_t* name, const CVekMatrix3d& matrix);

@@ -121,6 +121,15 @@ void CVekLocalApp::hatchPatternSet(const wchar_t* name, const VekPatternLines& l
         m_patterns[upperOf(name)] = lines;
 }
 
+bool CVekLocalApp::hatchPatternFile(const wchar_t* path, CVekString& error)
+{
+    CVekArrayTempl<VEK::CHatchPattern> patterns;
+    const bool whole = VEK::hatchPatternsLoad(patterns, path, error);
+    for (const VEK::CHatchPattern& pattern : patterns)
+        hatchPatternSet(pattern.name, pattern.lines);
+    return whole;
+}
+
 void CVekLocalApp::viewMatrixSet(const wchar_t* name, const CVekMatrix3d& matrix)
 {
     m_views[textOf(name)] = matrix;

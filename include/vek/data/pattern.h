@@ -1,0 +1,46 @@
+/// @file
+/// Hatch patterns, and the text files that carry them.
+#pragma once
+
+#include <vek/values/string.h>
+
+#include <cstddef>
+
+/// The families of lines of a hatch pattern: for each its angle in degrees, x and y of a point on its first line, shift
+/// along and distance to the next line, then the dashes; lengths are in pattern units.
+using VekPatternLines = CVekArrayTempl<CVekArrayTempl<double>>;
+
+namespace VEK
+{
+
+/// A hatch pattern as a file tells it.
+class VEK_API CHatchPattern : public CVekObj
+{
+public:
+    CVekString name;
+    CVekString description;
+    VekPatternLines lines;
+};
+
+/// Reads hatch patterns from a file or from bytes, in the public `.pat` form:
+///
+///     ;; a comment
+///     *NAME, description
+///     angle, x, y, shift, distance, dash, dash, ...
+///
+/// A star begins a pattern; its name ends at the first comma, and a description may be missing. Each further line is a
+/// family of five numbers and any number of dashes: above 0 drawn, below 0 a gap, 0 a dot. A semicolon begins a
+/// comment, but in a description. Blanks may stand around every value, empty lines anywhere. Numbers have a point for
+/// decimals. Names and descriptions are UTF-8, or else code page 1252. A control character 26 ends the file.
+///
+/// Reading ends at the first line that is wrong: a value that is no finite number, an empty value, a family of fewer
+/// than five numbers or without a pattern, a pattern without a name or without a family.
+///
+/// @param patterns receives the patterns behind those that it holds, on failure those that were complete before
+/// @param error receives "NAME:LINE: cause" on failure, without the line where a file cannot be read at all, and stays
+///     untouched otherwise; NAME is the path or `name`
+VEK_API bool hatchPatternsLoad(CVekArrayTempl<CHatchPattern>& patterns, const wchar_t* path, CVekString& error);
+VEK_API bool hatchPatternsRead(CVekArrayTempl<CHatchPattern>& patterns, const char* bytes, std::size_t size,
+                               const wchar_t* name, CVekString& error);
+
+} // namespace VEK
