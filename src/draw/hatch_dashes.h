@@ -1,0 +1,86 @@
+/// The dashes of a family of hatch lines.
+#pragma once
+
+#include <vek/values/array.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace VEK::detail
+{
+
+/// A dash table that repeats along a line from its start, by stations from there. Only the dashes of a stretch are
+/// looked at, however long the line is.
+class HatchDashes
+{
+public:
+    /// @param family five numbers, then the table
+    /// @param dot length of the stroke of a dot
+    HatchDashes(const CVekArrayTempl<double>& family, double scale, double dot)
+    {
+        for (int i = 5; i < family.len(); ++i) {
+            m_isGiven = true;
+            const double length = family[i] == 0.0 ? dot : scale * family[i];
+            if (length > 0.0)
+                m_drawn.push_back({m_period, m_period + length});
+            m_period += std::fabs(length);
+            m_total += family[i] == 0.0 ? 1.0 : std::fabs(length);
+        }
+    }
+
+    bool isGiven() const { return m_isGiven; }
+    bool draws() const { return !m_drawn.empty() && std::isfinite(m_period); }
+
+    /// The length by which lines are made whole patterns long. A dot counts as one unit in it, though its stroke is
+    /// shorter.
+    double total() const { return m_total; }
+
+    /// The start of the first dash, and the end of the last one of a line of some length.
+    double firstStart() const { return m_drawn.front().from; }
+    double lastEnd(double length) const
+    {
+        const double cycle = std::floor(length / m_period);
+        for (double back = 0.0; back <= 1.0; back += 1.0) {
+            for (auto dash = m_drawn.rbegin(); dash != m_drawn.rend(); ++dash) {
+                if ((cycle - back) * m_period + dash->from < length)
+                    return std::min((cycle - back) * m_period + dash->to, length);
+            }
+        }
+        return 0.0;
+    }
+
+    /// Hands the dashes that reach into a stretch of a line to `visit(from, to)`, until that gives false.
+    /// @param length of the line, where its last dash is cut
+    template <class Visit>
+    void visit(double from, double to, double length, Visit&& visitDash) const
+    {
+        from = std::max(from, 0.0);
+        to = std::min(to, length);
+        double cycle = std::floor(from / m_period);
+        auto dash = std::lower_bound(m_drawn.begin(), m_drawn.end(), from - cycle * m_period,
+                                     [](const Dash& a, double station) { return a.to < station; });
+        for (;; ++dash) {
+            if (dash == m_drawn.end()) {
+                cycle += 1.0;
+                dash = m_drawn.begin();
+            }
+            const double start = cycle * m_period;
+            if (!(start + dash->from < to) || !visitDash(start + dash->from, std::min(start + dash->to, length)))
+                return;
+        }
+    }
+
+private:
+    struct Dash {
+        double from;
+        double to;
+    };
+
+    std::vector<Dash> m_drawn;
+    double m_period = 0.0;
+    double m_total = 0.0;
+    bool m_isGiven = false;
+};
+
+} // namespace VEK::detail
