@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
 #include <initializer_list>
 #include <limits>
 #include <numbers>
@@ -392,8 +393,8 @@ TEST(DrawPattern, LinesThroughALoneCornerAreLeftOut)
 
 TEST(DrawPattern, ADashOverANarrowHoleKeepsThePartBeforeTheCut)
 {
-    // Dashes from 0 to 10 and on to 20, and a hole from 6 to 7: the stretch from 7 to 15 keeps 0 to 7 of the first dash,
-    // whose middle is inside, and the one before the hole 0 to 6.
+    // Dashes from 0 to 10 and on to 20, and a hole from 6 to 7: the stretch from 7 to 15 keeps 0 to 7 of the first
+    // dash, whose middle is inside, and the one before the hole 0 to 6.
     const Host host(L"LONG", {{0, 0, 0.5, 0, 9, 10, 10}});
     const Lines lines =
         vek_gdx_image_reg_hatch2(region({box(0, 0, 15, 1), box(6, -1, 7, 2)}), {}, {L"LONG", 0, 1, false});
@@ -478,6 +479,29 @@ TEST(DrawPattern, PatternsPastAllMeasureEnd)
     EXPECT_EQ(vek_gdx_image_reg_hatch2(region({{}, box(0, 0, 5, 5)}), {}, {L"P", 0, 1, false}).len(), 0);
     EXPECT_EQ(vek_gdx_image_reg_hatch2({}, {}, {L"P", 0, 1, false}).len(), 0);
     EXPECT_GT(expectSame(region({circle(0, 0, 5), circle(1, 0, 2)}), {}, {L"P", 0.4, 1, false}), 0u);
+}
+
+TEST(DrawPattern, ExamplePatternsAllDraw)
+{
+    const std::filesystem::path path = std::filesystem::path(VEK_SOURCE_DIR) / "examples" / "patterns" / "vek.pat";
+    CVekArrayTempl<VEK::CHatchPattern> patterns;
+    CVekString error;
+    ASSERT_TRUE(VEK::hatchPatternsLoad(patterns, path.wstring().c_str(), error));
+    EXPECT_GE(patterns.len(), 20);
+    int gravel = 0;
+    for (const VEK::CHatchPattern& pattern : patterns) {
+        CVekLocalApp app;
+        app.hatchPatternSet(pattern.name, pattern.lines);
+        CVekApp* const before = vekAppSet(&app);
+        const Region reg = region({box(-31, -33, 37, 35)});
+        const VEK::CHatchProp hatch(pattern.name, 0, 1, false);
+        // Wide enough that each family shows.
+        EXPECT_GE(vek_gdx_image_reg_hatch2(reg, {}, hatch).len(), pattern.lines.len()) << pattern.name.len();
+        EXPECT_TRUE(vek_gdx_pattern_test(reg, hatch, CVekMatrix3d().setToScaling(4.0, {})));
+        gravel += pattern.name == L"GRAVEL" ? pattern.lines.len() : 0;
+        vekAppSet(before);
+    }
+    EXPECT_GE(gravel, 40);
 }
 
 TEST(DrawPatternTest, LimitsAreStrict)

@@ -57,7 +57,7 @@ void HatchRows::rewind()
 void HatchRows::cut(double y, double from, double to)
 {
     m_y = y;
-    m_hasStretches = false;
+    m_hasOuter = m_hasInside = false;
     m_found.clear();
     m_cuts.clear();
     for (; m_next < m_sides.size() && m_sides[m_next].low <= y + m_tolerance; ++m_next)
@@ -123,7 +123,7 @@ void HatchRows::takeStretches()
             m_inside.back().to = found.x;
         wasInside = isIn;
     }
-    m_hasStretches = true;
+    m_hasOuter = m_hasInside = true;
 }
 
 /// The row through corners, along segments and across arcs.
@@ -156,42 +156,36 @@ bool HatchRows::meetsOuter(double from, double to) const
     });
 }
 
-/// The stretches of a row that is not plain.
-void HatchRows::prepare()
+/// The stretches of a row that is not plain, inside the first contours of the region.
+void HatchRows::takeSpans(int contours, std::optional<plane::PreparedRegion>& prepared, std::vector<Stretch>& stretches)
 {
-    if (!m_prepared) {
+    if (!prepared) {
         CVekMatrix3d turn;
         turn.setToRotation(-m_turn, CVekVector3d::kZAxis, CVekPoint3d::kOrigin);
-        CVekArrayTempl<CVekVertexArray> turned = m_region;
-        for (CVekVertexArray& contour : turned)
-            contour.transformBy(turn);
-        m_prepared.emplace(turned);
-        m_preparedOuter.emplace(turned[0]);
+        CVekArrayTempl<CVekVertexArray> turned;
+        for (int i = 0; i < contours; ++i)
+            turned.append(m_region[i].getTransformedCopy(turn));
+        prepared.emplace(turned);
     }
-    takeSpans(*m_preparedOuter, m_outer);
-    takeSpans(*m_prepared, m_inside);
-    m_hasStretches = true;
-}
-
-void HatchRows::takeSpans(plane::PreparedRegion& region, std::vector<Stretch>& stretches)
-{
     const double start = m_all.min.x - 1.0, length = m_all.max.x + 1.0 - start;
     stretches.clear();
-    for (const plane::Span& span : region.spans(plane::Arc({start, m_y}, {start + length, m_y}, 0.0)))
+    for (const plane::Span& span : prepared->spans(plane::Arc({start, m_y}, {start + length, m_y}, 0.0)))
         stretches.push_back({start + span.from * length, start + span.to * length});
 }
 
 const std::vector<HatchRows::Stretch>& HatchRows::outer()
 {
-    if (!m_hasStretches)
-        prepare();
+    if (!m_hasOuter)
+        takeSpans(1, m_preparedOuter, m_outer);
+    m_hasOuter = true;
     return m_outer;
 }
 
 bool HatchRows::isInside(double x)
 {
-    if (!m_hasStretches)
-        prepare();
+    if (!m_hasInside)
+        takeSpans(m_region.len(), m_prepared, m_inside);
+    m_hasInside = true;
     const auto next = std::lower_bound(m_inside.begin(), m_inside.end(), x - m_tolerance,
                                        [](const Stretch& stretch, double place) { return stretch.to < place; });
     return next != m_inside.end() && next->from <= x + m_tolerance;

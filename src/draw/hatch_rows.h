@@ -69,8 +69,7 @@ private:
     bool cutPlainly(double y, double from, double to);
     void cutWithCare(double y, double from, double to);
     void takeStretches();
-    void prepare();
-    void takeSpans(plane::PreparedRegion& region, std::vector<Stretch>& stretches);
+    void takeSpans(int contours, std::optional<plane::PreparedRegion>& prepared, std::vector<Stretch>& stretches);
 
     const CVekArrayTempl<CVekVertexArray>& m_region;
     double m_turn;
@@ -85,7 +84,8 @@ private:
     std::size_t m_next = 0;
 
     double m_y = 0.0;
-    bool m_hasStretches = false;
+    bool m_hasOuter = false; ///< the stretches of the present row are there
+    bool m_hasInside = false;
     std::vector<Cut> m_found;
     std::vector<double> m_cuts;
     std::vector<Stretch> m_outer;
