@@ -58,7 +58,8 @@ Polylines squares(int count)
     Polylines list;
     const int row = static_cast<int>(std::sqrt(count / 2.0)) + 1;
     for (int i = 0; i < count; ++i) {
-        const double x = 10.0 * (i / 2 % row), y = 10.0 * (i / 2 / row), h = i % 2 ? 2.0 : 4.0;
+        const int place = i / 2, line = place / row;
+        const double x = 10.0 * (place % row), y = 10.0 * line, h = i % 2 ? 2.0 : 4.0;
         CVekVertexArray box;
         box.append(CVekVertex({x - h, y - h, 0}, {x + h, y + h, 0}));
         list.append(VEK::vl_extrect(box, 0.0));

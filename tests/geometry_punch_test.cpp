@@ -77,7 +77,8 @@ std::vector<double> lengths(const CVekVertexArray& vl, const Polylines& reg, boo
     return list;
 }
 
-void expectLengths(const CVekVertexArray& vl, const Polylines& reg, std::vector<double> in, std::vector<double> out)
+void expectLengths(const CVekVertexArray& vl, const Polylines& reg, const std::vector<double>& in,
+                   const std::vector<double>& out)
 {
     for (const bool inside : {true, false}) {
         const std::vector<double> found = lengths(vl, reg, inside);

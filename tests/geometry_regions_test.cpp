@@ -222,9 +222,9 @@ TEST(GeometryPrepare, ShuffledSidesOfManyContoursComeBackWhole)
     const int count = 500;
     double area = 0.0;
     for (int i = 0; i < count; ++i) {
-        CVekVertexArray contour =
-            i % 2 ? circle(10.0 * (i % 25), 10.0 * (i / 25), 3)
-                  : rectangle(10.0 * (i % 25), 10.0 * (i / 25), 10.0 * (i % 25) + 4, 10.0 * (i / 25) + 6);
+        const int row = i / 25;
+        const double x = 10.0 * (i % 25), y = 10.0 * row;
+        const CVekVertexArray contour = i % 2 ? circle(x, y, 3) : rectangle(x, y, x + 4, y + 6);
         area += i % 2 ? 9 * std::numbers::pi : 24;
         for (const CVekVertex& side : contour) {
             CVekVertexArray single = side;

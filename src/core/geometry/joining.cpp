@@ -34,15 +34,15 @@ public:
     {
         // What counts as one lies in the same cell, or beside it where the point is that near to the cell's side.
         const double x = p[0] / (kCell * m_tolerance), y = p[1] / (kCell * m_tolerance);
-        const double left = std::floor(x - 1.0 / kCell), right = std::floor(x + 1.0 / kCell);
-        const double low = std::floor(y - 1.0 / kCell), high = std::floor(y + 1.0 / kCell);
-        for (double cellX = left; cellX <= right; cellX += 1.0) {
-            for (double cellY = low; cellY <= high; cellY += 1.0) {
-                const auto found = m_first.find(key(cellX, cellY));
-                for (int i = found == m_first.end() ? -1 : found->second; i >= 0; i = m_points[at(i)].next) {
-                    const CVekVector3d d = m_points[at(i)].point - p;
+        const double xs[] = {std::floor(x - 1.0 / kCell), std::floor(x + 1.0 / kCell)};
+        const double ys[] = {std::floor(y - 1.0 / kCell), std::floor(y + 1.0 / kCell)};
+        for (int i = 0; i < (xs[0] == xs[1] ? 1 : 2); ++i) {
+            for (int k = 0; k < (ys[0] == ys[1] ? 1 : 2); ++k) {
+                const auto found = m_first.find(key(xs[i], ys[k]));
+                for (int n = found == m_first.end() ? -1 : found->second; n >= 0; n = m_points[at(n)].next) {
+                    const CVekVector3d d = m_points[at(n)].point - p;
                     if (d.dot(d) <= m_tolerance * m_tolerance)
-                        return i;
+                        return n;
                 }
             }
         }
@@ -67,7 +67,9 @@ private:
     static std::uint64_t key(double x, double y)
     {
         // Cells that share a key only cost a comparison more.
-        const auto bits = [](double v) { return static_cast<std::uint64_t>(static_cast<std::int64_t>(v)); };
+        const auto bits = [](double v) {
+            return std::fabs(v) < 1e18 ? static_cast<std::uint64_t>(static_cast<std::int64_t>(v)) : std::uint64_t{0};
+        };
         return mixed(mixed(bits(x)) + bits(y));
     }
 

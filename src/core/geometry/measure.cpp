@@ -135,6 +135,7 @@ void measureRun(const CVekVertexArray& run, const Pattern& pattern, CVekArrayTem
 
 } // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the pattern over by value
 CVekArrayTempl<CVekVertexArray> vl_measure(CVekVertexArray vl, double scale, CVekLineParm pattern)
 {
     CVekArrayTempl<CVekVertexArray> runs = vl_to_vll(std::move(vl));

@@ -89,6 +89,7 @@ Pieces punch(const CVekVertexArray& vl, plane::PreparedRegion region, bool insid
 
 } // namespace
 
+// NOLINTBEGIN(performance-unnecessary-value-param): callers hand the polyline over by value
 CVekArrayTempl<CVekVertexArray> vl_punch(CVekVertexArray vl, const CVekVertexArray& contour, bool inside)
 {
     return punch(vl, plane::PreparedRegion(contour), inside);
@@ -99,6 +100,8 @@ CVekArrayTempl<CVekVertexArray> vl_punch_reg(CVekVertexArray vl, const CVekArray
 {
     return punch(vl, plane::PreparedRegion(region), inside);
 }
+
+// NOLINTEND(performance-unnecessary-value-param)
 
 int g_vll_pt_inside(const CVekArrayTempl<CVekVertexArray>& region, const CVekPoint3d& point)
 {
