@@ -56,6 +56,7 @@ void slideEmit(benchmark::State& state)
 {
     const slides::Bytes slide = slideOf(static_cast<int>(state.range(0)));
     CVekGDX gdx;
+    VEK::gdxImageSlide(&gdx, slide, 0, nullptr); // the list has room from here on
     for (auto _ : state) {
         gdx.clear();
         VEK::gdxImageSlide(&gdx, slide, 0, nullptr);
