@@ -20,12 +20,13 @@ VEK_API bool g_vl_orient(const CVekVertexArray& vl, const CVekVector3d& axis);
 /// as they are.
 VEK_API void regionOrient(CVekArrayTempl<CVekVertexArray>& region, const CVekVector3d& axis);
 
-/// Cuts a polyline at a contour; each piece is a polyline of its own, in order along the polyline.
+/// Cuts a polyline at a contour. Each piece is a polyline of its own; they come in order along the polyline, and of a
+/// closed one the piece that runs over its start comes first, in one.
 ///
-/// The cuts are exact on arcs. Pieces end only where the polyline changes between inside and outside, so a mere touch
-/// does not cut, and at the polyline's own breaks. What runs along the boundary is inside. Pieces keep z, tags and
-/// normal of the polyline; pieces without length do not appear, but a segment without length that stands in
-/// the polyline is kept with the piece in which it lies.
+/// The cuts are exact on arcs, and arcs stay arcs. Pieces end only where the polyline changes between inside and
+/// outside and at its own breaks; a mere touch does not cut. What runs along the boundary is inside. Pieces keep z,
+/// tags and normal of the polyline. Nothing shorter than the point tolerance is cut off, but a segment without length
+/// that stands in the polyline, a dot, goes with the place where it lies. A polyline with arcs lies parallel to xy.
 /// @param inside true keeps what is inside, false the rest
 VEK_API CVekArrayTempl<CVekVertexArray> vl_punch(CVekVertexArray vl, const CVekVertexArray& contour, bool inside);
 

@@ -27,6 +27,19 @@ Vec extent(const Box& box)
     return (box.max - box.min) * 0.5;
 }
 
+/// Adds a box around an arc, for one up to a half circle without the price of the tight one.
+void addArc(Box& box, Vec start, Vec end, double bulge)
+{
+    Box arc{start, start};
+    arc.add(end);
+    if (std::fabs(bulge) <= 1.0)
+        arc.grow(0.5 * std::fabs(bulge) * (end - start).abs());
+    else
+        arc = Arc(start, end, bulge).box();
+    box.add(arc.min);
+    box.add(arc.max);
+}
+
 bool isFinite(const CVekVertex& vertex)
 {
     return std::isfinite(vertex.start[0] + vertex.start[1] + vertex.end[0] + vertex.end[1] + vertex.bulge);
@@ -106,18 +119,17 @@ bool PreparedRegion::addContour(const CVekVertexArray& contour, std::uint32_t nu
 {
     const std::uint32_t first = static_cast<std::uint32_t>(m_links.size());
     const auto same = [](Vec a, Vec b) { return detail::meets({a.x, a.y, 0.0}, {b.x, b.y, 0.0}); };
+    const double side = contour.normal()[2] < 0.0 ? -1.0 : 1.0; // as flatArc has it
     for (const CVekVertex& vertex : contour) {
         if (!isFinite(vertex))
             return false;
-        const Arc arc = flatArc(vertex, contour.normal());
-        if (arc.isPoint())
+        const Vec start{vertex.start[0], vertex.start[1]}, end{vertex.end[0], vertex.end[1]};
+        if (!((end - start).abs() > 0.0))
             continue;
-        if (m_links.size() == first)
-            m_links.push_back({arc.start()});
-        else if (!same(m_links.back().point, arc.start()))
-            m_links.push_back({arc.start()});
-        m_links.back().bulge = arc.isArc() ? (contour.normal()[2] < 0.0 ? -vertex.bulge : vertex.bulge) : 0.0;
-        m_links.push_back({arc.end()});
+        if (m_links.size() == first || !same(m_links.back().point, start))
+            m_links.push_back({start});
+        m_links.back().bulge = side * vertex.bulge;
+        m_links.push_back({end});
     }
     if (m_links.size() < first + 2u)
         return true;
@@ -140,11 +152,8 @@ void PreparedRegion::addLeaves(std::uint32_t first, std::uint32_t number)
         Box box{m_links[first].point, m_links[first].point};
         for (std::uint32_t i = first; i < first + leaf.count; ++i) {
             box.add(m_links[i + 1].point);
-            if (m_links[i].bulge != 0.0) {
-                const Box arc = Arc(m_links[i].point, m_links[i + 1].point, m_links[i].bulge).box();
-                box.add(arc.min);
-                box.add(arc.max);
-            }
+            if (m_links[i].bulge != 0.0)
+                addArc(box, m_links[i].point, m_links[i + 1].point, m_links[i].bulge);
         }
         m_leaves.push_back(leaf);
         m_boxes.push_back(box);
