@@ -7,13 +7,6 @@
 namespace
 {
 
-CVekArrayTempl<double> oneValue(double value)
-{
-    CVekArrayTempl<double> list;
-    list.append(value);
-    return list;
-}
-
 CVekDisplayItem newItem(VekDisplayObj type, const CVekArrayTempl<int>& stack, unsigned long flag)
 {
     CVekDisplayItem item;
@@ -111,9 +104,8 @@ void CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const wchar_t* te
     CVekDisplayItem item = newItem(dispText, stack, flag);
     item.color = color;
     item.mtx = mtx;
-    item.linetype = oneValue(1.0);
-    item.linetype.append(0.0);
-    item.linetype.append(0.0);
+    for (const double value : {1.0, 0.0, 0.0})
+        item.linetype.append(value);
     item.point = point;
     item.txtAlign = align;
     item.txt = text;
