@@ -9,6 +9,7 @@
 #include <vek/values/map.h>
 #include <vek/values/matrix.h>
 #include <vek/values/object.h>
+#include <vek/values/pixels.h>
 #include <vek/values/point.h>
 #include <vek/values/pointer.h>
 #include <vek/values/polyline.h>

@@ -24,6 +24,7 @@ const char* nameOf(VEK::SurfaceOp op)
     case VEK::SurfaceOp::ellipse: return "ellipse";
     case VEK::SurfaceOp::pixel: return "pixel";
     case VEK::SurfaceOp::solidRect: return "solidRect";
+    case VEK::SurfaceOp::picture: return "picture";
     }
     return "";
 }
@@ -141,6 +142,10 @@ void CRecorder::pixel(double x, double y, unsigned color)
 void CRecorder::solidRect(double x, double y, double width, double height, unsigned color)
 {
     add(SurfaceOp::solidRect, {{x, y}, {width, height}}, 0, color);
+}
+void CRecorder::picture(double x, double y, const CPixels& pixels)
+{
+    add(SurfaceOp::picture, {{x, y}, {double(pixels.width), double(pixels.height)}});
 }
 
 } // namespace VEK

@@ -25,10 +25,12 @@ enum class SurfaceOp {
     rectangle,
     ellipse,
     pixel,
-    solidRect
+    solidRect,
+    picture
 };
 
-/// One call. Positions stand in the order of the call's arguments; the second of `solidRect` is its size.
+/// One call. Positions stand in the order of the call's arguments; the second of `solidRect` and of
+/// `picture` is its size.
 struct VEK_API SurfaceCall {
     SurfaceOp op = SurfaceOp::clipRestore;
     std::vector<SurfacePoint> points;
@@ -69,6 +71,7 @@ public:
     void ellipse(double x1, double y1, double x2, double y2) override;
     void pixel(double x, double y, unsigned color) override;
     void solidRect(double x, double y, double width, double height, unsigned color) override;
+    void picture(double x, double y, const CPixels& pixels) override;
 
 private:
     void add(SurfaceOp op, std::vector<SurfacePoint> points = {}, int width = 0, unsigned color = 0);

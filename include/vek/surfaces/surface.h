@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vek/export.h>
+#include <vek/values/pixels.h>
 
 namespace VEK
 {
@@ -13,6 +14,17 @@ struct SurfacePoint {
     double y = 0.0;
 
     bool operator==(const SurfacePoint& other) const = default;
+};
+
+/// An arc of an ellipse: it starts at center + u and runs towards center + v, two conjugate half diameters, through
+/// `sweep` radians (-2 PI to 2 PI) of the parameter; so it ends at center + cos(sweep) u + sin(sweep) v.
+struct SurfaceArc {
+    SurfacePoint center;
+    SurfacePoint u;
+    SurfacePoint v;
+    double sweep = 0.0;
+
+    bool operator==(const SurfaceArc& other) const = default;
 };
 
 /// A surface. A draw pass turns every item into these few calls; each kind of output is one derived class.
@@ -58,6 +70,10 @@ public:
     /// surface has something faster.
     virtual void polyline(const SurfacePoint* points, int count);
 
+    /// An arc from the position, which is the arc's start, to the arc's end, which becomes the position.
+    /// @return false from a surface that has only straight lines; it then does nothing, and the caller draws chords
+    virtual bool arcTo(const SurfaceArc& arc);
+
     /// A closed polygon: even-odd filled with the brush, edged with the pen. The position stays.
     virtual void polygon(const SurfacePoint* points, int count) = 0;
 
@@ -71,6 +87,10 @@ public:
 
     /// A rectangle of one colour without pen and brush. A negative size reaches to the left or upwards.
     virtual void solidRect(double x, double y, double width, double height, unsigned color) = 0;
+
+    /// A picture with its top left corner at (x, y), each of its pixels one device unit square. Pixels without opacity
+    /// leave what is there. A surface that cannot do it draws nothing.
+    virtual void picture(double /*x*/, double /*y*/, const CPixels& /*pixels*/) {}
 };
 
 } // namespace VEK
