@@ -1,7 +1,6 @@
-#include "display_fixture.h"
+#include "display_pass.h"
 
 #include <vek/geometry.h>
-#include <vek/surfaces.h>
 
 #include <cmath>
 #include <functional>
@@ -12,101 +11,6 @@ namespace display_test
 {
 namespace
 {
-
-using VEK::PassRules;
-using VEK::SurfaceOp;
-using Rules = const PassRules&;
-
-constexpr unsigned kBack = 0xC0C0C0;
-
-/// The rules without their fit: pictures come in device units then.
-constexpr PassRules unfitted(PassRules rules)
-{
-    rules.fitsView = false;
-    return rules;
-}
-constexpr PassRules kPaper = unfitted(VEK::paperRules);
-constexpr PassRules kScreen = unfitted(VEK::screenRules);
-
-CVekColor rgb(unsigned long value)
-{
-    CVekColor color;
-    color.setColor(value);
-    return color;
-}
-
-CVekColor indexed(short index)
-{
-    CVekColor color;
-    color.setColorIndex(index);
-    return color;
-}
-
-Gdx grey()
-{
-    return Gdx(rgb(kBack), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
-}
-
-const CVekColor kRed = rgb(0xFF0000);
-const CVekMatrix3d kNone;
-
-void addLine(Gdx& gdx, const CVekVertexArray& vl, const CVekColor& color = kRed, const CVekMatrix3d& m = kNone,
-             unsigned flag = 0, int width = 1, const CVekPoint3d& reference = {})
-{
-    gdx.imageVl(path({}), flag, vl, color, m, doubles({}), 1.0, static_cast<unsigned long>(width), reference);
-}
-
-void addRegion(Gdx& gdx, unsigned flag, const CVekArrayTempl<CVekVertexArray>& region, const CVekColor& color = kRed,
-               const CVekColor& fill = CVekColor(), const CVekMatrix3d& m = kNone)
-{
-    gdx.imageReg(path({}), flag, region, color, m, doubles({}), 1.0, 1, fill, VEK::CHatchProp(), CVekPoint3d());
-}
-
-void addItem(Gdx& gdx, const CVekDisplayItem& item)
-{
-    CVekArrayTempl<CVekDisplayItem> list;
-    list.append(item);
-    gdx.addDisplayList(list);
-}
-
-/// A square with its lower corner at (x, y).
-CVekVertexArray box(double x, double y, double side)
-{
-    CVekVertexArray contour = square(side)[0];
-    contour.move({x, y, 0});
-    return contour;
-}
-
-CVekVertexArray polyline(std::initializer_list<CVekVertex> vertices)
-{
-    CVekVertexArray vl;
-    for (const CVekVertex& vertex : vertices)
-        vl.append(vertex);
-    return vl;
-}
-
-/// The device calls, without the ones that open every pass.
-VEK::CRecorder draw(Gdx& gdx, Rules rules, bool wholePixels = false, int height = 100, int width = 200)
-{
-    VEK::CRecorder recorder(wholePixels);
-    VEK::gdxDraw(gdx, recorder, height, width, rules);
-    return recorder;
-}
-
-std::string textOf(const VEK::CRecorder& recorder, Rules rules)
-{
-    const std::string text = recorder.text();
-    const std::string opening = rules.fillsBackground ? "clipTo 0,0 200,100\nnoPen\nsolidRect 0,0 200,100 #c0c0c0\n"
-                                                        "background #c0c0c0\n"
-                                                      : "clipTo 0,0 200,100\nbackground #c0c0c0\n";
-    EXPECT_EQ(text.substr(0, opening.size()), opening);
-    return text.substr(std::min(opening.size(), text.size()));
-}
-
-std::string calls(Gdx& gdx, Rules rules = kPaper, bool wholePixels = false)
-{
-    return textOf(draw(gdx, rules, wholePixels), rules);
-}
 
 TEST(PassSetUp, FitsOnPaperAndKeepsTheViewOnScreen)
 {
@@ -199,53 +103,6 @@ TEST(PassColours, OfFills)
         addRegion(gdx, itemFill | c.mode << itemColorModeShift, square(2), c.color, c.fill);
         EXPECT_EQ(calls(gdx, kPaper).substr(0, 14), "pen 1 " + std::string(c.paper) + "\n");
         EXPECT_EQ(calls(gdx, kScreen).substr(0, 27), "pen 1 " + std::string(c.screen) + "\nbrush " + c.screen);
-    }
-}
-
-TEST(PassPolyline, LinesDotsAndBreaks)
-{
-    const CVekVertex dot({20, 5, 0}, {20.1, 5, 0}); // shorter than 0.22
-    const CVekVertex dash({30, 5, 0}, {40, 5, 0});
-    const CVekVertex back({40, 5, 0}, {20, 5, 0});
-    Gdx gdx = grey();
-    addLine(gdx, polyline({{{0, 0, 0}, {10, 0, 0}}, {{10, 0, 0}, {10, 8, 0}}, dot, dash}));
-    addLine(gdx, polyline({dot, {{20.1, 5, 0}, {30, 5, 0}}})); // continuous: no dot
-    addLine(gdx, polyline({dot, dash, back}));                 // closed, though it is broken
-    const std::string open = "pen 1 #ff0000\nmoveTo 0,0\nlineTo 10,0\nlineTo 10,8\n";
-    const std::string dashes = "moveTo 30,5\nlineTo 40,5\n";
-    const std::string continuous = "pen 1 #ff0000\nmoveTo 20,5\nlineTo 20.1,5\nlineTo 30,5\n";
-    EXPECT_EQ(calls(gdx, kPaper), open + "moveTo 20,5\nlineTo 21,5\n" + dashes + continuous +
-                                      "pen 1 #ff0000\nmoveTo 20,5\nlineTo 20.1,5\n" + dashes + "lineTo 20,5\n");
-    EXPECT_EQ(calls(gdx, kScreen), open + "pixel 20,5 #ff0000\n" + dashes + continuous +
-                                       "pen 1 #ff0000\npixel 20,5 #ff0000\n" + dashes + "lineTo 20,5\n");
-}
-
-TEST(PassPolyline, ArcsStayWithinHalfAPixel)
-{
-    CVekMatrix3d scale, turn;
-    scale.setToScaling(7.0, CVekPoint3d::kOrigin);
-    turn.setToRotation(1.0, {1, 2, 3}, CVekPoint3d::kOrigin);
-    for (const CVekMatrix3d& m : {kNone, scale, turn, scale * turn}) {
-        Gdx gdx = grey();
-        addLine(gdx, polyline({{{10, 0, 0}, {-10, 0, 0}, 1.0}, {{-10, 0, 0}, {10, 0, 0}, 1.0}}), kRed, m); // a circle
-        const auto recorded = draw(gdx, kPaper);
-        std::vector<VEK::SurfacePoint> points;
-        for (const auto& call : recorded.calls()) {
-            if (call.op == SurfaceOp::moveTo || call.op == SurfaceOp::lineTo)
-                points.push_back(call.points[0]);
-        }
-        ASSERT_GT(points.size(), 8u);
-        const CVekMatrix3d toPlane = m.inverse();
-        for (const VEK::SurfacePoint& p : points) { // back along z to the circle's plane
-            const CVekVector3d down = CVekVector3d::kZAxis * toPlane;
-            CVekPoint3d q = CVekPoint3d(p.x, p.y, 0) * toPlane;
-            q -= down * (q[2] / down[2]);
-            EXPECT_NEAR(q.distanceTo(CVekPoint3d::kOrigin), 10.0, 1e-9);
-        }
-        const double radius = 10.0 * m.axis(0).abs();
-        const double halfStep = std::numbers::pi / static_cast<double>(points.size() - 1);
-        EXPECT_LE(radius * (1.0 - std::cos(halfStep)), 0.5);
-        EXPECT_GE(radius * (1.0 - std::cos(2.5 * halfStep)), 0.5); // and not many more than needed
     }
 }
 

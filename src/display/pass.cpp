@@ -11,10 +11,14 @@ namespace
 /// The tightest fit of the extents leaves this share of them free on each side.
 constexpr double kMargin = 0.05;
 
-/// Length below which a segment of a broken polyline is a dot, in unit 4.
+/// What a dot of a line pattern is long, and the length below which a segment of a broken polyline is one.
+constexpr double kDotLength = 0.21;
 constexpr double kShortLength = 0.22;
 
-constexpr int kDrawingUnit = -1;
+double inDrawingUnits(double millimetres)
+{
+    return acadUnitCv(millimetres, Vek::unitMillimetre, Vek::unitCurrent);
+}
 
 /// What places the unit square of a screen-fixed item in the drawing area; the reference point moves it from there.
 CVekMatrix3d screenMatrix(const CVekGDX& gdx, int height, int width)
@@ -36,7 +40,8 @@ DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width,
       m_back(static_cast<unsigned>(gdx.backColorGet().oleColor() & 0xFFFFFF)),
       m_total(gdx.zoomMtxGet() * gdx.viewMtxGet() * gdx.projMtxGet()),
       m_viewTurns(!(gdx.viewDirectionMtxGet() == CVekMatrix3d::kIdentity)), m_base(m_total * gdx.viewDirectionMtxGet()),
-      m_shortLength(acadUnitCv(kShortLength, 4, kDrawingUnit))
+      m_dotLength(inDrawingUnits(kDotLength)), m_shortLength(inDrawingUnits(kShortLength)),
+      m_trueArcs(surface.hasArcs())
 {
 }
 
@@ -57,7 +62,8 @@ void DrawPass::run()
         switch (item.type) {
         case dispPolyline:
             m_surface.pen(item.thickn, color);
-            drawPolyline(item.vl, matrix(item, Order::viewFirst), color);
+            prepareDashes(item);
+            drawLine(item.vl, matrix(item, From::turned), color);
             break;
         case dispPoint: drawPoint(item, i, color); break;
         case dispRegion: drawRegion(item, color); break;
@@ -102,20 +108,26 @@ CVekMatrix3d DrawPass::fixedMatrix(const CVekDisplayItem& item)
     return move * *m_screenMtx;
 }
 
-const CVekMatrix3d& DrawPass::matrix(const CVekDisplayItem& item, Order order)
+const CVekMatrix3d& DrawPass::matrix(const CVekDisplayItem& item, From from)
 {
     const bool screenFixed = (item.flag & itemScreenFixed) != 0;
     const bool own = !(item.mtx == CVekMatrix3d::kIdentity);
     if (!screenFixed && !own)
-        return m_base;
+        return from == From::stored ? m_base : m_total;
     m_matrix = screenFixed ? fixedMatrix(item) : m_total;
-    if (own && order == Order::viewFirst)
-        m_matrix = m_matrix * item.mtx;
-    if (m_viewTurns)
+    if (m_viewTurns && from == From::stored)
         m_matrix = m_matrix * m_gdx.viewDirectionMtxGet();
-    if (own && order == Order::ownFirst)
+    if (own)
         m_matrix = m_matrix * item.mtx;
     return m_matrix;
+}
+
+/// What the pattern test takes lengths through. Here the item's own matrix acts after the one to the device: where a
+/// pattern becomes too dense has always been judged so, and drawings are set up by it.
+CVekMatrix3d DrawPass::testMatrix(const CVekDisplayItem& item)
+{
+    const CVekMatrix3d toDevice = (item.flag & itemScreenFixed) != 0 ? fixedMatrix(item) : m_total;
+    return m_rules.testsInView ? item.mtx * m_gdx.viewDirectionMtxGet() * toDevice : item.mtx * toDevice;
 }
 
 void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules)

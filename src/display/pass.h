@@ -1,6 +1,8 @@
 // One run over the items of a display object.
 #pragma once
 
+#include "core/values/stepping.h"
+
 #include <vek/display/draw.h>
 
 #include <optional>
@@ -8,6 +10,37 @@
 
 namespace VEK
 {
+
+/// Takes points to the device: the two rows of a matrix that it needs.
+class DeviceMap
+{
+public:
+    explicit DeviceMap(const CVekMatrix3d& m)
+        : m_x{m[0][0], m[0][1], m[0][2], m[0][3]}, m_y{m[1][0], m[1][1], m[1][2], m[1][3]}
+    {
+    }
+
+    SurfacePoint operator()(const CVekPoint3d& p) const
+    {
+        const SurfacePoint v = (*this)(p.asVector());
+        return {v.x + m_x[3], v.y + m_y[3]};
+    }
+    SurfacePoint operator()(const CVekVector3d& v) const
+    {
+        return {m_x[0] * v[0] + m_x[1] * v[1] + m_x[2] * v[2], m_y[0] * v[0] + m_y[1] * v[1] + m_y[2] * v[2]};
+    }
+
+private:
+    double m_x[4];
+    double m_y[4];
+};
+
+/// How many chords stand for an arc.
+struct Chords {
+    double tolerance = 0.0; ///< in the arc's units; 0: those of `vek_gdx_image_vl_split`
+
+    int count(const plane::SpaceArc& arc) const;
+};
 
 /// Draws the items of one object; the buffers live as long as it does.
 class DrawPass
@@ -21,32 +54,40 @@ public:
 private:
     using Region = CVekArrayTempl<CVekVertexArray>;
 
-    /// The order in which an item's own matrix and the view direction act.
-    enum class Order { ownFirst, viewFirst };
-
-    static constexpr double kHalfPixel = -1.0; ///< chord tolerance: half a pixel, whatever that is in item units
+    /// What a matrix takes to the device: geometry as it is stored, which the item's own matrix turns before the view
+    /// direction does, or geometry that the view direction has turned already.
+    enum class From { stored, turned };
 
     unsigned fixed(unsigned color) const;
     unsigned penColor(const CVekDisplayItem& item) const;
     unsigned fillColor(const CVekDisplayItem& item, unsigned pen) const;
     CVekMatrix3d fixedMatrix(const CVekDisplayItem& item);
-    const CVekMatrix3d& matrix(const CVekDisplayItem& item, Order order);
+    CVekMatrix3d testMatrix(const CVekDisplayItem& item);
+    const CVekMatrix3d& matrix(const CVekDisplayItem& item, From from);
 
     void drawPoint(const CVekDisplayItem& item, int number, unsigned color);
     void drawSquare(double x, double y, int size, int half);
     void drawMark(unsigned mode, double x, double y, int half, unsigned color);
     void drawRegion(const CVekDisplayItem& item, unsigned color);
     void drawText(const CVekDisplayItem& item, unsigned color);
+
+    Chords chords(const CVekMatrix3d& m) const;
+    Chords textChords(const CVekMatrix3d& m) const;
+    void fill(const Region& region, const CVekMatrix3d& m, unsigned color);
     void fillScanLines(const Region& region, const CVekMatrix3d& m);
-    void fillPolygon(const Region& region, const CVekMatrix3d& m, double tolerance);
-    void drawPolyline(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color);
-    void drawDot(const SurfacePoint& at, unsigned color);
-    bool isShort(const CVekVertex& vertex) const;
+    void fillPolygon(const Region& region, const CVekMatrix3d& m, Chords chords);
+    void collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Chords chords);
+    void hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop, unsigned color);
+
+    void prepareDashes(const CVekDisplayItem& item);
+    void drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color);
+    void drawPieces(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, bool dots, unsigned color);
     bool hasDots(const CVekVertexArray& vl) const;
+    void drawDot(const SurfacePoint& at, unsigned color);
+    void drawArc(const plane::SpaceArc& arc, const DeviceMap& map);
 
     template <class IsDot>
-    void drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, double tolerance, IsDot isDot);
-    void collect(const CVekVertexArray& contour, const CVekMatrix3d& m, double tolerance);
+    void drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, unsigned color, IsDot isDot);
     void addToChain(const SurfacePoint& p);
     void flushChain();
 
@@ -59,11 +100,15 @@ private:
     const CVekMatrix3d m_total; ///< from behind the view direction to the device
     const bool m_viewTurns;     ///< whether the view direction does anything
     const CVekMatrix3d m_base;  ///< to the device for an item without a matrix of its own
+    const double m_dotLength;
     const double m_shortLength;
+    const bool m_trueArcs;
 
     std::optional<CVekMatrix3d> m_screenMtx; ///< made for the first screen-fixed item
     CVekMatrix3d m_matrix;                   ///< to the device for the present item
     std::vector<SurfacePoint> m_chain;
+    CVekArrayTempl<double> m_dashes; ///< line pattern of the present item; empty: continuous
+    CVekVertexArray m_line;
     Region m_region;
 };
 

@@ -1,6 +1,9 @@
 #include "core/geometry/prepared_region.h"
-#include "core/values/stepping.h"
+// Points, regions and texts of a draw pass.
 #include "display/pass.h"
+
+#include <vek/draw/hatch.h>
+#include <vek/draw/split.h>
 
 #include <algorithm>
 #include <cmath>
@@ -10,36 +13,13 @@ namespace VEK
 namespace
 {
 
-/// Points that go to the surface at a time, so that the buffer stays in the cache.
-constexpr std::size_t kChainLimit = 4096;
-
 /// Bits of a point style.
 enum : unsigned { markLow = 1, markPlus = 2, markTick = 4, markSolid = 8, markCircle = 32, markSquare = 64 };
 
-/// Takes points to the device: the two rows of a matrix that it needs.
-class DeviceMap
+/// A device unit in the units in front of the matrix, by its longest axis.
+double deviceUnit(const CVekMatrix3d& m)
 {
-public:
-    explicit DeviceMap(const CVekMatrix3d& m)
-        : m_x{m[0][0], m[0][1], m[0][2], m[0][3]}, m_y{m[1][0], m[1][1], m[1][2], m[1][3]}
-    {
-    }
-
-    SurfacePoint operator()(const CVekPoint3d& p) const
-    {
-        return {m_x[0] * p[0] + m_x[1] * p[1] + m_x[2] * p[2] + m_x[3],
-                m_y[0] * p[0] + m_y[1] * p[1] + m_y[2] * p[2] + m_y[3]};
-    }
-
-private:
-    double m_x[4];
-    double m_y[4];
-};
-
-/// Half a pixel in the units in front of the matrix, by its longest axis.
-double halfPixel(const CVekMatrix3d& m)
-{
-    return 0.5 / std::max({m.axis(0).abs(), m.axis(1).abs(), m.axis(2).abs()});
+    return 1.0 / std::max({m.axis(0).abs(), m.axis(1).abs(), m.axis(2).abs()});
 }
 
 /// A size in pixels, cut towards zero.
@@ -51,108 +31,51 @@ int wholeSize(double size)
 
 } // namespace
 
-void DrawPass::flushChain()
+Chords DrawPass::chords(const CVekMatrix3d& m) const
 {
-    if (m_chain.size() > 1)
-        m_surface.polyline(m_chain.data(), static_cast<int>(m_chain.size()));
-    m_chain.clear();
+    return {m_rules.chords > 0.0 ? m_rules.chords * deviceUnit(m) : 0.0};
 }
 
-void DrawPass::addToChain(const SurfacePoint& p)
+Chords DrawPass::textChords(const CVekMatrix3d& m) const
 {
-    m_chain.push_back(p);
-    if (m_chain.size() == kChainLimit) {
-        flushChain();
-        m_chain.push_back(p);
-    }
+    if (m_rules.textChords > 0.0)
+        return {m_rules.textChords};
+    return {(m_rules.chords > 0.0 ? m_rules.chords : 0.5) * deviceUnit(m)};
 }
 
-template <class IsDot>
-void DrawPass::drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, double tolerance, IsDot isDot)
+void DrawPass::collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Chords chords)
 {
     const DeviceMap map(m);
-    const CVekVertex* before = nullptr;
-    for (const CVekVertex& vertex : vl) {
-        if (isDot(vertex, map)) {
-            before = nullptr;
-            continue;
-        }
-        if (!before || before->end != vertex.start) {
-            flushChain();
-            m_chain.push_back(map(vertex.start));
-        }
-        before = &vertex;
+    const auto add = [&](const CVekPoint3d& p) { m_chain.push_back(map(p)); };
+    m_chain.clear();
+    const CVekPoint3d* before = nullptr;
+    for (const CVekVertex& vertex : contour) {
+        if (!before || !plane::meets(*before, vertex.start))
+            add(vertex.start);
+        before = &vertex.end;
         if (vertex.bulge == 0.0) {
-            addToChain(map(vertex.end));
-            continue;
+            add(vertex.end);
+        } else {
+            const plane::SpaceArc arc(vertex, contour.normal());
+            arc.step(chords.count(arc), add);
         }
-        if (tolerance == kHalfPixel)
-            tolerance = halfPixel(m);
-        const plane::SpaceArc arc(vertex, vl.normal());
-        arc.step(arc.chords(tolerance), [&](const CVekPoint3d& p) { addToChain(map(p)); });
     }
-    flushChain();
-}
-
-bool DrawPass::isShort(const CVekVertex& vertex) const
-{
-    CVekVector3d length = vertex.end - vertex.start;
-    if (m_viewTurns)
-        length = length * m_gdx.viewDirectionMtxGet();
-    return length.dot(length) < m_shortLength * m_shortLength;
-}
-
-bool DrawPass::hasDots(const CVekVertexArray& vl) const
-{
-    return !vl.isContinuous() && !(m_rules.closedIsContinuous && vl.isClosed());
-}
-
-void DrawPass::drawDot(const SurfacePoint& at, unsigned color)
-{
-    flushChain();
-    if (m_rules.dot == PassRules::Dot::pixel) {
-        m_surface.pixel(at.x, at.y, color);
-        return;
-    }
-    m_surface.moveTo(at.x, at.y);
-    m_surface.lineTo(at.x + 1.0, at.y);
-}
-
-void DrawPass::drawPolyline(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color)
-{
-    std::optional<bool> dots; // asked only when there is something short
-    drawSegments(vl, m, kHalfPixel, [&](const CVekVertex& vertex, const DeviceMap& map) {
-        if (!isShort(vertex))
-            return false;
-        if (!dots)
-            dots = hasDots(vl);
-        if (*dots)
-            drawDot(map(vertex.start), color);
-        return *dots;
-    });
-}
-
-void DrawPass::collect(const CVekVertexArray& contour, const CVekMatrix3d& m, double tolerance)
-{
-    const DeviceMap map(m);
-    m_chain.clear();
-    plane::forEachPoint(contour, true, tolerance, [&](const CVekPoint3d& p) { m_chain.push_back(map(p)); });
     if (m_chain.size() > 1 && m_chain.front() == m_chain.back())
         m_chain.pop_back();
 }
 
 /// The outer contour as a polygon of pen and brush, without the holes.
-void DrawPass::fillPolygon(const Region& region, const CVekMatrix3d& m, double tolerance)
+void DrawPass::fillPolygon(const Region& region, const CVekMatrix3d& m, Chords chords)
 {
     bool holes = false;
     for (int i = 1; i < region.len(); ++i) {
-        collect(region[i], m, tolerance);
+        collect(region[i], m, chords);
         if (m_chain.size() < 3)
             continue;
         m_surface.clipOut(m_chain.data(), static_cast<int>(m_chain.size()));
         holes = true;
     }
-    collect(region[0], m, tolerance);
+    collect(region[0], m, chords);
     if (!m_chain.empty())
         m_surface.polygon(m_chain.data(), static_cast<int>(m_chain.size()));
     m_chain.clear();
@@ -163,11 +86,11 @@ void DrawPass::fillPolygon(const Region& region, const CVekMatrix3d& m, double t
 /// The region as horizontal lines, one for each row of pixels; rows outside the drawing area would not show.
 void DrawPass::fillScanLines(const Region& region, const CVekMatrix3d& m)
 {
-    m_region = region;
+    m_region = vek_gdx_image_reg_split(region);
     for (CVekVertexArray& contour : m_region)
         contour.transformBy(m);
     CVekPoint3d min, max;
-    if (m_region.len() == 0 || !m_region[0].extents(min, max))
+    if (!m_region[0].extents(min, max))
         return;
     plane::PreparedRegion prepared(m_region);
     const double last = std::min(max[1], static_cast<double>(m_height));
@@ -181,49 +104,74 @@ void DrawPass::fillScanLines(const Region& region, const CVekMatrix3d& m)
     }
 }
 
+void DrawPass::fill(const Region& region, const CVekMatrix3d& m, unsigned color)
+{
+    if (m_rules.fill == PassRules::Fill::scanLines) {
+        fillScanLines(region, m);
+        return;
+    }
+    m_surface.brush(color);
+    fillPolygon(region, m, chords(m));
+}
+
+void DrawPass::hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop, unsigned color)
+{
+    const bool alwaysDots = prop.name == L"DOTS";
+    for (const CVekVertexArray& piece : vek_gdx_image_reg_hatch2(std::move(region), CVekMatrix3d(), prop))
+        drawPieces(piece, m, Chords{}, alwaysDots || hasDots(piece), color);
+}
+
 void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
 {
-    if ((item.flag & itemFill) != 0 && item.reg.len() > 0) {
-        const unsigned fill = fillColor(item, color);
-        const CVekMatrix3d& m = matrix(item, Order::ownFirst);
-        m_surface.pen(1, fill);
-        if (m_rules.fill == PassRules::Fill::scanLines) {
-            fillScanLines(item.reg, m);
-        } else {
-            m_surface.brush(fill);
-            fillPolygon(item.reg, m, halfPixel(m));
+    bool fills = (item.flag & itemFill) != 0;
+    bool hatches = (item.flag & itemHatch) != 0;
+    if ((fills || hatches) && item.reg.len() > 0) {
+        Region split;
+        if (hatches) {
+            split = vek_gdx_image_reg_split(item.reg);
+            const Region& tested = m_rules.splitsBeforeTest ? split : item.reg;
+            hatches = vek_gdx_pattern_test(tested, item.hatch, testMatrix(item));
+            fills = fills || !hatches;
         }
+        const unsigned inside = fillColor(item, color);
+        const CVekMatrix3d& m = matrix(item, From::stored);
+        m_surface.pen(1, inside);
+        if (fills)
+            fill(item.reg, m, inside);
+        if (hatches && (!fills || m_rules.fillAndHatch))
+            hatch(std::move(split), m, item.hatch, inside);
     }
     if ((item.flag & itemOutline) != 0) {
         m_surface.pen(item.thickn, color);
-        const CVekMatrix3d& m = matrix(item, Order::viewFirst);
+        prepareDashes(item);
+        const CVekMatrix3d& m = matrix(item, From::turned);
         for (const CVekVertexArray& contour : item.reg)
-            drawPolyline(contour, m, color);
+            drawLine(contour, m, color);
     }
 }
 
 void DrawPass::drawText(const CVekDisplayItem& item, unsigned color)
 {
-    const CVekMatrix3d& m = matrix(item, Order::ownFirst);
-    const double tolerance = m_rules.textChords > 0.0 ? m_rules.textChords : halfPixel(m);
+    const CVekMatrix3d& m = matrix(item, From::stored);
+    const Chords chords = textChords(m);
     m_surface.brush(color);
     for (const Region& region : item.regl) {
         if (region.len() == 0)
             continue;
         if (region[0].isClosed()) {
             m_surface.pen(item.thickn, color);
-            fillPolygon(region, m, tolerance);
+            fillPolygon(region, m, chords);
         }
         m_surface.pen(1, color);
         for (const CVekVertexArray& contour : region)
-            drawSegments(contour, m, tolerance, [](const CVekVertex&, const DeviceMap&) { return false; });
+            drawPieces(contour, m, chords, false, color);
     }
 }
 
 void DrawPass::drawPoint(const CVekDisplayItem& item, int number, unsigned color)
 {
     const bool screenFixed = (item.flag & itemScreenFixed) != 0;
-    const SurfacePoint at = DeviceMap(matrix(item, Order::ownFirst))(item.point);
+    const SurfacePoint at = DeviceMap(matrix(item, From::stored))(item.point);
     double size = m_gdx.pdSizeGet(number);
     if (size > 0.0)
         size *= (CVekVector3d::kXAxis * (screenFixed ? fixedMatrix(item) : m_total)).abs();

@@ -1,3 +1,5 @@
+#include "draw/split_arc.h"
+
 #include <vek/draw/split.h>
 #include <vek/geometry.h>
 #include <vek/values/linetype.h>
@@ -10,9 +12,6 @@
 namespace
 {
 
-constexpr double kShortArc = 4.0;
-constexpr double kShortArcChord = 0.01;
-constexpr double kLongArcChord = 0.05;
 constexpr double kMeasuredArcChord = 0.1;
 constexpr double kLongDash = 0.21;
 constexpr double kDotLength = 0.2; // millimetres
@@ -20,28 +19,19 @@ constexpr double kDotShare = 1.0;  // what a dot counts in the length of its pat
 
 void appendSplit(CVekVertexArray& result, const CVekVertexArray& vl)
 {
-    CVekMatrix3d toWorld;
-    CVekMatrix3d toPlane;
-    bool hasPlane = false;
     for (const CVekVertex& vertex : vl) {
         if (vertex.bulge == 0.0) {
             result.append(vertex);
             continue;
         }
-        if (!hasPlane) {
-            toWorld.setToPlaneToWorld(vl.normal());
-            toPlane = toWorld.inverse();
-            hasPlane = true;
-        }
-        CVekVertex flat = vertex;
-        flat.start *= toPlane;
-        flat.end *= toPlane;
-        const double tolerance = flat.bulgLen() < kShortArc ? kShortArcChord : kLongArcChord;
-        for (CVekVertex& chord : VEK::g_vl_expl(CVekVertexArray(flat), VEK::vx_split_dif(flat, tolerance))) {
-            chord.start *= toWorld;
-            chord.end *= toWorld;
-            result.append(std::move(chord));
-        }
+        const VEK::plane::SpaceArc arc(vertex, vl.normal());
+        CVekVertex chord = vertex;
+        chord.bulge = 0.0;
+        arc.step(VEK::detail::splitCount(arc), [&](const CVekPoint3d& end) {
+            chord.end = end;
+            result.append(chord);
+            chord.start = end;
+        });
     }
 }
 

@@ -8,8 +8,3 @@ void VEK::CSurface::polyline(const SurfacePoint* points, int count)
     for (int i = 1; i < count; ++i)
         lineTo(points[i].x, points[i].y);
 }
-
-bool VEK::CSurface::arcTo(const SurfaceArc&)
-{
-    return false;
-}

@@ -33,11 +33,17 @@ struct PassRules {
     Dot dot;                   ///< a segment shorter than 0.22 of unit 4 in a broken polyline
     bool closedIsContinuous;   ///< whether a closed polyline has no dots even where it is broken
     Fill fill;                 ///< solid regions
+    bool fillAndHatch;         ///< a region of both is filled and then hatched; otherwise it is only filled
+    bool splitsBeforeTest;     ///< the pattern test takes the region with its arcs split
+    bool testsInView;          ///< the pattern test takes the view direction into account
     bool inverseFillsInverse;  ///< an item without colour of its own is filled in its pen colour
-    double textChords;         ///< greatest distance between a glyph's arc and its chords, in the glyph's own units;
-                               ///< 0: within half a pixel, as all other arcs
+    double chords;             ///< greatest distance between an arc and its chords, in device units; 0: those of
+                               ///< `vek_gdx_image_vl_split`, and half a unit in text
+    double textChords;         ///< the same for a glyph's arc, in the glyph's own units; 0: as `chords` says
     Square square;             ///< the square around or instead of a point
     bool marksFromWholePixels; ///< a point is moved to a whole pixel before its mark is drawn around it
+    bool picturesOnPaper;      ///< icons are laid on white; otherwise on the back colour
+    bool picturesShowThrough;  ///< `itemTransparent` leaves the key colour of a picture out
 };
 
 /// Drawing on paper: metafiles and the clipboard.
@@ -47,10 +53,16 @@ inline constexpr PassRules paperRules = {.fitsView = true,
                                          .dot = PassRules::Dot::line,
                                          .closedIsContinuous = true,
                                          .fill = PassRules::Fill::scanLines,
+                                         .fillAndHatch = true,
+                                         .splitsBeforeTest = false,
+                                         .testsInView = false,
                                          .inverseFillsInverse = false,
+                                         .chords = 0.0,
                                          .textChords = 0.0,
                                          .square = PassRules::Square::box,
-                                         .marksFromWholePixels = false};
+                                         .marksFromWholePixels = false,
+                                         .picturesOnPaper = true,
+                                         .picturesShowThrough = false};
 
 /// Painting a window.
 inline constexpr PassRules screenRules = {.fitsView = false,
@@ -59,21 +71,30 @@ inline constexpr PassRules screenRules = {.fitsView = false,
                                           .dot = PassRules::Dot::pixel,
                                           .closedIsContinuous = false,
                                           .fill = PassRules::Fill::polygon,
+                                          .fillAndHatch = false,
+                                          .splitsBeforeTest = true,
+                                          .testsInView = true,
                                           .inverseFillsInverse = true,
+                                          .chords = 0.0,
                                           .textChords = 0.1,
                                           .square = PassRules::Square::exact,
-                                          .marksFromWholePixels = true};
+                                          .marksFromWholePixels = true,
+                                          .picturesOnPaper = false,
+                                          .picturesShowThrough = false};
 
-/// Paper for a surface that scales: rows of pixels mean nothing there, so regions are filled as areas.
+/// Paper for a surface that scales: rows of pixels mean nothing there, so regions are filled as areas, and chords stay
+/// smooth when the picture is enlarged.
 inline constexpr PassRules scalableRules = [] {
     PassRules rules = paperRules;
     rules.fill = PassRules::Fill::polygon;
+    rules.chords = 0.05;
+    rules.picturesShowThrough = true;
     return rules;
 }();
 
-/// Draws a display object: polylines, points, solid regions and their outlines, and text. Later items cover earlier
-/// ones; hidden ones are left out. Sorts the list first (`CVekGDX::displListSort`), and fits the view where the rules
-/// say so; nothing else in the object changes.
+/// Draws a display object. Later items cover earlier ones; hidden ones are left out. A hatch too dense to draw becomes
+/// a solid fill (`vek_gdx_pattern_test`). A picture that cannot be loaded draws nothing. Sorts the list first
+/// (`CVekGDX::displListSort`), and fits the view where the rules say so; nothing else in the object changes.
 /// @param height, width of the drawing area in device units, from (0, 0) on; everything is clipped to it. 0 means 240
 ///     and 320
 VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules);

@@ -70,9 +70,12 @@ public:
     /// surface has something faster.
     virtual void polyline(const SurfacePoint* points, int count);
 
-    /// An arc from the position, which is the arc's start, to the arc's end, which becomes the position.
-    /// @return false from a surface that has only straight lines; it then does nothing, and the caller draws chords
-    virtual bool arcTo(const SurfaceArc& arc);
+    /// Whether the surface draws true arcs. For others callers draw chords.
+    virtual bool hasArcs() const { return false; }
+
+    /// An arc from the position, which is the arc's start, to the arc's end, which becomes the position. Only for
+    /// surfaces with `hasArcs`; others draw nothing.
+    virtual void arcTo(const SurfaceArc& /*arc*/) {}
 
     /// A closed polygon: even-odd filled with the brush, edged with the pen. The position stays.
     virtual void polygon(const SurfacePoint* points, int count) = 0;

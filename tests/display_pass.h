@@ -1,0 +1,106 @@
+// What tests of the draw pass share: display objects in device units, and the calls that they are drawn by.
+#pragma once
+
+#include "display_fixture.h"
+
+#include <vek/surfaces.h>
+
+namespace display_test
+{
+
+using VEK::PassRules;
+using VEK::SurfaceOp;
+using Rules = const PassRules&;
+
+inline constexpr unsigned kBack = 0xC0C0C0;
+
+/// The rules without their fit: pictures come in device units then.
+inline constexpr PassRules unfitted(PassRules rules)
+{
+    rules.fitsView = false;
+    return rules;
+}
+inline constexpr PassRules kPaper = unfitted(VEK::paperRules);
+inline constexpr PassRules kScreen = unfitted(VEK::screenRules);
+
+inline CVekColor rgb(unsigned long value)
+{
+    CVekColor color;
+    color.setColor(value);
+    return color;
+}
+
+inline CVekColor indexed(short index)
+{
+    CVekColor color;
+    color.setColorIndex(index);
+    return color;
+}
+
+inline Gdx grey()
+{
+    return Gdx(rgb(kBack), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
+}
+
+inline const CVekColor kRed = rgb(0xFF0000);
+inline const CVekMatrix3d kNone;
+
+inline void addLine(Gdx& gdx, const CVekVertexArray& vl, const CVekColor& color = kRed, const CVekMatrix3d& m = kNone,
+                    unsigned flag = 0, int width = 1, const CVekPoint3d& reference = {})
+{
+    gdx.imageVl(path({}), flag, vl, color, m, doubles({}), 1.0, static_cast<unsigned long>(width), reference);
+}
+
+inline void addRegion(Gdx& gdx, unsigned flag, const CVekArrayTempl<CVekVertexArray>& region,
+                      const CVekColor& color = kRed, const CVekColor& fill = CVekColor(), const CVekMatrix3d& m = kNone)
+{
+    gdx.imageReg(path({}), flag, region, color, m, doubles({}), 1.0, 1, fill, VEK::CHatchProp(), CVekPoint3d());
+}
+
+inline void addItem(Gdx& gdx, const CVekDisplayItem& item)
+{
+    CVekArrayTempl<CVekDisplayItem> list;
+    list.append(item);
+    gdx.addDisplayList(list);
+}
+
+/// A square with its lower corner at (x, y).
+inline CVekVertexArray box(double x, double y, double side)
+{
+    CVekVertexArray contour = square(side)[0];
+    contour.move({x, y, 0});
+    return contour;
+}
+
+inline CVekVertexArray polyline(std::initializer_list<CVekVertex> vertices)
+{
+    CVekVertexArray vl;
+    for (const CVekVertex& vertex : vertices)
+        vl.append(vertex);
+    return vl;
+}
+
+/// The device calls, without the ones that open every pass.
+inline VEK::CRecorder draw(Gdx& gdx, Rules rules, bool wholePixels = false, int height = 100, int width = 200)
+{
+    VEK::CRecorder recorder(wholePixels);
+    VEK::gdxDraw(gdx, recorder, height, width, rules);
+    return recorder;
+}
+
+inline std::string textOf(const VEK::CRecorder& recorder, Rules rules)
+{
+    const std::string text = recorder.text();
+    const std::string opening = rules.fillsBackground ? "clipTo 0,0 200,100\nnoPen\nsolidRect 0,0 200,100 #c0c0c0\n"
+                                                        "background #c0c0c0\n"
+                                                      : "clipTo 0,0 200,100\nbackground #c0c0c0\n";
+    EXPECT_EQ(text.substr(0, opening.size()), opening);
+    return text.substr(std::min(opening.size(), text.size()));
+}
+
+inline std::string calls(Gdx& gdx, Rules rules = kPaper, bool wholePixels = false)
+{
+    return textOf(draw(gdx, rules, wholePixels), rules);
+}
+
+} // namespace display_test

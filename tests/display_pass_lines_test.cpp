@@ -1,0 +1,269 @@
+// Lines of the draw pass: dots, arcs, line patterns, hatches.
+#include "display_pass.h"
+
+#include <vek/geometry.h>
+#include <vek/host.h>
+
+#include <cmath>
+#include <numbers>
+
+namespace display_test
+{
+namespace
+{
+
+TEST(PassPolyline, LinesDotsAndBreaks)
+{
+    const CVekVertex dot({20, 5, 0}, {20.1, 5, 0}); // shorter than 0.22
+    const CVekVertex dash({30, 5, 0}, {40, 5, 0});
+    const CVekVertex back({40, 5, 0}, {20, 5, 0});
+    Gdx gdx = grey();
+    addLine(gdx, polyline({{{0, 0, 0}, {10, 0, 0}}, {{10, 0, 0}, {10, 8, 0}}, dot, dash}));
+    addLine(gdx, polyline({dot, {{20.1, 5, 0}, {30, 5, 0}}})); // continuous: no dot
+    addLine(gdx, polyline({dot, dash, back}));                 // closed, though it is broken
+    const std::string open = "pen 1 #ff0000\nmoveTo 0,0\nlineTo 10,0\nlineTo 10,8\n";
+    const std::string dashes = "moveTo 30,5\nlineTo 40,5\n";
+    const std::string continuous = "pen 1 #ff0000\nmoveTo 20,5\nlineTo 20.1,5\nlineTo 30,5\n";
+    EXPECT_EQ(calls(gdx, kPaper), open + "moveTo 20,5\nlineTo 21,5\n" + dashes + continuous +
+                                      "pen 1 #ff0000\nmoveTo 20,5\nlineTo 20.1,5\n" + dashes + "lineTo 20,5\n");
+    EXPECT_EQ(calls(gdx, kScreen), open + "pixel 20,5 #ff0000\n" + dashes + continuous +
+                                       "pen 1 #ff0000\npixel 20,5 #ff0000\n" + dashes + "lineTo 20,5\n");
+}
+
+/// A circle of two halves.
+CVekVertexArray circle(double radius)
+{
+    return polyline({{{radius, 0, 0}, {-radius, 0, 0}, 1.0}, {{-radius, 0, 0}, {radius, 0, 0}, 1.0}});
+}
+
+TEST(PassPolyline, ArcsTakeTheChordsOfTheirLengthAtAnyZoom)
+{
+    CVekMatrix3d scale, turn;
+    scale.setToScaling(7.0, CVekPoint3d::kOrigin);
+    turn.setToRotation(1.0, {1, 2, 3}, CVekPoint3d::kOrigin);
+    const struct {
+        double radius, tolerance;
+    } cases[] = {{10.0, 0.05}, {1.2, 0.01}}; // 1.2: halves shorter than 4
+    for (const auto& c : cases) {
+        for (const CVekMatrix3d& m : {kNone, scale, turn, scale * turn}) {
+            Gdx gdx = grey();
+            addLine(gdx, circle(c.radius), kRed, m);
+            const auto recorded = draw(gdx, kPaper);
+            int points = 0;
+            const CVekMatrix3d toPlane = m.inverse();
+            for (const auto& call : recorded.calls()) { // back along z to the circle's plane
+                if (call.op != VEK::SurfaceOp::moveTo && call.op != VEK::SurfaceOp::lineTo)
+                    continue;
+                const CVekVector3d down = CVekVector3d::kZAxis * toPlane;
+                CVekPoint3d q = CVekPoint3d(call.points[0].x, call.points[0].y, 0) * toPlane;
+                q -= down * (q[2] / down[2]);
+                EXPECT_NEAR(q.distanceTo(CVekPoint3d::kOrigin), c.radius, 1e-9);
+                ++points;
+            }
+            EXPECT_EQ(points, 1 + 2 * VEK::vx_split_dif(circle(c.radius)[0], c.tolerance));
+        }
+    }
+}
+
+/// Keeps true arcs.
+class ArcRecorder : public VEK::CRecorder
+{
+public:
+    bool hasArcs() const override { return true; }
+    void arcTo(const VEK::SurfaceArc& arc) override
+    {
+        arcs.push_back(arc);
+        starts.push_back(calls().back().points[0]);
+    }
+    std::vector<VEK::SurfaceArc> arcs;
+    std::vector<VEK::SurfacePoint> starts;
+};
+
+TEST(PassPolyline, TrueArcsGoThroughTheSamePoints)
+{
+    CVekMatrix3d turn;
+    turn.setToRotation(1.0, {1, 2, 3}, CVekPoint3d(4, 5, 6));
+    for (const double bulge : {0.3, -0.3, 1.0, 4.0, -4.0}) {
+        Gdx gdx = grey();
+        const CVekVertex arc({10, 3, 2}, {17, 5, 2}, bulge);
+        addLine(gdx, polyline({{{0, 0, 2}, {10, 3, 2}}, arc, {{17, 5, 2}, {20, 5, 2}}}), kRed, turn);
+        ArcRecorder recorder;
+        VEK::gdxDraw(gdx, recorder, 100, 200, kPaper);
+        ASSERT_EQ(recorder.arcs.size(), 1u);
+        const VEK::SurfaceArc& drawn = recorder.arcs[0];
+        EXPECT_EQ(recorder.text().substr(recorder.text().find("pen")).substr(0, 21), "pen 1 #ff0000\nmoveTo ");
+        const CVekPoint3dArray wanted = VEK::g_vl_expl(CVekVertexArray(arc), 8).pts(false, 0.0);
+        ASSERT_EQ(wanted.len(), 9);
+        for (int i = 0; i <= 8; ++i) {
+            const double angle = drawn.sweep * i / 8;
+            const CVekPoint3d p = wanted[i] * turn;
+            EXPECT_NEAR(drawn.center.x + std::cos(angle) * drawn.u.x + std::sin(angle) * drawn.v.x, p[0], 1e-9);
+            EXPECT_NEAR(drawn.center.y + std::cos(angle) * drawn.u.y + std::sin(angle) * drawn.v.y, p[1], 1e-9);
+        }
+        EXPECT_NEAR(recorder.starts[0].x, (arc.start * turn)[0], 1e-12);
+    }
+}
+
+void addDashed(Gdx& gdx, std::initializer_list<double> linetype, double scale, const CVekVertexArray& vl)
+{
+    gdx.imageVl(path({}), 0, vl, kRed, kNone, doubles(linetype), scale, 1, CVekPoint3d());
+}
+
+TEST(PassDashes, SpecialFormsAndScale)
+{
+    struct Case {
+        std::initializer_list<double> linetype;
+        double scale;
+        const char* calls;
+    };
+    // From 0 to 56 along x. A pattern begins and ends within its first dash, halved.
+    const Case cases[] = {
+        {{1}, 2, "moveTo 0,5\nlineTo 56,5\n"},
+        {{1, 0, 0}, 2, "moveTo 0,5\nlineTo 56,5\n"},
+        {{1, 1, 0}, 2, "moveTo 0,5\nlineTo 10,5\nmoveTo 18,5\nlineTo 28,5\nlineTo 38,5\nmoveTo 46,5\nlineTo 56,5\n"},
+        {{10, -4}, 2, "moveTo 0,5\nlineTo 10,5\nmoveTo 18,5\nlineTo 28,5\nlineTo 38,5\nmoveTo 46,5\nlineTo 56,5\n"},
+        {{24, -4}, 2, "moveTo 0,5\nlineTo 56,5\n"}, // no longer than one pattern: solid
+        {{7}, 2, "moveTo 0,5\nlineTo 56,5\n"},
+        {{-1, -2}, 1, ""},
+    };
+    for (const Case& c : cases) {
+        Gdx gdx = grey();
+        addDashed(gdx, c.linetype, c.scale, line(0, 5, 56, 5));
+        EXPECT_EQ(calls(gdx, kPaper), "pen 1 #ff0000\n" + std::string(c.calls));
+        EXPECT_EQ(calls(gdx, kScreen), "pen 1 #ff0000\n" + std::string(c.calls));
+    }
+}
+
+TEST(PassDashes, DotsAreOnePixel)
+{
+    Gdx dotted = grey();
+    addDashed(dotted, {0, 0, 3}, 1, line(0, 5, 8.42, 5)); // twice a dot of 0.21 and a gap of 4
+    EXPECT_EQ(calls(dotted, kPaper, true), "pen 1 #ff0000\nmoveTo 0,5\nlineTo 1,5\nmoveTo 4,5\nlineTo 5,5\n");
+    EXPECT_EQ(calls(dotted, kScreen, true), "pen 1 #ff0000\npixel 0,5 #ff0000\npixel 4,5 #ff0000\n");
+    Gdx dashDot = grey(); // halves of 11, gap 5, dot, gap 5
+    addDashed(dashDot, {1, 1, 1}, 1, line(0, 5, 42.42, 5));
+    EXPECT_EQ(calls(dashDot, kPaper, true),
+              "pen 1 #ff0000\nmoveTo 0,5\nlineTo 5,5\nmoveTo 10,5\nlineTo 11,5\nmoveTo 15,5\nlineTo 21,5\nlineTo 26,5\n"
+              "moveTo 31,5\nlineTo 32,5\nmoveTo 36,5\nlineTo 42,5\n");
+}
+
+TEST(PassDashes, RunAlongArcsAndOutlinesAndInTheView)
+{
+    Gdx ring = grey();
+    addDashed(ring, {10, -4}, 1, circle(50));
+    double drawn = 0.0;
+    VEK::SurfacePoint at;
+    const auto recorded = draw(ring, kPaper);
+    for (const auto& call : recorded.calls()) {
+        if (call.op == VEK::SurfaceOp::lineTo)
+            drawn += std::hypot(call.points[0].x - at.x, call.points[0].y - at.y);
+        if (!call.points.empty())
+            at = call.points[0];
+    }
+    // Each half of 157.08 takes eleven whole patterns of dashes of 10; chords are a little shorter than the arc.
+    EXPECT_NEAR(drawn, 2 * 11 * 10.0, 1.0);
+
+    Gdx outline = grey();
+    outline.imageReg(path({}), itemOutline, square(28), kRed, kNone, doubles({10, -4}), 1.0, 1, CVekColor(),
+                     VEK::CHatchProp(), CVekPoint3d());
+    EXPECT_EQ(calls(outline).substr(0, 94),
+              "pen 1 #ff0000\nmoveTo 0,0\nlineTo 5,0\nmoveTo 9,0\nlineTo 14,0\nlineTo 19,0\n"
+              "moveTo 23,0\nlineTo 28,0");
+
+    Gdx side = grey(); // seen from an angle at which the line is half as long
+    CVekMatrix3d tilt;
+    side.viewDirectionMtxSet(tilt.setToRotation(std::numbers::pi / 3, CVekVector3d::kYAxis, CVekPoint3d::kOrigin));
+    addDashed(side, {10, -4}, 1, line(0, 5, 56, 5));
+    int dashes = 0;
+    const auto seen = draw(side, kPaper);
+    for (const auto& call : seen.calls())
+        dashes += call.op == VEK::SurfaceOp::moveTo;
+    EXPECT_EQ(dashes, 3); // two patterns, on what is seen of the line
+}
+
+/// A host with one pattern of lines 2 apart, on while it lives.
+class PatternHost
+{
+public:
+    PatternHost()
+    {
+        VekPatternLines lines;
+        lines[0] = doubles({0, 0, 0, 0, 2});
+        m_app.hatchPatternSet(L"TWO", lines);
+        lines[0] = doubles({0, 0, 0, 0, 2, 0.0, -5.0});
+        m_app.hatchPatternSet(L"DOTS", lines);
+    }
+    ~PatternHost() { vekAppSet(m_before); }
+
+private:
+    CVekLocalApp m_app;
+    CVekApp* m_before = vekAppSet(&m_app);
+};
+
+void addHatched(Gdx& gdx, unsigned flag, const wchar_t* pattern, double size, double factor)
+{
+    CVekMatrix3d m;
+    gdx.imageReg(path({}), flag, square(size), kRed, m.setToScaling(factor, CVekPoint3d::kOrigin), doubles({}), 1.0, 1,
+                 rgb(0x0000FF), VEK::CHatchProp(pattern, 0.0, 1.0, false), CVekPoint3d());
+}
+
+std::size_t countOf(const std::string& text, const std::string& part)
+{
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++count;
+    return count;
+}
+
+TEST(PassHatch, LinesInTheFillColour)
+{
+    const PatternHost host;
+    Gdx gdx = grey();
+    addHatched(gdx, itemHatch, L"TWO", 5, 10);
+    const std::string lines = calls(gdx);
+    EXPECT_EQ(lines.substr(0, 14), "pen 1 #0000ff\n");
+    EXPECT_EQ(countOf(lines, "lineTo"), 3u); // at 0, 2 and 4
+    EXPECT_NE(lines.find("moveTo 50,40\nlineTo 0,40\n"), std::string::npos) << lines;
+    EXPECT_EQ(calls(gdx, kScreen), lines);
+}
+
+TEST(PassHatch, TooDenseBecomesSolid)
+{
+    const PatternHost host;
+    Gdx gdx = grey();
+    addHatched(gdx, itemHatch | itemOutline, L"TWO", 50, 1); // lines 2 pixels apart
+    EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), 50u + 4u);
+    EXPECT_EQ(countOf(calls(gdx, kScreen), "polygon"), 1u);
+    // The item's own matrix acts on the other side of the test matrix; a view that turns counts on screen alone.
+    Gdx turned = grey();
+    CVekMatrix3d flat;
+    turned.viewDirectionMtxSet(flat.setToScaling(0.1, CVekPoint3d::kOrigin));
+    addHatched(turned, itemHatch, L"TWO", 50, 10);
+    EXPECT_EQ(countOf(calls(turned, kPaper), "lineTo"), 26u);
+    EXPECT_EQ(countOf(calls(turned, kScreen), "polygon"), 1u);
+}
+
+TEST(PassHatch, FillAndHatchTogetherOnPaperOnly)
+{
+    const PatternHost host;
+    Gdx gdx = grey();
+    addHatched(gdx, itemFill | itemHatch, L"TWO", 5, 10);
+    EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), 50u + 3u);
+    const std::string screen = calls(gdx, kScreen);
+    EXPECT_EQ(countOf(screen, "polygon"), 1u);
+    EXPECT_EQ(countOf(screen, "lineTo"), 0u);
+}
+
+TEST(PassHatch, DotsOfTheGridAreDotsEvenWhereTheyTouch)
+{
+    const PatternHost host;
+    Gdx gdx = grey();
+    addHatched(gdx, itemHatch, L"DOTS", 12, 10);
+    const std::string screen = calls(gdx, kScreen);
+    EXPECT_GT(countOf(screen, "pixel"), 6u);
+    EXPECT_EQ(countOf(screen, "lineTo"), 0u);
+    EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), countOf(screen, "pixel"));
+}
+
+} // namespace
+} // namespace display_test
