@@ -115,4 +115,19 @@ bool settingRead(std::wstring_view key, std::wstring_view name, std::wstring& va
 bool settingWrite(std::wstring_view key, std::wstring_view name, unsigned long value);
 bool settingWrite(std::wstring_view key, std::wstring_view name, std::wstring_view value);
 
+/// The two pictures of an icon, rows from the top: pixels as red, green and blue from the lowest byte up. The mask is
+/// white where the icon leaves what lies below. Without `color` the mask has twice the height, colours below.
+struct IconBits {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> color;
+    std::vector<std::uint32_t> mask;
+};
+
+/// An icon of the system, in its own size, and one of a loaded module's resources, at cx by cy (0: its own size).
+/// Only Windows has any.
+/// @return false when there is none of that number
+bool systemIcon(int id, IconBits& icon);
+bool moduleIcon(const std::filesystem::path& module, int id, int cx, int cy, IconBits& icon);
+
 } // namespace VEK::platform

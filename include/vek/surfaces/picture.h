@@ -1,0 +1,67 @@
+/// @file
+/// Pictures from files, as pixels for a surface.
+#pragma once
+
+#include <vek/export.h>
+#include <vek/values/pixels.h>
+#include <vek/values/string.h>
+
+#include <string_view>
+
+namespace VEK
+{
+
+/// The most pixels that a picture may have; a larger one counts as unreadable, and none is scaled beyond it.
+inline constexpr int kPictureLimit = 1 << 26;
+
+/// An icon as its two pictures of one size.
+struct IconImage {
+    CPixels color; ///< joined with what lies below by exclusive or, where the mask is black
+    CPixels mask;  ///< white where the icon leaves what lies below, black where it shows
+
+    // Without `color` the mask is twice as high: its upper half is the mask, its lower half the colours.
+};
+
+/// A picture by name: a file with the ending ".ico" or ".bmp" in any case, sought as by `fileFind`. Without a name it
+/// is the system's icon of the number `id`, or else the icon resource `id` of the library's own module; both exist on
+/// Windows only, and the first comes in its own size.
+/// @param cx, cy size in pixels that the picture is scaled to, 0 for its own; a negative size gives no picture. Of an
+/// icon file the image nearest to that size is taken, its own size being that of the first image. Scaling repeats or
+/// leaves out whole pixels, so that a picture keeps its colours and a key colour stays exact.
+/// @param transparent becomes false for an icon and stays otherwise
+/// @param back `COLORREF` that icons are flattened over
+/// @return opaque pixels; empty when there is no such picture, the ending is another one or the file is damaged
+VEK_API CPixels loadPicture(const CVekString& name, int id, int cx, int cy, bool& transparent, unsigned long back);
+
+/// Decodes a Windows or OS/2 bitmap file, as published in [MS-WMF] and for OS/2 1.x: 1, 4, 8, 16, 24 and 32 bits a
+/// pixel, bit fields, RLE4 and RLE8, rows from either end. The result is opaque; colours that a palette lacks, and
+/// pixels that a compressed picture skips or does not reach, are black.
+/// @return false, with `pixels` empty, for another format, absurd sizes, and uncompressed pixels that are cut short
+VEK_API bool decodeBmp(std::string_view bytes, CPixels& pixels);
+
+/// Decodes one image of an icon file: the nearest to cx by cy by the sum of both differences, of those the one with the
+/// most bits a pixel, of those the first. 0 stands for the size of the first image. Images are bitmaps with a mask,
+/// whose absence means that all of it shows, or PNG without interlacing, where the mask covers what has no opacity at
+/// all.
+/// @return false, with `icon` empty, when the file has no image or the one chosen is damaged
+VEK_API bool decodeIcon(std::string_view bytes, int cx, int cy, IconImage& icon);
+
+/// Draws an icon over a colour, as device bitmaps are combined: colour AND mask, then XOR the icon's colours where the
+/// mask is black. Opacity between all and nothing is not used.
+/// @param back `COLORREF`
+/// @return opaque pixels; empty when the icon's pictures differ in size
+VEK_API CPixels flattenIcon(const IconImage& icon, unsigned long back);
+
+/// A picture in another size: each pixel is the one of the source that lies under its centre.
+/// @return empty for an empty picture, and a size that is not positive or too large
+VEK_API CPixels scaledPicture(const CPixels& pixels, int cx, int cy);
+
+/// The colour that counts as a picture's background: the most frequent at its corners and in its middle, or the one of
+/// lowest value among several.
+/// @return a `COLORREF`, 0xFFFFFFFF (`CLR_INVALID`) without a picture
+VEK_API unsigned keyColor(const CPixels& pixels);
+
+/// Takes the opacity of all pixels of a colour, so that surfaces leave them out.
+VEK_API void leaveOut(CPixels& pixels, unsigned color);
+
+} // namespace VEK

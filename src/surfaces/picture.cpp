@@ -1,0 +1,160 @@
+#include <vek/surfaces/picture.h>
+
+#include <vek/data/text.h>
+#include <vek/values/system.h>
+
+#include "core/platform/platform.h"
+#include "surfaces/dib.h"
+
+#include <algorithm>
+#include <exception>
+#include <new>
+
+namespace VEK
+{
+namespace
+{
+
+constexpr std::uint32_t kOpaque = 0xFF000000;
+
+/// In the size asked for, without a copy when it has that size.
+CPixels fitted(CPixels pixels, int cx, int cy)
+{
+    const int width = cx == 0 ? pixels.width : cx;
+    const int height = cy == 0 ? pixels.height : cy;
+    return width == pixels.width && height == pixels.height ? std::move(pixels) : scaledPicture(pixels, width, height);
+}
+
+CPixels loadFile(const CVekString& name, int cx, int cy, bool& transparent, unsigned long back)
+{
+    CVekString path;
+    std::string bytes;
+    const std::wstring_view text = static_cast<const wchar_t*>(name);
+    if (text.size() <= 4 || !fileFind(path, name))
+        return {};
+    const std::wstring_view ending = text.substr(text.size() - 4);
+    const bool isIcon = platform::equalNoCase(ending, L".ico");
+    if ((!isIcon && !platform::equalNoCase(ending, L".bmp")) ||
+        !platform::readFile(platform::pathOf(static_cast<const wchar_t*>(path)), bytes))
+        return {};
+    if (!isIcon) {
+        CPixels pixels;
+        return decodeBmp(bytes, pixels) ? fitted(std::move(pixels), cx, cy) : CPixels{};
+    }
+    IconImage icon;
+    if (!decodeIcon(bytes, cx, cy, icon))
+        return {};
+    transparent = false;
+    return fitted(flattenIcon(icon, back), cx, cy);
+}
+
+/// An icon of the system or of the library's module, which has its size already.
+CPixels loadProgramIcon(int id, int cx, int cy, bool& transparent, unsigned long back)
+{
+    CVekString module;
+    appFileName(module, L"Vek", L"Mfc", L"Dll");
+    platform::IconBits bits;
+    if (!platform::systemIcon(id, bits) &&
+        !platform::moduleIcon(platform::pathOf(static_cast<const wchar_t*>(module)), id, cx, cy, bits))
+        return {};
+    transparent = false;
+    const int colorHeight = bits.color.empty() ? 0 : bits.height;
+    const int maskHeight = bits.color.empty() ? bits.height * 2 : bits.height;
+    return flattenIcon(
+        {{bits.width, colorHeight, std::move(bits.color)}, {bits.width, maskHeight, std::move(bits.mask)}}, back);
+}
+
+} // namespace
+
+CPixels loadPicture(const CVekString& name, int id, int cx, int cy, bool& transparent, unsigned long back)
+{
+    try {
+        if (cx < 0 || cy < 0)
+            return {};
+        return name.isNull() ? loadProgramIcon(id, cx, cy, transparent, back)
+                             : loadFile(name, cx, cy, transparent, back);
+    } catch (const std::exception&) { // no memory, or a name that is no path
+        return {};
+    }
+}
+
+CPixels flattenIcon(const IconImage& icon, unsigned long back)
+{
+    const CPixels& mask = icon.mask;
+    CPixels result;
+    const bool isDouble = icon.color.empty();
+    result.width = mask.width;
+    result.height = isDouble ? mask.height / 2 : mask.height;
+    const std::size_t area = static_cast<std::size_t>(result.width) * static_cast<std::size_t>(result.height);
+    if (!isDouble && (icon.color.width != result.width || icon.color.data.size() != area))
+        return {};
+    if (area == 0 || mask.data.size() < area)
+        return {};
+    try {
+        result.data.assign(area, (static_cast<std::uint32_t>(back) & 0xFFFFFF) | kOpaque);
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+    const std::uint32_t* color = isDouble ? mask.data.data() + area : icon.color.data.data();
+    for (std::size_t i = 0; i < area; ++i)
+        result.data[i] = ((result.data[i] & mask.data[i]) ^ (color[i] & ~mask.data[i])) | kOpaque;
+    return result;
+}
+
+CPixels scaledPicture(const CPixels& pixels, int cx, int cy)
+{
+    CPixels result;
+    if (pixels.empty() || !dib::isFair(cx, cy))
+        return result;
+    try {
+        std::vector<int> columns(static_cast<std::size_t>(cx));
+        for (std::int64_t x = 0; x < cx; ++x)
+            columns[static_cast<std::size_t>(x)] = static_cast<int>((2 * x + 1) * pixels.width / (2 * cx));
+        result.data.resize(static_cast<std::size_t>(cx) * static_cast<std::size_t>(cy));
+        std::uint32_t* to = result.data.data();
+        for (std::int64_t y = 0; y < cy; ++y) {
+            const std::uint32_t* row =
+                pixels.data.data() + (2 * y + 1) * pixels.height / (2 * std::int64_t{cy}) * pixels.width;
+            for (const int column : columns)
+                *to++ = row[column];
+        }
+        result.width = cx;
+        result.height = cy;
+    } catch (const std::bad_alloc&) {
+        result = {};
+    }
+    return result;
+}
+
+unsigned keyColor(const CPixels& pixels)
+{
+    if (pixels.empty())
+        return 0xFFFFFFFF;
+    const int right = pixels.width - 1;
+    const int bottom = pixels.height - 1;
+    std::uint32_t colors[] = {pixels.at(0, 0), pixels.at(right, 0), pixels.at(0, bottom),
+                              pixels.at(right / 2, bottom / 2), pixels.at(right, bottom)};
+    for (std::uint32_t& color : colors)
+        color &= 0xFFFFFF;
+    std::sort(std::begin(colors), std::end(colors));
+    unsigned best = 0;
+    std::ptrdiff_t most = 0;
+    for (const std::uint32_t color : colors) {
+        const std::ptrdiff_t times = std::count(std::begin(colors), std::end(colors), color);
+        if (times > most) { // the lowest value comes first
+            most = times;
+            best = color;
+        }
+    }
+    return best;
+}
+
+void leaveOut(CPixels& pixels, unsigned color)
+{
+    for (std::uint32_t& pixel : pixels.data) {
+        if ((pixel & 0xFFFFFF) == (color & 0xFFFFFF))
+            pixel &= 0xFFFFFF;
+    }
+}
+
+} // namespace VEK
