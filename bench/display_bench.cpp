@@ -4,6 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstring>
 #include <string>
 
 namespace
@@ -130,6 +131,108 @@ void removalOfATenth(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 BENCHMARK(removalOfATenth)->RangeMultiplier(10)->Range(1000, 1000000)->Iterations(5);
+
+/// Items of every class, the classes in turn.
+CVekGDX mixed(int count)
+{
+    const Arguments arguments;
+    CVekGDX gdx = plain();
+    for (int i = 0; i < count; ++i) {
+        const unsigned long mode = static_cast<unsigned long>(i % 3) << itemColorModeShift;
+        gdx.imageVl(arguments.stack, mode | itemNoExt, arguments.line, {}, {}, arguments.linetype, 1.0, 0, {});
+    }
+    return gdx;
+}
+
+void sortUnsorted(benchmark::State& state)
+{
+    const CVekGDX whole = mixed(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        state.PauseTiming();
+        {
+            CVekGDX gdx = whole;
+            state.ResumeTiming();
+            gdx.displListSort();
+            state.PauseTiming();
+        }
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(sortUnsorted)->RangeMultiplier(10)->Range(1000, 1000000)->Iterations(5)->Complexity();
+
+void sortSorted(benchmark::State& state)
+{
+    CVekGDX gdx = mixed(static_cast<int>(state.range(0)));
+    gdx.displListSort();
+    for (auto _ : state)
+        gdx.displListSort();
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(sortSorted)->RangeMultiplier(10)->Range(1000, 1000000)->Complexity();
+
+/// Two-vertex polylines all over a field of 1000 by 1000, and a point beside it: every item is looked at.
+CVekGDX field(std::int64_t count)
+{
+    CVekGDX gdx = plain();
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double x = static_cast<double>(i * 7 % 1000), y = static_cast<double>(i * 13 % 1009);
+        CVekVertexArray vl;
+        vl.append(CVekVertex({x, y, 0}, {x + 3, y, 0}));
+        vl.append(CVekVertex({x + 3, y, 0}, {x + 3, y + 2, 0}));
+        gdx.imageVl(path(static_cast<int>(i)), itemNoExt, vl, {}, {}, {}, 1.0, 1, {});
+    }
+    return gdx;
+}
+
+/// @param seen whether somebody looks at the list between two picks
+void pick(benchmark::State& state, bool seen)
+{
+    CVekGDX gdx = field(state.range(0));
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(gdx.imageItemGet({500.0, 2000.0, 0.0}));
+        if (seen) {
+            state.PauseTiming();
+            benchmark::DoNotOptimize(gdx.typeGet(0));
+            state.ResumeTiming();
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK_CAPTURE(pick, afterPick, false)->RangeMultiplier(10)->Range(1000, 1000000)->Complexity();
+BENCHMARK_CAPTURE(pick, afterLook, true)->RangeMultiplier(10)->Range(1000, 1000000)->Complexity();
+
+/// What the first look after a pick costs.
+void lookAfterPick(benchmark::State& state)
+{
+    CVekGDX gdx = field(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        benchmark::DoNotOptimize(gdx.imageItemGet({500.0, 2000.0, 0.0}));
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(gdx.typeGet(0));
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(lookAfterPick)->RangeMultiplier(10)->Range(1000, 1000000)->Iterations(10)->Complexity();
+
+/// The rate at which this core copies memory, to hold the others against.
+void memoryCopy(benchmark::State& state)
+{
+    const std::string from(static_cast<std::size_t>(state.range(0)), 'x');
+    std::string to = from;
+    for (auto _ : state) {
+        std::memcpy(to.data(), from.data(), from.size());
+        benchmark::DoNotOptimize(to.data());
+        benchmark::ClobberMemory();
+    }
+    state.SetBytesProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(memoryCopy)->Arg(1 << 14)->Arg(1 << 28);
 
 void growthOfTheList(benchmark::State& state)
 {

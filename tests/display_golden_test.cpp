@@ -114,7 +114,8 @@ TEST(Golden, ReferenceObjectHasTheSameBitsInEveryBuild)
     CVekPoint3d max;
     ASSERT_TRUE(gdx.extmaxGet(min, max));
     Hash hash;
-    hash << gdx.getDisplayList() << min << max << gdx.viewMtxGet();
+    const CVekArrayTempl<CVekDisplayItem>& list = gdx.getDisplayList();
+    hash << list << min << max << gdx.viewMtxGet();
     RecordProperty("hash", std::to_string(hash.value()));
     // Changes only with a change of what is stored; then every build gives the new value.
     EXPECT_EQ(hash.value(), 0x269A423B08FB9EA3u);

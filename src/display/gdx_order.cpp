@@ -1,25 +1,8 @@
-// Draw order and picking: what depends on the order of the list.
+// Draw order and picking.
 #include <vek/display/gdx.h>
-
-#include <array>
 
 namespace
 {
-
-constexpr int kClasses = 6;
-
-/// The class of an item in the draw order, from 0 at the bottom.
-int orderClass(const CVekDisplayItem& item)
-{
-    if (item.type == dispPicture)
-        return 5;
-    const bool region = item.type == dispRegion;
-    switch (item.colorMode()) {
-    case VEK::colorHighlight: return region ? 3 : 4;
-    case VEK::colorRefer: return 2;
-    default: return region ? 0 : 1;
-    }
-}
 
 constexpr double kPickDistance = 5.0; // world units, whatever the zoom
 
@@ -28,11 +11,29 @@ bool nearVertex(const CVekVertex& vertex, const CVekPoint3d& world)
     return vertex.start != vertex.end && vertex.lotp(world).distanceTo(world) <= kPickDistance;
 }
 
+/// Whether a straight segment lies further off than the pick distance in one coordinate alone, by so much that no
+/// rounding of the distance matters. It settles nearly all of a picture by the x of the two ends.
+bool farOff(const CVekVertex& vertex, const CVekMatrix3d& m, const CVekPoint3d& world)
+{
+    constexpr double kFar = 1.5 * kPickDistance;
+    const CVekMatrix3d::Rows& rows = m;
+    for (int axis = 0; axis < 3; ++axis) {
+        const double* r = rows[axis];
+        const auto offset = [&](const CVekPoint3d& p) {
+            return r[0] * p[0] + r[1] * p[1] + r[2] * p[2] + r[3] - world[axis];
+        };
+        const double start = offset(vertex.start), end = offset(vertex.end);
+        if ((start > kFar && end > kFar) || (start < -kFar && end < -kFar))
+            return true;
+    }
+    return false;
+}
+
 bool nearPolyline(const CVekVertexArray& vl, const CVekMatrix3d& m, const CVekPoint3d& world)
 {
     for (const CVekVertex& vertex : vl) {
         if (vertex.bulge == 0.0) {
-            if (nearVertex(CVekVertex(vertex.start * m, vertex.end * m, 0.0), world))
+            if (!farOff(vertex, m, world) && nearVertex(CVekVertex(vertex.start * m, vertex.end * m, 0.0), world))
                 return true;
             continue;
         }
@@ -61,26 +62,7 @@ bool isHit(CVekDisplayItem& item, const CVekPoint3d& world)
 
 void CVekGDX::displListSort()
 {
-    const int count = displayList.len();
-    std::array<int, kClasses + 1> first{};
-    bool sorted = true;
-    int before = 0;
-    for (const CVekDisplayItem& item : displayList) {
-        const int itemClass = orderClass(item);
-        sorted &= itemClass >= before;
-        before = itemClass;
-        ++first[static_cast<std::size_t>(itemClass) + 1];
-    }
-    if (sorted)
-        return;
-    for (std::size_t c = 1; c < first.size(); ++c)
-        first[c] += first[c - 1];
-    CVekArrayTempl<CVekDisplayItem> ordered;
-    if (ordered.setLogicalLength(count) < count)
-        return;
-    for (CVekDisplayItem& item : displayList)
-        ordered[first[static_cast<std::size_t>(orderClass(item))]++] = std::move(item);
-    displayList = std::move(ordered);
+    displayList.sort();
 }
 
 CVekPoint3d CVekGDX::imagePtWc(const CVekPoint3d& devicePoint) const
@@ -91,11 +73,12 @@ CVekPoint3d CVekGDX::imagePtWc(const CVekPoint3d& devicePoint) const
 int CVekGDX::imageItemGet(const CVekPoint3d& devicePoint)
 {
     const CVekPoint3d world = imagePtWc(devicePoint);
-    displListSort();
-    displayList.revert();
-    for (CVekDisplayItem& item : displayList) {
-        if (isHit(item, world))
-            return item.stack[0];
-    }
-    return -1;
+    int number = -1;
+    displayList.pick([&](CVekDisplayItem& item) {
+        const bool hit = isHit(item, world);
+        if (hit)
+            number = item.stack[0];
+        return hit;
+    });
+    return number;
 }

@@ -2,7 +2,7 @@
 /// The display object.
 #pragma once
 
-#include <vek/display/item.h>
+#include <vek/display/list.h>
 
 class CVekDataItem;
 
@@ -37,7 +37,7 @@ public:
     // Reading
 
     int lenGet() const { return displayList.len(); }
-    const CVekArrayTempl<CVekDisplayItem>& getDisplayList() const { return displayList; }
+    const CVekDisplayList& getDisplayList() const { return displayList; }
     const CVekColor& backColorGet() const { return backColor; }
     VekDisplayObj typeGet(int i) const { return displayList[i].type; }
     unsigned long flagGet(int i) const { return displayList[i].flag; }
@@ -248,7 +248,7 @@ protected:
     CVekPoint3dArray extMax; ///< empty, or min and max
     CVekPoint3d extViewMin;
     CVekPoint3d extViewMax; ///< equal to extViewMin: unset
-    CVekArrayTempl<CVekDisplayItem> displayList;
+    CVekDisplayList displayList;
     CVekArrayTempl<CVekColor> colorTab; ///< entry n - 1 belongs to colour mode n
     CVekMatrix3d viewDirectionMtx;
 

@@ -1,0 +1,123 @@
+/// @file
+/// The list of a display object's items.
+#pragma once
+
+#include <vek/display/item.h>
+
+#include <array>
+#include <utility>
+
+/// The items of a display object in their present order, by the index rules of `CVekArrayTempl`.
+///
+/// A pick reverses the list, yet clicks follow one another without anybody looking at it in between. So the items stay
+/// where they are until somebody does: every access below shows them in the order told, and puts them there first if
+/// need be. References, pointers and iterators hold until the next sort or pick.
+class VEK_API CVekDisplayList
+{
+public:
+    int len() const { return m_items.len(); }
+
+    const CVekDisplayItem& operator[](int index) const { return std::as_const(settled())[index]; }
+    CVekDisplayItem& operator[](int index) { return settled()[index]; }
+
+    const CVekDisplayItem* begin() const { return settled().begin(); }
+    const CVekDisplayItem* end() const { return settled().end(); }
+    CVekDisplayItem* begin() { return settled().begin(); }
+    CVekDisplayItem* end() { return settled().end(); }
+
+    /// The list as the plain array that it is kept in. Whoever holds it sees every change at once: from here on a pick
+    /// moves the items right away.
+    operator const CVekArrayTempl<CVekDisplayItem>&() const
+    {
+        m_isShown = true;
+        return settled();
+    }
+
+    void append(CVekDisplayItem&& item) { settled().append(std::move(item)); }
+    void append(const CVekDisplayItem& item) { settled().append(item); }
+    CVekDisplayList& operator+=(const CVekArrayTempl<CVekDisplayItem>& items)
+    {
+        settled() += items;
+        return *this;
+    }
+    void removeAt(int index) { settled().removeAt(index); }
+    int setLogicalLength(int length)
+    {
+        if (length <= 0) // no order to keep
+            m_isDown = m_isBackwards = false;
+        return settled().setLogicalLength(length);
+    }
+
+    CVekDisplayList() = default;
+    CVekDisplayList(const CVekDisplayList& other) : m_items(other.settled()) {}
+    CVekDisplayList(CVekDisplayList&& other) noexcept : m_items(std::move(other.settled())) {}
+    CVekDisplayList& operator=(const CVekDisplayList& other)
+    {
+        settled() = other.settled();
+        return *this;
+    }
+    CVekDisplayList& operator=(CVekDisplayList&& other) noexcept
+    {
+        settled() = std::move(other.settled());
+        return *this;
+    }
+    ~CVekDisplayList() = default;
+
+    /// Sorts by the classes of the draw order, stable inside each; see `CVekGDX::displListSort`.
+    void sort();
+
+    /// Sorts, reverses, and hands the items to `test` in that order until it gives true. The test changes neither the
+    /// kind nor the colour mode of an item.
+    template <class Test>
+    void pick(Test&& test)
+    {
+        sort();
+        m_isDown = true;
+        m_isBackwards = !m_isBackwards;
+        search(test);
+        if (m_isShown)
+            settle();
+    }
+
+private:
+    static constexpr std::size_t kClasses = 6;
+
+    CVekArrayTempl<CVekDisplayItem>& settled() const
+    {
+        if (m_isDown || m_isBackwards)
+            settle();
+        return m_items;
+    }
+    void settle() const;
+    template <class Test>
+    void search(Test& test);
+
+    mutable CVekArrayTempl<CVekDisplayItem> m_items;
+
+    // While one of these is set the items stand sorted, and the order told is another one.
+    mutable bool m_isDown = false;      ///< the classes follow one another from the top down
+    mutable bool m_isBackwards = false; ///< inside each class the items run backwards
+    mutable bool m_isShown = false;     ///< the array has been handed out
+
+    std::array<int, kClasses + 1> m_first{}; ///< where each class begins, once sorted
+};
+
+template <class Test>
+void CVekDisplayList::search(Test& test)
+{
+    for (std::size_t c = kClasses; c-- > 0;) {
+        CVekDisplayItem* const first = m_items.begin() + m_first[c];
+        CVekDisplayItem* const last = m_items.begin() + m_first[c + 1];
+        if (m_isBackwards) {
+            for (CVekDisplayItem* item = last; item != first;) {
+                if (test(*--item))
+                    return;
+            }
+        } else {
+            for (CVekDisplayItem* item = first; item != last; ++item) {
+                if (test(*item))
+                    return;
+            }
+        }
+    }
+}
