@@ -26,7 +26,6 @@ GOOD = {
     "src/core/values/near.h": '// no <windows.h> here, no _WIN32\nconst char* text = "a // b";\n',
     "src/draw/text.cpp": '#include <vek/draw.h>\n#include "../core/values/near.h"\n',
     "src/draw/window/text.cpp": "#include <windows.h>\n",
-    "src/surfaces/gdi_surface.cpp": "#include <windows.h>\n",
 }
 
 

@@ -4,6 +4,7 @@
 
 #include <vek/surfaces/emf.h>
 #include <vek/surfaces/file.h>
+#include <vek/surfaces/gdi.h>
 #include <vek/surfaces/picture.h>
 #include <vek/surfaces/recorder.h>
 #include <vek/surfaces/surface.h>

@@ -2,6 +2,7 @@
 
 #include "surfaces/emf_records.h"
 #include "surfaces/holes.h"
+#include "surfaces/object_table.h"
 #include "surfaces/reach.h"
 
 #include <array>
@@ -23,39 +24,6 @@ std::int32_t wholeClamped(double value)
 {
     return static_cast<std::int32_t>(reach::clamped(value));
 }
-
-/// Pens or brushes that stand in the metafile's object table, found by what they look like. The table is small and
-/// an object that falls out of it is deleted, so a picture of a million colours has no million handles.
-class ObjectTable
-{
-public:
-    struct Entry {
-        std::uint64_t look = 0;
-        std::uint32_t handle = 0; ///< 0: never used
-    };
-
-    /// The entry of a look; or the one to reuse for it, whose look differs or whose handle is 0.
-    template <class InUse>
-    Entry& find(std::uint64_t look, InUse inUse)
-    {
-        const std::size_t group = (look * 0x9E3779B97F4A7C15u >> 58) * kWays;
-        for (std::size_t i = 0; i < kWays; ++i) {
-            Entry& entry = m_entries[group + i];
-            if (entry.handle == 0 || entry.look == look)
-                return entry;
-        }
-        Entry* entry = nullptr;
-        do
-            entry = &m_entries[group + m_turn++ % kWays];
-        while (inUse(entry->handle));
-        return *entry;
-    }
-
-private:
-    static constexpr std::size_t kWays = 4; ///< more than can be in use at a time
-    std::array<Entry, 64 * kWays> m_entries;
-    std::size_t m_turn = 0;
-};
 
 class EmfSurface final : public CFileSurface
 {
@@ -83,6 +51,8 @@ public:
 private:
     /// The most points of a polyline that every reader draws: [MS-EMF] lets devices stop there for wide lines.
     static constexpr std::size_t kRunLimit = 1360;
+
+    using Objects = ObjectTable<std::uint32_t, 64>;
 
     /// What the records written so far have put in force; a saved context brings it back.
     struct Context {
@@ -139,15 +109,15 @@ private:
     void bringFillRules();
     void select(std::uint32_t& current, std::uint32_t handle);
     template <class Create>
-    std::uint32_t object(ObjectTable& table, std::uint64_t look, Create create);
+    std::uint32_t object(Objects& table, std::uint64_t look, Create create);
     void figureWithHoles(const SurfacePoint* points, int count);
     void cover(Box box, bool edged);
     void collect(const SurfacePoint* points, int count);
 
     emf::Records m_records;
     std::uint32_t m_handles = 0;
-    ObjectTable m_pens;
-    ObjectTable m_brushes;
+    Objects m_pens;
+    Objects m_brushes;
     Box m_bounds;
     bool m_finished = false;
 
@@ -263,9 +233,9 @@ void EmfSurface::select(std::uint32_t& current, std::uint32_t handle)
 }
 
 template <class Create>
-std::uint32_t EmfSurface::object(ObjectTable& table, std::uint64_t look, Create create)
+std::uint32_t EmfSurface::object(Objects& table, std::uint64_t look, Create create)
 {
-    ObjectTable::Entry& entry = table.find(look, [this](std::uint32_t handle) {
+    Objects::Entry& entry = table.find(look, [this](std::uint32_t handle) {
         bool inUse = handle == m_context.pen || handle == m_context.brush;
         for (std::size_t i = 0; i < m_savedCount; ++i)
             inUse = inUse || handle == m_saved[i].pen || handle == m_saved[i].brush;

@@ -100,3 +100,18 @@ inline constexpr PassRules scalableRules = [] {
 VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules);
 
 } // namespace VEK
+
+/// Exports a display object as an enhanced metafile by `VEK::paperRules`, into a file or onto the clipboard. Like every
+/// draw on paper it sorts the list and replaces the view matrix: a window that shows the object must fit it again.
+/// @param gdx null does nothing
+/// @param file replaced if it exists; null means the clipboard. Systems without metafiles of their own have none; the
+///     file is then one of `VEK::emfSurface`
+/// @param height, width of the drawing area in pixels; 0 means 240 and 320
+///
+/// There is no result: a file that cannot be written is not there, and a clipboard that is in use keeps its content.
+VEK_API void refresh(CVekGDX* gdx, const wchar_t* file, int height, int width);
+
+namespace VEK
+{
+using ::refresh;
+} // namespace VEK

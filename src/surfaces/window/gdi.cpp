@@ -1,0 +1,312 @@
+#include <vek/surfaces/gdi.h>
+
+#include "surfaces/object_table.h"
+#include "surfaces/reach.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace VEK
+{
+namespace
+{
+
+POINT whole(const SurfacePoint& p)
+{
+    return {static_cast<LONG>(p.x), static_cast<LONG>(p.y)};
+}
+
+bool same(const POINT& a, const POINT& b)
+{
+    return a.x == b.x && a.y == b.y;
+}
+
+int wholeClamped(double value)
+{
+    return static_cast<int>(reach::clamped(value));
+}
+
+class GdiSurface final : public CSurface
+{
+public:
+    explicit GdiSurface(HDC dc) : m_dc(dc), m_saved(SaveDC(dc))
+    {
+        SetPolyFillMode(dc, ALTERNATE);
+        SelectObject(dc, GetStockObject(BLACK_PEN));
+        SelectObject(dc, GetStockObject(NULL_BRUSH));
+        m_run.reserve(kRunLimit);
+    }
+    ~GdiSurface() override;
+    GdiSurface(const GdiSurface&) = delete;
+    GdiSurface& operator=(const GdiSurface&) = delete;
+
+    void clipTo(double left, double top, double right, double bottom) override;
+    void clipOut(const SurfacePoint* points, int count) override;
+    void clipRestore() override;
+    void pen(int width, unsigned color) override;
+    void noPen() override;
+    void brush(unsigned color) override;
+    void noBrush() override { m_brush = nullptr; }
+    void background(unsigned color) override { SetBkColor(m_dc, color & 0xFFFFFF); }
+    void moveTo(double x, double y) override { moveHere({x, y}); }
+    void lineTo(double x, double y) override { lineHere({x, y}); }
+    void polyline(const SurfacePoint* points, int count) override;
+    void polygon(const SurfacePoint* points, int count) override;
+    void rectangle(double x1, double y1, double x2, double y2) override { drawBox(Rectangle, x1, y1, x2, y2); }
+    void ellipse(double x1, double y1, double x2, double y2) override { drawBox(Ellipse, x1, y1, x2, y2); }
+    void pixel(double x, double y, unsigned color) override;
+    void solidRect(double x, double y, double width, double height, unsigned color) override;
+    void picture(double x, double y, const CPixels& pixels) override;
+
+private:
+    using Objects = ObjectTable<HGDIOBJ, 12>;
+
+    static constexpr std::size_t kRunLimit = 1360; ///< as many points as every device takes, wide pens included
+
+    void moveHere(const SurfacePoint& to);
+    void lineHere(const SurfacePoint& to);
+    void flushRun();
+    void select(HGDIOBJ object, HGDIOBJ& selected);
+    void collect(const SurfacePoint* points, int count);
+    template <class Create>
+    HGDIOBJ object(Objects& table, std::uint64_t look, Create create);
+    void drawBox(BOOL WINAPI draw(HDC, int, int, int, int), double x1, double y1, double x2, double y2);
+
+    const HDC m_dc;
+    const int m_saved;
+    Objects m_pens;
+    Objects m_brushes;
+    HGDIOBJ m_pen = GetStockObject(BLACK_PEN);
+    HGDIOBJ m_brush = nullptr; ///< null: hollow
+    HGDIOBJ m_selectedPen = m_pen;
+    HGDIOBJ m_selectedBrush = GetStockObject(NULL_BRUSH);
+    HRGN m_clip = nullptr;
+    SurfacePoint m_at;
+    std::vector<POINT> m_run; ///< connected lines that are not drawn yet
+    std::vector<POINT> m_points;
+    std::vector<SurfacePoint> m_cut;
+};
+
+GdiSurface::~GdiSurface()
+{
+    flushRun();
+    RestoreDC(m_dc, m_saved);
+    for (Objects* table : {&m_pens, &m_brushes}) {
+        for (const Objects::Entry& entry : *table)
+            DeleteObject(entry.handle);
+    }
+    DeleteObject(m_clip);
+}
+
+void GdiSurface::clipTo(double left, double top, double right, double bottom)
+{
+    flushRun();
+    DeleteObject(m_clip);
+    m_clip = CreateRectRgn(wholeClamped(left), wholeClamped(top), wholeClamped(right), wholeClamped(bottom));
+    SelectClipRgn(m_dc, m_clip);
+}
+
+void GdiSurface::clipOut(const SurfacePoint* points, int count)
+{
+    flushRun();
+    collect(points, count);
+    if (m_points.size() < 3)
+        return;
+    const HRGN region = CreatePolygonRgn(m_points.data(), static_cast<int>(m_points.size()), ALTERNATE);
+    ExtSelectClipRgn(m_dc, region, RGN_DIFF);
+    DeleteObject(region);
+}
+
+void GdiSurface::clipRestore()
+{
+    flushRun();
+    SelectClipRgn(m_dc, m_clip);
+}
+
+void GdiSurface::select(HGDIOBJ object, HGDIOBJ& selected)
+{
+    if (object == selected)
+        return;
+    SelectObject(m_dc, object);
+    selected = object;
+}
+
+template <class Create>
+HGDIOBJ GdiSurface::object(Objects& table, std::uint64_t look, Create create)
+{
+    Objects::Entry& entry =
+        table.find(look, [this](HGDIOBJ handle) { return handle == m_selectedPen || handle == m_selectedBrush; });
+    if (entry.handle && entry.look == look)
+        return entry.handle;
+    if (entry.handle)
+        DeleteObject(entry.handle);
+    entry.look = look;
+    entry.handle = create();
+    return entry.handle;
+}
+
+void GdiSurface::pen(int width, unsigned color)
+{
+    width = std::max(width, 1);
+    color &= 0xFFFFFF;
+    const HGDIOBJ wanted = object(m_pens, std::uint64_t(width) << 32 | color,
+                                  [=] { return static_cast<HGDIOBJ>(CreatePen(PS_SOLID, width, color)); });
+    if (wanted == m_pen)
+        return;
+    flushRun();
+    m_pen = wanted;
+}
+
+void GdiSurface::noPen()
+{
+    flushRun();
+    m_pen = GetStockObject(NULL_PEN);
+}
+
+void GdiSurface::brush(unsigned color)
+{
+    color &= 0xFFFFFF;
+    m_brush = object(m_brushes, color, [=] { return static_cast<HGDIOBJ>(CreateSolidBrush(color)); });
+}
+
+void GdiSurface::moveHere(const SurfacePoint& to)
+{
+    m_at = to;
+    if (!m_run.empty() && (!reach::holds(to) || !same(whole(to), m_run.back())))
+        flushRun();
+}
+
+void GdiSurface::lineHere(const SurfacePoint& to)
+{
+    SurfacePoint from = m_at, end = to;
+    m_at = to;
+    if (!reach::holds(from) || !reach::holds(end)) {
+        flushRun();
+        if (reach::cutSegment(from, end)) {
+            m_run.assign({whole(from), whole(end)});
+            flushRun();
+        }
+        return;
+    }
+    if (m_run.empty())
+        m_run.push_back(whole(from));
+    const POINT next = whole(end);
+    if (!same(next, m_run.back()) || m_run.size() == 1) // a line without length may still leave the dot of a wide pen
+        m_run.push_back(next);
+    if (m_run.size() == kRunLimit) {
+        flushRun();
+        m_run.push_back(next);
+    }
+}
+
+void GdiSurface::flushRun()
+{
+    if (m_run.size() > 1) {
+        select(m_pen, m_selectedPen);
+        if (m_run.size() == 2) {
+            MoveToEx(m_dc, m_run[0].x, m_run[0].y, nullptr);
+            LineTo(m_dc, m_run[1].x, m_run[1].y);
+        } else {
+            Polyline(m_dc, m_run.data(), static_cast<int>(m_run.size()));
+        }
+    }
+    m_run.clear();
+}
+
+void GdiSurface::polyline(const SurfacePoint* points, int count)
+{
+    if (count > 0)
+        moveHere(points[0]);
+    for (int i = 1; i < count; ++i)
+        lineHere(points[i]);
+}
+
+void GdiSurface::collect(const SurfacePoint* points, int count)
+{
+    reach::cutPolygon(points, count, m_cut);
+    m_points.clear();
+    for (const SurfacePoint& p : m_cut)
+        m_points.push_back(whole(p));
+}
+
+void GdiSurface::polygon(const SurfacePoint* points, int count)
+{
+    flushRun();
+    collect(points, count);
+    if (m_points.size() < 2)
+        return;
+    select(m_pen, m_selectedPen);
+    select(m_brush ? m_brush : GetStockObject(NULL_BRUSH), m_selectedBrush);
+    Polygon(m_dc, m_points.data(), static_cast<int>(m_points.size()));
+}
+
+void GdiSurface::drawBox(BOOL WINAPI draw(HDC, int, int, int, int), double x1, double y1, double x2, double y2)
+{
+    flushRun();
+    select(m_pen, m_selectedPen);
+    select(m_brush ? m_brush : GetStockObject(NULL_BRUSH), m_selectedBrush);
+    draw(m_dc, wholeClamped(x1), wholeClamped(y1), wholeClamped(x2), wholeClamped(y2));
+}
+
+void GdiSurface::pixel(double x, double y, unsigned color)
+{
+    flushRun();
+    if (reach::holds({x, y}))
+        SetPixelV(m_dc, static_cast<int>(x), static_cast<int>(y), color & 0xFFFFFF);
+}
+
+void GdiSurface::solidRect(double x, double y, double width, double height, unsigned color)
+{
+    flushRun();
+    const int left = wholeClamped(x), top = wholeClamped(y);
+    const int right = left + wholeClamped(width), bottom = top + wholeClamped(height);
+    const RECT rect = {std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom)};
+    const COLORREF before = SetBkColor(m_dc, color & 0xFFFFFF);
+    ExtTextOutW(m_dc, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr); // needs no brush
+    SetBkColor(m_dc, before);
+}
+
+/// Two steps where pixels are left out: a mask makes the others black, and then the picture, black where it shows
+/// nothing, is added.
+void GdiSurface::picture(double x, double y, const CPixels& pixels)
+{
+    flushRun();
+    if (pixels.empty() || !reach::holds({x, y}))
+        return;
+    BITMAPINFO info = {};
+    info.bmiHeader = {sizeof info.bmiHeader, pixels.width, -pixels.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const HDC memory = CreateCompatibleDC(m_dc);
+    const auto copy = [&](auto pixelOf, DWORD operation) {
+        void* bits = nullptr;
+        const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        if (!bitmap)
+            return;
+        std::transform(pixels.data.begin(), pixels.data.end(), static_cast<std::uint32_t*>(bits), pixelOf);
+        const HGDIOBJ before = SelectObject(memory, bitmap);
+        BitBlt(m_dc, static_cast<int>(x), static_cast<int>(y), pixels.width, pixels.height, memory, 0, 0, operation);
+        SelectObject(memory, before);
+        DeleteObject(bitmap);
+    };
+    const auto shows = [](std::uint32_t p) { return p >> 24 != 0; };
+    const auto color = [=](std::uint32_t p) {
+        return shows(p) ? (p & 0xFF) << 16 | (p & 0xFF00) | (p >> 16 & 0xFF) : 0u;
+    };
+    if (std::all_of(pixels.data.begin(), pixels.data.end(), shows)) {
+        copy(color, SRCCOPY);
+    } else {
+        copy([=](std::uint32_t p) { return shows(p) ? 0u : 0xFFFFFFu; }, SRCAND);
+        copy(color, SRCPAINT);
+    }
+    DeleteDC(memory);
+}
+
+} // namespace
+
+std::unique_ptr<CSurface> gdiSurface(HDC__* dc)
+{
+    return std::make_unique<GdiSurface>(dc);
+}
+
+} // namespace VEK
