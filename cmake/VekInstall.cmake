@@ -3,7 +3,8 @@ include(CMakePackageConfigHelpers)
 
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/vek)
 get_property(installed GLOBAL PROPERTY VEK_INSTALLED)
-install(TARGETS ${installed} EXPORT vek ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS ${installed} EXPORT vek ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(EXPORT vek NAMESPACE vek:: FILE vekTargets.cmake DESTINATION ${package})
 install(DIRECTORY include/vek DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 configure_package_config_file(cmake/vekConfig.cmake.in ${CMAKE_BINARY_DIR}/vekConfig.cmake

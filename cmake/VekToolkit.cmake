@@ -1,0 +1,24 @@
+# The window toolkit: the classes that Visual C++ brings itself and other compilers for Windows miss, as a DLL, since a
+# program and the DLLs that it loads must share the tables that say which object stands for a window.
+#
+# vek_window names it for those who use it; with Visual C++ that is the compiler's own.
+add_library(vek_window INTERFACE)
+set_target_properties(vek_window PROPERTIES EXPORT_NAME window)
+set_property(GLOBAL APPEND PROPERTY VEK_INSTALLED vek_window)
+if(MSVC)
+  set(CMAKE_MFC_FLAG 2) # the compiler's classes in its own DLL
+  target_compile_definitions(vek_window INTERFACE _AFXDLL)
+else()
+  file(GLOB sources CONFIGURE_DEPENDS toolkit/src/*.cpp toolkit/src/*.h toolkit/include/*.h toolkit/include/toolkit/*.h)
+  add_library(vek_toolkit SHARED ${sources})
+  set_target_properties(vek_toolkit PROPERTIES PREFIX "" EXPORT_NAME toolkit RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+  target_compile_features(vek_toolkit PUBLIC cxx_std_20)
+  target_compile_definitions(vek_toolkit PUBLIC UNICODE _UNICODE PRIVATE VEK_TOOLKIT_BUILDING)
+  target_include_directories(vek_toolkit PUBLIC $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/toolkit/include>
+                                                $<INSTALL_INTERFACE:include/vek-toolkit>)
+  target_link_libraries(vek_toolkit PUBLIC comctl32 PRIVATE $<BUILD_INTERFACE:vek_options>)
+  target_link_options(vek_toolkit PRIVATE -static) # as programs are linked: no runtime DLLs
+  target_link_libraries(vek_window INTERFACE vek_toolkit)
+  set_property(GLOBAL APPEND PROPERTY VEK_INSTALLED vek_toolkit)
+  install(DIRECTORY toolkit/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit)
+endif()

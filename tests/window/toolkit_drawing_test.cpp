@@ -1,0 +1,173 @@
+#include <afxext.h>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+class Canvas : public CDC
+{
+public:
+    Canvas()
+    {
+        CreateCompatibleDC(nullptr);
+        HDC screen = ::GetDC(nullptr);
+        bitmap.Attach(::CreateCompatibleBitmap(screen, 40, 30));
+        ::ReleaseDC(nullptr, screen);
+        before = SelectObject(&bitmap);
+        PatBlt(0, 0, 40, 30, WHITENESS);
+    }
+    ~Canvas() override { SelectObject(before); }
+
+    CBitmap bitmap;
+    CBitmap* before = nullptr;
+};
+
+} // namespace
+
+TEST(ToolkitDrawing, KnowsClassesAtRunTime)
+{
+    CPen pen;
+    EXPECT_TRUE(pen.IsKindOf(RUNTIME_CLASS(CPen)));
+    EXPECT_TRUE(pen.IsKindOf(RUNTIME_CLASS(CObject)));
+    EXPECT_FALSE(pen.IsKindOf(RUNTIME_CLASS(CBrush)));
+    EXPECT_STREQ(pen.GetRuntimeClass()->m_lpszClassName, "CPen");
+    const std::unique_ptr<CObject> made(RUNTIME_CLASS(CBrush)->CreateObject());
+    EXPECT_NE(DYNAMIC_DOWNCAST(CBrush, made.get()), nullptr);
+    EXPECT_EQ(DYNAMIC_DOWNCAST(CPen, made.get()), nullptr);
+    EXPECT_EQ(RUNTIME_CLASS(CMetaFileDC)->CreateObject(), nullptr);
+}
+
+TEST(ToolkitDrawing, FindsTheOwnerOfAHandle)
+{
+    CPen pen(PS_SOLID, 1, RGB(1, 2, 3));
+    const HPEN handle = pen;
+    EXPECT_EQ(CPen::FromHandle(handle), &pen);
+    EXPECT_EQ(pen.Detach(), handle);
+    CPen* temporary = CPen::FromHandle(handle);
+    EXPECT_NE(temporary, &pen);
+    EXPECT_TRUE(temporary->IsKindOf(RUNTIME_CLASS(CPen)));
+    EXPECT_EQ(CPen::FromHandle(handle), temporary);
+    CGdiObject::DeleteTempMap();
+    EXPECT_EQ(::GetObjectType(handle), DWORD(OBJ_PEN)) << "a temporary object owns nothing";
+    {
+        CPen owner;
+        owner.Attach(handle);
+        EXPECT_EQ(CPen::FromHandle(handle), &owner);
+    }
+    EXPECT_EQ(::GetObjectType(handle), 0u) << "an owner deletes";
+    EXPECT_EQ(CPen::FromHandle(nullptr), nullptr);
+}
+
+TEST(ToolkitDrawing, GivesBackWhatWasSelected)
+{
+    Canvas dc;
+    EXPECT_EQ(dc.GetCurrentBitmap(), &dc.bitmap);
+    CPen red(PS_SOLID, 1, RGB(255, 0, 0)), green(PS_SOLID, 1, RGB(0, 255, 0));
+    CPen* first = dc.SelectObject(&red);
+    EXPECT_EQ(dc.SelectObject(&green), &red);
+    EXPECT_EQ(dc.SelectStockObject(NULL_PEN), &green);
+    EXPECT_EQ(static_cast<HPEN>(*dc.SelectObject(first)), ::GetStockObject(NULL_PEN));
+    EXPECT_EQ(dc.SelectObject(static_cast<CPen*>(nullptr)), nullptr);
+    EXPECT_EQ(dc.SetBkColor(RGB(9, 9, 9)), RGB(255, 255, 255));
+    EXPECT_EQ(dc.GetBkColor(), RGB(9, 9, 9));
+    EXPECT_EQ(dc.MoveTo(3, 4), CPoint(0, 0));
+    EXPECT_EQ(dc.MoveTo(5, 6), CPoint(3, 4));
+}
+
+TEST(ToolkitDrawing, FillsAndClips)
+{
+    Canvas dc;
+    dc.FillSolidRect(2, 3, 4, 5, RGB(0, 0, 255));
+    EXPECT_EQ(dc.GetPixel(2, 3), RGB(0, 0, 255));
+    EXPECT_EQ(dc.GetPixel(5, 7), RGB(0, 0, 255));
+    EXPECT_EQ(dc.GetPixel(6, 7), RGB(255, 255, 255));
+    EXPECT_EQ(dc.GetPixel(5, 8), RGB(255, 255, 255));
+    EXPECT_EQ(dc.GetBkColor(), RGB(0, 0, 255));
+
+    CRgn all, hole;
+    all.CreateRectRgn(0, 0, 40, 30);
+    hole.CreateRectRgn(10, 10, 20, 20);
+    dc.SelectClipRgn(&all);
+    EXPECT_EQ(dc.SelectClipRgn(&hole, RGN_DIFF), COMPLEXREGION);
+    dc.FillSolidRect(0, 0, 40, 30, RGB(255, 0, 0));
+    EXPECT_EQ(dc.GetPixel(9, 9), RGB(255, 0, 0));
+    dc.SelectClipRgn(nullptr);
+    EXPECT_EQ(dc.GetPixel(10, 10), RGB(255, 255, 255));
+}
+
+TEST(ToolkitDrawing, DeletesWhatItOwns)
+{
+    HDC memory;
+    HGDIOBJ bitmap;
+    {
+        Canvas dc;
+        memory = dc;
+        bitmap = dc.bitmap.GetSafeHandle();
+        EXPECT_EQ(CDC::FromHandle(memory), &dc);
+    }
+    EXPECT_EQ(::GetObjectType(memory), 0u);
+    EXPECT_EQ(::GetObjectType(bitmap), 0u);
+}
+
+TEST(ToolkitDrawing, SettlesMetafilesInBothContexts)
+{
+    Canvas screen;
+    CMetaFileDC dc;
+    ASSERT_TRUE(dc.CreateEnhanced(nullptr, nullptr, nullptr, nullptr));
+    EXPECT_EQ(dc.m_hAttribDC, nullptr);
+    dc.SetAttribDC(screen);
+    dc.SetTextColor(RGB(1, 2, 3));
+    EXPECT_EQ(screen.GetTextColor(), RGB(1, 2, 3));
+    dc.MoveTo(1, 1);
+    dc.LineTo(30, 1);
+    EXPECT_EQ(dc.GetCurrentPosition(), CPoint(30, 1));
+    EXPECT_EQ(screen.GetPixel(10, 1), RGB(255, 255, 255)) << "drawn into the file only";
+    const HENHMETAFILE file = dc.CloseEnhanced();
+    ASSERT_NE(file, nullptr);
+    EXPECT_EQ(dc.m_hDC, nullptr);
+    ENHMETAHEADER header = {};
+    ::GetEnhMetaFileHeader(file, sizeof header, &header);
+    EXPECT_EQ(header.rclBounds.right, 30);
+    ::DeleteEnhMetaFile(file);
+}
+
+TEST(ToolkitRect, Computes)
+{
+    const CRect a(1, 2, 11, 22);
+    EXPECT_EQ(a.Size(), CSize(10, 20));
+    EXPECT_EQ(a.CenterPoint(), CPoint(6, 12));
+    EXPECT_EQ(a & CRect(5, 5, 50, 50), CRect(5, 5, 11, 22));
+    EXPECT_EQ(a | CRect(5, 5, 50, 50), CRect(1, 2, 50, 50));
+    CRect turned(11, 22, 1, 2);
+    turned.NormalizeRect();
+    EXPECT_EQ(turned, a);
+    turned.DeflateRect(1, 2);
+    EXPECT_EQ(turned, CRect(2, 4, 10, 20));
+    EXPECT_EQ(CPoint(LPARAM(MAKELPARAM(-5, 7))), CPoint(-5, 7));
+}
+
+TEST(ToolkitString, CutsFindsAndFills)
+{
+    CString text(L"  one two one ");
+    EXPECT_EQ(text.Trim(), L"one two one");
+    EXPECT_EQ(text.Find(L"one", 1), 8);
+    EXPECT_EQ(text.ReverseFind(L'o'), 8);
+    EXPECT_EQ(text.Find(L'x'), -1);
+    EXPECT_EQ(text.Mid(4, 3), L"two");
+    EXPECT_EQ(text.Right(99), text);
+    EXPECT_EQ(text.Replace(L"one", L"a"), 2);
+    EXPECT_EQ(text, L"a two a");
+    int at = 0;
+    EXPECT_EQ(text.Tokenize(L" ", at), L"a");
+    EXPECT_EQ(text.Tokenize(L" ", at), L"two");
+    EXPECT_EQ(text.Tokenize(L" ", at), L"a");
+    EXPECT_EQ(text.Tokenize(L" ", at), L"");
+    EXPECT_EQ(at, -1);
+    text.Format(L"%s has %d", L"Wide", 7);
+    EXPECT_EQ(text, L"Wide has 7");
+    wcscpy(text.GetBuffer(50), L"short");
+    text.ReleaseBuffer();
+    EXPECT_EQ(text.GetLength(), 5);
+    EXPECT_EQ(CString(L"Ab").CompareNoCase(L"aB"), 0);
+}

@@ -1,0 +1,7 @@
+/// @file
+/// Objects, texts and what belongs to a module.
+#pragma once
+
+#include <toolkit/object.h>
+#include <toolkit/state.h>
+#include <toolkit/string.h>

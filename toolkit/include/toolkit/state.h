@@ -1,0 +1,59 @@
+/// @file
+/// What belongs to a module, a program or DLL, and which module a thread works for at the moment: where resources are
+/// looked for, and whose application object is asked.
+#pragma once
+
+#include <toolkit/base.h>
+
+class CWinApp;
+
+/// One stands in each module that uses the toolkit, made at first use or with the module's application object, and
+/// goes with the module.
+class AFX_EXPORTED AFX_MODULE_STATE
+{
+public:
+    explicit AFX_MODULE_STATE(HINSTANCE instance);
+    ~AFX_MODULE_STATE();
+    AFX_MODULE_STATE(const AFX_MODULE_STATE&) = delete;
+    AFX_MODULE_STATE& operator=(const AFX_MODULE_STATE&) = delete;
+
+    CWinApp* m_pCurrentWinApp = nullptr;
+    HINSTANCE m_hCurrentInstanceHandle;
+    HINSTANCE m_hCurrentResourceHandle;
+};
+
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
+/// The state of the module that calls: being inline, the function and its object exist once in each module.
+inline AFX_MODULE_STATE* AfxGetStaticModuleState()
+{
+    static AFX_MODULE_STATE state(reinterpret_cast<HINSTANCE>(&__ImageBase));
+    return &state;
+}
+
+/// The state that the thread works with: that of the program until it is switched.
+AFX_EXPORTED AFX_MODULE_STATE* AFXAPI AfxGetModuleState();
+/// Switches the thread; the result is the state before.
+AFX_EXPORTED AFX_MODULE_STATE* AFXAPI AfxSetModuleState(AFX_MODULE_STATE* pNewState);
+
+/// Switches the thread to a state for the life of this object.
+class AFX_MAINTAIN_STATE2
+{
+public:
+    explicit AFX_MAINTAIN_STATE2(AFX_MODULE_STATE* pNewState) : m_before(AfxSetModuleState(pNewState)) {}
+    ~AFX_MAINTAIN_STATE2() { AfxSetModuleState(m_before); }
+    AFX_MAINTAIN_STATE2(const AFX_MAINTAIN_STATE2&) = delete;
+    AFX_MAINTAIN_STATE2& operator=(const AFX_MAINTAIN_STATE2&) = delete;
+
+private:
+    AFX_MODULE_STATE* m_before;
+};
+
+#define AFX_MANAGE_STATE(pModuleState) AFX_MAINTAIN_STATE2 afxModuleStateOfThisBlock(pModuleState)
+
+AFX_EXPORTED HINSTANCE AFXAPI AfxGetInstanceHandle();
+AFX_EXPORTED HINSTANCE AFXAPI AfxGetResourceHandle();
+AFX_EXPORTED void AFXAPI AfxSetResourceHandle(HINSTANCE hInstResource);
+/// The module that has a resource: the current one, else the program, else an extension module. The current one when
+/// none has.
+AFX_EXPORTED HINSTANCE AFXAPI AfxFindResourceHandle(LPCTSTR lpszResource, LPCTSTR lpszType);

@@ -1,0 +1,69 @@
+#include <toolkit/state.h>
+
+#include "thread_state.h"
+
+namespace
+{
+
+/// The program's state; a program that does not use the toolkit itself has only this one.
+AFX_MODULE_STATE* g_program = nullptr;
+
+AFX_MODULE_STATE* programState()
+{
+    static AFX_MODULE_STATE unknown(nullptr);
+    return g_program == nullptr ? &unknown : g_program;
+}
+
+bool has(HINSTANCE module, LPCTSTR name, LPCTSTR type)
+{
+    return ::FindResourceW(module, name, type) != nullptr;
+}
+
+} // namespace
+
+AFX_MODULE_STATE::AFX_MODULE_STATE(HINSTANCE instance)
+    : m_hCurrentInstanceHandle(instance == nullptr ? ::GetModuleHandleW(nullptr) : instance),
+      m_hCurrentResourceHandle(m_hCurrentInstanceHandle)
+{
+    if (instance == ::GetModuleHandleW(nullptr))
+        g_program = this;
+}
+
+AFX_MODULE_STATE::~AFX_MODULE_STATE()
+{
+    if (g_program == this)
+        g_program = nullptr;
+}
+
+AFX_MODULE_STATE* AFXAPI AfxGetModuleState()
+{
+    AFX_MODULE_STATE* state = threadState().module;
+    return state == nullptr ? programState() : state;
+}
+
+AFX_MODULE_STATE* AFXAPI AfxSetModuleState(AFX_MODULE_STATE* pNewState)
+{
+    return std::exchange(threadState().module, pNewState);
+}
+
+HINSTANCE AFXAPI AfxGetInstanceHandle()
+{
+    return AfxGetModuleState()->m_hCurrentInstanceHandle;
+}
+
+HINSTANCE AFXAPI AfxGetResourceHandle()
+{
+    return AfxGetModuleState()->m_hCurrentResourceHandle;
+}
+
+void AFXAPI AfxSetResourceHandle(HINSTANCE hInstResource)
+{
+    AfxGetModuleState()->m_hCurrentResourceHandle = hInstResource;
+}
+
+HINSTANCE AFXAPI AfxFindResourceHandle(LPCTSTR lpszResource, LPCTSTR lpszType)
+{
+    const HINSTANCE current = AfxGetResourceHandle();
+    const HINSTANCE program = programState()->m_hCurrentResourceHandle;
+    return !has(current, lpszResource, lpszType) && has(program, lpszResource, lpszType) ? program : current;
+}
