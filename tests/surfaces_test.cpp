@@ -363,6 +363,76 @@ TEST(Svg, ClipsAndHoles)
               "<rect x=\"1\" y=\"2\" width=\"8\" height=\"7\" fill=\"#ff0000\"/>\n</g>\n");
 }
 
+TEST(Svg, ArcsShareThePathOfLines)
+{
+    constexpr double kPi = 3.14159265358979323846;
+    EXPECT_EQ(
+        svgBody([](CSurface& s) {
+            line(s, 150, 0, 150, 100);
+            s.arcTo({{100, 100}, {50, 0}, {0, 50}, kPi / 2});
+            s.lineTo(0, 150);
+            s.arcTo({{0, 100}, {0, 50}, {50, 0}, -kPi}); // to the left, in two pieces
+            s.moveTo(30, 0);
+            s.arcTo({{20, 0}, {10, 0}, {0, -10}, 2 * kPi});
+        }),
+        "<path stroke=\"#000000\" d=\"M150 0L150 100A50 50 0 0 1 100 150L0 150A50 50 0 0 1 -50 100A50 50 0 0 1 0 50"
+        "M30 0A10 10 0 0 0 15 -8.66A10 10 0 0 0 15 8.66A10 10 0 0 0 30 0\"/>\n");
+}
+
+TEST(Svg, ArcsOfEllipsesTellTheirAxes)
+{
+    // Half axes (40, 30) and (-12, 16), lengths 50 and 20, told by the diameters at 30 degrees of them.
+    const double c = std::sqrt(0.75), s = 0.5;
+    const VEK::SurfaceArc arc{{0, 0}, {40 * c - 12 * s, 30 * c + 16 * s}, {-40 * s - 12 * c, -30 * s + 16 * c}, 1.0};
+    const std::string body = svgBody([&](CSurface& surface) {
+        surface.moveTo(arc.u.x, arc.u.y);
+        surface.arcTo(arc);
+        surface.lineTo(0, 0);
+    });
+    EXPECT_NE(body.find("M28.641 33.981A50 20 36.87 0 1 "), std::string::npos) << body;
+}
+
+TEST(Svg, FlatAndFarArcsAreLines)
+{
+    // 5 (sin t - cos t) is greatest at 3/4 PI, where it is 5 sqrt(2), and ends at 5 (sin 4 - cos 4).
+    EXPECT_EQ(svgBody([](CSurface& s) {
+                  s.moveTo(-5, -5);
+                  s.arcTo({{0, 0}, {-5, -5}, {5, 5}, 4.0});
+                  s.lineTo(9, 9);
+              }),
+              "<path stroke=\"#000000\" d=\"M-5 -5L7.071 7.071L-0.516 -0.516L9 9\"/>\n");
+    const std::string far = svgBody([](CSurface& s) {
+        s.moveTo(0, 0);
+        s.arcTo({{0, 1e9}, {0, -1e9}, {1e9, 0}, 1e-7}); // 100 to the right
+        s.arcTo({{kNan, 0}, {5, 0}, {0, 5}, 1.0});
+        s.lineTo(7, 7);
+        line(s, 100, 0, 100, 9);
+    });
+    EXPECT_EQ(far, "<path stroke=\"#000000\" d=\"M0 0L100 0L100 9\"/>\n");
+}
+
+TEST(Svg, PicturesAreEmbeddedAsPng)
+{
+    const VEK::CPixels pixels{2, 2, {0xFF0000FF, 0x00FF00FF, 0xFFFF0000, 0xFFFFFFFF}};
+    const std::string body = svgBody([&](CSurface& s) {
+        s.clipTo(0, 0, 32, 24);
+        line(s, 0, 0, 5, 5);
+        s.picture(1.5, 2, pixels);
+        s.picture(kNan, 2, pixels);
+        s.picture(1, 2, {});
+        line(s, 5, 5, 9, 9);
+    });
+    const std::size_t at = body.find("<image x=\"1.5\" y=\"2\" width=\"2\" height=\"2\"");
+    EXPECT_NE(at, std::string::npos);
+    EXPECT_EQ(body.find("<image", at + 1), std::string::npos);
+    EXPECT_EQ(body.substr(at - 8, 8), "L5 5\"/>\n");
+    // What a common library makes of the same four pixels without packing.
+    EXPECT_NE(body.find("\"data:image/png;base64,iVBORw0KGgoAAAANSUhEUgAAAAIAAAACCAYAAABytg0kAAAAHUlEQVR4AQESAO3/"
+                        "AP8AAP//AP8AAAAA////////S8YJ9zssvdgAAAAASUVORK5CYII=\"/>\n<path"),
+              std::string::npos)
+        << body;
+}
+
 TEST(Svg, ManyLinesNeedFewElements)
 {
     const std::string body = svgBody([](CSurface& s) {

@@ -3,6 +3,7 @@
 
 #include <vek/values/pixels.h>
 
+#include <string>
 #include <string_view>
 
 namespace VEK::png
@@ -22,5 +23,9 @@ bool readHeader(std::string_view bytes, Header& header);
 /// Decodes an image with its opacity, 0 to 255 above each colour. Checksums are not looked at.
 /// @return false when the data are damaged
 bool readPixels(std::string_view bytes, const Header& header, CPixels& pixels);
+
+/// A whole file of 8 bits a channel with opacity. The data are not packed, which any reader takes.
+/// @param pixels not empty
+std::string encode(const CPixels& pixels);
 
 } // namespace VEK::png

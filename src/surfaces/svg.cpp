@@ -1,15 +1,22 @@
 #include <vek/surfaces/svg.h>
 
+#include "surfaces/ellipse.h"
 #include "surfaces/holes.h"
+#include "surfaces/png.h"
 #include "surfaces/reach.h"
 #include "surfaces/svg_text.h"
 
 #include <algorithm>
+#include <cmath>
+#include <new>
+#include <numbers>
 
 namespace VEK
 {
 namespace
 {
+
+constexpr double kPi = std::numbers::pi;
 
 using svg::milli;
 using svg::MilliPoint;
@@ -45,16 +52,22 @@ public:
     void background(unsigned) override {} // shows in nothing that is drawn here
     void moveTo(double x, double y) override { m_at = {x, y}; }
     void lineTo(double x, double y) override;
+    bool hasArcs() const override { return true; }
+    void arcTo(const SurfaceArc& arc) override;
     void polygon(const SurfacePoint* points, int count) override;
     void rectangle(double x1, double y1, double x2, double y2) override;
     void ellipse(double x1, double y1, double x2, double y2) override;
     void pixel(double x, double y, unsigned color) override;
     void solidRect(double x, double y, double width, double height, unsigned color) override;
+    void picture(double x, double y, const CPixels& pixels) override;
     bool finish() override;
 
 private:
     /// Lines of one path element; longer ones get slow in some readers.
     static constexpr int kPathLimit = 10000;
+
+    /// Half axis of an ellipse that counts as a line.
+    static constexpr double kFlat = 0.01;
 
     struct Pen {
         bool on = true;
@@ -74,7 +87,10 @@ private:
     void bringClip(bool holesToo);
     void closePath();
     void closeGroups(int keep);
+    void bringPath(const MilliPoint& from);
     void addLine(const MilliPoint& from, const MilliPoint& to);
+    void addChords(const SurfaceArc& arc, double radius);
+    void addFlatArc(const SurfaceArc& arc, double turningPoint);
     void addStroke();
     void addFill(bool evenOdd);
     void addOutline(const SurfacePoint* points, int count);
@@ -229,7 +245,8 @@ void SvgSurface::lineTo(double x, double y)
     addLine(milliPoint(from), milliPoint(to));
 }
 
-void SvgSurface::addLine(const MilliPoint& from, const MilliPoint& to)
+/// Makes the open path end at a point.
+void SvgSurface::bringPath(const MilliPoint& from)
 {
     if (m_pathLines == kPathLimit)
         closePath();
@@ -241,10 +258,71 @@ void SvgSurface::addLine(const MilliPoint& from, const MilliPoint& to)
     }
     if (m_pathLines == 0 || from != m_pathEnd)
         m_text.addPoint('M', from);
+    ++m_pathLines;
+}
+
+void SvgSurface::addLine(const MilliPoint& from, const MilliPoint& to)
+{
+    bringPath(from);
     m_text.addPoint('L', to);
     m_pathEnd = to;
-    ++m_pathLines;
     m_text.settle();
+}
+
+void SvgSurface::arcTo(const SurfaceArc& asked)
+{
+    SurfaceArc arc = asked;
+    arc.sweep = std::clamp(arc.sweep, -2.0 * kPi, 2.0 * kPi);
+    const EllipseAxes axes = axesOf(arc);
+    const SurfacePoint end = arcPoint(arc, arc.sweep);
+    if (!reach::isFinite(end) || !std::isfinite(axes.longer)) {
+        m_at = end;
+    } else if (!reach::holds({std::abs(arc.center.x) + axes.longer, std::abs(arc.center.y) + axes.longer})) {
+        addChords(arc, axes.longer);
+    } else if (axes.shorter < kFlat) {
+        addFlatArc(arc, axes.parameter);
+    } else if (m_pen.on && !m_finished) {
+        // The file tells an arc by its ends, from which a reader gets the centre. In pieces of at most a third of a
+        // turn the rounding of the ends does not grow thereby, which it would towards half and whole turns.
+        const int pieces = std::max(static_cast<int>(std::ceil(std::abs(arc.sweep) / (2.0 / 3.0 * kPi) - 1e-9)), 1);
+        const bool clockwise = (arc.u.x * arc.v.y - arc.u.y * arc.v.x > 0.0) == (arc.sweep > 0.0);
+        MilliPoint from = milliPoint(m_at);
+        for (int i = 1; i <= pieces; ++i) {
+            bringPath(from);
+            m_text << "A" << milli(axes.longer) << " " << milli(axes.shorter) << " " << milli(axes.turn * 180.0 / kPi)
+                   << (clockwise ? " 0 1" : " 0 0");
+            from = milliPoint(arcPoint(arc, arc.sweep * i / pieces));
+            m_text.addPoint(' ', from);
+            m_pathEnd = from;
+            m_text.settle();
+        }
+    }
+    m_at = end;
+}
+
+/// As fine chords, which are cut at the reach.
+void SvgSurface::addChords(const SurfaceArc& arc, double radius)
+{
+    constexpr double kFine = 0.01, kMost = 1e5;
+    const double step = std::sqrt(8.0 * kFine / radius);
+    const int chords = static_cast<int>(std::clamp(std::ceil(std::abs(arc.sweep) / step), 1.0, kMost));
+    for (int i = 1; i <= chords; ++i) {
+        const SurfacePoint to = arcPoint(arc, arc.sweep * i / chords);
+        lineTo(to.x, to.y);
+    }
+}
+
+/// An ellipse without width: a line that turns back at its ends.
+void SvgSurface::addFlatArc(const SurfaceArc& arc, double turningPoint)
+{
+    const double direction = arc.sweep < 0.0 ? -1.0 : 1.0;
+    double next = std::fmod(turningPoint * direction, kPi);
+    for (next = next <= 0.0 ? next + kPi : next; next < std::abs(arc.sweep); next += kPi) {
+        const SurfacePoint to = arcPoint(arc, next * direction);
+        lineTo(to.x, to.y);
+    }
+    const SurfacePoint end = arcPoint(arc, arc.sweep);
+    lineTo(end.x, end.y);
 }
 
 void SvgSurface::polygon(const SurfacePoint* points, int count)
@@ -323,6 +401,25 @@ void SvgSurface::solidRect(double x, double y, double width, double height, unsi
     rectangle(x, y, x + reach::clamped(width), y + reach::clamped(height));
     m_pen = askedPen;
     m_brush = askedBrush;
+}
+
+void SvgSurface::picture(double x, double y, const CPixels& pixels)
+{
+    if (pixels.empty() || !reach::holds({x, y}) || m_finished)
+        return;
+    try {
+        const std::string file = png::encode(pixels);
+        closePath();
+        bringClip(true);
+        // Two words for whole pixels: the attribute of this version, and the style of later ones, which goes first.
+        m_text << "<image x=\"" << milli(x) << "\" y=\"" << milli(y) << "\" width=\"" << pixels.width << "\" height=\""
+               << pixels.height
+               << "\" image-rendering=\"optimizeSpeed\" style=\"image-rendering:pixelated\" "
+                  "xmlns:xlink=\"http://www.w3.org/1999/xlink\" xlink:href=\"data:image/png;base64,";
+        m_text.addBase64(file);
+        m_text << "\"/>\n";
+    } catch (const std::bad_alloc&) { // draws nothing
+    }
 }
 
 bool SvgSurface::finish()

@@ -53,6 +53,20 @@ void Text::addColor(unsigned color)
         m_buffer += "0123456789abcdef"[color >> shift & 15u];
 }
 
+void Text::addBase64(std::string_view bytes)
+{
+    static constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    const auto byte = [&](std::size_t at) {
+        return at < bytes.size() ? std::uint32_t{static_cast<unsigned char>(bytes[at])} : 0u;
+    };
+    for (std::size_t at = 0; at < bytes.size(); at += 3) {
+        const std::uint32_t group = byte(at) << 16 | byte(at + 1) << 8 | byte(at + 2);
+        for (std::size_t i = 0; i < 4; ++i)
+            m_buffer += at + i <= bytes.size() ? kDigits[group >> (18 - 6 * i) & 63] : '=';
+        settle();
+    }
+}
+
 void Text::flush()
 {
     m_good = m_good && m_sink.write(m_buffer);

@@ -44,6 +44,9 @@ public:
     /// A `COLORREF` as "#rrggbb".
     void addColor(unsigned color);
 
+    /// Bytes in base64, in blocks that are passed on as they fill.
+    void addBase64(std::string_view bytes);
+
     /// Passes full blocks on; called now and then, since appending never does.
     void settle()
     {
