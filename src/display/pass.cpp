@@ -68,6 +68,7 @@ void DrawPass::run()
         case dispPoint: drawPoint(item, i, color); break;
         case dispRegion: drawRegion(item, color); break;
         case dispText: drawText(item, color); break;
+        case dispPicture: drawPicture(item); break;
         default: break;
         }
     }

@@ -69,6 +69,7 @@ private:
     void drawSquare(double x, double y, int size, int half);
     void drawMark(unsigned mode, double x, double y, int half, unsigned color);
     void drawRegion(const CVekDisplayItem& item, unsigned color);
+    void drawPicture(const CVekDisplayItem& item);
     void drawText(const CVekDisplayItem& item, unsigned color);
 
     Chords chords(const CVekMatrix3d& m) const;

@@ -1,9 +1,10 @@
 #include "core/geometry/prepared_region.h"
-// Points, regions and texts of a draw pass.
+// Points, regions, texts and pictures of a draw pass.
 #include "display/pass.h"
 
 #include <vek/draw/hatch.h>
 #include <vek/draw/split.h>
+#include <vek/surfaces/picture.h>
 
 #include <algorithm>
 #include <cmath>
@@ -166,6 +167,27 @@ void DrawPass::drawText(const CVekDisplayItem& item, unsigned color)
         for (const CVekVertexArray& contour : region)
             drawPieces(contour, m, chords, false, color);
     }
+}
+
+/// A picture stands on the device, whatever the matrices.
+void DrawPass::drawPicture(const CVekDisplayItem& item)
+{
+    int left = 0, top = 0, right = m_width, bottom = m_height;
+    if ((item.flag & itemFullWindow) == 0 && item.vl.len() > 0) {
+        const CVekPoint3d& first = item.vl.begin()->start;
+        const CVekPoint3d& last = (item.vl.end() - 1)->end;
+        left = wholeSize(first[0]);
+        top = wholeSize(first[1]);
+        right = wholeSize(last[0]);
+        bottom = wholeSize(last[1]);
+    }
+    bool transparent = m_rules.picturesShowThrough && (item.flag & itemTransparent) != 0;
+    CPixels pixels = loadPicture(item.txt, static_cast<int>(item.pdMode), right - left, bottom - top, transparent,
+                                 m_rules.picturesOnPaper ? 0xFFFFFF : m_back);
+    if (transparent)
+        leaveOut(pixels, keyColor(pixels));
+    if (!pixels.empty())
+        m_surface.picture(left, top, pixels);
 }
 
 void DrawPass::drawPoint(const CVekDisplayItem& item, int number, unsigned color)
