@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the program vek and lets it draw each slide of the example libraries: ./demo.sh
+# Builds the program vek and lets it draw each slide of the example libraries, the sheets of line types, point styles
+# and flags, and all hatch patterns: ./demo.sh
 set -eu
 cd "$(dirname "${BASH_SOURCE[0]}")"
 # shellcheck source=cmake/house.sh
@@ -34,4 +35,15 @@ for library in examples/*.slb; do
     say draw "$library"
     draw_library "$library"
 done
+for sheet in examples/sheets/*.json; do
+    say draw "$sheet"
+    target="$out/$(basename "$sheet" .json)"
+    "$vek" draw "$sheet" -o "$target.svg"
+    "$vek" draw "$sheet" -o "$target.emf"
+    echo "$target.svg $target.emf"
+done
+say draw "all hatch patterns"
+"$vek" hatch -o "$out/patterns.svg"
+"$vek" hatch -o "$out/patterns.emf"
+echo "$out/patterns.svg $out/patterns.emf"
 say pictures "$(find "$out" -name '*.svg' -o -name '*.emf' | wc -l) files in $PWD/$out"

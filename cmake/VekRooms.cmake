@@ -113,7 +113,16 @@ function(vek_programs)
     add_executable(${name}_program ${sources})
     set_target_properties(${name}_program PROPERTIES OUTPUT_NAME ${name} RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
     target_include_directories(${name}_program PRIVATE ${CMAKE_SOURCE_DIR}/src)
-    target_link_libraries(${name}_program PRIVATE vek_json ${rooms} vek_cli11 vek_options)
+    target_link_libraries(${name}_program PRIVATE vek_json ${rooms} vek_cli11 vek_nlohmann vek_options)
     install(TARGETS ${name}_program RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   endforeach()
+endfunction()
+
+# The program draws hatches without any file beside it, so it carries the text of the example patterns.
+function(vek_program_patterns file)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+  file(READ ${file} text)
+  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/own_patterns.cpp @ONLY CONTENT
+       "#include <string_view>\n\nextern const std::string_view ownPatterns;\nconst std::string_view ownPatterns = R\"pat(@text@)pat\";\n")
+  target_sources(vek_program PRIVATE ${CMAKE_BINARY_DIR}/own_patterns.cpp)
 endfunction()

@@ -149,6 +149,74 @@ class Draw(Case):
         self.bad("font can draw", "text", " ", "-o", self.path("x.svg"))
 
 
+class Describe(Case):
+    EVERY_KIND = """{"background": "#FFFFFF", "modes": [1, 2], "pointStyle": 2, "pointSize": 5, "items": [
+      {"polyline": [[0, 0], [40, 0, 1], [40, 20]], "linetype": [1, 1, 0], "scale": 0.5, "color": "#12AB34"},
+      {"polyline": [[0, 0, 0, 9, 9, 0], [20, 0, 5, 9, 9, 0, 0.5]], "width": 3, "mode": 2, "hidden": true},
+      {"point": [10, 10], "style": 35, "size": -9, "color": 3},
+      {"region": [[[0, 0], [60, 0], [60, 40], [0, 40]]], "fill": 5, "outline": true, "matrix":
+        [[1, 0, 0, 100], [0, 1, 0, 0], [0, 0, 1, 0], [0, 0, 0, 1]]},
+      {"region": [[[0, 0], [60, 0], [30, 40]]], "hatch": {"name": "steel", "scale": 0.5, "angle": 30}, "color": 1},
+      {"text": "A B", "at": [0, 50], "height": 6, "turn": 90, "stack": [1, 2]},
+      {"text": "AB", "align": "MC", "screenFixed": [5, 5], "noExtents": true},
+      {"picture": "nowhere.bmp", "corners": [[1, 2], [3, 4]], "transparent": true}]}"""
+
+    def test_every_kind(self):
+        description = self.file("all.json", self.EVERY_KIND.encode())
+        text = xml.etree.ElementTree.tostring(self.svg("draw", description), encoding="unicode").lower()
+        for colour in ("#12ab34", "#00ff00", "#0000ff", "#ff0000"):
+            self.assertIn(colour, text)
+        info = self.good("info", description)
+        self.assertIn("  items    2 polylines, 1 point, 2 regions, 3 texts, 1 picture\n", info)
+        self.assertIn("to 160, ", info)
+        self.good("draw", description, "-o", self.path("all.emf"))
+
+    def test_sheets(self):
+        sheets = sorted((EXAMPLES / "sheets").glob("*.json"))
+        self.assertGreaterEqual(len(sheets), 3)
+        for sheet in sheets:
+            self.assertGreater(len(list(self.svg("draw", str(sheet)).iter())), 20)
+
+    def test_slips_are_told_with_their_place(self):
+        for text, cause in (
+            ("{", "line 1, column 2"),
+            ("[]", "no object"),
+            ('{"item": []}', 'does not know "item"'),
+            ('{"items": [{"point": [1, 2], "colour": 1}]}', 'items[0]: does not know "colour"'),
+            ('{"items": [{"color": 1}]}', "items[0]: is no polyline"),
+            ('{"items": [{"point": [1]}]}', "items[0].point: is no list of 2 to 3"),
+            ('{"items": [{"polyline": [[1, 2], [1, "x"]]}]}', "items[0].polyline[1][1]: is no number"),
+            ('{"items": [{"polyline": []}]}', "items[0].polyline: is no list"),
+            ('{"items": [{"point": [1, 2], "color": "red"}]}', "items[0].color: is no colour"),
+            ('{"items": [{"point": [1, 2], "style": 1.5}]}', "items[0].style: is no whole number"),
+            ('{"items": [{"region": [[[0, 0], [1, 1]]], "hatch": {"scale": 1}}]}', 'items[0].hatch: has no "name"'),
+            ('{"patterns": "nowhere.pat"}', "nowhere.pat: is not there"),
+        ):
+            with self.subTest(text=text):
+                self.bad(cause, "draw", self.file("slip.json", text.encode()), "-o", self.path("x.svg"))
+
+    def test_hatch(self):
+        names = self.good("list", str(EXAMPLES / "patterns" / "vek.pat")).splitlines()
+        self.assertGreaterEqual(len(names), 20)
+        lines = {}
+        for name in names:
+            path = self.svg("hatch", name.lower(), "--size", "300x300")
+            lines[name] = sum(len(element.get("d", "")) for element in path.iter())
+            self.assertGreater(lines[name], 500, name)
+        own = self.file("own.pat", b"*FEW,\n0, 0,0, 0,1\n")
+        self.assertIn("FEW", self.good("list", own))
+        self.svg("hatch", "few", "--patterns", own, "--angle", "30", "--scale", "2")
+        self.svg("hatch")
+        for cause, arguments in (
+            ("MARBLE: no such", ["MARBLE"]),
+            ("in " + own, ["STEEL", "--patterns", own]),
+            ("nowhere.pat: is not there", ["STEEL", "--patterns", self.path("nowhere.pat")]),
+            ("wrong.pat:2", ["--patterns", self.file("wrong.pat", b"*A\nx\n")]),
+            ("--scale", ["STEEL", "--scale", "0"]),
+        ):
+            self.bad(cause, "hatch", *arguments, "-o", self.path("x.svg"))
+
+
 class Tell(Case):
     def test_list(self):
         names = self.good("list", LIBRARY).splitlines()
@@ -166,7 +234,7 @@ class Tell(Case):
         self.assertIn("7  #FFFFFF", self.good("info", LIBRARY, "--slide", "pfosten"))
 
     def test_help(self):
-        for command in ([], ["draw"], ["list"], ["info"], ["text"]):
+        for command in ([], ["draw"], ["list"], ["info"], ["text"], ["hatch"]):
             self.assertIn("Usage: vek", self.good(*command, "--help"))
 
 

@@ -16,10 +16,22 @@ struct DrawOptions {
 
 void drawCommand(const DrawOptions& options);
 
-/// The names of a library's slides, one a line.
+/// The names of a library's slides, or of the patterns of a file, one a line.
 void listCommand(const std::string& input);
 
-/// Items by type, extents and colours of all slides, or of one.
+/// Items by type, extents and colours of all slides, of one, or of a description.
 void infoCommand(const std::string& input, const std::string& slide);
+
+struct HatchOptions {
+    std::string name; ///< empty for all patterns on one sheet
+    std::string output;
+    std::string patterns; ///< a pattern file; empty for the program's own
+    std::string size;
+    double angle = 0.0; ///< degrees
+    double scale = 1.0;
+    bool crossed = false;
+};
+
+void hatchCommand(const HatchOptions& options);
 
 void textCommand(const std::string& text, const std::string& output, const std::string& size);

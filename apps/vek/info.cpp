@@ -1,4 +1,5 @@
 #include "commands.h"
+#include "description.h"
 #include "failure.h"
 #include "input.h"
 
@@ -76,6 +77,11 @@ void print(const std::string& text)
 
 void listCommand(const std::string& input)
 {
+    if (ending(input) == ".pat") {
+        for (const VEK::CHatchPattern& pattern : patternsOf(input))
+            print(utf8(pattern.name) + "\n");
+        return;
+    }
     const Input library(input);
     if (!library.isLibrary())
         throw Failure(input + ": is a single slide, not a slide library (.slb)");
@@ -85,6 +91,13 @@ void listCommand(const std::string& input)
 
 void infoCommand(const std::string& input, const std::string& slideName)
 {
+    if (isDescription(input)) {
+        Patterns patterns;
+        CVekGDX gdx = paper();
+        addDescription(gdx, input, patterns);
+        print(input + "\n" + describe(gdx));
+        return;
+    }
     const Input file(input);
     const bool all = file.isLibrary() && slideName.empty();
     for (const InputSlide& slide : all ? file.slides() : std::vector<InputSlide>{file.slide(slideName)}) {

@@ -45,6 +45,16 @@ std::string utf8(const CVekString& text)
     return std::string(bytes.begin(), bytes.end());
 }
 
+std::string readWhole(const std::string& path)
+{
+    const std::filesystem::path file = VEK::platform::pathOf(VEK::platform::wideOf(path));
+    std::error_code error;
+    std::string bytes;
+    if (std::filesystem::file_size(file, error) > VEK::kSlideFileLimit || !VEK::platform::readFile(file, bytes))
+        throw Failure(path + ": " + whyUnreadable(path));
+    return bytes;
+}
+
 std::string ending(const std::string& path)
 {
     const std::size_t name = path.find_last_of("/\\") + 1;

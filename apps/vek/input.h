@@ -41,5 +41,8 @@ private:
 CVekString wide(const std::string& text);
 std::string utf8(const CVekString& text);
 
+/// The bytes of a file of at most 256 MB. Throws a failure when it cannot be read.
+std::string readWhole(const std::string& path);
+
 /// The ending of a path in small letters, with its dot.
 std::string ending(const std::string& path);

@@ -21,13 +21,15 @@ int fail(std::string text)
 
 void run(std::vector<std::string> arguments)
 {
-    CLI::App app("Draws slides and texts of facade and metal CAD.", "vek");
+    CLI::App app("Draws slides, display descriptions, hatches and texts of facade and metal CAD.", "vek");
     app.require_subcommand(1);
     app.allow_windows_style_options(false); // a path may begin with a slash in every system
 
     DrawOptions draw;
-    CLI::App* drawing = app.add_subcommand("draw", "Draw a slide, or all slides of a library on one sheet");
-    drawing->add_option("IN", draw.input, "slide (.sld) or slide library (.slb)")->required();
+    CLI::App* drawing =
+        app.add_subcommand("draw", "Draw a slide, all slides of a library on one sheet, or a display description");
+    drawing->add_option("IN", draw.input, "slide (.sld), slide library (.slb) or display description (.json)")
+        ->required();
     drawing->add_option("-o,--output", draw.output, "picture: .svg or .emf")->required();
     drawing->add_option("--slide", draw.slide, "name of a slide of the library");
     drawing->add_option("--size", draw.size, "width and height in pixels [1024x768]")->type_name("WxH");
@@ -35,15 +37,28 @@ void run(std::vector<std::string> arguments)
     drawing->callback([&] { drawCommand(draw); });
 
     std::string input;
-    CLI::App* list = app.add_subcommand("list", "List the slides of a library");
-    list->add_option("IN", input, "slide library (.slb)")->required();
+    CLI::App* list = app.add_subcommand("list", "List the slides of a library, or the patterns of a file");
+    list->add_option("IN", input, "slide library (.slb) or pattern file (.pat)")->required();
     list->callback([&] { listCommand(input); });
 
     std::string slide;
-    CLI::App* info = app.add_subcommand("info", "Tell items by type, extents and colours of slides");
-    info->add_option("IN", input, "slide (.sld) or slide library (.slb)")->required();
+    CLI::App* info = app.add_subcommand("info", "Tell items by type, extents and colours");
+    info->add_option("IN", input, "slide (.sld), slide library (.slb) or display description (.json)")->required();
     info->add_option("--slide", slide, "name of a slide of the library");
     info->callback([&] { infoCommand(input, slide); });
+
+    HatchOptions hatch;
+    CLI::App* hatching =
+        app.add_subcommand("hatch", "Draw a sample of a hatch pattern, or of all patterns on one sheet");
+    hatching->add_option("NAME", hatch.name, "the pattern, in any case; all if it is left out");
+    hatching->add_option("-o,--output", hatch.output, "picture: .svg or .emf")->required();
+    hatching->add_option("--patterns", hatch.patterns, "pattern file (.pat) to use in place of the program's own");
+    hatching->add_option("--angle", hatch.angle, "degrees that the pattern is turned by, counter-clockwise [0]");
+    hatching->add_option("--scale", hatch.scale, "factor on the pattern [1]");
+    hatching->add_flag("--crossed", hatch.crossed, "lines in both directions; for _USER and _U alone");
+    hatching->add_option("--size", hatch.size, "width and height in pixels [640x640, all: 1600x1200]")
+        ->type_name("WxH");
+    hatching->callback([&] { hatchCommand(hatch); });
 
     std::string text;
     std::string output;

@@ -5,6 +5,9 @@
 
 #include <vek/surfaces.h>
 
+#include <algorithm>
+#include <charconv>
+
 namespace
 {
 
@@ -16,7 +19,25 @@ bool isMetafile(const std::string& path)
     return ending(path) == ".emf";
 }
 
+constexpr int kSizeLimit = 32767;
+
 } // namespace
+
+Size sizeOf(const std::string& text, Size otherwise)
+{
+    if (text.empty())
+        return otherwise;
+    Size size;
+    const char* end = text.data() + text.size();
+    const auto [cross, widthError] = std::from_chars(text.data(), end, size.width);
+    if (widthError == std::errc() && cross != end && (*cross == 'x' || *cross == 'X')) {
+        const auto [last, heightError] = std::from_chars(cross + 1, end, size.height);
+        if (heightError == std::errc() && last == end && std::min(size.width, size.height) >= 1 &&
+            std::max(size.width, size.height) <= kSizeLimit)
+            return size;
+    }
+    throw Failure("--size " + text + ": not of the form 800x600, from 1x1 to 32767x32767");
+}
 
 CVekGDX paper()
 {
@@ -25,21 +46,18 @@ CVekGDX paper()
     return CVekGDX(white, CVekMatrix3d::kIdentity, 0.0, 0, CVekPoint3d::kOrigin, CVekPoint3d::kOrigin);
 }
 
-void addText(CVekGDX& gdx, const CVekString& text, const CVekPoint3d& at, double height, bool middle)
+void addText(CVekGDX& gdx, const CVekString& text, const CVekMatrix3d& place, const TextLook& look)
 {
-    // The words in em, one after the other, and then the whole of them in its place.
-    CVekGDX words = paper();
-    CVekColor black;
-    black.setColorIndex(7);
+    CVekGDX words = paper(); // one after the other, from the origin on
     double x = 0.0;
     for (int from = 0; from < text.len();) {
         int to = text.find(L' ', from);
         to = to < 0 ? text.len() : to;
         if (to > from) {
-            CVekMatrix3d place;
-            place.setToTranslation(CVekVector3d(x, 0.0, 0.0));
+            CVekMatrix3d shift;
+            shift.setToTranslation(CVekVector3d(x, 0.0, 0.0));
             const CVekString word = text.mid(static_cast<unsigned>(from), static_cast<unsigned>(to - from));
-            words.imageTxt({}, 0, word, black, place, L"", CVekPoint3d::kOrigin, CVekPoint3d::kOrigin);
+            words.imageTxt({}, 0, word, look.color, shift, L"", CVekPoint3d::kOrigin, CVekPoint3d::kOrigin);
             CVekPoint3d min, max;
             if (words.extmaxGet(min, max))
                 x = max[0] + kSpacing;
@@ -49,14 +67,11 @@ void addText(CVekGDX& gdx, const CVekString& text, const CVekPoint3d& at, double
     }
     CVekPoint3d min, max;
     words.extmaxGet(min, max);
-    CVekMatrix3d place;
-    place.setCoordSystem(at, CVekVector3d(height, 0.0, 0.0), CVekVector3d(0.0, height, 0.0),
-                         CVekVector3d(0.0, 0.0, height));
     CVekMatrix3d shift;
-    shift.setToTranslation(CVekVector3d(middle ? (min[0] + max[0]) / -2.0 : 0.0, 0.0, 0.0));
+    shift.setToTranslation(CVekVector3d(look.middle ? (min[0] + max[0]) / -2.0 : 0.0, 0.0, 0.0));
     for (int i = 0; i < words.lenGet(); ++i) {
-        gdx.imageTxt({}, 0, words.txtGet(i), black, place * shift * words.mtxGet(i), L"", CVekPoint3d::kOrigin,
-                     CVekPoint3d::kOrigin);
+        gdx.imageTxt(look.stack, look.flag, words.txtGet(i), look.color, place * shift * words.mtxGet(i), L"",
+                     CVekPoint3d::kOrigin, look.reference);
     }
 }
 

@@ -75,7 +75,7 @@
 45, 2, 0, 20, 20, 10, -30
 45, 4, 0, 20, 20, 6, -34
 
-*GLASS_SECTION, Glass in section: fine steep lines
+*GLASS-SECTION, Glass in section: fine steep lines
 60, 0, 0, 0, 1.5
 
 *CONCRETE, Concrete: slanting lines with dots between them
@@ -83,7 +83,7 @@
 45, 0, 4.9569, 5, 8, 0, -4.1, 0, -6.3
 45, 0, 6.7569, 3, 8, 0, -7.3, 0, -3.9
 
-*CONCRETE_REINFORCED, Reinforced concrete: pairs of lines with dots between them
+*CONCRETE-REINFORCED, Reinforced concrete: pairs of lines with dots between them
 45, 0, 0, 0, 8
 45, 0, 1.4, 0, 8
 45, 0, 5.5, 5, 8, 0, -4.1, 0, -6.3
@@ -92,7 +92,7 @@
 0, 0, 0, 0, 7.5
 90, 0, 0, 7.5, 12.5, 7.5, -7.5
 
-*BRICK_SECTION, Brickwork in section: slanting lines
+*BRICK-SECTION, Brickwork in section: slanting lines
 45, 0, 0, 0, 6
 
 *PLASTER, Plaster and mortar: scattered dots
@@ -177,7 +177,7 @@
 0, 2, 6.6, 0, 10, 30, -2
 0, 0, 8.2, 0, 10, 8, -1, 16, -1
 
-*TIMBER_SECTION, Timber in section: close lines of uneven distance
+*TIMBER-SECTION, Timber in section: close lines of uneven distance
 45, 0, 0, 0, 6
 45, 0, 1.6, 0, 6
 45, 0, 4.4, 0, 6

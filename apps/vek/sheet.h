@@ -1,0 +1,23 @@
+/// @file
+/// Many small pictures on one sheet.
+#pragma once
+
+#include "picture.h"
+
+/// Squares in rows with a name beneath each, in the shape of the picture.
+class Sheet
+{
+public:
+    static constexpr double kCell = 1000.0; ///< side of a square
+
+    /// @param count of squares, at least 1
+    Sheet(int count, Size size);
+
+    /// Adds the name of the next square.
+    /// @return the lower left corner of the square
+    CVekPoint3d next(CVekGDX& gdx, const CVekString& name);
+
+private:
+    int m_columns;
+    int m_next = 0;
+};
