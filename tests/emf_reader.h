@@ -1,6 +1,7 @@
 // Reads an enhanced metafile back by the published layout alone: judges its structure and tells what it draws.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -132,6 +133,35 @@ private:
         return text.str();
     }
 
+    /// Place, size and pixels of a copied bitmap of 24 bits, from the top.
+    std::string picture(const Record& record, std::size_t index)
+    {
+        const auto w = [&](std::size_t k) { return k < record.words.size() ? record.words[k] : 0; };
+        const std::int32_t x = w(4), y = w(5), width = w(6), height = w(7);
+        const std::array<std::int32_t, 4> box = {x, y, x + width - 1, y + height - 1};
+        const std::size_t row = (static_cast<std::size_t>(width) * 3 + 3) / 4;
+        if (!std::equal(box.begin(), box.end(), record.words.begin()) || w(8) != 0xCC0020 || w(19) != 100 ||
+            w(20) != 40 || w(21) != 140 ||
+            static_cast<std::size_t>(w(22)) != row * 4 * static_cast<std::size_t>(height) ||
+            record.words.size() * 4 != 132 + static_cast<std::size_t>(w(22)) || w(23) != 40 || w(24) != width ||
+            w(25) != height || w(26) != (24 << 16 | 1) || w(27) != 0)
+            return fail("picture", index), "";
+        std::ostringstream text;
+        text << x << ',' << y << ' ' << width << 'x' << height;
+        for (std::int32_t i = height - 1; i >= 0; --i) {
+            for (std::int32_t k = 0; k < width; ++k) {
+                std::int32_t value = 0; // red lowest
+                for (std::size_t channel = 0; channel < 3; ++channel) {
+                    const std::size_t at =
+                        row * 4 * static_cast<std::size_t>(i) + static_cast<std::size_t>(k) * 3 + channel;
+                    value = value << 8 | (w(33 + at / 4) >> at % 4 * 8 & 0xFF);
+                }
+                text << ' ' << color(value);
+            }
+        }
+        return text.str();
+    }
+
     void play()
     {
         std::map<std::uint32_t, std::string> objects = {{0x80000000, "brush #ffffff"},
@@ -188,6 +218,23 @@ private:
                     fail("clip path", i);
                 now.clip += " without" + path;
                 break;
+            case 75: {
+                if (w(0) < 32 || r.words.size() * 4 != 8 + static_cast<std::size_t>(w(0)) || w(1) != 1 || w(2) != 32 ||
+                    w(3) != 1 || w(4) * 16 != w(5) || w(5) != w(0) - 32)
+                    return fail("clip region", i);
+                now.clip += " and region";
+                for (std::size_t k = 10; k < r.words.size(); k += 4) {
+                    now.clip += k == 10 ? " " : " | ";
+                    for (std::size_t j = 0; j < 4; ++j) {
+                        const bool in = j < 2 ? w(k + j) >= w(6 + j) : w(k + j) <= w(6 + j);
+                        if (!in || (j < 2 && w(k + j) >= w(k + j + 2)))
+                            fail("box of a region", i);
+                        now.clip += std::to_string(w(k + j)) + (j == 1 ? " " : j == 3 ? "" : ",");
+                    }
+                }
+                break;
+            }
+            case 76: out << "picture " << picture(r, i) << ": clip " << now.clip << '\n'; break;
             case 33: saved.push_back(now); break;
             case 34:
                 if (w(0) != -1 || saved.empty())

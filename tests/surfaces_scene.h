@@ -5,6 +5,20 @@
 
 #include <iterator>
 
+/// A ring on white, whose white is left out on wish.
+inline VEK::CPixels ringPicture(bool transparent)
+{
+    VEK::CPixels pixels{60, 40, {}};
+    for (int y = 0; y < pixels.height; ++y) {
+        for (int x = 0; x < pixels.width; ++x) {
+            const int away = (2 * x - 59) * (2 * x - 59) + 2 * (2 * y - 39) * (2 * y - 39);
+            const bool ink = away < 3000 && away > 800;
+            pixels.data.push_back(ink ? 0xFF8000C0 : transparent ? 0x00FFFFFF : 0xFFFFFFFF);
+        }
+    }
+    return pixels;
+}
+
 /// @param ellipses some players make them a pixel too small
 inline void drawScene(VEK::CSurface& surface, bool ellipses)
 {
@@ -55,6 +69,12 @@ inline void drawScene(VEK::CSurface& surface, bool ellipses)
     surface.pen(1, kGreen); // the dot of a line pattern
     surface.moveTo(240, 170);
     surface.lineTo(241, 170);
+    surface.picture(250, 190, ringPicture(false));
+    surface.solidRect(180, 195, 40, 20, kGreen);
+    surface.picture(170.6, 190.6, ringPicture(true));
+    surface.clipOut(bar, 4);
+    surface.picture(120, 70, ringPicture(true)); // with the bar left out
+    surface.clipRestore();
     for (int i = 0; i < 10; ++i) {
         surface.moveTo(20 + 4 * i, 200);
         surface.lineTo(60 + 4 * i, 230);

@@ -301,6 +301,30 @@ TEST(Emf, PolygonsLargerThanTheBuffer)
     EXPECT_EQ(file.records[file.records.size() - 2].words.size(), 5u + 2 * circle.size());
 }
 
+TEST(Emf, PicturesAndTheirClip)
+{
+    constexpr unsigned kRed = 0xFF0000FF, kGreen = 0xFF00FF00, kNone = 0x00FFFFFF;
+    const VEK::CPixels whole{3, 2, {kRed, kGreen, kRed, kGreen, kGreen, 0xFFFF0102}};
+    const VEK::CPixels parts{3, 4, {kRed, kNone, kRed, kRed, kNone, kRed, kNone, kNone, kNone, kNone, kRed, kRed}};
+    const EmfFile file = emf([&](CSurface& s) {
+        line(s, 0, 0, 5, 5);
+        s.picture(10.9, -4.9, whole);
+        s.clipTo(0, 0, 100, 100);
+        s.picture(20, 30, parts);
+        s.picture(90, 98, whole);
+        s.picture(0, 0, {1, 1, {kNone}});
+        s.picture(kNan, 0, whole);
+        s.picture(0, 0, {});
+    });
+    EXPECT_EQ(file.drawing,
+              "line 0,0 5,5" + kPlain +
+                  "picture 10,-4 3x2 #ff0000 #00ff00 #ff0000 #00ff00 #00ff00 #0201ff: clip all\n"
+                  "picture 20,30 3x4 #ff0000 #ffffff #ff0000 #ff0000 #ffffff #ff0000 #ffffff #ffffff #ffffff #ffffff "
+                  "#ff0000 #ff0000: clip 0,0 100,100 and region 20,30 21,32 | 22,30 23,32 | 21,33 23,34\n"
+                  "picture 90,98 3x2 #ff0000 #00ff00 #ff0000 #00ff00 #00ff00 #0201ff: clip 0,0 100,100\n");
+    EXPECT_EQ(file.bounds, (Quad{0, -4, 92, 99}));
+}
+
 TEST(Emf, ManyColoursNeedFewHandles)
 {
     const EmfFile file = emf([](CSurface& s) {

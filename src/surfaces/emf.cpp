@@ -46,6 +46,7 @@ public:
     void ellipse(double x1, double y1, double x2, double y2) override { addBox(emf::kEllipse, x1, y1, x2, y2); }
     void pixel(double x, double y, unsigned color) override;
     void solidRect(double x, double y, double width, double height, unsigned color) override;
+    void picture(double x, double y, const CPixels& pixels) override;
     bool finish() override;
 
 private:
@@ -427,6 +428,34 @@ void EmfSurface::solidRect(double x, double y, double width, double height, unsi
     addBox(emf::kRectangle, left, top, left + std::trunc(reach::clamped(width)),
            top + std::trunc(reach::clamped(height)));
     m_colors = asked;
+}
+
+/// Pixels without opacity are cut from the clip: readers that know no clip regions show them in the colour that the
+/// picture has there, mostly the paper's, where the usual pair of masked copies would turn them black.
+void EmfSurface::picture(double x, double y, const CPixels& pixels)
+{
+    flushRun();
+    if (pixels.empty() || !reach::holds({x, y}) || m_finished)
+        return;
+    const Point at = whole({x, y});
+    const bool opaque =
+        std::all_of(pixels.data.begin(), pixels.data.end(), [](std::uint32_t pixel) { return pixel >> 24 != 0; });
+    std::vector<Box> region;
+    if (!opaque) {
+        region = emf::opaqueRegion(pixels);
+        if (region.empty())
+            return;
+    }
+    bringClip(true);
+    cover({at.x, at.y, at.x + pixels.width - 1, at.y + pixels.height - 1}, false);
+    if (opaque) {
+        m_records.addPicture(pixels, at);
+        return;
+    }
+    m_records.add(emf::kSaveDc);
+    m_records.addRegion(region, at);
+    m_records.addPicture(pixels, at);
+    m_records.add(emf::kRestoreDc, -1);
 }
 
 void EmfSurface::polyline(const SurfacePoint* points, int count)

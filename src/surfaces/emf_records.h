@@ -69,6 +69,8 @@ enum Type : std::uint32_t {
     kBeginPath = 59,
     kEndPath = 60,
     kSelectClipPath = 67,
+    kExtSelectClipRgn = 75,
+    kBitBlt = 76,
     kPolygon16 = 86,
     kPolyline16 = 87,
     kPolyPolygon16 = 91
@@ -78,6 +80,9 @@ inline constexpr std::uint32_t kNullBrush = 0x80000005;
 inline constexpr std::uint32_t kNullPen = 0x80000008;
 inline constexpr std::uint32_t kBlackPen = 0x80000007;
 inline constexpr std::uint32_t kWhiteBrush = 0x80000000;
+
+/// The pixels with opacity as boxes in bands from the top, right and bottom edges outside.
+std::vector<Box> opaqueRegion(const CPixels& pixels);
 
 /// Packs records into a buffer and passes it on in blocks.
 class Records
@@ -102,6 +107,12 @@ public:
 
     /// Several polygons that make one figure.
     void addPolyPolygon(std::span<const Point> points, std::span<const int> counts);
+
+    /// Confines the clip to the boxes of a region, moved.
+    void addRegion(std::span<const Box> region, const Point& offset);
+
+    /// Copies a picture whole, whatever its opacity.
+    void addPicture(const CPixels& pixels, const Point& at);
 
     /// Writes what is left, then the header over its place.
     /// @param bounds of all that is drawn
@@ -132,6 +143,14 @@ private:
     {
         ++m_count;
         return put32(put32(room(size), type), static_cast<std::uint32_t>(size));
+    }
+
+    /// A record whose beginning is filled at once and its rest through `room`, so that it need not fit the buffer.
+    unsigned char* beginLong(Type type, std::uint32_t beginning, std::uint64_t rest)
+    {
+        ++m_count;
+        m_good = m_good && rest <= UINT32_MAX - beginning;
+        return put32(put32(room(beginning), type), static_cast<std::uint32_t>(beginning + rest));
     }
 
     /// Place for so many bytes, which count as written.

@@ -110,7 +110,16 @@ int main(int count, char** arguments)
         };
     };
     const auto scene = [](VEK::CSurface& surface) { drawScene(surface); };
-    const bool good = write(folder + "/scene.emf", emf, scene) && write(folder + "/scene.svg", svg, scene) &&
+    const auto pictures = [](VEK::CSurface& surface) {
+        surface.clipTo(0, 0, kWidth, kHeight);
+        surface.picture(20, 30, ringPicture(false));
+        surface.picture(120, 30, ringPicture(true));
+        surface.moveTo(20, 100);
+        surface.lineTo(300, 110);
+    };
+    const bool good = write(folder + "/pictures.emf", emf, pictures) &&
+                      write(folder + "/pictures.svg", svg, pictures) && write(folder + "/scene.emf", emf, scene) &&
+                      write(folder + "/scene.svg", svg, scene) &&
                       write(folder + "/paper.emf", emf, draw(VEK::paperRules)) &&
                       write(folder + "/paper.svg", svg, draw(VEK::paperRules)) &&
                       write(folder + "/areas.emf", emf, draw(VEK::scalableRules)) &&

@@ -108,6 +108,15 @@ public:
         FillRect(m_dc, &rect, fill);
         DeleteObject(fill);
     }
+    void picture(double x, double y, const VEK::CPixels& pixels) override
+    {
+        for (int i = 0; i < pixels.height; ++i) {
+            for (int k = 0; k < pixels.width; ++k) {
+                if (pixels.at(k, i) >> 24 != 0)
+                    SetPixelV(m_dc, int(x) + k, int(y) + i, pixels.at(k, i) & 0xFFFFFF);
+            }
+        }
+    }
 
 private:
     static std::vector<POINT> whole(const VEK::SurfacePoint* points, int count)
@@ -128,6 +137,14 @@ int CALLBACK playRecord(HDC dc, HANDLETABLE* table, const ENHMETARECORD* record,
 {
     if (record->iType == EMR_HEADER)
         ModifyWorldTransform(dc, nullptr, MWT_IDENTITY);
+    if (record->iType == EMR_EXTSELECTCLIPRGN) { // the player fits regions by itself
+        const auto* clip = reinterpret_cast<const EMREXTSELECTCLIPRGN*>(record);
+        const auto* data = reinterpret_cast<const RGNDATA*>(clip->RgnData);
+        const HRGN region = ExtCreateRegion(nullptr, clip->cbRgnData, data);
+        const int kind = ExtSelectClipRgn(dc, region, static_cast<int>(clip->iMode));
+        DeleteObject(region);
+        return kind != ERROR;
+    }
     return PlayEnhMetaFileRecord(dc, table, record, static_cast<UINT>(handles));
 }
 
