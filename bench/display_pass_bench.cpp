@@ -29,6 +29,7 @@ public:
     void ellipse(double, double, double, double) override {}
     void pixel(double, double, unsigned) override {}
     void solidRect(double, double, double, double, unsigned) override {}
+    void picture(double, double, const VEK::CPixels&) override {}
 };
 
 CVekGDX blank()

@@ -92,8 +92,8 @@ public:
     virtual void solidRect(double x, double y, double width, double height, unsigned color) = 0;
 
     /// A picture with its top left corner at (x, y), each of its pixels one device unit square. Pixels without opacity
-    /// leave what is there. A surface that cannot do it draws nothing.
-    virtual void picture(double /*x*/, double /*y*/, const CPixels& /*pixels*/) {}
+    /// leave what is there.
+    virtual void picture(double x, double y, const CPixels& pixels) = 0;
 };
 
 } // namespace VEK
