@@ -1,4 +1,6 @@
 // Hatches by lines and by contour segments, the density test, and arcs and dashes by vertex.
+#include "draw/hatch_rows.h"
+
 #include <vek/draw.h>
 #include <vek/host.h>
 
@@ -121,20 +123,48 @@ void BM_patternTest(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-/// The clipping of a 2,000-gon with a square hole by 1,000 lines at 45 degrees, and beside it the bare loop: crossings
-/// by line, sorted, taken in pairs.
-void BM_evenOdd(benchmark::State& state)
+// The clipping of a 2,000-gon with a square hole by 1,000 lines at 45 degrees: as the hatch does it, then the bare loop
+// (crossings by line, sorted, taken in pairs), the list of polylines alone that the hatch must hand back, and the whole
+// call.
+
+constexpr int kEvenOddRows = 1000;
+constexpr double kEvenOddLowest = -499.5;
+
+void addPiece(std::vector<double>& pieces, double from, double to, double y)
+{
+    const double c = std::sqrt(0.5);
+    for (const double x : {from, to}) {
+        pieces.push_back((x - y) * c);
+        pieces.push_back((x + y) * c);
+    }
+}
+
+void BM_evenOddClipping(benchmark::State& state)
 {
     const Region region = ring(2000);
-    const VEK::CHatchProp hatch(L"_U", std::numbers::pi / 4, 1.0, false);
-    measure(state, [&] { return vek_gdx_image_reg_hatch2(region, CVekMatrix3d(), hatch); });
+    std::vector<double> pieces;
+    std::int64_t count = 0;
+    for (auto _ : state) {
+        VEK::detail::HatchRows rows(region, std::numbers::pi / 4);
+        rows.lay(kEvenOddLowest, 1.0, 0, kEvenOddRows - 1);
+        pieces.clear();
+        for (int row = 0; row < kEvenOddRows; ++row) {
+            rows.cut(row, -1e4, 1e4);
+            for (const VEK::detail::HatchRows::Stretch& piece : rows.pieces())
+                addPiece(pieces, piece.from, piece.to, rows.height(row));
+        }
+        benchmark::DoNotOptimize(pieces.data());
+        count += static_cast<std::int64_t>(pieces.size()) / 4;
+    }
+    state.SetItemsProcessed(count);
+    state.counters["pieces"] = static_cast<double>(pieces.size()) / 4;
 }
 
 void BM_evenOddBare(benchmark::State& state)
 {
     const Region region = ring(2000);
-    const double step = 1.0, lowest = -500.0, c = std::sqrt(0.5);
-    std::vector<std::vector<double>> rows(1000);
+    const double step = 1.0, c = std::sqrt(0.5);
+    std::vector<std::vector<double>> rows(kEvenOddRows);
     std::vector<double> pieces;
     std::int64_t count = 0;
     for (auto _ : state) {
@@ -144,29 +174,65 @@ void BM_evenOddBare(benchmark::State& state)
             for (const CVekVertex& v : contour) {
                 const double x0 = (v.start[0] + v.start[1]) * c, y0 = (v.start[1] - v.start[0]) * c;
                 const double x1 = (v.end[0] + v.end[1]) * c, y1 = (v.end[1] - v.end[0]) * c;
-                const double low = std::ceil((std::min(y0, y1) - lowest) / step);
-                const double high = std::ceil((std::max(y0, y1) - lowest) / step);
-                for (double row = std::max(low, 0.0); row < std::min(high, 1000.0); row += 1.0)
-                    rows[static_cast<std::size_t>(row)].push_back(x0 +
-                                                                  (x1 - x0) * (lowest + row * step - y0) / (y1 - y0));
+                const double low = std::ceil((std::min(y0, y1) - kEvenOddLowest) / step);
+                const double high = std::ceil((std::max(y0, y1) - kEvenOddLowest) / step);
+                for (double row = std::max(low, 0.0); row < std::min(high, double(kEvenOddRows)); row += 1.0) {
+                    const double x = x0 + (x1 - x0) * (kEvenOddLowest + row * step - y0) / (y1 - y0);
+                    rows[static_cast<std::size_t>(row)].push_back(x);
+                }
             }
         }
         pieces.clear();
-        double y = lowest;
+        double y = kEvenOddLowest;
         for (std::vector<double>& row : rows) {
             std::sort(row.begin(), row.end());
-            for (std::size_t i = 0; i + 1 < row.size(); i += 2) {
-                for (const double x : {row[i], row[i + 1]}) {
-                    pieces.push_back((x - y) * c);
-                    pieces.push_back((x + y) * c);
-                }
-            }
+            for (std::size_t i = 0; i + 1 < row.size(); i += 2)
+                addPiece(pieces, row[i], row[i + 1], y);
             y += step;
         }
         benchmark::DoNotOptimize(pieces.data());
         count += static_cast<std::int64_t>(pieces.size()) / 4;
     }
     state.SetItemsProcessed(count);
+    state.counters["pieces"] = static_cast<double>(pieces.size()) / 4;
+}
+
+Region evenOddHatch(const Region& region)
+{
+    return vek_gdx_image_reg_hatch2(region, CVekMatrix3d(), {L"_U", std::numbers::pi / 4, 1.0, false});
+}
+
+void BM_evenOddOutput(benchmark::State& state)
+{
+    const Region done = evenOddHatch(ring(2000));
+    std::int64_t pieces = 0;
+    for (auto _ : state) {
+        Region lines;
+        for (const CVekVertexArray& line : done) {
+            CVekVertexArray& copy = lines[lines.len()];
+            copy.reserve(line.len());
+            for (const CVekVertex& vertex : line)
+                copy.append(vertex);
+            pieces += line.len();
+        }
+        benchmark::DoNotOptimize(lines.len());
+    }
+    state.SetItemsProcessed(pieces);
+}
+
+void BM_evenOddRegionCopy(benchmark::State& state)
+{
+    const Region region = ring(2000);
+    for (auto _ : state) {
+        const Region copy = region;
+        benchmark::DoNotOptimize(copy.len());
+    }
+}
+
+void BM_evenOddWhole(benchmark::State& state)
+{
+    const Region region = ring(2000);
+    measure(state, [&] { return evenOddHatch(region); });
 }
 
 CVekVertexArray chain(int count, double bulge)
@@ -207,8 +273,11 @@ BENCHMARK(BM_patternBySegments)->RangeMultiplier(10)->Range(100, 100000);
 BENCHMARK(BM_dashedByLines)->RangeMultiplier(10)->Range(100, 10000);
 BENCHMARK(BM_manyFamilies)->RangeMultiplier(10)->Range(100, 10000);
 BENCHMARK(BM_patternTest)->RangeMultiplier(10)->Range(100, 100000);
-BENCHMARK(BM_evenOdd);
 BENCHMARK(BM_evenOddBare);
+BENCHMARK(BM_evenOddClipping);
+BENCHMARK(BM_evenOddOutput);
+BENCHMARK(BM_evenOddRegionCopy);
+BENCHMARK(BM_evenOddWhole);
 BENCHMARK(BM_measure)->RangeMultiplier(10)->Range(1000, 100000);
 BENCHMARK(BM_split)->RangeMultiplier(10)->Range(1000, 100000);
 

@@ -74,10 +74,11 @@ class Collector
 public:
     explicit Collector(const CVekMatrix3d& toWorld) : m_toWorld(toWorld), m_normal(CVekVector3d::kZAxis * toWorld) {}
 
-    bool isFull() const { return m_pieces >= VEK::kHatchPieces; }
+    bool isFull() const { return m_count >= VEK::kHatchPieces || m_dashes >= VEK::kHatchPieces; }
 
-    /// Whether there is room for one more piece.
-    bool take() { return !isFull() && ++m_pieces > 0; }
+    /// Counts a dash that is looked at, since not every one leaves a piece.
+    /// @return whether another one may be
+    bool count() { return ++m_dashes < VEK::kHatchPieces; }
 
     /// Sets the angle of the lines to come.
     void turn(double angle)
@@ -88,14 +89,18 @@ public:
 
     void add(double y, const std::vector<HatchRows::Stretch>& pieces)
     {
-        if (pieces.empty())
+        const int count = std::min(static_cast<int>(pieces.size()), VEK::kHatchPieces - m_count);
+        if (count <= 0)
             return;
+        m_count += count;
         const CVekPoint3d row = (m_toWorld.translation() + m_across * y).asPoint();
         CVekVertexArray& line = m_lines[m_lines.len()];
         line.setNormal(m_normal);
-        line.reserve(static_cast<int>(pieces.size()));
-        for (const HatchRows::Stretch& piece : pieces)
+        line.reserve(count);
+        for (int i = 0; i < count; ++i) {
+            const HatchRows::Stretch& piece = pieces[static_cast<std::size_t>(i)];
             line.append(CVekVertex(row + m_along * piece.from, row + m_along * piece.to));
+        }
     }
 
     CVekArrayTempl<CVekVertexArray> lines() { return std::move(m_lines); }
@@ -105,7 +110,8 @@ private:
     CVekVector3d m_normal;
     CVekVector3d m_along;
     CVekVector3d m_across;
-    int m_pieces = 0;
+    int m_count = 0; ///< pieces
+    int m_dashes = 0;
     CVekArrayTempl<CVekVertexArray> m_lines;
 };
 
@@ -137,15 +143,12 @@ public:
     void draw(HatchRows& rows, Collector& collector);
 
 private:
-    double height(long long line) const { return m_y + static_cast<double>(line) * m_stepY; }
     double start(long long line) const { return m_x + static_cast<double>(line) * m_stepX - m_half; }
     bool findReach(double diagonal);
     void findCovered(const HatchRows& rows);
     long long lineBelow(long long from, long long tries, HatchRows& rows) const;
-    bool meets(HatchRows& rows, double y, double from) const;
-    void clip(HatchRows& rows, double y, double from, Collector& collector);
+    void clipDashes(HatchRows& rows, double from, Collector& collector);
     void clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch, Collector& collector);
-    void collect(HatchRows& rows, HatchRows::Stretch piece);
 
     const CVekArrayTempl<CVekVertexArray>& m_region;
     double m_angle;
@@ -196,6 +199,7 @@ bool Family::search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& r
         return false;
     m_lowest = static_cast<long long>(lowest);
     m_highest = static_cast<long long>(highest);
+    rows.lay(m_y, m_stepY, m_lowest, m_highest);
     findCovered(rows);
     const long long below = lineBelow(-static_cast<long long>(back), tries, rows);
     m_first = std::max(below + 1, m_lowest);
@@ -223,7 +227,7 @@ long long Family::lineBelow(long long from, long long tries, HatchRows& rows) co
         if (!m_covers) {
             rows.rewind();
             for (long long line = m_lowest; line < from; ++line) {
-                rows.cut(height(line), start(line), start(line) + 2.0 * m_half);
+                rows.cut(line, start(line), start(line) + 2.0 * m_half);
                 if (!rows.meetsOuter(start(line), start(line) + 2.0 * m_half))
                     missing = line;
             }
@@ -242,32 +246,26 @@ void Family::draw(HatchRows& rows, Collector& collector)
     collector.turn(m_turn);
     for (long long line = m_first; line <= m_last && !collector.isFull(); ++line) {
         const double from = start(line);
-        rows.cut(height(line), from, from + length);
+        rows.cut(line, from, from + length);
         if (!m_covers && !rows.meetsOuter(from + first, from + last)) {
             if (reached)
                 return;
             continue;
         }
         reached = true;
-        clip(rows, height(line), from, collector);
+        if (m_dashes.isGiven())
+            clipDashes(rows, from, collector);
+        collector.add(rows.height(line), m_dashes.isGiven() ? m_pieces : rows.pieces());
     }
 }
 
-/// Takes the cuts in pairs, from the line's end to its start.
-void Family::clip(HatchRows& rows, double y, double from, Collector& collector)
+/// Collects the dashes of a row, pair by pair from the line's end to its start.
+void Family::clipDashes(HatchRows& rows, double from, Collector& collector)
 {
-    const std::vector<double>& cuts = rows.cuts();
-    if (cuts.size() % 2 != 0)
-        return;
     m_pieces.clear();
-    for (std::size_t i = cuts.size(); i >= 2; i -= 2) {
-        const HatchRows::Stretch stretch{cuts[i - 2], cuts[i - 1]};
-        if (m_dashes.isGiven())
-            clipDashes(rows, from, stretch, collector);
-        else if (collector.take())
-            collect(rows, {stretch.to, stretch.from});
-    }
-    collector.add(y, m_pieces);
+    const std::vector<HatchRows::Stretch>& pairs = rows.pairs();
+    for (auto pair = pairs.rbegin(); pair != pairs.rend(); ++pair)
+        clipDashes(rows, from, *pair, collector);
 }
 
 /// Collects the dashes of a stretch. A dash that one of its ends parts keeps the part whose middle is inside; the part
@@ -279,37 +277,22 @@ void Family::clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch
         if (place - dash.from <= tol || dash.to - place <= tol)
             return;
         if (rows.isInside(0.5 * (dash.from + place)))
-            collect(rows, {dash.from, place});
+            rows.punch({dash.from, place}, m_pieces);
         else if (rows.isInside(0.5 * (place + dash.to)))
-            collect(rows, {place, dash.to});
+            rows.punch({place, dash.to}, m_pieces);
     };
     m_dashes.visit(stretch.from - tol - from, stretch.to + tol - from, 2.0 * m_half, [&](double start, double end) {
         const HatchRows::Stretch dash{from + start, from + end};
         const bool coversStart = dash.from <= stretch.from + tol && dash.to >= stretch.from - tol;
         const bool coversEnd = dash.from <= stretch.to + tol && dash.to >= stretch.to - tol;
         if (coversStart && coversEnd)
-            collect(rows, stretch);
+            rows.punch(stretch, m_pieces);
         else if (dash.from >= stretch.from - tol && dash.to <= stretch.to + tol)
-            collect(rows, dash);
+            rows.punch(dash, m_pieces);
         else
             split(dash, coversStart ? stretch.from : stretch.to);
-        return collector.take();
+        return collector.count();
     });
-}
-
-/// Keeps what of a piece lies inside the outer contour.
-void Family::collect(HatchRows& rows, HatchRows::Stretch piece)
-{
-    const bool isReversed = piece.from > piece.to;
-    const double from = std::min(piece.from, piece.to), to = std::max(piece.from, piece.to);
-    const std::vector<HatchRows::Stretch>& outer = rows.outer();
-    auto next = std::lower_bound(outer.begin(), outer.end(), from,
-                                 [](const HatchRows::Stretch& stretch, double x) { return stretch.to < x; });
-    for (; next != outer.end() && next->from < to; ++next) {
-        const double low = std::max(from, next->from), high = std::min(to, next->to);
-        if (high - low > rows.tolerance())
-            m_pieces.push_back(isReversed ? HatchRows::Stretch{high, low} : HatchRows::Stretch{low, high});
-    }
 }
 
 /// The lines of a pattern; none for an unknown name.

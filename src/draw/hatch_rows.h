@@ -10,8 +10,8 @@
 namespace VEK::detail
 {
 
-/// A region in a frame in which the hatch lines are level. Rows must come from below upwards; a row looks at the
-/// segments at its own height only.
+/// A region in a frame in which the hatch lines are level, cut by rows of one distance. Rows must come from below
+/// upwards; a row looks at the segments at its own height only.
 class HatchRows
 {
 public:
@@ -32,20 +32,31 @@ public:
     /// Whether the outer contour hangs together, so that every row between its lowest and highest point meets it.
     bool hangsTogether() const { return m_hangsTogether; }
 
+    /// Lays the rows: row number n lies at `height` + n * `step`, and there is none below `lowest` or above `highest`.
+    /// @param step above 0
+    void lay(double height, double step, long long lowest, long long highest);
+
+    double height(long long row) const { return m_height + static_cast<double>(row) * m_step; }
+
     /// Lets the rows begin from below again.
     void rewind();
 
-    /// Cuts the row at a height, from one x to another.
-    void cut(double y, double from, double to);
+    /// Cuts a row, from one x to another.
+    void cut(long long row, double from, double to);
 
-    /// Where the present row meets the contours, ascending. Places that coincide count once.
-    const std::vector<double>& cuts() const { return m_cuts; }
+    /// What lies between the cuts of the present row, taken in pairs from below; none where their number is odd. Cuts
+    /// that coincide count once.
+    const std::vector<Stretch>& pairs() const { return m_pairs; }
+
+    /// What of the pairs lies inside the outer contour, from the last pair to the first and each from its end to its
+    /// start.
+    const std::vector<Stretch>& pieces();
+
+    /// Appends what of a piece of the present row lies inside the outer contour.
+    void punch(Stretch piece, std::vector<Stretch>& pieces);
 
     /// Whether a stretch of the present row meets the outer contour.
     bool meetsOuter(double from, double to) const;
-
-    /// The stretches of the present row inside the outer contour.
-    const std::vector<Stretch>& outer();
 
     /// Whether a place of the present row lies in the region.
     bool isInside(double x);
@@ -57,8 +68,8 @@ private:
         plane::Vec end;
         double bulge;
         std::uint32_t contour;
-        double low;
-        double high;
+        std::uint32_t first = 0; ///< the rows that it may meet, counted from the lowest
+        std::uint32_t last = 0;
     };
 
     struct Cut {
@@ -66,10 +77,14 @@ private:
         std::uint32_t contour;
     };
 
+    bool addContour(const CVekVertexArray& contour, std::uint32_t number);
+    void activate(std::uint32_t row);
     bool cutPlainly(double y, double from, double to);
     void cutWithCare(double y, double from, double to);
+    void sortCuts();
     void takeStretches();
     void takeSpans(int contours, std::optional<plane::PreparedRegion>& prepared, std::vector<Stretch>& stretches);
+    const std::vector<Stretch>& outer();
 
     const CVekArrayTempl<CVekVertexArray>& m_region;
     double m_turn;
@@ -78,16 +93,23 @@ private:
     plane::Box m_all{};
     bool m_hangsTogether = true;
     bool m_isClosed = true; ///< all contours are
+    std::vector<Side> m_sides;
 
-    std::vector<Side> m_sides; ///< by their lowest points
+    double m_height = 0.0;
+    double m_step = 1.0;
+    long long m_lowest = 0;
+    std::vector<std::uint32_t> m_begin; ///< for each row from the lowest, where its sides begin in the order
+    std::vector<std::uint32_t> m_order; ///< the sides by the first row
     std::vector<std::uint32_t> m_active;
-    std::size_t m_next = 0;
+    std::uint32_t m_next = 0; ///< the first row whose sides are not active yet
 
     double m_y = 0.0;
-    bool m_hasOuter = false; ///< the stretches of the present row are there
+    bool m_isPlain = false; ///< the present row is
+    bool m_hasOuter = false;
     bool m_hasInside = false;
     std::vector<Cut> m_found;
-    std::vector<double> m_cuts;
+    std::vector<Stretch> m_pairs;
+    std::vector<Stretch> m_pieces;
     std::vector<Stretch> m_outer;
     std::vector<Stretch> m_inside;
     std::vector<char> m_within; ///< for each contour, while the cuts of a row are gone through
