@@ -128,7 +128,7 @@ void BM_patternTest(benchmark::State& state)
 // call.
 
 constexpr int kEvenOddRows = 1000;
-constexpr double kEvenOddLowest = -499.5;
+constexpr double kEvenOddLowest = -500.0;
 
 void addPiece(std::vector<double>& pieces, double from, double to, double y)
 {

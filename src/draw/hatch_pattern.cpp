@@ -20,6 +20,7 @@ using VEK::detail::cutToInt;
 using VEK::detail::HatchDashes;
 using VEK::detail::HatchRows;
 using VEK::plane::Box;
+using VEK::plane::Vec;
 
 constexpr double kDotLength = 0.2; // millimetres
 constexpr double kMostLines = 95.0;
@@ -52,18 +53,22 @@ Box turnedBox(const CVekVertexArray& contour, double angle)
 {
     const double cosine = std::cos(angle), sine = std::sin(angle);
     const auto turned = [=](const CVekPoint3d& p) {
-        return VEK::plane::Vec{p[0] * cosine + p[1] * sine, p[1] * cosine - p[0] * sine};
+        return Vec{p[0] * cosine + p[1] * sine, p[1] * cosine - p[0] * sine};
     };
     Box box{};
     bool first = true;
     for (const CVekVertex& vertex : contour) {
-        const double bulge = contour.normal()[2] < 0.0 ? -vertex.bulge : vertex.bulge;
-        const Box side = VEK::plane::Arc(turned(vertex.start), turned(vertex.end), bulge).box();
+        const Vec start = turned(vertex.start), end = turned(vertex.end);
         if (first)
-            box = side;
+            box = {start, start};
         first = false;
-        box.add(side.min);
-        box.add(side.max);
+        box.add(start);
+        box.add(end);
+        if (vertex.bulge != 0.0) {
+            const Box arc = VEK::plane::Arc(start, end, contour.normal()[2] < 0.0 ? -vertex.bulge : vertex.bulge).box();
+            box.add(arc.min);
+            box.add(arc.max);
+        }
     }
     return box;
 }
@@ -334,7 +339,8 @@ CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVert
         return {};
     const CVekMatrix3d toPlane = mtx.inverse();
     for (CVekVertexArray& contour : regl) {
-        contour.transformBy(toPlane);
+        if (!(toPlane == CVekMatrix3d::kIdentity))
+            contour.transformBy(toPlane);
         const CVekVector3d& normal = contour.normal();
         if (std::fabs(normal[0]) + std::fabs(normal[1]) > kLevel && VEK::plane::hasArcs(contour))
             contour = VEK::plane::inFineChords(contour, 0);

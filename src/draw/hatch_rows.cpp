@@ -1,66 +1,101 @@
 #include "draw/hatch_rows.h"
 
+#include "core/geometry/crossing.h"
+#include "core/geometry/meets.h"
 #include "core/values/intersect.h"
-
-#include <vek/values/tolerance.h>
-
-#include <algorithm>
 
 namespace VEK::detail
 {
+namespace
+{
+
+template <class Cut>
+void sort(std::vector<Cut>& cuts)
+{
+    if (cuts.size() == 2 && cuts[1].x < cuts[0].x)
+        std::swap(cuts[0], cuts[1]);
+    else if (cuts.size() > 2)
+        std::sort(cuts.begin(), cuts.end(), [](const Cut& a, const Cut& b) { return a.x < b.x; });
+}
+
+} // namespace
 
 HatchRows::HatchRows(const CVekArrayTempl<CVekVertexArray>& region, double turn)
-    : m_region(region), m_turn(turn), m_within(static_cast<std::size_t>(region.len()))
+    : m_standing(static_cast<std::size_t>(region.len()))
 {
     std::size_t count = 0;
     for (const CVekVertexArray& contour : region)
-        count += static_cast<std::size_t>(contour.len());
+        count += static_cast<std::size_t>(contour.len()) + 1;
     m_sides.reserve(count);
     std::uint32_t number = 0;
-    for (const CVekVertexArray& contour : region) {
-        const bool hangsTogether = addContour(contour, number);
-        m_isClosed = m_isClosed && hangsTogether && (contour.len() == 0 || contour.isClosed());
-        if (number == 0) {
-            m_hangsTogether = hangsTogether;
-            m_box = m_all;
-        }
-        ++number;
-    }
+    for (const CVekVertexArray& contour : region)
+        addContour(contour, number++, turn);
     m_tolerance = pointTol(std::max({-m_all.min.x, -m_all.min.y, m_all.max.x, m_all.max.y}));
 }
 
-/// @return whether the contour hangs together
-bool HatchRows::addContour(const CVekVertexArray& contour, std::uint32_t number)
+HatchRows::Side& HatchRows::addSide(plane::Vec start, plane::Vec end, std::uint32_t contour)
 {
-    const double cosine = std::cos(m_turn), sine = std::sin(m_turn);
+    Side& side = m_sides.emplace_back();
+    side.start = start;
+    side.end = end;
+    side.contour = contour;
+    return side;
+}
+
+void HatchRows::addContour(const CVekVertexArray& contour, std::uint32_t number, double turn)
+{
+    const double cosine = std::cos(turn), sine = std::sin(turn);
     const auto turned = [=](const CVekPoint3d& p) {
         return plane::Vec{p[0] * cosine + p[1] * sine, p[1] * cosine - p[0] * sine};
     };
-    const bool isTurnedOver = contour.normal()[2] < 0.0;
-    bool isChain = true; // each start is the very end before it
-    const CVekVertex* before = nullptr;
-    plane::Vec end;
+    const auto same = [](plane::Vec a, plane::Vec b) { return meets({a.x, a.y, 0.0}, {b.x, b.y, 0.0}); };
+    plane::Vec first, end; // of the chain so far
+    const CVekPoint3d* before = nullptr;
+    plane::Box box{};
     for (const CVekVertex& vertex : contour) {
-        const bool follows = before && before->end == vertex.start;
-        isChain = isChain && (follows || !before);
-        const plane::Vec start = follows ? end : turned(vertex.start);
-        end = turned(vertex.end);
-        if (m_sides.empty())
-            m_all = {start, start};
-        if (!follows)
-            m_all.add(start);
-        m_all.add(end);
-        Side side{start, end, 0.0, number};
-        if (vertex.bulge != 0.0 && plane::flatArc(vertex, contour.normal()).isArc()) {
-            side.bulge = isTurnedOver ? -vertex.bulge : vertex.bulge;
-            const plane::Box box = plane::Arc(start, end, side.bulge).box();
-            m_all.add(box.min);
-            m_all.add(box.max);
+        // Points that count as one become the same, so that both segments there judge them alike.
+        plane::Vec start = end;
+        if (!before || *before != vertex.start) {
+            const plane::Vec own = turned(vertex.start);
+            if (!before || !same(end, own))
+                start = own;
         }
-        m_sides.push_back(side);
-        before = &vertex;
+        if (&vertex == contour.begin())
+            box = {start, start};
+        box.add(start);
+        const bool isPoint = vertex.start[0] == vertex.end[0] && vertex.start[1] == vertex.end[1];
+        if (number == 0 && (before ? start != end : isPoint))
+            m_hangsTogether = false;
+        if (isPoint) { // makes a cut and bounds nothing
+            addSide(start, start, number);
+            continue;
+        }
+        if (!before)
+            first = start;
+        else if (start != end)
+            addSide(end, start, number).isBridge = true;
+        before = &vertex.end;
+        end = turned(vertex.end);
+        box.add(end);
+        Side& side = addSide(start, end, number);
+        if (vertex.bulge != 0.0) {
+            const double bulge = contour.normal()[2] < 0.0 ? -vertex.bulge : vertex.bulge;
+            const plane::Arc arc(start, end, bulge);
+            side.bulge = arc.isArc() ? bulge : 0.0;
+            box.add(arc.box().min);
+            box.add(arc.box().max);
+        }
     }
-    return isChain || contour.isContinuous();
+    if (contour.len() == 0)
+        return;
+    if (before)
+        addSide(end, first, number).isBridge = !same(end, first);
+    if (number == 0)
+        m_box = box;
+    if (m_all.max.x < m_all.min.x)
+        m_all = box;
+    m_all.add(box.min);
+    m_all.add(box.max);
 }
 
 void HatchRows::lay(double height, double step, long long lowest, long long highest)
@@ -127,33 +162,22 @@ void HatchRows::activate(std::uint32_t row)
 
 void HatchRows::cut(long long row, double from, double to)
 {
-    m_y = height(row);
-    m_hasOuter = m_hasInside = false;
+    m_hasStretches = false;
     m_found.clear();
     m_pairs.clear();
     activate(static_cast<std::uint32_t>(row - m_lowest));
-    m_isPlain = cutPlainly(m_y, from, to);
+    m_isPlain = cutPlainly(height(row), from, to);
     if (!m_isPlain)
-        cutWithCare(m_y, from, to);
-}
-
-void HatchRows::sortCuts()
-{
-    if (m_found.size() == 2 && m_found[1].x < m_found[0].x)
-        std::swap(m_found[0], m_found[1]);
-    else if (m_found.size() > 2)
-        std::sort(m_found.begin(), m_found.end(), [](const Cut& a, const Cut& b) { return a.x < b.x; });
+        cutWithCare(height(row), from, to);
 }
 
 /// The common case: straight segments, all crossed well away from their ends and from one another.
 bool HatchRows::cutPlainly(double y, double from, double to)
 {
-    if (!m_isClosed)
-        return false;
     for (const std::uint32_t number : m_active) {
         const Side& side = m_sides[number];
         const double before = y - side.start.y, behind = y - side.end.y;
-        if (side.bulge != 0.0 || std::fabs(before) <= m_tolerance || std::fabs(behind) <= m_tolerance)
+        if (side.isBridge || side.bulge != 0.0 || std::fabs(before) <= m_tolerance || std::fabs(behind) <= m_tolerance)
             return false;
         if ((before > 0.0) != (behind > 0.0))
             m_found.push_back(
@@ -161,7 +185,7 @@ bool HatchRows::cutPlainly(double y, double from, double to)
     }
     if (m_found.empty())
         return true;
-    sortCuts();
+    sort(m_found);
     if (m_found.size() % 2 != 0 || m_found.front().x < from + m_tolerance || m_found.back().x > to - m_tolerance)
         return false;
     for (std::size_t i = 1; i < m_found.size(); ++i) {
@@ -173,36 +197,11 @@ bool HatchRows::cutPlainly(double y, double from, double to)
     return true;
 }
 
-/// What lies between the cuts of a plain row: each contour is entered and left in turn.
-void HatchRows::takeStretches()
-{
-    m_outer.clear();
-    m_inside.clear();
-    int blocked = 0;
-    bool wasInside = false;
-    for (const Cut& found : m_found) {
-        char& within = m_within[found.contour];
-        within = !within;
-        if (found.contour > 0)
-            blocked += within ? 1 : -1;
-        else if (within)
-            m_outer.push_back({found.x, found.x});
-        else
-            m_outer.back().to = found.x;
-        const bool isIn = m_within[0] && blocked == 0;
-        if (isIn && !wasInside)
-            m_inside.push_back({found.x, found.x});
-        else if (!isIn && wasInside)
-            m_inside.back().to = found.x;
-        wasInside = isIn;
-    }
-    m_hasOuter = m_hasInside = true;
-}
-
 /// The row through corners, along segments and across arcs.
 void HatchRows::cutWithCare(double y, double from, double to)
 {
     m_found.clear();
+    m_events.clear();
     m_pairs.clear();
     from = std::max(from, m_all.min.x - 1.0);
     to = std::min(to, m_all.max.x + 1.0);
@@ -212,10 +211,18 @@ void HatchRows::cutWithCare(double y, double from, double to)
     for (const std::uint32_t number : m_active) {
         const Side& side = m_sides[number];
         const plane::Meetings found = meet(row, plane::Arc(side.start, side.end, side.bulge), m_tolerance);
-        for (int i = 0; i < found.count; ++i)
-            m_found.push_back({found.points[i].point.x, side.contour});
+        for (int i = 0; i < found.count; ++i) {
+            if (!side.isBridge)
+                m_found.push_back({found.points[i].point.x, side.contour});
+            if (found.along[i]) {
+                m_events.push_back({found.points[i].point.x, side.contour, 1});
+                m_events.push_back({found.points[i + 1].point.x, side.contour, -1});
+            }
+        }
+        addPasses(row, side);
     }
-    sortCuts();
+    sort(m_found);
+    sort(m_events);
     double last = -HUGE_VAL;
     bool isOdd = false;
     for (const Cut& found : m_found) {
@@ -254,10 +261,11 @@ void HatchRows::punch(Stretch piece, std::vector<Stretch>& pieces)
 {
     const bool isReversed = piece.from > piece.to;
     const double from = std::min(piece.from, piece.to), to = std::max(piece.from, piece.to);
-    const std::vector<Stretch>& inside = outer();
-    auto next = std::lower_bound(inside.begin(), inside.end(), from,
+    if (!m_hasStretches)
+        takeStretches();
+    auto next = std::lower_bound(m_outer.begin(), m_outer.end(), from,
                                  [](const Stretch& stretch, double x) { return stretch.to < x; });
-    for (; next != inside.end() && next->from < to; ++next) {
+    for (; next != m_outer.end() && next->from < to; ++next) {
         const double low = std::max(from, next->from), high = std::min(to, next->to);
         if (high - low > m_tolerance)
             pieces.push_back(isReversed ? Stretch{high, low} : Stretch{low, high});
@@ -271,40 +279,57 @@ bool HatchRows::meetsOuter(double from, double to) const
     });
 }
 
-/// The stretches of a row that is not plain, inside the first contours of the region.
-void HatchRows::takeSpans(int contours, std::optional<plane::PreparedRegion>& prepared, std::vector<Stretch>& stretches)
+void HatchRows::addPasses(const plane::Arc& row, const Side& side)
 {
-    if (!prepared) {
-        CVekMatrix3d turn;
-        turn.setToRotation(-m_turn, CVekVector3d::kZAxis, CVekPoint3d::kOrigin);
-        CVekArrayTempl<CVekVertexArray> turned;
-        for (int i = 0; i < contours; ++i)
-            turned.append(m_region[i].getTransformedCopy(turn));
-        prepared.emplace(turned);
-    }
-    const double start = m_all.min.x - 1.0, length = m_all.max.x + 1.0 - start;
-    stretches.clear();
-    for (const plane::Span& span : prepared->spans(plane::Arc({start, m_y}, {start + length, m_y}, 0.0)))
-        stretches.push_back({start + span.from * length, start + span.to * length});
+    const plane::Carrier carrier(row);
+    const double before = carrier(side.start), behind = carrier(side.end);
+    const plane::Passages found = plane::passages(carrier, side.start, side.end, side.bulge, before, behind);
+    for (int i = 0; i < found.count; ++i)
+        m_events.push_back({plane::Arc(side.start, side.end, side.bulge).at(found.t[i]).x, side.contour});
 }
 
-const std::vector<HatchRows::Stretch>& HatchRows::outer()
+/// Takes the stretches of the present row inside the outer contour, and inside the region. What is shorter than the
+/// tolerance does not count as being in or out.
+void HatchRows::takeStretches()
 {
-    if (!m_hasOuter && m_isPlain)
-        takeStretches();
-    else if (!m_hasOuter)
-        takeSpans(1, m_preparedOuter, m_outer);
-    m_hasOuter = true;
-    return m_outer;
+    m_hasStretches = true;
+    m_outer.clear();
+    m_inside.clear();
+    int blocked = 0;
+    double from = -HUGE_VAL;
+    const auto judge = [](std::vector<Stretch>& stretches, bool isIn, double place) {
+        const bool wasIn = !stretches.empty() && stretches.back().to == HUGE_VAL;
+        if (isIn && !wasIn)
+            stretches.push_back({place, HUGE_VAL});
+        else if (!isIn && wasIn)
+            stretches.back().to = place;
+    };
+    const auto piece = [&](double to) {
+        if (to - from > m_tolerance) {
+            const bool isInOuter = m_standing[0].within || m_standing[0].along > 0;
+            judge(m_outer, isInOuter, from);
+            judge(m_inside, isInOuter && blocked == 0, from);
+        }
+        from = to;
+    };
+    for (const Cut& event : m_isPlain ? m_found : m_events) {
+        piece(event.x);
+        Standing& standing = m_standing[event.contour];
+        const auto blocks = [&] { return event.contour > 0 && standing.within && standing.along == 0; };
+        blocked -= blocks();
+        if (event.step == kPass)
+            standing.within = !standing.within;
+        else
+            standing.along += event.step;
+        blocked += blocks();
+    }
+    piece(HUGE_VAL);
 }
 
 bool HatchRows::isInside(double x)
 {
-    if (!m_hasInside && m_isPlain)
+    if (!m_hasStretches)
         takeStretches();
-    else if (!m_hasInside)
-        takeSpans(m_region.len(), m_prepared, m_inside);
-    m_hasInside = true;
     const auto next = std::lower_bound(m_inside.begin(), m_inside.end(), x - m_tolerance,
                                        [](const Stretch& stretch, double place) { return stretch.to < place; });
     return next != m_inside.end() && next->from <= x + m_tolerance;

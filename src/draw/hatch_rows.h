@@ -1,10 +1,11 @@
 /// A region cut by many parallel lines, from the lowest to the highest.
 #pragma once
 
-#include "core/geometry/prepared_region.h"
+#include "core/values/arc.h"
+
+#include <vek/values/polyline.h>
 
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 namespace VEK::detail
@@ -12,6 +13,8 @@ namespace VEK::detail
 
 /// A region in a frame in which the hatch lines are level, cut by rows of one distance. Rows must come from below
 /// upwards; a row looks at the segments at its own height only.
+///
+/// A contour with gaps is closed by straight segments; they bound its inside, but make no cuts.
 class HatchRows
 {
 public:
@@ -20,7 +23,7 @@ public:
         double to;
     };
 
-    /// @param region in the hatch plane, every coordinate finite; must stay as long as this
+    /// @param region in the hatch plane, every coordinate finite
     /// @param turn angle of the lines
     HatchRows(const CVekArrayTempl<CVekVertexArray>& region, double turn);
 
@@ -68,31 +71,38 @@ private:
         plane::Vec end;
         double bulge;
         std::uint32_t contour;
+        bool isBridge;           ///< across a gap
         std::uint32_t first = 0; ///< the rows that it may meet, counted from the lowest
         std::uint32_t last = 0;
     };
 
+    static constexpr int kPass = 0;
+
+    /// What happens at a place of a row.
     struct Cut {
         double x;
         std::uint32_t contour;
+        int step = kPass; ///< or 1 and -1 where a stretch along the contour begins and ends
     };
 
-    bool addContour(const CVekVertexArray& contour, std::uint32_t number);
+    /// Where a place stands to a contour.
+    struct Standing {
+        bool within = false;
+        int along = 0; ///< number of stretches of its boundary that run here
+    };
+
+    void addContour(const CVekVertexArray& contour, std::uint32_t number, double turn);
+    Side& addSide(plane::Vec start, plane::Vec end, std::uint32_t contour);
     void activate(std::uint32_t row);
     bool cutPlainly(double y, double from, double to);
     void cutWithCare(double y, double from, double to);
-    void sortCuts();
+    void addPasses(const plane::Arc& row, const Side& side);
     void takeStretches();
-    void takeSpans(int contours, std::optional<plane::PreparedRegion>& prepared, std::vector<Stretch>& stretches);
-    const std::vector<Stretch>& outer();
 
-    const CVekArrayTempl<CVekVertexArray>& m_region;
-    double m_turn;
     double m_tolerance = 0.0;
-    plane::Box m_box{};
-    plane::Box m_all{};
+    plane::Box m_box{};                         ///< of the outer contour
+    plane::Box m_all{{0.0, 0.0}, {-1.0, -1.0}}; ///< of all contours; inside out without any
     bool m_hangsTogether = true;
-    bool m_isClosed = true; ///< all contours are
     std::vector<Side> m_sides;
 
     double m_height = 0.0;
@@ -103,18 +113,15 @@ private:
     std::vector<std::uint32_t> m_active;
     std::uint32_t m_next = 0; ///< the first row whose sides are not active yet
 
-    double m_y = 0.0;
     bool m_isPlain = false; ///< the present row is
-    bool m_hasOuter = false;
-    bool m_hasInside = false;
-    std::vector<Cut> m_found;
+    bool m_hasStretches = false;
+    std::vector<Cut> m_found;  ///< where the present row meets contours
+    std::vector<Cut> m_events; ///< unless it is plain: where it passes through them, and runs along them
     std::vector<Stretch> m_pairs;
     std::vector<Stretch> m_pieces;
     std::vector<Stretch> m_outer;
     std::vector<Stretch> m_inside;
-    std::vector<char> m_within; ///< for each contour, while the cuts of a row are gone through
-    std::optional<plane::PreparedRegion> m_preparedOuter;
-    std::optional<plane::PreparedRegion> m_prepared;
+    std::vector<Standing> m_standing; ///< one for each contour, while the stretches are taken
 };
 
 } // namespace VEK::detail
