@@ -3,7 +3,6 @@
 #include <vek/geometry.h>
 
 #include <cmath>
-#include <functional>
 #include <numbers>
 #include <random>
 
@@ -373,60 +372,6 @@ TEST(PassInput, WhatIsNotFiniteEndsQuickly)
         for (const PassRules& rules : {VEK::paperRules, VEK::screenRules, VEK::scalableRules})
             EXPECT_LT(draw(gdx, rules).calls().size(), 100000u);
     }
-}
-
-/// Every kind of item with every flag, drawn by every set of rules on every surface.
-TEST(PassConformance, KindsFlagsRulesAndSurfaces)
-{
-    using Emit = std::function<void(Gdx&, unsigned)>;
-    struct Kind {
-        const char* name;
-        bool needsFlag; ///< draws nothing without fill or outline
-        Emit emit;
-    };
-    CVekArrayTempl<CVekVertexArray> region = square(50);
-    region.append(box(10, 10, 20));
-    const Kind kinds[] = {
-        {"polyline", false, [&](Gdx& g, unsigned f) { addLine(g, region[0], kRed, kNone, f); }},
-        {"point", false,
-         [](Gdx& g, unsigned f) {
-             g.imagePt(path({}), f, {5, 5, 0}, kRed, kNone, -9.0, 3, CVekPoint3d());
-         }},
-        {"region", true, [&](Gdx& g, unsigned f) { addRegion(g, f, region); }},
-        {"text", false,
-         [](Gdx& g, unsigned f) { g.imageTxt(path({}), f, L"AO8", kRed, kNone, L"", {}, CVekPoint3d()); }},
-    };
-    int cases = 0;
-    for (const Kind& kind : kinds) {
-        for (unsigned flag = 0; flag < 256; ++flag) {
-            if ((flag & (itemHatch | itemFullWindow | itemTransparent)) != 0)
-                continue;
-            Gdx gdx = grey();
-            kind.emit(gdx, flag);
-            gdx.extMaxViewSet({0, 0, 0}, {50, 50, 0}); // for those that have no extents of their own
-            const bool shows = (flag & itemHidden) == 0 && (!kind.needsFlag || (flag & (itemFill | itemOutline)) != 0);
-            for (const PassRules& rules : {VEK::paperRules, kScreen, VEK::scalableRules}) {
-                const std::size_t opening = rules.fillsBackground ? 4 : 2;
-                EXPECT_EQ(draw(gdx, rules).calls().size() > opening, shows) << kind.name << ' ' << flag;
-                for (const bool svg : {false, true}) {
-                    VEK::CMemorySink sink, none;
-                    const auto make = [&](VEK::CByteSink& to) {
-                        return svg ? VEK::svgSurface(to, 200, 100) : VEK::emfSurface(to);
-                    };
-                    Gdx nothing = grey();
-                    const auto blank = make(none);
-                    VEK::gdxDraw(nothing, *blank, 100, 200, rules);
-                    ASSERT_TRUE(blank->finish());
-                    const auto surface = make(sink);
-                    VEK::gdxDraw(gdx, *surface, 100, 200, rules);
-                    ASSERT_TRUE(surface->finish());
-                    EXPECT_EQ(sink.bytes() != none.bytes(), shows) << kind.name << ' ' << flag << ' ' << svg;
-                    ++cases;
-                }
-            }
-        }
-    }
-    EXPECT_EQ(cases, 4 * 32 * 3 * 2);
 }
 
 } // namespace

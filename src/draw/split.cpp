@@ -1,13 +1,15 @@
+#include "core/geometry/part.h"
 #include "draw/split_arc.h"
 
 #include <vek/draw/split.h>
 #include <vek/geometry.h>
 #include <vek/values/linetype.h>
+#include <vek/values/tolerance.h>
 #include <vek/values/units.h>
 
 #include <algorithm>
 #include <cmath>
-#include <deque>
+#include <vector>
 
 namespace
 {
@@ -38,72 +40,115 @@ void appendSplit(CVekVertexArray& result, const CVekVertexArray& vl)
 /// Turns the pattern so that a segment begins and ends in the middle of a long dash. Rotation and index move together,
 /// so that a round looks two places further on: patterns are drawn as they have always been, which includes those
 /// whose long dash this search misses.
-void arrange(CVekArrayTempl<double>& dashes)
+void arrange(std::vector<double>& dashes)
 {
-    std::deque<double> ring(dashes.begin(), dashes.end());
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        if (ring[i] > kLongDash) {
-            if (i + 1 == ring.size())
-                ring.push_back(0.0); // looking behind the last entry makes one
-            if (ring[i + 1] < 0.0) {
-                ring.front() *= 0.5;
-                ring.push_back(ring.front());
-                break;
+    for (std::size_t i = 0; i < dashes.size(); ++i) {
+        if (dashes[i] > kLongDash) {
+            if (i + 1 == dashes.size())
+                dashes.push_back(0.0); // looking behind the last entry makes one
+            if (dashes[i + 1] < 0.0) {
+                dashes.front() *= 0.5;
+                dashes.push_back(dashes.front());
+                return;
             }
         }
-        ring.push_back(ring.front());
-        ring.pop_front();
+        std::rotate(dashes.begin(), dashes.begin() + 1, dashes.end());
     }
-    dashes.setLogicalLength(0);
-    for (const double dash : ring)
-        dashes.append(dash);
 }
 
-/// Gives dots their stroke and sums the pattern up.
-double patternLength(CVekArrayTempl<double>& dashes)
+/// A line pattern that is laid on segments one by one.
+class Dashes
 {
-    const double dot = VEK::acadUnitCv(kDotLength, Vek::unitMillimetre, Vek::unitCurrent);
-    double total = 0.0;
-    for (double& dash : dashes) {
-        total += dash == 0.0 ? kDotShare : std::fabs(dash);
-        if (dash == 0.0)
-            dash = dot;
+public:
+    Dashes(const CVekArrayTempl<double>& dashes, bool arranged) : m_dashes(dashes.begin(), dashes.end())
+    {
+        if (arranged)
+            arrange(m_dashes);
+        const double dot = VEK::acadUnitCv(kDotLength, Vek::unitMillimetre, Vek::unitCurrent);
+        for (double& dash : m_dashes) {
+            m_total += dash == 0.0 ? kDotShare : std::fabs(dash);
+            if (dash == 0.0)
+                dash = dot;
+            m_gaps += dash < 0.0;
+        }
     }
-    return total;
-}
 
-/// The pattern with its gaps grown so that whole patterns fill the length.
-CVekArrayTempl<double> stretched(const CVekArrayTempl<double>& dashes, double length, double total)
-{
-    CVekArrayTempl<double> result = dashes;
-    const auto gaps = std::count_if(dashes.begin(), dashes.end(), [](double dash) { return dash < 0.0; });
-    const double count = std::trunc(length / total);
-    const double more = std::fabs((length - count * total) / (static_cast<double>(gaps) * count));
-    for (double& dash : result) {
-        if (dash < 0.0)
-            dash -= more;
+    /// The pattern for a whole run.
+    CVekLineParm line() const { return line(0.0); }
+
+    /// Appends what is drawn of a segment.
+    void lay(CVekVertexArray& result, CVekVertex& vertex) const
+    {
+        const double length = vertex.bulgLen();
+        if ((m_total > 0.0 && length - m_total <= 0.0) || result.len() >= kMostPieces) {
+            result.append(vertex);
+            return;
+        }
+        const double more = m_total > 0.0 ? gapGrowth(length) : 0.0;
+        VEK::g_vx_xy(vertex);
+        if (vertex.bulge == 0.0) {
+            layStraight(result, vertex, more);
+            return;
+        }
+        CVekVertexArray arc = VEK::g_vl_expl(CVekVertexArray(vertex), VEK::vx_split_dif(vertex, kMeasuredArcChord));
+        for (const CVekVertexArray& dash : VEK::vl_measure(std::move(arc), 1.0, line(more)))
+            result += dash;
     }
-    return result;
-}
 
-void appendDashes(CVekVertexArray& result, CVekVertexArray&& run, const CVekArrayTempl<double>& dashes)
-{
-    for (const CVekVertexArray& dash : VEK::vl_measure(std::move(run), 1.0, CVekLineParm(dashes)))
-        result += dash;
-}
+private:
+    static constexpr int kMostPieces = 1000000; ///< of one polyline; what comes behind stays solid
 
-void measureSegment(CVekVertexArray& result, CVekVertex& vertex, const CVekArrayTempl<double>& dashes, double total)
-{
-    const double length = vertex.bulgLen();
-    if (total > 0.0 && length - total <= 0.0) {
-        result.append(vertex);
-        return;
+    /// By how much gaps grow so that whole patterns fill the length.
+    double gapGrowth(double length) const
+    {
+        const double count = std::trunc(length / m_total);
+        return std::fabs((length - count * m_total) / (m_gaps * count));
     }
-    CVekVertexArray piece(VEK::g_vx_xy(vertex));
-    if (vertex.bulge != 0.0)
-        piece = VEK::g_vl_expl(piece, VEK::vx_split_dif(vertex, kMeasuredArcChord));
-    appendDashes(result, std::move(piece), total > 0.0 ? stretched(dashes, length, total) : dashes);
-}
+
+    CVekLineParm line(double more) const
+    {
+        CVekArrayTempl<double> dashes;
+        dashes.reserve(static_cast<int>(m_dashes.size()));
+        for (const double dash : m_dashes)
+            dashes.append(dash < 0.0 ? dash - more : dash);
+        return CVekLineParm(dashes);
+    }
+
+    /// What `VEK::vl_measure` does with a single straight segment, without a polyline for each dash.
+    void layStraight(CVekVertexArray& result, const CVekVertex& vertex, double more) const
+    {
+        const VEK::detail::Segment segment(vertex, CVekVector3d::kZAxis);
+        const double length = segment.length();
+        double period = 0.0;
+        for (const double dash : m_dashes)
+            period += dash < 0.0 ? more - dash : dash;
+        if (!std::isfinite(period) || (period > 0.0 && !(length * double(m_dashes.size()) <= kMostPieces * period))) {
+            result.append(vertex);
+            return;
+        }
+        if (m_gaps == int(m_dashes.size()))
+            return;
+        const double tolerance = std::min(VEK::kPointTol, 1e-6 * period);
+        const double rounding = 1e-12 * length;
+        const auto parameter = [&](double station) {
+            if (!(station > rounding))
+                return 0.0;
+            return station >= length - rounding ? 1.0 : station / length;
+        };
+        for (double cycle = 0.0; cycle * period < length - tolerance; cycle += 1.0) {
+            double from = cycle * period;
+            for (const double dash : m_dashes) {
+                if (dash > 0.0 && from < length - tolerance)
+                    result.append(segment.part(parameter(from), parameter(std::min(from + dash, length))));
+                from += dash < 0.0 ? more - dash : dash;
+            }
+        }
+    }
+
+    std::vector<double> m_dashes;
+    double m_total = 0.0;
+    int m_gaps = 0;
+};
 
 } // namespace
 
@@ -125,24 +170,25 @@ CVekVertexArray vek_gdx_image_vl_split(const CVekVertexArray& vl)
     return result;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the pattern over by value
 bool vek_gdx_image_vl_measure(CVekVertexArray& vl, CVekArrayTempl<double> dashes, int mode)
 {
     if (dashes.len() < 2)
         return false;
+    const Dashes pattern(dashes, mode == 1);
     CVekArrayTempl<CVekVertexArray> runs = VEK::vl_to_vll(vl);
-    if (mode == 1)
-        arrange(dashes);
-    const double total = patternLength(dashes);
     vl.setLogicalLength(0);
     for (CVekVertexArray& run : runs) {
-        if (mode != 0) {
-            for (CVekVertex& vertex : run)
-                measureSegment(vl, vertex, dashes, total);
-        } else {
-            for (CVekVertex& vertex : run)
+        for (CVekVertex& vertex : run) {
+            if (mode != 0)
+                pattern.lay(vl, vertex);
+            else
                 VEK::g_vx_xy(vertex);
-            appendDashes(vl, std::move(run), dashes);
         }
+        if (mode != 0)
+            continue;
+        for (const CVekVertexArray& dash : VEK::vl_measure(std::move(run), 1.0, pattern.line()))
+            vl += dash;
     }
     return true;
 }
