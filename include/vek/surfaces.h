@@ -6,6 +6,7 @@
 #include <vek/surfaces/file.h>
 #include <vek/surfaces/gdi.h>
 #include <vek/surfaces/picture.h>
+#include <vek/surfaces/raster.h>
 #include <vek/surfaces/recorder.h>
 #include <vek/surfaces/surface.h>
 #include <vek/surfaces/svg.h>

@@ -1,0 +1,79 @@
+// The pixels that a raster surface draws on, and which of them the clip leaves.
+#pragma once
+
+#include <vek/values/pixels.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace VEK::raster
+{
+
+struct Point {
+    int x = 0;
+    int y = 0;
+
+    bool operator==(const Point& other) const = default;
+};
+
+/// Whole pixels, the right and the bottom side excluded.
+struct Box {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    bool empty() const { return left >= right || top >= bottom; }
+    bool holds(int x, int y) const { return x >= left && x < right && y >= top && y < bottom; }
+};
+
+Box overlap(const Box& a, const Box& b);
+Box around(const Box& a, const Box& b);
+
+/// The smallest box with a corner on each of two pixels, whatever their order.
+Box boxOf(const Point& a, const Point& b);
+
+class Canvas
+{
+public:
+    explicit Canvas(CPixels& pixels);
+
+    /// The clip rectangle within the picture; all that the other calls are asked for lies inside of it.
+    const Box& clip() const { return m_clip; }
+
+    /// Whether holes may reach into a box.
+    bool isHoled(const Box& box) const { return !overlap(m_holes, box).empty(); }
+
+    void clipTo(const Box& box);
+    void clipRestore();
+
+    /// Takes the pixels from x1 up to, and without, x2 of a row out of the clip, in whose rectangle they lie.
+    void cutOut(int y, int x1, int x2);
+
+    /// Lights the pixels from x1 up to, and without, x2 of a row, as far as they lie in the clip.
+    void span(int y, int x1, int x2, std::uint32_t color);
+
+    void pixel(int x, int y, std::uint32_t color)
+    {
+        if (m_clip.holds(x, y) && !(m_holes.holds(x, y) && isCut(indexOf(x, y))))
+            at(indexOf(x, y)) = color;
+    }
+
+    // Access without any test, by index.
+    std::ptrdiff_t stride() const { return m_stride; }
+    std::ptrdiff_t indexOf(int x, int y) const { return y * m_stride + x; }
+    std::uint32_t& at(std::ptrdiff_t index) { return m_data[index]; }
+    bool isCut(std::ptrdiff_t index) const { return m_mask[static_cast<std::size_t>(index)] != 0; }
+
+private:
+    std::uint32_t* m_data = nullptr;
+    std::ptrdiff_t m_stride = 0;
+    Box m_whole;
+    Box m_clip;
+    Box m_holes;                      ///< around all that is cut out
+    std::vector<std::uint8_t> m_mask; ///< a byte for each pixel, once there was a hole
+};
+
+} // namespace VEK::raster
