@@ -1,10 +1,11 @@
 // The display object by growing sizes: each figure is a rate in items, so that the order of growth shows.
+#include "memory.h"
+
 #include <vek/display.h>
 #include <vek/draw.h>
 
 #include <benchmark/benchmark.h>
 
-#include <cstring>
 #include <string>
 
 namespace
@@ -219,20 +220,6 @@ void lookAfterPick(benchmark::State& state)
     state.SetComplexityN(state.range(0));
 }
 BENCHMARK(lookAfterPick)->RangeMultiplier(10)->Range(1000, 1000000)->Iterations(10)->Complexity();
-
-/// The rate at which this core copies memory, to hold the others against.
-void memoryCopy(benchmark::State& state)
-{
-    const std::string from(static_cast<std::size_t>(state.range(0)), 'x');
-    std::string to = from;
-    for (auto _ : state) {
-        std::memcpy(to.data(), from.data(), from.size());
-        benchmark::DoNotOptimize(to.data());
-        benchmark::ClobberMemory();
-    }
-    state.SetBytesProcessed(state.iterations() * state.range(0));
-}
-BENCHMARK(memoryCopy)->Arg(1 << 14)->Arg(1 << 28);
 
 void growthOfTheList(benchmark::State& state)
 {

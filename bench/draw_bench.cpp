@@ -1,5 +1,6 @@
 // Hatches by lines and by contour segments, the density test, and arcs and dashes by vertex.
 #include "draw/hatch_rows.h"
+#include "memory.h"
 
 #include <vek/draw.h>
 #include <vek/host.h>
@@ -63,6 +64,7 @@ void measure(benchmark::State& state, Hatch hatch)
             pieces += line.len();
     }
     state.SetItemsProcessed(pieces);
+    state.SetComplexityN(state.range(0));
 }
 
 /// The lines lie one unit apart, so the region is made as high as there are lines.
@@ -121,6 +123,7 @@ void BM_patternTest(benchmark::State& state)
     for (auto _ : state)
         benchmark::DoNotOptimize(vek_gdx_pattern_test(region, {L"DASHED", 0, 100, false}, CVekMatrix3d()));
     state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetComplexityN(state.range(0));
 }
 
 // The clipping of a 2,000-gon with a square hole by 1,000 lines at 45 degrees: as the hatch does it, then the bare loop
@@ -231,7 +234,7 @@ void BM_evenOddRegionCopy(benchmark::State& state)
 
 void BM_evenOddWhole(benchmark::State& state)
 {
-    const Region region = ring(2000);
+    const Region region = ring(static_cast<int>(state.range(0)));
     measure(state, [&] { return evenOddHatch(region); });
 }
 
@@ -255,6 +258,7 @@ void BM_measure(benchmark::State& state)
         benchmark::DoNotOptimize(copy.len());
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetComplexityN(state.range(0));
 }
 
 void BM_split(benchmark::State& state)
@@ -263,22 +267,23 @@ void BM_split(benchmark::State& state)
     for (auto _ : state)
         benchmark::DoNotOptimize(vek_gdx_image_vl_split(vl).len());
     state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetComplexityN(state.range(0));
 }
 
-BENCHMARK(BM_plainByLines)->RangeMultiplier(10)->Range(100, 100000);
-BENCHMARK(BM_plainBySegments)->RangeMultiplier(10)->Range(100, 100000);
-BENCHMARK(BM_dots)->RangeMultiplier(10)->Range(100, 100000);
-BENCHMARK(BM_patternByLines)->RangeMultiplier(10)->Range(100, 100000);
-BENCHMARK(BM_patternBySegments)->RangeMultiplier(10)->Range(100, 100000);
-BENCHMARK(BM_dashedByLines)->RangeMultiplier(10)->Range(100, 10000);
-BENCHMARK(BM_manyFamilies)->RangeMultiplier(10)->Range(100, 10000);
-BENCHMARK(BM_patternTest)->RangeMultiplier(10)->Range(100, 100000);
+BENCHMARK(BM_plainByLines)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
+BENCHMARK(BM_plainBySegments)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
+BENCHMARK(BM_dots)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
+BENCHMARK(BM_patternByLines)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
+BENCHMARK(BM_patternBySegments)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
+BENCHMARK(BM_dashedByLines)->RangeMultiplier(10)->Range(100, 10000)->Complexity();
+BENCHMARK(BM_manyFamilies)->RangeMultiplier(10)->Range(100, 10000)->Complexity();
+BENCHMARK(BM_patternTest)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
 BENCHMARK(BM_evenOddBare);
 BENCHMARK(BM_evenOddClipping);
 BENCHMARK(BM_evenOddOutput);
 BENCHMARK(BM_evenOddRegionCopy);
-BENCHMARK(BM_evenOddWhole);
-BENCHMARK(BM_measure)->RangeMultiplier(10)->Range(1000, 100000);
-BENCHMARK(BM_split)->RangeMultiplier(10)->Range(1000, 100000);
+BENCHMARK(BM_evenOddWhole)->Arg(2000);
+BENCHMARK(BM_measure)->RangeMultiplier(10)->Range(1000, 100000)->Complexity();
+BENCHMARK(BM_split)->RangeMultiplier(10)->Range(1000, 100000)->Complexity();
 
 } // namespace

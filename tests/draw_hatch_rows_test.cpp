@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <random>
 #include <vector>
 
@@ -38,6 +40,16 @@ CVekVertexArray contour(std::mt19937& random, bool arcs, bool gaps)
     return vl;
 }
 
+/// Stretches of a row, and spans of a line from -50 to 50.
+bool agree(const std::vector<HatchRows::Stretch>& stretches, const std::vector<VEK::plane::Span>& spans)
+{
+    return std::equal(stretches.begin(), stretches.end(), spans.begin(), spans.end(),
+                      [](const HatchRows::Stretch& stretch, const VEK::plane::Span& span) {
+                          return std::fabs(stretch.from + 50.0 - 100.0 * span.from) <= kTolerance &&
+                                 std::fabs(stretch.to + 50.0 - 100.0 * span.to) <= kTolerance;
+                      });
+}
+
 TEST(HatchRows, AgreeWithTheRegionAtCornersAlongSidesAndAcrossGaps)
 {
     std::mt19937 random(11);
@@ -59,12 +71,9 @@ TEST(HatchRows, AgreeWithTheRegionAtCornersAlongSidesAndAcrossGaps)
             const double y = rows.height(row);
             std::vector<HatchRows::Stretch> stretches;
             rows.punch({-50.0, 50.0}, stretches);
-            const std::vector<VEK::plane::Span>& spans = outer.spans(Arc({-50.0, y}, {50.0, y}, 0.0));
-            ASSERT_EQ(stretches.size(), spans.size());
-            for (std::size_t i = 0; i < spans.size(); ++i) {
-                EXPECT_NEAR(stretches[i].from, -50.0 + 100.0 * spans[i].from, kTolerance);
-                EXPECT_NEAR(stretches[i].to, -50.0 + 100.0 * spans[i].to, kTolerance);
-            }
+            const Arc line({-50.0, y}, {50.0, y}, 0.0);
+            ASSERT_TRUE(agree(stretches, outer.spans(line)));
+            ASSERT_TRUE(agree(rows.inside(), whole.spans(line)));
             for (double x = -0.97; x < 10.0; x += 0.31) {
                 if (whole.onBoundary({x, y}))
                     continue;
@@ -103,6 +112,10 @@ TEST(HatchRows, FarFromTheirOriginAndFinerThanTheTolerance)
     EXPECT_EQ(count(0.125, 0.5), 16);
     EXPECT_GT(count(1e14, 0.25), 16); // heights are rounded to 1/64 there
     EXPECT_GT(count(0.0, 1e-4), 80000);
+    HatchRows rows(square, 0.0);
+    rows.lay(4.0, std::numeric_limits<double>::denorm_min(), 0, 100);
+    rows.cut(100, -1e9, 1e9);
+    EXPECT_EQ(rows.pieces().size(), 1u);
 }
 
 } // namespace

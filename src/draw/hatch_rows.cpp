@@ -111,8 +111,8 @@ void HatchRows::lay(double height, double step, long long lowest, long long high
     // A side is listed from the first row to the last one that it may meet, rounding included.
     const double base = this->height(lowest), top = this->height(highest);
     const double size = std::max({std::fabs(height), std::fabs(base), std::fabs(top)}) + m_all.max.y - m_all.min.y;
-    const double slack = (m_tolerance + 1e-15 * size) / step + 1e-9;
-    const double perStep = 1.0 / step;
+    const double slack = std::min((m_tolerance + 1e-15 * size) / step + 1e-9, 2.0 * count);
+    const double perStep = std::min(1.0 / step, 1e300); // finite, so that nothing is no number
     for (Side& side : m_sides) {
         double low = std::min(side.start.y, side.end.y), high = std::max(side.start.y, side.end.y);
         if (side.bulge != 0.0) {
@@ -326,11 +326,16 @@ void HatchRows::takeStretches()
     piece(HUGE_VAL);
 }
 
-bool HatchRows::isInside(double x)
+const std::vector<HatchRows::Stretch>& HatchRows::inside()
 {
     if (!m_hasStretches)
         takeStretches();
-    const auto next = std::lower_bound(m_inside.begin(), m_inside.end(), x - m_tolerance,
+    return m_inside;
+}
+
+bool HatchRows::isInside(double x)
+{
+    const auto next = std::lower_bound(inside().begin(), inside().end(), x - m_tolerance,
                                        [](const Stretch& stretch, double place) { return stretch.to < place; });
     return next != m_inside.end() && next->from <= x + m_tolerance;
 }

@@ -61,6 +61,9 @@ public:
     /// Whether a stretch of the present row meets the outer contour.
     bool meetsOuter(double from, double to) const;
 
+    /// The stretches of the whole present row that lie in the region, its boundary included.
+    const std::vector<Stretch>& inside();
+
     /// Whether a place of the present row lies in the region.
     bool isInside(double x);
 
