@@ -355,6 +355,13 @@ TEST(DrawHatch, ImpossibleNumbersGiveNothing)
     EXPECT_EQ(vek_gdx_image_reg_hatch(square, {}, L"", 1, nan).len(), 0);
     EXPECT_EQ(vek_gdx_image_reg_hatch({}, {}, L"", 1, 0).len(), 0);
     EXPECT_EQ(vek_gdx_image_reg_hatch(region({{}}), {}, L"DOTS", 1, 0).len(), 0);
+    for (const double far : {1e200, -1.7e308}) {
+        for (const double angle : {0.0, 0.7}) {
+            const Region huge = region({box(far, -far, 10, 10)});
+            EXPECT_EQ(vek_gdx_image_reg_hatch(huge, {}, L"", 1, angle).len(), 0);
+            EXPECT_EQ(vek_gdx_image_reg_hatch2(huge, {}, {L"_U", angle, 1, true}).len(), 0);
+        }
+    }
     for (const double bad : {nan, inf}) {
         const Region broken = region({box(0, 0, bad, 10)});
         EXPECT_EQ(vek_gdx_image_reg_hatch(broken, {}, L"", 1, 0).len(), 0);

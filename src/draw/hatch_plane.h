@@ -28,13 +28,15 @@ inline bool isFinite(const CVekMatrix3d& m)
     return sum == 0.0;
 }
 
+/// Whether every coordinate is finite, and so far from infinity that products of two are, too.
 inline bool isFinite(const CVekArrayTempl<CVekVertexArray>& region)
 {
+    constexpr double kGreat = 1e150;
     double sum = 0.0;
     for (const CVekVertexArray& contour : region) {
         for (const CVekVertex& v : contour) {
             for (int axis = 0; axis < 3; ++axis)
-                sum += (v.start[axis] + v.end[axis]) * 0.0;
+                sum += (std::fabs(v.start[axis]) + std::fabs(v.end[axis])) * kGreat * 0.0;
             sum += v.bulge * 0.0;
         }
     }

@@ -23,7 +23,7 @@ public:
         double to;
     };
 
-    /// @param region in the hatch plane, every coordinate finite
+    /// @param region in the hatch plane, with a contour at least, and `isFinite`
     /// @param turn angle of the lines
     HatchRows(const CVekArrayTempl<CVekVertexArray>& region, double turn);
 
@@ -72,9 +72,9 @@ private:
     struct Side {
         plane::Vec start;
         plane::Vec end;
-        double bulge;
-        std::uint32_t contour;
-        bool isBridge;           ///< across a gap
+        double bulge = 0.0;
+        std::uint32_t contour = 0;
+        bool isBridge = false;   ///< across a gap
         std::uint32_t first = 0; ///< the rows that it may meet, counted from the lowest
         std::uint32_t last = 0;
     };
