@@ -265,5 +265,38 @@ TEST(PassHatch, DotsOfTheGridAreDotsEvenWhereTheyTouch)
     EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), countOf(screen, "pixel"));
 }
 
+TEST(PassOutside, OnlyTheScreenLeavesOutWhatCannotShow)
+{
+    const PatternHost host;
+    const std::pair<double, bool> places[] = {{-300, false}, {-30, true}, {150, true}, {300, false}}; // of 200 pixels
+    for (const auto& [x, shows] : places) {
+        CVekMatrix3d move;
+        move.setToTranslation({x, 0, 0});
+        CVekArrayTempl<CVekVertexArray> region;
+        region.append(
+            polyline({{{0, 20, 0}, {50, 20, 0}}, {{50, 20, 0}, {50, 60, 0}, 1.0}, {{50, 60, 0}, {0, 20, 0}}}));
+        for (const unsigned flag : {0u, unsigned(itemFill), unsigned(itemHatch), unsigned(itemOutline)}) {
+            Gdx gdx = grey();
+            if (flag == 0)
+                addLine(gdx, region[0], kRed, move, 0, 9);
+            else
+                gdx.imageReg(path({}), flag, region, kRed, move, doubles({}), 1.0, 1, CVekColor(),
+                             VEK::CHatchProp(L"_USER", 0.0, 9.0, false), CVekPoint3d());
+            const auto draws = [](const std::string& text) {
+                return countOf(text, "lineTo") + countOf(text, "polygon") > 0;
+            };
+            EXPECT_TRUE(draws(calls(gdx, kPaper)));
+            EXPECT_EQ(draws(calls(gdx, kScreen)), shows) << x << ' ' << flag;
+        }
+    }
+    Gdx arc = grey(); // its chord lies outside, its bow does not
+    addRegion(arc, itemFill, [] {
+        CVekArrayTempl<CVekVertexArray> bow;
+        bow.append(polyline({{{-50, 0, 0}, {-50, 90, 0}, 3.0}, {{-50, 90, 0}, {-50, 0, 0}}}));
+        return bow;
+    }());
+    EXPECT_EQ(countOf(calls(arc, kScreen), "polygon"), 1u);
+}
+
 } // namespace
 } // namespace display_test

@@ -3,6 +3,8 @@
 #include <vek/display/view.h>
 #include <vek/values/units.h>
 
+#include <algorithm>
+
 namespace VEK
 {
 namespace
@@ -58,6 +60,7 @@ void DrawPass::run()
         const int i = number++;
         if ((item.flag & itemHidden) != 0)
             continue;
+        m_margin = std::max(item.thickn, 1) + 1.0;
         const unsigned color = penColor(item);
         switch (item.type) {
         case dispPolyline:

@@ -72,6 +72,8 @@ private:
     void drawPicture(const CVekDisplayItem& item);
     void drawText(const CVekDisplayItem& item, unsigned color);
 
+    bool isOutside(const std::vector<SurfacePoint>& points) const;
+    bool isOutside(const Region& region, const CVekMatrix3d& m);
     Chords chords(const CVekMatrix3d& m) const;
     Chords textChords(const CVekMatrix3d& m) const;
     void fill(const Region& region, const CVekMatrix3d& m, unsigned color);
@@ -105,6 +107,7 @@ private:
     const double m_shortLength;
     const bool m_trueArcs;
 
+    double m_margin = 0.0;                   ///< how far the pen of the present item draws around its points
     std::optional<CVekMatrix3d> m_screenMtx; ///< made for the first screen-fixed item
     CVekMatrix3d m_matrix;                   ///< to the device for the present item
     std::vector<SurfacePoint> m_chain;

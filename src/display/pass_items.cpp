@@ -122,11 +122,36 @@ void DrawPass::hatch(Region region, const CVekMatrix3d& m, const CHatchProp& pro
         drawPieces(piece, m, Chords{}, alwaysDots || hasDots(piece), color);
 }
 
+/// Whether no contour of a region can show, by its corners and how far its arcs may reach beyond them.
+bool DrawPass::isOutside(const Region& region, const CVekMatrix3d& m)
+{
+    if (!m_rules.skipsOutside)
+        return false;
+    const DeviceMap map(m);
+    m_chain.clear();
+    for (const CVekVertexArray& contour : region) {
+        for (const CVekVertex& vertex : contour) {
+            const SurfacePoint start = map(vertex.start);
+            m_chain.push_back(start);
+            if (vertex.bulge == 0.0)
+                continue;
+            const double reach = vertex.start.distanceTo(vertex.end) * (1.0 + std::fabs(vertex.bulge)) / deviceUnit(m);
+            m_chain.push_back({start.x - reach, start.y - reach});
+            m_chain.push_back({start.x + reach, start.y + reach});
+        }
+        if (contour.len() > 0)
+            m_chain.push_back(map((contour.end() - 1)->end));
+    }
+    const bool outside = isOutside(m_chain);
+    m_chain.clear();
+    return outside;
+}
+
 void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
 {
     bool fills = (item.flag & itemFill) != 0;
     bool hatches = (item.flag & itemHatch) != 0;
-    if ((fills || hatches) && item.reg.len() > 0) {
+    if ((fills || hatches) && item.reg.len() > 0 && !isOutside(item.reg, matrix(item, From::stored))) {
         Region split;
         if (hatches) {
             split = vek_gdx_image_reg_split(item.reg);
@@ -157,7 +182,7 @@ void DrawPass::drawText(const CVekDisplayItem& item, unsigned color)
     const Chords chords = textChords(m);
     m_surface.brush(color);
     for (const Region& region : item.regl) {
-        if (region.len() == 0)
+        if (region.len() == 0 || isOutside(region, m))
             continue;
         if (region[0].isClosed()) {
             m_surface.pen(item.thickn, color);

@@ -34,9 +34,24 @@ int Chords::count(const plane::SpaceArc& arc) const
     return tolerance == 0.0 ? detail::splitCount(arc) : arc.chords(tolerance);
 }
 
+/// Whether points, and what a pen of the present item draws around them, lie wholly on one side of the drawing area.
+bool DrawPass::isOutside(const std::vector<SurfacePoint>& points) const
+{
+    if (!m_rules.skipsOutside || points.empty())
+        return false;
+    bool left = true, right = true, above = true, below = true;
+    for (const SurfacePoint& p : points) {
+        left = left && p.x < -m_margin;
+        right = right && p.x > m_width + m_margin;
+        above = above && p.y < -m_margin;
+        below = below && p.y > m_height + m_margin;
+    }
+    return left || right || above || below;
+}
+
 void DrawPass::flushChain()
 {
-    if (m_chain.size() > 1)
+    if (m_chain.size() > 1 && !isOutside(m_chain))
         m_surface.polyline(m_chain.data(), static_cast<int>(m_chain.size()));
     m_chain.clear();
 }

@@ -42,6 +42,7 @@ struct PassRules {
     double textChords;         ///< the same for a glyph's arc, in the glyph's own units; 0: as `chords` says
     Square square;             ///< the square around or instead of a point
     bool marksFromWholePixels; ///< a point is moved to a whole pixel before its mark is drawn around it
+    bool skipsOutside;         ///< what lies wholly outside the drawing area is not handed to the surface
     bool picturesOnPaper;      ///< icons are laid on white; otherwise on the back colour
     bool picturesShowThrough;  ///< `itemTransparent` leaves the key colour of a picture out
 };
@@ -61,6 +62,7 @@ inline constexpr PassRules paperRules = {.fitsView = true,
                                          .textChords = 0.0,
                                          .square = PassRules::Square::box,
                                          .marksFromWholePixels = false,
+                                         .skipsOutside = false,
                                          .picturesOnPaper = true,
                                          .picturesShowThrough = false};
 
@@ -79,6 +81,7 @@ inline constexpr PassRules screenRules = {.fitsView = false,
                                           .textChords = 0.1,
                                           .square = PassRules::Square::exact,
                                           .marksFromWholePixels = true,
+                                          .skipsOutside = true,
                                           .picturesOnPaper = false,
                                           .picturesShowThrough = false};
 
