@@ -14,7 +14,8 @@ draw_library() {
     local library=$1 slide target names
     target="$out/$(basename "$library" .slb)"
     "$vek" draw "$library" -o "$target.svg"
-    echo "$target.svg"
+    "$vek" draw "$library" -o "$target.png"
+    echo "$target.svg $target.png"
     names=$("$vek" list "$library")
     while read -r slide; do
         target="$out/$(basename "$library" .slb)-${slide,,}"
@@ -40,10 +41,12 @@ for sheet in examples/sheets/*.json; do
     target="$out/$(basename "$sheet" .json)"
     "$vek" draw "$sheet" -o "$target.svg"
     "$vek" draw "$sheet" -o "$target.emf"
-    echo "$target.svg $target.emf"
+    "$vek" draw "$sheet" -o "$target.png"
+    echo "$target.svg $target.emf $target.png"
 done
 say draw "all hatch patterns"
 "$vek" hatch -o "$out/patterns.svg"
 "$vek" hatch -o "$out/patterns.emf"
-echo "$out/patterns.svg $out/patterns.emf"
-say pictures "$(find "$out" -name '*.svg' -o -name '*.emf' | wc -l) files in $PWD/$out"
+"$vek" hatch -o "$out/patterns.png" --size 1200x900
+echo "$out/patterns.svg $out/patterns.emf $out/patterns.png"
+say pictures "$(find "$out" -name '*.svg' -o -name '*.emf' -o -name '*.png' | wc -l) files in $PWD/$out"

@@ -15,6 +15,7 @@ import tempfile
 import types
 import unittest
 import xml.etree.ElementTree
+import zlib
 
 SOURCE, VEK, EXAMPLE = (pathlib.Path(argument) for argument in sys.argv[1:4])
 RUNNER = sys.argv[4:]
@@ -78,6 +79,25 @@ def count_records(slide):
             return lines, fills, (min(xs), min(ys), max(xs), max(ys))
 
 
+def pixels_of(data):
+    """Width, height and rows of 3 bytes a pixel of a PNG file without row filters."""
+    assert data[:8] == b"\x89PNG\r\n\x1a\n", data[:8]
+    at, packed = 8, b""
+    while at < len(data):
+        size, kind = struct.unpack_from(">I4s", data, at)
+        content = data[at + 8 : at + 8 + size]
+        assert struct.unpack_from(">I", data, at + 8 + size)[0] == zlib.crc32(kind + content), kind
+        if kind == b"IHDR":
+            width, height, *form = struct.unpack(">IIBBBBB", content)
+            assert form == [8, 2, 0, 0, 0], form
+        packed += content if kind == b"IDAT" else b""
+        at += 12 + size
+    flat = zlib.decompress(packed)
+    rows = [flat[i : i + 3 * width + 1] for i in range(0, len(flat), 3 * width + 1)]
+    assert len(rows) == height and all(len(row) == 3 * width + 1 and row[0] == 0 for row in rows)
+    return width, height, [row[1:] for row in rows]
+
+
 class Case(unittest.TestCase):
     def setUp(self):
         # A folder whose name no 8-bit code page of the West holds.
@@ -125,6 +145,28 @@ class Draw(Case):
         data = (self.folder / "out.EMF").read_bytes()
         self.assertEqual((data[:4], data[40:44]), (b"\1\0\0\0", b" EMF"))
         self.assertEqual(struct.unpack_from("<I", data, 48)[0], len(data))
+
+    @unittest.skipIf(RUNNER, "written by libpng, which is not there for MinGW")
+    def test_slide_becomes_pixels(self):
+        self.good("draw", SLIDE, "-o", self.path("out.png"), "--size", "300x200")
+        width, height, rows = pixels_of((self.folder / "out.png").read_bytes())
+        self.assertEqual((width, height), (300, 200))
+        colours = {row[i : i + 3] for row in rows for i in range(0, 900, 3)}
+        self.assertLessEqual({b"\xff\xff\xff", b"\xff\0\0", b"\0\0\0"}, colours)
+        self.assertEqual(rows[0], b"\xff" * 900)  # the margin
+        # A square fills the height but for the margin: edges at half the margin, and nothing but paper beside them.
+        square = self.file("square.json", b'{"items": [{"polyline": [[0, 0], [9, 0], [9, 9], [0, 9]], "closed": true}]}')
+        self.good("draw", square, "-o", self.path("square.png"), "--size", "100x100")
+        _, _, rows = pixels_of((self.folder / "square.png").read_bytes())
+        black = [(x, y) for y, row in enumerate(rows) for x in range(100) if row[3 * x] == 0]
+        xs, ys = {x for x, _ in black}, {y for _, y in black}
+        self.assertEqual(len(black), 2 * (max(xs) - min(xs) + max(ys) - min(ys)))
+        self.bad("too large", "draw", SLIDE, "-o", self.path("x.png"), "--size", "32767x32767")
+        self.bad("y.png: cannot be written", "draw", SLIDE, "-o", self.path("no folder/y.png"))
+
+    @unittest.skipUnless(RUNNER, "this build has libpng")
+    def test_pixels_are_refused_where_they_cannot_be_written(self):
+        self.bad("x.png: this build cannot write PNG files", "draw", SLIDE, "-o", self.path("x.png"))
 
     def test_library_becomes_a_sheet_or_one_slide(self):
         sheet, one = (len(list(self.svg("draw", LIBRARY, *a).iter())) for a in ([], ["--slide", "d\u00e4mmpaneel"]))

@@ -30,7 +30,7 @@ void run(std::vector<std::string> arguments)
         app.add_subcommand("draw", "Draw a slide, all slides of a library on one sheet, or a display description");
     drawing->add_option("IN", draw.input, "slide (.sld), slide library (.slb) or display description (.json)")
         ->required();
-    drawing->add_option("-o,--output", draw.output, "picture: .svg or .emf")->required();
+    drawing->add_option("-o,--output", draw.output, "picture: .svg, .emf or .png")->required();
     drawing->add_option("--slide", draw.slide, "name of a slide of the library");
     drawing->add_option("--size", draw.size, "width and height in pixels [1024x768]")->type_name("WxH");
     drawing->add_option("--view", draw.view, "view: P, N, S, O, W, NO, NW, SO or SW [P]");
@@ -51,7 +51,7 @@ void run(std::vector<std::string> arguments)
     CLI::App* hatching =
         app.add_subcommand("hatch", "Draw a sample of a hatch pattern, or of all patterns on one sheet");
     hatching->add_option("NAME", hatch.name, "the pattern, in any case; all if it is left out");
-    hatching->add_option("-o,--output", hatch.output, "picture: .svg or .emf")->required();
+    hatching->add_option("-o,--output", hatch.output, "picture: .svg, .emf or .png")->required();
     hatching->add_option("--patterns", hatch.patterns, "pattern file (.pat) to use in place of the program's own");
     hatching->add_option("--angle", hatch.angle, "degrees that the pattern is turned by, counter-clockwise [0]");
     hatching->add_option("--scale", hatch.scale, "factor on the pattern [1]");
@@ -65,7 +65,7 @@ void run(std::vector<std::string> arguments)
     std::string size;
     CLI::App* lettering = app.add_subcommand("text", "Draw a line of text in the stroke font");
     lettering->add_option("TEXT", text, "the text")->required();
-    lettering->add_option("-o,--output", output, "picture: .svg or .emf")->required();
+    lettering->add_option("-o,--output", output, "picture: .svg, .emf or .png")->required();
     lettering->add_option("--size", size, "width and height in pixels [1024x256]")->type_name("WxH");
     lettering->callback([&] { textCommand(text, output, size); });
 

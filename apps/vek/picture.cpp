@@ -2,6 +2,7 @@
 
 #include "failure.h"
 #include "input.h"
+#include "png.h"
 
 #include <vek/surfaces.h>
 
@@ -14,9 +15,11 @@ namespace
 constexpr double kBlank = 0.8;   // in em; the font itself gives a blank no room
 constexpr double kSpacing = 0.5; // between two glyphs
 
-bool isMetafile(const std::string& path)
+constexpr unsigned kWhite = 0xFFFFFF;
+
+void draw(CVekGDX& gdx, VEK::CSurface& surface, Size size)
 {
-    return ending(path) == ".emf";
+    VEK::gdxDraw(gdx, surface, size.height, size.width, VEK::scalableRules);
 }
 
 constexpr int kSizeLimit = 32767;
@@ -78,17 +81,32 @@ void addText(CVekGDX& gdx, const CVekString& text, const CVekMatrix3d& place, co
 void checkPictureName(const std::string& path)
 {
     const std::string kind = ending(path);
-    if (kind != ".svg" && kind != ".emf")
-        throw Failure(path + ": neither an SVG file (.svg) nor an enhanced metafile (.emf)");
+    if (kind == ".png" && !canWritePng())
+        throw Failure(path + ": this build cannot write PNG files");
+    if (kind != ".svg" && kind != ".emf" && kind != ".png")
+        throw Failure(path + ": neither an SVG file (.svg) nor an enhanced metafile (.emf) nor a PNG file (.png)");
 }
 
 void writePicture(CVekGDX& gdx, const std::string& path, Size size)
 {
+    const std::string kind = ending(path);
     VEK::CFileSink sink(wide(path));
-    const auto surface = isMetafile(path) ? VEK::emfSurface(sink) : VEK::svgSurface(sink, size.width, size.height);
-    if (!isMetafile(path)) // a metafile lies on its document's paper; a viewer of SVG may have a dark page
-        surface->solidRect(0.0, 0.0, size.width, size.height, 0xFFFFFF);
-    VEK::gdxDraw(gdx, *surface, size.height, size.width, VEK::scalableRules);
-    if (!surface->finish())
+    bool isWritten = false;
+    if (kind == ".png") {
+        VEK::CPixels pixels;
+        if (static_cast<long long>(size.width) * size.height > VEK::kRasterAreaLimit)
+            throw Failure(path + ": too large; a PNG file may have 268435456 pixels");
+        if (!VEK::rasterPixels(pixels, size.width, size.height, kWhite))
+            throw Failure(path + ": memory does not suffice for the pixels");
+        draw(gdx, *VEK::rasterSurface(pixels), size);
+        isWritten = writePng(sink, pixels);
+    } else {
+        const auto surface = kind == ".emf" ? VEK::emfSurface(sink) : VEK::svgSurface(sink, size.width, size.height);
+        if (kind == ".svg") // a metafile lies on its document's paper; a viewer of SVG may have a dark page
+            surface->solidRect(0.0, 0.0, size.width, size.height, kWhite);
+        draw(gdx, *surface, size);
+        isWritten = surface->finish();
+    }
+    if (!isWritten)
         throw Failure(path + ": cannot be written");
 }

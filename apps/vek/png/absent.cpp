@@ -1,0 +1,12 @@
+// For a build without libpng.
+#include "../png.h"
+
+bool canWritePng()
+{
+    return false;
+}
+
+bool writePng(VEK::CByteSink&, const VEK::CPixels&)
+{
+    return false;
+}
