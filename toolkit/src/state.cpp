@@ -10,7 +10,7 @@ AFX_MODULE_STATE* g_program = nullptr;
 
 AFX_MODULE_STATE* programState()
 {
-    static AFX_MODULE_STATE unknown(nullptr);
+    static AFX_MODULE_STATE unknown(nullptr, &AfxRunGuarded);
     return g_program == nullptr ? &unknown : g_program;
 }
 
@@ -21,9 +21,9 @@ bool has(HINSTANCE module, LPCTSTR name, LPCTSTR type)
 
 } // namespace
 
-AFX_MODULE_STATE::AFX_MODULE_STATE(HINSTANCE instance)
+AFX_MODULE_STATE::AFX_MODULE_STATE(HINSTANCE instance, AFX_GUARD guard)
     : m_hCurrentInstanceHandle(instance == nullptr ? ::GetModuleHandleW(nullptr) : instance),
-      m_hCurrentResourceHandle(m_hCurrentInstanceHandle)
+      m_hCurrentResourceHandle(m_hCurrentInstanceHandle), m_pfnGuard(guard)
 {
     if (instance == ::GetModuleHandleW(nullptr))
         g_program = this;
@@ -31,6 +31,8 @@ AFX_MODULE_STATE::AFX_MODULE_STATE(HINSTANCE instance)
 
 AFX_MODULE_STATE::~AFX_MODULE_STATE()
 {
+    for (const std::wstring& name : m_classes)
+        ::UnregisterClassW(name.c_str(), m_hCurrentInstanceHandle);
     if (g_program == this)
         g_program = nullptr;
 }

@@ -1,42 +1,47 @@
 #include "thread_state.h"
 
+#include <algorithm>
 #include <mutex>
-#include <set>
+#include <vector>
 
 namespace
 {
 
 // A slot of the system, not thread_local: it can be emptied while threads live on that the DLL must not outlive.
-const DWORD g_slot = TlsAlloc();
-std::mutex g_lock;
-std::set<std::unique_ptr<ThreadState>> g_states;
+struct Threads {
+    const DWORD slot = TlsAlloc();
+    std::mutex lock;
+    std::vector<std::unique_ptr<ThreadState>> states;
+};
+
+/// Made at first use: objects with static life ask for it early.
+Threads& threads()
+{
+    static Threads it;
+    return it;
+}
 
 void endThread()
 {
-    const auto state = static_cast<ThreadState*>(TlsGetValue(g_slot));
+    Threads& all = threads();
+    const auto state = static_cast<ThreadState*>(TlsGetValue(all.slot));
     if (state == nullptr)
         return;
-    const std::lock_guard<std::mutex> guard(g_lock);
-    TlsSetValue(g_slot, nullptr);
-    for (auto it = g_states.begin(); it != g_states.end(); ++it) {
-        if (it->get() == state) {
-            g_states.erase(it);
-            return;
-        }
-    }
+    TlsSetValue(all.slot, nullptr);
+    const std::lock_guard<std::mutex> guard(all.lock);
+    std::erase_if(all.states, [state](const auto& each) { return each.get() == state; });
 }
 
 } // namespace
 
 ThreadState& threadState()
 {
-    auto state = static_cast<ThreadState*>(TlsGetValue(g_slot));
+    Threads& all = threads();
+    auto state = static_cast<ThreadState*>(TlsGetValue(all.slot));
     if (state == nullptr) {
-        auto made = std::make_unique<ThreadState>();
-        state = made.get();
-        const std::lock_guard<std::mutex> guard(g_lock);
-        g_states.insert(std::move(made));
-        TlsSetValue(g_slot, state);
+        const std::lock_guard<std::mutex> guard(all.lock);
+        state = all.states.emplace_back(std::make_unique<ThreadState>()).get();
+        TlsSetValue(all.slot, state);
     }
     return *state;
 }
@@ -46,6 +51,6 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds)
     if (reason == DLL_THREAD_DETACH)
         endThread();
     else if (reason == DLL_PROCESS_DETACH && processEnds == nullptr)
-        TlsFree(g_slot);
+        TlsFree(threads().slot);
     return TRUE;
 }

@@ -16,6 +16,8 @@
 #include <shellapi.h>
 #include <tchar.h>
 
+#undef GetNextWindow // a macro of the system with the name of a member
+
 #include <cassert>
 #include <cstddef>
 

@@ -3,7 +3,10 @@
 /// looked for, and whose application object is asked.
 #pragma once
 
-#include <toolkit/base.h>
+#include <toolkit/exception.h>
+
+#include <set>
+#include <string>
 
 class CWinApp;
 
@@ -12,7 +15,7 @@ class CWinApp;
 class AFX_EXPORTED AFX_MODULE_STATE
 {
 public:
-    explicit AFX_MODULE_STATE(HINSTANCE instance);
+    AFX_MODULE_STATE(HINSTANCE instance, AFX_GUARD guard);
     ~AFX_MODULE_STATE();
     AFX_MODULE_STATE(const AFX_MODULE_STATE&) = delete;
     AFX_MODULE_STATE& operator=(const AFX_MODULE_STATE&) = delete;
@@ -20,6 +23,8 @@ public:
     CWinApp* m_pCurrentWinApp = nullptr;
     HINSTANCE m_hCurrentInstanceHandle;
     HINSTANCE m_hCurrentResourceHandle;
+    AFX_GUARD m_pfnGuard;             ///< the module's own
+    std::set<std::wstring> m_classes; ///< window classes to take back
 };
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -27,9 +32,12 @@ extern "C" IMAGE_DOS_HEADER __ImageBase;
 /// The state of the module that calls: being inline, the function and its object exist once in each module.
 inline AFX_MODULE_STATE* AfxGetStaticModuleState()
 {
-    static AFX_MODULE_STATE state(reinterpret_cast<HINSTANCE>(&__ImageBase));
+    static AFX_MODULE_STATE state(reinterpret_cast<HINSTANCE>(&__ImageBase), &AfxRunGuarded);
     return &state;
 }
+
+/// Makes it when the module is loaded, before anything asks whom the program's state belongs to.
+inline AFX_MODULE_STATE* const afxStateOfThisModule = AfxGetStaticModuleState();
 
 /// The state that the thread works with: that of the program until it is switched.
 AFX_EXPORTED AFX_MODULE_STATE* AFXAPI AfxGetModuleState();
