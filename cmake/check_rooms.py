@@ -23,7 +23,7 @@ FOLDERS = ["include", "src", "apps", "bench", "fuzz", "tests"]
 # Folders in which Windows may be named: what needs a window, the toolkit, and what stands between us and the system.
 WINDOWS_FOLDERS = {"window", "toolkit", "platform"}
 # Public headers that hold something that exists on Windows only, beside the chief headers; they may ask for _WIN32.
-WIN32_HEADERS = {"include/vek/export.h", "include/vek/surfaces/gdi.h", "include/vek/values/system.h"}
+WIN32_HEADERS = {"include/vek/export.h", "include/vek/surfaces/gdi.h", "include/vek/values/system.h", "include/vek/pictures/raster.h"}
 
 TOKEN = re.compile(
     r'(?P<comment>//[^\n]*|/\*.*?\*/)|R"(?P<raw>[^()\s\\]*)\(.*?\)(?P=raw)"'

@@ -44,7 +44,9 @@ inline std::string info(int width, int height, int bits, int compression = 0, in
 inline std::string bmp(const std::string& header, const std::string& pixels)
 {
     const auto at = static_cast<std::int64_t>(14 + header.size());
-    return "BM" + le(at + static_cast<std::int64_t>(pixels.size()), 4) + le(0, 4) + le(at, 4) + header + pixels;
+    const auto size = static_cast<std::int64_t>(pixels.size());
+    std::string whole = "BM" + le(at + size, 4) + le(0, 4) + le(at, 4) + header + pixels;
+    return header[0] == 12 ? whole : whole.replace(34, 4, le(size, 4));
 }
 
 /// An icon file of images, each a bitmap without file header, or a PNG file.
@@ -56,7 +58,10 @@ inline std::string ico(const std::vector<std::string>& images)
     std::string data;
     for (const std::string& image : images) {
         const auto size = static_cast<std::int64_t>(image.size());
-        bytes += image.substr(4, 1) + image.substr(8, 1) + le(0, 2) + le(1, 2) + le(0, 2) + le(size, 4) + le(at, 4);
+        const bool isPng = image.starts_with("\x89PNG");
+        const std::string height = isPng ? image.substr(23, 1) : le(static_cast<unsigned char>(image[8]) / 2, 1);
+        bytes += image.substr(isPng ? 19 : 4, 1) + height + le(0, 2) + le(1, 2);
+        bytes += (isPng ? le(32, 2) : image.substr(14, 2)) + le(size, 4) + le(at, 4);
         at += size;
         data += image;
     }

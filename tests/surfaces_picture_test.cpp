@@ -187,7 +187,7 @@ TEST(Icon, PngInside)
     ASSERT_TRUE(VEK::decodeIcon(ico({png}), 0, 0, icon));
     EXPECT_EQ(icon.mask, (CPixels{2, 2, {kBlack, kBlack, kWhite, kBlack}}));
     EXPECT_EQ(VEK::flattenIcon(icon, 0x808080), (CPixels{2, 2, {kRed, kGreen, kGray, kWhite}}));
-    for (std::size_t size = 12; size < 61; ++size) // where the last pixel ends; the rest is checksums
+    for (std::size_t size = 26; size < 61; ++size) // where the last pixel ends; the rest is checksums
         EXPECT_FALSE(VEK::decodeIcon(ico({png.substr(0, size)}), 0, 0, icon)) << size;
 }
 
@@ -214,12 +214,17 @@ TEST(Icon, PngOfAllFiltersWithCodesOfItsOwn)
     }
 }
 
-TEST(Picture, ScalingTakesThePixelUnderEachCentre)
+TEST(Picture, GrowingRepeatsAndShrinkingTakesTheMean)
 {
-    const CPixels row{4, 1, {1, 2, 3, 4}};
-    EXPECT_EQ(VEK::scaledPicture(row, 2, 1), (CPixels{2, 1, {2, 4}}));
-    EXPECT_EQ(VEK::scaledPicture(row, 6, 2), (CPixels{6, 2, {1, 2, 2, 3, 4, 4, 1, 2, 2, 3, 4, 4}}));
-    EXPECT_EQ(VEK::scaledPicture(row, 1, 1), (CPixels{1, 1, {3}}));
+    const unsigned a = 0xFF000010, b = 0xFF300020, c = 0xFF0000FF, d = 0xFF000000;
+    const CPixels row{4, 1, {a, b, c, d}};
+    EXPECT_EQ(VEK::scaledPicture(row, 6, 2), (CPixels{6, 2, {a, a, b, c, c, d, a, a, b, c, c, d}}));
+    EXPECT_EQ(VEK::scaledPicture(row, 2, 1), (CPixels{2, 1, {0xFF180018, 0xFF000080}}));
+    EXPECT_EQ(VEK::scaledPicture(row, 3, 1), (CPixels{3, 1, {a, b, 0xFF000080}})); // covers 1, 1 and 2
+    EXPECT_EQ(VEK::scaledPicture({2, 2, {a, a, b, b}}, 4, 1),
+              (CPixels{4, 1, {0xFF180018, 0xFF180018, 0xFF180018, 0xFF180018}}));
+    EXPECT_EQ(VEK::scaledPicture({4, 1, {c, 0x00FFFFFF, 0x00FFFFFF, c}}, 2, 1), (CPixels{2, 1, {c, c}}));
+    EXPECT_EQ(VEK::scaledPicture({3, 1, {c, 7, 7}}, 1, 1).data[0] >> 24, 0u);
     EXPECT_TRUE(VEK::scaledPicture(row, 0, 1).empty());
     EXPECT_TRUE(VEK::scaledPicture(row, 1, -1).empty());
     EXPECT_TRUE(VEK::scaledPicture(row, 30000, 30000).empty());

@@ -64,6 +64,50 @@ CPixels loadProgramIcon(int id, int cx, int cy, bool& transparent, unsigned long
         {{bits.width, colorHeight, std::move(bits.color)}, {bits.width, maskHeight, std::move(bits.mask)}}, back);
 }
 
+/// Pixels of a source in one direction, from `begin` up to `end`.
+struct Span {
+    int begin;
+    int end;
+};
+
+/// What each of `count` pixels covers of a source of `size`: neighbouring spans when it shrinks, and the one pixel
+/// under the centre when it grows.
+std::vector<Span> spans(std::int64_t size, int count)
+{
+    std::vector<Span> result(static_cast<std::size_t>(count));
+    for (std::int64_t i = 0; i < count; ++i) {
+        const std::int64_t begin =
+            count < size ? i * size / count : ((2 * i + 1) * size - 1) / (2 * std::int64_t{count});
+        const std::int64_t end = count < size ? (i + 1) * size / count : begin + 1;
+        result[static_cast<std::size_t>(i)] = {static_cast<int>(begin), static_cast<int>(end)};
+    }
+    return result;
+}
+
+/// The mean of the opaque pixels, which is opaque when these are at least half of all.
+std::uint32_t mean(const CPixels& pixels, const Span& columns, const Span& rows)
+{
+    if (columns.end - columns.begin == 1 && rows.end - rows.begin == 1)
+        return pixels.at(columns.begin, rows.begin);
+    std::uint64_t sums[3] = {}, opaque = 0, all = 0;
+    for (int y = rows.begin; y < rows.end; ++y) {
+        for (int x = columns.begin; x < columns.end; ++x, ++all) {
+            const std::uint32_t pixel = pixels.at(x, y);
+            if (pixel >> 24 == 0)
+                continue;
+            ++opaque;
+            for (int channel = 0; channel < 3; ++channel)
+                sums[channel] += pixel >> 8 * channel & 0xFF;
+        }
+    }
+    if (opaque * 2 < all)
+        return pixels.at(columns.begin, rows.begin) & 0xFFFFFF;
+    std::uint32_t result = kOpaque;
+    for (int channel = 0; channel < 3; ++channel)
+        result |= static_cast<std::uint32_t>((sums[channel] + opaque / 2) / opaque) << 8 * channel;
+    return result;
+}
+
 } // namespace
 
 CPixels loadPicture(const CVekString& name, int id, int cx, int cy, bool& transparent, unsigned long back)
@@ -107,16 +151,18 @@ CPixels scaledPicture(const CPixels& pixels, int cx, int cy)
     if (pixels.empty() || !dib::isFair(cx, cy))
         return result;
     try {
-        std::vector<int> columns(static_cast<std::size_t>(cx));
-        for (std::int64_t x = 0; x < cx; ++x)
-            columns[static_cast<std::size_t>(x)] = static_cast<int>((2 * x + 1) * pixels.width / (2 * cx));
-        result.data.resize(static_cast<std::size_t>(cx) * static_cast<std::size_t>(cy));
-        std::uint32_t* to = result.data.data();
-        for (std::int64_t y = 0; y < cy; ++y) {
-            const std::uint32_t* row =
-                pixels.data.data() + (2 * y + 1) * pixels.height / (2 * std::int64_t{cy}) * pixels.width;
-            for (const int column : columns)
-                *to++ = row[column];
+        const std::vector<Span> columns = spans(pixels.width, cx), rows = spans(pixels.height, cy);
+        result.data.reserve(static_cast<std::size_t>(cx) * static_cast<std::size_t>(cy));
+        Span before{-1, -1};
+        for (const Span& row : rows) {
+            if (row.begin == before.begin) { // repeats the row that has just been made
+                result.data.resize(result.data.size() + columns.size());
+                std::copy_n(result.data.end() - 2 * std::ptrdiff_t{cx}, cx, result.data.end() - cx);
+                continue;
+            }
+            for (const Span& column : columns)
+                result.data.push_back(mean(pixels, column, row));
+            before = row;
         }
         result.width = cx;
         result.height = cy;
@@ -132,16 +178,20 @@ unsigned keyColor(const CPixels& pixels)
         return 0xFFFFFFFF;
     const int right = pixels.width - 1;
     const int bottom = pixels.height - 1;
-    std::uint32_t colors[] = {pixels.at(0, 0), pixels.at(right, 0), pixels.at(0, bottom),
-                              pixels.at(right / 2, bottom / 2), pixels.at(right, bottom)};
-    for (std::uint32_t& color : colors)
+    std::array<unsigned, 5> colors = {pixels.at(0, 0), pixels.at(right, 0), pixels.at(0, bottom),
+                                      pixels.at(right / 2, bottom / 2), pixels.at(right, bottom)};
+    for (unsigned& color : colors)
         color &= 0xFFFFFF;
-    std::sort(std::begin(colors), std::end(colors));
+    return keyColorOf(colors);
+}
+
+unsigned keyColorOf(const std::array<unsigned, 5>& colors)
+{
     unsigned best = 0;
     std::ptrdiff_t most = 0;
-    for (const std::uint32_t color : colors) {
-        const std::ptrdiff_t times = std::count(std::begin(colors), std::end(colors), color);
-        if (times > most) { // the lowest value comes first
+    for (const unsigned color : colors) {
+        const std::ptrdiff_t times = std::count(colors.begin(), colors.end(), color);
+        if (times > most || (times == most && color < best)) {
             most = times;
             best = color;
         }

@@ -98,7 +98,7 @@ bool decodeGraphic(const Candidate& chosen, IconImage& icon)
         return false;
     icon.mask = icon.color;
     for (std::size_t i = 0; i < icon.color.data.size(); ++i) {
-        icon.mask.data[i] = icon.color.data[i] >> 24 == 0 ? kWhite : kBlack;
+        icon.mask.data[i] = icon.color.data[i] >> 24 < 128 ? kWhite : kBlack;
         icon.color.data[i] |= kBlack;
     }
     return true;

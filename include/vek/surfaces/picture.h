@@ -6,6 +6,7 @@
 #include <vek/values/pixels.h>
 #include <vek/values/string.h>
 
+#include <array>
 #include <string_view>
 
 namespace VEK
@@ -52,7 +53,8 @@ VEK_API bool decodeIcon(std::string_view bytes, int cx, int cy, IconImage& icon)
 /// @return opaque pixels; empty when the icon's pictures differ in size
 VEK_API CPixels flattenIcon(const IconImage& icon, unsigned long back);
 
-/// A picture in another size: each pixel is the one of the source that lies under its centre.
+/// A picture in another size. What grows repeats the pixels under the new centres, the left or upper one of two, and what shrinks takes the mean of
+/// those that a new pixel covers, in each direction on its own; so areas of one colour keep it exactly.
 /// @return empty for an empty picture, and a size that is not positive or too large
 VEK_API CPixels scaledPicture(const CPixels& pixels, int cx, int cy);
 
@@ -60,6 +62,9 @@ VEK_API CPixels scaledPicture(const CPixels& pixels, int cx, int cy);
 /// lowest value among several.
 /// @return a `COLORREF`, 0xFFFFFFFF (`CLR_INVALID`) without a picture
 VEK_API unsigned keyColor(const CPixels& pixels);
+
+/// The choice alone, from the five colours.
+VEK_API unsigned keyColorOf(const std::array<unsigned, 5>& colors);
 
 /// Takes the opacity of all pixels of a colour, so that surfaces leave them out.
 VEK_API void leaveOut(CPixels& pixels, unsigned color);

@@ -1,0 +1,26 @@
+// Any bytes as a bitmap file; what it holds is scaled, and packed as PNG and unpacked again.
+#include <vek/surfaces/picture.h>
+
+#include "surfaces/png.h"
+
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    VEK::CPixels pixels;
+    const bool good = VEK::decodeBmp({reinterpret_cast<const char*>(data), size}, pixels);
+    const std::size_t area = static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height);
+    if (good != (area > 0) || pixels.data.size() != area)
+        std::abort();
+    const VEK::CPixels small = VEK::scaledPicture(pixels, 7, 5);
+    if (good == small.empty() || good == (VEK::keyColor(small) == 0xFFFFFFFF))
+        std::abort();
+    if (good && area < 10000) {
+        VEK::png::Header header;
+        VEK::CPixels again;
+        const std::string file = VEK::png::encode(pixels);
+        if (!VEK::png::readHeader(file, header) || !VEK::png::readPixels(file, header, again) || again != pixels)
+            std::abort();
+    }
+    return 0;
+}

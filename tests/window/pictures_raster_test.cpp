@@ -1,0 +1,353 @@
+// Pictures as device bitmaps, beside what the system itself makes of the same files.
+#include <vek/pictures/raster.h>
+#include <vek/surfaces/picture.h>
+
+#include "core/platform/platform.h"
+#include "picture_bytes.h"
+
+#include <gtest/gtest.h>
+
+#include <afxwin.h>
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+
+namespace
+{
+
+using namespace picture_bytes;
+using VEK::CPixels;
+
+/// The pixels of a bitmap.
+CPixels pixelsOf(HBITMAP bitmap)
+{
+    BITMAP size = {};
+    if (GetObjectW(bitmap, sizeof size, &size) == 0)
+        return {};
+    CPixels pixels{size.bmWidth, size.bmHeight, {}};
+    const HDC memory = CreateCompatibleDC(nullptr);
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    for (int y = 0; y < size.bmHeight; ++y) {
+        for (int x = 0; x < size.bmWidth; ++x)
+            pixels.data.push_back(GetPixel(memory, x, y) | 0xFF000000);
+    }
+    SelectObject(memory, before);
+    DeleteDC(memory);
+    return pixels;
+}
+
+/// A bitmap for the screen in a context.
+class Memory
+{
+public:
+    explicit Memory(const CPixels& pixels)
+    {
+        CDC screen;
+        screen.Attach(GetDC(nullptr));
+        dc.CreateCompatibleDC(&screen);
+        bitmap.CreateCompatibleBitmap(&screen, pixels.width, pixels.height);
+        ReleaseDC(nullptr, screen.Detach());
+        m_before = dc.SelectObject(&bitmap);
+        for (int y = 0; y < pixels.height; ++y) {
+            for (int x = 0; x < pixels.width; ++x)
+                dc.SetPixelV(x, y, pixels.at(x, y) & 0xFFFFFF);
+        }
+    }
+    ~Memory() { release(); }
+    Memory(const Memory&) = delete;
+    Memory& operator=(const Memory&) = delete;
+
+    void release() { dc.SelectObject(m_before); }
+
+    CPixels pixels()
+    {
+        CPixels result;
+        BITMAP size = {};
+        bitmap.GetBitmap(&size);
+        result = {size.bmWidth, size.bmHeight, {}};
+        for (int y = 0; y < size.bmHeight; ++y) {
+            for (int x = 0; x < size.bmWidth; ++x)
+                result.data.push_back(dc.GetPixel(x, y) | 0xFF000000);
+        }
+        return result;
+    }
+
+    unsigned long key()
+    {
+        BITMAP size = {};
+        bitmap.GetBitmap(&size);
+        return vek_gdx_picture_bkcolor_get(&dc, &size);
+    }
+
+    CDC dc;
+    CBitmap bitmap;
+
+private:
+    CBitmap* m_before = nullptr;
+};
+
+constexpr unsigned kRed = 0xFF0000FF, kGreen = 0xFF00FF00, kBlue = 0xFFFF0000, kWhite = 0xFFFFFFFF, kBlack = 0xFF000000;
+
+TEST(RasterPicture, KeyColourOfABitmap)
+{
+    EXPECT_EQ(Memory(CPixels{4, 3, std::vector<std::uint32_t>(12, kGreen)}).key(), 0x00FF00u);
+    EXPECT_EQ(Memory({1, 1, {kBlue}}).key(), 0xFF0000u);
+    const auto key = [](unsigned a, unsigned b, unsigned c, unsigned middle, unsigned d) {
+        return Memory({4, 4, {a, 1, 1, b, 1, middle, 1, 1, 1, 1, 1, 1, c, 1, 1, d}}).key();
+    };
+    EXPECT_EQ(key(0x50, 0x40, 0x30, 0x20, 0x90), 0x20u);
+    EXPECT_EQ(key(kRed, kBlue, kRed, kBlue, kGreen), 0x0000FFu);
+    EXPECT_EQ(key(kRed, kBlue, kRed, kBlue, kBlue), 0xFF0000u);
+    Memory none({1, 1, {kRed}});
+    EXPECT_EQ(vek_gdx_picture_bkcolor_get(&none.dc, nullptr), CLR_INVALID);
+    EXPECT_EQ(vek_gdx_picture_bkcolor_get(nullptr, nullptr), CLR_INVALID);
+}
+
+TEST(RasterPicture, TransparentDrawingLeavesTheKeyColourOut)
+{
+    Memory target({5, 4, std::vector<std::uint32_t>(20, 0xFF336699)});
+    Memory sign({3, 2, {kWhite, kRed, kWhite, kWhite, kBlack, kBlue}});
+    const COLORREF text = target.dc.SetTextColor(0x123456), back = target.dc.SetBkColor(0x654321);
+    EXPECT_NE(text, back);
+    vek_gdx_picture_transparent(&target.dc, 1, 1, 99, 99, &sign.bitmap); // selected elsewhere
+    sign.release();
+    vek_gdx_picture_transparent(&target.dc, 1, 1, 99, 99, nullptr);
+    vek_gdx_picture_transparent(nullptr, 1, 1, 99, 99, &sign.bitmap);
+    EXPECT_EQ(target.pixels(), (CPixels{5, 4, std::vector<std::uint32_t>(20, 0xFF336699)}));
+
+    vek_gdx_picture_transparent(&target.dc, 1, 1, 99, 99, &sign.bitmap);
+    CPixels expected{5, 4, std::vector<std::uint32_t>(20, 0xFF336699)};
+    expected.data[7] = kRed;
+    expected.data[12] = kBlack;
+    expected.data[13] = kBlue;
+    EXPECT_EQ(target.pixels(), expected);
+    EXPECT_EQ(target.dc.GetTextColor(), 0x123456u);
+    EXPECT_EQ(target.dc.GetBkColor(), 0x654321u);
+    EXPECT_NE(sign.dc.SelectObject(&sign.bitmap), nullptr); // it was let go
+}
+
+class Loaded : public testing::Test
+{
+protected:
+    Loaded() { std::filesystem::create_directories(m_folder); }
+    ~Loaded() override { std::filesystem::remove_all(m_folder); }
+
+    CPixels ours(int cx, int cy)
+    {
+        m_transparent = true;
+        const HBITMAP bitmap = vek_gdx_image_get_bitmap(m_path.c_str(), 0, cx, cy, m_transparent, 0x80C0FF);
+        const CPixels pixels = pixelsOf(bitmap);
+        DeleteObject(bitmap);
+        return pixels;
+    }
+    void save(const char* name, const std::string& bytes)
+    {
+        m_path = (m_folder / name).wstring();
+        ASSERT_TRUE(VEK::platform::writeFile(m_path, bytes));
+    }
+    CPixels theirBitmap(int cx, int cy)
+    {
+        const auto bitmap =
+            static_cast<HBITMAP>(LoadImageW(nullptr, m_path.c_str(), IMAGE_BITMAP, cx, cy, LR_LOADFROMFILE));
+        const CPixels pixels = pixelsOf(bitmap);
+        DeleteObject(bitmap);
+        return pixels;
+    }
+    /// The bitmap's data straight into a device bitmap.
+    static CPixels theirData(const std::string& file)
+    {
+        const auto* header = reinterpret_cast<const BITMAPINFO*>(file.data() + 14);
+        std::uint32_t at = 0;
+        std::memcpy(&at, file.data() + 10, sizeof at);
+        const HDC screen = GetDC(nullptr);
+        const HBITMAP bitmap =
+            CreateCompatibleBitmap(screen, header->bmiHeader.biWidth, std::abs(header->bmiHeader.biHeight));
+        SetDIBits(screen, bitmap, 0, static_cast<UINT>(std::abs(header->bmiHeader.biHeight)), file.data() + at, header,
+                  DIB_RGB_COLORS);
+        ReleaseDC(nullptr, screen);
+        const CPixels pixels = pixelsOf(bitmap);
+        DeleteObject(bitmap);
+        return pixels;
+    }
+    CPixels theirIcon(int cx, int cy)
+    {
+        const auto icon = static_cast<HICON>(LoadImageW(nullptr, m_path.c_str(), IMAGE_ICON, cx, cy, LR_LOADFROMFILE));
+        ICONINFO info = {};
+        if (!GetIconInfo(icon, &info))
+            return {};
+        const CPixels pixels = flattened(info);
+        DeleteObject(info.hbmColor);
+        DeleteObject(info.hbmMask);
+        DestroyIcon(icon);
+        return pixels;
+    }
+
+    std::filesystem::path m_folder = std::filesystem::temp_directory_path() / "vek_raster_test";
+    std::wstring m_path;
+    bool m_transparent = true;
+
+private:
+    /// With the device operations that the rule tells.
+    static CPixels flattened(const ICONINFO& info)
+    {
+        BITMAP size = {};
+        GetObjectW(info.hbmColor ? info.hbmColor : info.hbmMask, sizeof size, &size);
+        const int width = size.bmWidth, height = info.hbmColor ? size.bmHeight : size.bmHeight / 2;
+        const HDC screen = GetDC(nullptr);
+        const HDC result = CreateCompatibleDC(screen), mask = CreateCompatibleDC(screen),
+                  color = CreateCompatibleDC(screen);
+        const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+        ReleaseDC(nullptr, screen);
+        const HGDIOBJ before = SelectObject(result, bitmap);
+        const HGDIOBJ maskBefore = SelectObject(mask, info.hbmMask);
+        const HGDIOBJ colorBefore =
+            SelectObject(color, info.hbmColor ? info.hbmColor : CreateCompatibleBitmap(result, width, height));
+        if (!info.hbmColor)
+            BitBlt(color, 0, 0, width, height, mask, 0, height, SRCCOPY);
+        const HBRUSH back = CreateSolidBrush(0x80C0FF);
+        const RECT all = {0, 0, width, height};
+        FillRect(result, &all, back);
+        DeleteObject(back);
+        BitBlt(result, 0, 0, width, height, mask, 0, 0, SRCAND);
+        PatBlt(mask, 0, 0, width, height, DSTINVERT); // 0x550009
+        BitBlt(color, 0, 0, width, height, mask, 0, 0, SRCAND);
+        BitBlt(result, 0, 0, width, height, color, 0, 0, SRCINVERT);
+        SelectObject(result, before);
+        SelectObject(mask, maskBefore);
+        SelectObject(color, colorBefore);
+        const CPixels pixels = pixelsOf(bitmap);
+        DeleteObject(bitmap);
+        for (const HDC dc : {result, mask, color})
+            DeleteDC(dc);
+        return pixels;
+    }
+};
+
+/// Numbers that look at random, the same in every run.
+std::string noise(std::size_t size)
+{
+    std::string bytes;
+    for (std::uint32_t i = 1, value = 1; i <= size; ++i) {
+        value = value * 1664525 + 1013904223;
+        bytes += static_cast<char>(value >> 24);
+    }
+    return bytes;
+}
+
+std::size_t rowSize(int width, int bits)
+{
+    return static_cast<std::size_t>((width * bits + 31) / 32 * 4);
+}
+
+TEST_F(Loaded, BitmapsAreTheSystemsToThePixel)
+{
+    const std::string masks565 = le(0xF800, 4) + le(0x7E0, 4) + le(0x1F, 4);
+    const std::string masksRgb = le(0xFF, 4) + le(0xFF00, 4) + le(0xFF0000, 4);
+    struct Case {
+        const char* name;
+        std::string bytes;
+        bool asData = false; ///< Wine's loader leaves it black
+    };
+    const auto plain = [](int width, int height, int bits) {
+        return bmp(info(width, height, bits) + noise(bits <= 8 ? std::size_t{4} << bits : 0),
+                   noise(rowSize(width, bits) * static_cast<std::size_t>(std::abs(height))));
+    };
+    const std::string core = le(12, 4) + le(9, 2) + le(5, 2) + le(1, 2);
+    const Case cases[] = {
+        {"1 bit", plain(9, 5, 1)},
+        {"4 bits", plain(9, 5, 4)},
+        {"8 bits", plain(9, 5, 8)},
+        {"8 bits of few colours", bmp(info(5, 1, 8, 0, 3) + noise(12), hex("0001020201000000"))},
+        {"16 bits", plain(9, 5, 16)},
+        {"24 bits", plain(9, 5, 24)},
+        {"32 bits", plain(9, 5, 32)},
+        {"from the top", plain(9, -5, 24), true},
+        {"5, 6 and 5 bits", bmp(info(9, 5, 16, 3) + masks565, noise(rowSize(9, 16) * 5))},
+        {"red first", bmp(info(9, 5, 32, 3) + masksRgb, noise(rowSize(9, 32) * 5))},
+        {"version 4", bmp(info(9, 5, 32, 3, 0, 108) + masks565 + std::string(56, '\0'), noise(rowSize(9, 32) * 5))},
+        {"core 4 bits", bmp(core + le(4, 2) + noise(48), noise(rowSize(9, 4) * 5))},
+        {"core 24 bits", bmp(core + le(24, 2), noise(rowSize(9, 24) * 5))},
+        {"runs of 8 bits", bmp(info(7, 3, 8, 1) + noise(1024), hex("0302 0004 01030401 0000 0002 0101 0903 0001")),
+         true},
+        {"runs of 4 bits", bmp(info(6, 2, 4, 2) + noise(64), hex("0312 0003 3410 0000 0002 0101 0556 0001"))},
+    };
+    for (const Case& each : cases) {
+        save("a.bmp", each.bytes);
+        const CPixels mine = ours(0, 0);
+        EXPECT_FALSE(mine.empty()) << each.name;
+        EXPECT_EQ(mine, each.asData ? theirData(each.bytes) : theirBitmap(0, 0)) << each.name;
+        EXPECT_TRUE(m_transparent);
+    }
+}
+
+TEST_F(Loaded, IconsAreTheSystemsToThePixel)
+{
+    const auto image = [](int size, int bits) {
+        const std::size_t colors = bits <= 8 ? std::size_t{4} << bits : 0;
+        return info(size, 2 * size, bits) + noise(colors) +
+               noise(rowSize(size, bits) * static_cast<std::size_t>(size)) +
+               noise(rowSize(size, 1) * static_cast<std::size_t>(size));
+    };
+    for (const int bits : {1, 4, 8, 16, 24, 32}) {
+        save("a.ico", ico({image(17, bits)}));
+        for (const int size : {0, 17, 40}) {
+            const CPixels mine = ours(size, size);
+            EXPECT_FALSE(mine.empty()) << bits;
+            EXPECT_EQ(mine, theirIcon(size, size)) << bits << " bits, size " << size;
+            EXPECT_FALSE(m_transparent);
+        }
+    }
+    const std::string mono = info(8, 16, 1) + hex("00000000 FFFFFF00") + noise(32) + noise(32);
+    save("a.ico", ico({mono}));
+    EXPECT_EQ(ours(0, 0), theirIcon(0, 0)) << "black and white";
+    save("a.ico", ico({image(16, 4), image(32, 8), image(32, 24), image(32, 4), image(48, 8)}));
+    for (const int size : {16, 32, 48, 60})
+        EXPECT_EQ(ours(size, size), theirIcon(size, size)) << size;
+}
+
+TEST_F(Loaded, PngIconsAreTheSystemsWhereTheyAreOpaqueOrNot) // Wine also leaves out what is nearly opaque
+{
+    save("a.ico",
+         ico({hex("89504E470D0A1A0A0000000D4948445200000005000000020806000000906A165D000000334944415478DA63601039F19F4B"
+                  "F4388388D8B1FF72E247FF6B481C6160646060F8CFCEC8CCC0C7C4C620CACCC920C3C2C3000002FF091CA8B0DC1100000000"
+                  "49454E44AE426082")}));
+    const CPixels mine = ours(0, 0);
+    EXPECT_EQ(mine.data.size(), 10u);
+    EXPECT_EQ(mine, theirIcon(0, 0));
+}
+
+TEST_F(Loaded, AreasOfOneColourAreTheSystemsInEverySize) // edges are not: the system blends them
+{
+    std::string data; // left half red, right half blue
+    for (int i = 0; i < 64; ++i)
+        data += le(i % 8 < 4 ? 0xFF0000 : 0xFF, 4);
+    save("a.bmp", bmp(info(8, 8, 32), data));
+    const std::pair<int, int> sizes[] = {{24, 24}, {4, 4}, {30, 0}, {0, 3}};
+    for (const auto& [cx, cy] : sizes) {
+        const CPixels mine = ours(cx, cy), theirs = theirBitmap(cx, cy);
+        ASSERT_EQ(mine.width, theirs.width);
+        ASSERT_EQ(mine.height, theirs.height);
+        for (int y = 0; y < mine.height; ++y) {
+            for (const int x : {0, mine.width / 4, mine.width - 1})
+                EXPECT_EQ(mine.at(x, y), theirs.at(x, y)) << cx << ',' << cy << ' ' << x << ',' << y;
+        }
+    }
+    EXPECT_TRUE(ours(-8, 8).empty());
+}
+
+TEST_F(Loaded, SystemIconsComeWithoutAName)
+{
+    m_path.clear();
+    m_transparent = true;
+    const HBITMAP bitmap = vek_gdx_image_get_bitmap(nullptr, 32512, 5, 5, m_transparent, 0xFFFFFF); // IDI_APPLICATION
+    const CPixels pixels = pixelsOf(bitmap);
+    EXPECT_EQ(pixels.width, GetSystemMetrics(SM_CXICON)); // its own size
+    EXPECT_FALSE(m_transparent);
+    EXPECT_NE(std::count(pixels.data.begin(), pixels.data.end(), 0xFFFFFFFF), std::ptrdiff_t(pixels.data.size()));
+    DeleteObject(bitmap);
+    EXPECT_EQ(vek_gdx_image_get_bitmap(nullptr, 64999, 5, 5, m_transparent, 0xFFFFFF), nullptr);
+    EXPECT_EQ(vek_gdx_image_get_bitmap(L"absent.bmp", 32512, 5, 5, m_transparent, 0xFFFFFF), nullptr);
+}
+
+} // namespace
