@@ -1,8 +1,10 @@
+#include <vek/values/polyline.h>
 #include <vek/values/string.h>
 
 #include <climits>
 #include <gtest/gtest.h>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace
@@ -138,6 +140,27 @@ TEST(ArrayGrowth, MovesTheBytesOfWhatCannotMove)
     // One copy each; where there is no room, one more for the sake of an argument inside the array: at 0, 8, ... 512.
     EXPECT_EQ(CopyOnly::copies, 1000 + 8);
     EXPECT_EQ(array[999].value, 3);
+}
+
+/// Its short name points into itself, whatever its base says of bytes.
+struct Named : CVekVertex {
+    std::string name;
+};
+
+TEST(ArrayGrowth, MovesNoBytesOfWhatIsMoreThanItsBase)
+{
+    static_assert(kVekMovesAsBytes<CVekVertex> && kVekMovesAsBytes<CVekArrayTempl<Named>>);
+    static_assert(!kVekMovesAsBytes<Named> && !kVekMovesAsBytes<std::string>);
+    CVekArrayTempl<Named> array;
+    CVekArrayTempl<CVekArrayTempl<Named>> nested;
+    for (int i = 0; i < 100; ++i) {
+        array[i].name = std::to_string(i);
+        nested[i][0].name = std::to_string(i);
+    }
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_EQ(array[i].name, std::to_string(i));
+        EXPECT_EQ(nested[i][0].name, std::to_string(i));
+    }
 }
 
 TEST(ArrayGrowth, TakesLargeElementsAlongAndFreesThemAll)

@@ -53,6 +53,8 @@ enum GdxColorMode : unsigned {
 class VEK_API CVekDisplayItem : public CVekObj
 {
 public:
+    using MovesAsBytes = CVekDisplayItem; ///< see `kVekMovesAsBytes`
+
     VekDisplayObj type = dispNone;
     unsigned flag = 0;                   ///< `VekItemFlag` and the colour mode
     CVekArrayTempl<int> stack;           ///< the owner's hierarchical address

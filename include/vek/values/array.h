@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstring>
 #include <memory>
 #include <type_traits>
 #include <utility>
@@ -35,6 +34,14 @@ protected:
     unsigned m_built = 0;    ///< elements whose constructors have run; those past the length are kept for reuse
 };
 
+/// Whether values of a type may move as bytes, left behind without a destructor: where they are trivial, and where the
+/// type says so of itself by `using MovesAsBytes = T`. A class derived from such a type does not inherit that.
+template <class T>
+inline constexpr bool kVekMovesAsBytes = std::is_trivially_copyable_v<T> || requires
+{
+    requires std::is_same_v<typename T::MovesAsBytes, T>;
+};
+
 /// Growable array of values. A copy is deep.
 ///
 /// Index rules, which callers rely on: -1 is the last element, -2 the one before it, and an index further below is
@@ -51,6 +58,8 @@ template <class T>
 class CVekArrayTempl : public CVekArray
 {
 public:
+    using MovesAsBytes = CVekArrayTempl; ///< see `kVekMovesAsBytes`
+
     CVekArrayTempl() = default;
     CVekArrayTempl(const CVekArrayTempl& other) : CVekArray() { append(other.m_data, other.m_length); }
     CVekArrayTempl(CVekArrayTempl&& other) noexcept : CVekArray() { swap(other); }
@@ -192,8 +201,8 @@ public:
     const T* end() const { return m_data + m_length; }
 
 private:
-    /// Bytes may move where moving would copy: no element type of this system points into itself.
-    static constexpr bool kMoves = std::is_nothrow_move_constructible_v<T>;
+    /// Bytes also move where moving would copy: no element type of this system points into itself.
+    static constexpr bool kBytes = kVekMovesAsBytes<T> || !std::is_nothrow_move_constructible_v<T>;
 
     int normalized(int index) const
     {
@@ -252,17 +261,21 @@ private:
 
     bool relocate(unsigned capacity)
     {
-        T* block = capacity ? static_cast<T*>(CVekObj::operator new[](sizeof(T) * std::size_t{capacity})) : nullptr;
-        if (!block)
-            return false;
-        if constexpr (kMoves) {
+        const std::size_t size = sizeof(T) * std::size_t{capacity};
+        if constexpr (kBytes) { // the system moves the pages of a large block without touching them
+            void* block = capacity ? CVekObj::resize(static_cast<void*>(m_data), size) : nullptr;
+            if (!block)
+                return false;
+            m_data = static_cast<T*>(block);
+        } else {
+            T* block = capacity ? static_cast<T*>(CVekObj::operator new[](size)) : nullptr;
+            if (!block)
+                return false;
             std::uninitialized_move_n(m_data, m_built, block);
             std::destroy_n(m_data, m_built);
-        } else if (m_built) {
-            std::memcpy(static_cast<void*>(block), static_cast<const void*>(m_data), sizeof(T) * std::size_t{m_built});
+            CVekObj::operator delete[](m_data);
+            m_data = block;
         }
-        CVekObj::operator delete[](m_data);
-        m_data = block;
         m_capacity = capacity;
         return true;
     }

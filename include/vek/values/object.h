@@ -27,6 +27,10 @@ public:
     static void operator delete(void* block) noexcept;
     static void operator delete[](void* block) noexcept;
     static void operator delete(void*, void*) noexcept {}
+
+    /// Changes the size of a block of `operator new[]`, which may move with its bytes; null makes a new one.
+    /// @return null, with the block as it was, when the memory is not to be had
+    static void* resize(void* block, std::size_t size) noexcept;
 };
 
 /// A scope object: construct it before a block of data or geometry calls and let it go after them. It carries no

@@ -14,6 +14,8 @@ class CVekVector3d;
 class VEK_API CVekPoint3d : public CVekObj
 {
 public:
+    using MovesAsBytes = CVekPoint3d; ///< see `kVekMovesAsBytes`
+
     constexpr CVekPoint3d() = default;
     constexpr CVekPoint3d(double x, double y, double z) : m_xyz{x, y, z} {}
 

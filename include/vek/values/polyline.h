@@ -15,6 +15,8 @@
 class VEK_API CVekVertex : public CVekObj
 {
 public:
+    using MovesAsBytes = CVekVertex; ///< see `kVekMovesAsBytes`
+
     CVekPoint3d start;
     CVekPoint3d end;
     double bulge = 0.0;
@@ -75,6 +77,8 @@ public:
 class VEK_API CVekVertexArray : public CVekArrayTempl<CVekVertex>
 {
 public:
+    using MovesAsBytes = CVekVertexArray; ///< see `kVekMovesAsBytes`
+
     CVekVertexArray() = default;
     CVekVertexArray(const CVekVertex& vertex) { append(vertex); }
 

@@ -1,25 +1,31 @@
 #include <vek/values/array.h>
 
 #include <climits>
+#include <cstdlib>
 
 void* CVekObj::operator new(std::size_t size) noexcept
 {
-    return ::operator new(size, std::nothrow);
+    return std::malloc(size > 0 ? size : 1);
 }
 
 void* CVekObj::operator new[](std::size_t size) noexcept
 {
-    return ::operator new(size, std::nothrow);
+    return std::malloc(size > 0 ? size : 1);
 }
 
 void CVekObj::operator delete(void* block) noexcept
 {
-    ::operator delete(block);
+    std::free(block);
 }
 
 void CVekObj::operator delete[](void* block) noexcept
 {
-    ::operator delete(block);
+    std::free(block);
+}
+
+void* CVekObj::resize(void* block, std::size_t size) noexcept
+{
+    return std::realloc(block, size > 0 ? size : 1);
 }
 
 unsigned CVekArray::grownCapacity(unsigned capacity, std::size_t wanted)

@@ -3,6 +3,7 @@
 #include "core/platform/platform.h"
 
 #include <cstdarg>
+#include <cstring>
 #include <string>
 
 namespace
