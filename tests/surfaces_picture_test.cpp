@@ -302,4 +302,22 @@ TEST_F(PictureFiles, EndingDecidesAndOnlyIconsAreFlattened)
     EXPECT_TRUE(VEK::loadPicture(nullptr, 65000, 0, 0, m_transparent, 0).empty());
 }
 
+TEST(Picture, Examples)
+{
+    const std::filesystem::path folder = std::filesystem::path(VEK_SOURCE_DIR) / "examples" / "pictures";
+    bool transparent = true;
+    const CPixels sign = VEK::loadPicture(textOf(folder / "sign.bmp").c_str(), 0, 0, 0, transparent, 0);
+    EXPECT_EQ(sign.width, 208);
+    EXPECT_EQ(VEK::keyColor(sign), 0xFFFFFFu);
+    EXPECT_TRUE(transparent);
+    for (const int size : {16, 32, 48, 60}) {
+        const CPixels north =
+            VEK::loadPicture(textOf(folder / "north.ico").c_str(), 0, size, size, transparent, 0xAA00);
+        ASSERT_EQ(north.width, size);
+        EXPECT_EQ(north.at(0, 0), 0xFF00AA00u);
+        EXPECT_EQ(north.at(size * 7 / 16, size / 2), 0xFF2020C0u); // the left half of the needle
+        EXPECT_EQ(north.at(size * 9 / 16, size / 2), 0xFFFEFEFEu);
+    }
+}
+
 } // namespace
