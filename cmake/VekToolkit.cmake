@@ -1,10 +1,16 @@
 # The window toolkit: the classes that Visual C++ brings itself and other compilers for Windows miss, as a DLL, since a
 # program and the DLLs that it loads must share the tables that say which object stands for a window.
 #
-# vek_window names it for those who use it; with Visual C++ that is the compiler's own.
-add_library(vek_window INTERFACE)
-set_target_properties(vek_window PROPERTIES EXPORT_NAME window)
-set_property(GLOBAL APPEND PROPERTY VEK_INSTALLED vek_window)
+# vek_window names it for those who use it; with Visual C++ that is the compiler's own. A program whose work stands in an
+# application object uses vek_window_program instead, a DLL vek_window_dll: they bring the entry function.
+foreach(name IN ITEMS window window_program window_dll)
+  add_library(vek_${name} INTERFACE)
+  add_library(vek::${name} ALIAS vek_${name})
+  set_target_properties(vek_${name} PROPERTIES EXPORT_NAME ${name})
+  set_property(GLOBAL APPEND PROPERTY VEK_INSTALLED vek_${name})
+endforeach()
+target_link_libraries(vek_window_program INTERFACE vek_window)
+target_link_libraries(vek_window_dll INTERFACE vek_window)
 if(MSVC)
   set(CMAKE_MFC_FLAG 2) # the compiler's classes in its own DLL
   target_compile_definitions(vek_window INTERFACE _AFXDLL)
@@ -20,5 +26,11 @@ else()
   target_link_options(vek_toolkit PRIVATE -static) # as programs are linked: no runtime DLLs
   target_link_libraries(vek_window INTERFACE vek_toolkit)
   set_property(GLOBAL APPEND PROPERTY VEK_INSTALLED vek_toolkit)
+  foreach(entry IN ITEMS program dll)
+    target_sources(vek_window_${entry} INTERFACE
+                   $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/toolkit/entry/${entry}.cpp>
+                   $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit/entry/${entry}.cpp>)
+  endforeach()
+  install(DIRECTORY toolkit/entry DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit)
   install(DIRECTORY toolkit/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit)
 endif()

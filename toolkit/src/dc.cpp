@@ -11,17 +11,8 @@ CDC::~CDC()
 
 CDC* CDC::FromHandle(HDC hDC)
 {
-    if (hDC == nullptr)
-        return nullptr;
     ThreadState& thread = threadState();
-    CDC* dc = thread.contexts.permanent(hDC);
-    if (dc != nullptr)
-        return dc;
-    dc = thread.contexts.temporary(hDC);
-    if (dc == nullptr)
-        dc = thread.contexts.keep(hDC, std::make_unique<CDC>(), thread.level);
-    dc->m_hDC = dc->m_hAttribDC = hDC;
-    return dc;
+    return thread.contexts.object(hDC, thread.level);
 }
 
 BOOL CDC::Attach(HDC hDC)

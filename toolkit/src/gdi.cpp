@@ -38,17 +38,8 @@ CGdiObject::~CGdiObject()
 
 CGdiObject* CGdiObject::FromHandle(HGDIOBJ hObject)
 {
-    if (hObject == nullptr)
-        return nullptr;
     ThreadState& thread = threadState();
-    CGdiObject* object = thread.objects.permanent(hObject);
-    if (object != nullptr)
-        return object;
-    object = thread.objects.temporary(hObject);
-    if (object == nullptr)
-        object = thread.objects.keep(hObject, objectFor(hObject), thread.level);
-    object->m_hObject = hObject;
-    return object;
+    return thread.objects.object(hObject, thread.level, [hObject] { return objectFor(hObject); });
 }
 
 void CGdiObject::DeleteTempMap()

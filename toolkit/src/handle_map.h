@@ -28,16 +28,24 @@ public:
             m_permanent.erase(it);
     }
 
-    Object* temporary(Handle handle) const
+    /// The permanent object, else the temporary one, which `make` makes at first; null for a null handle.
+    template <class Make>
+    Object* object(Handle handle, int level, Make make)
     {
-        const auto it = m_temporary.find(handle);
-        return it == m_temporary.end() ? nullptr : it->second.object.get();
-    }
-    Object* keep(Handle handle, std::unique_ptr<Object> object, int level)
-    {
+        if (handle == nullptr)
+            return nullptr;
+        Object* owner = permanent(handle);
+        if (owner != nullptr)
+            return owner;
         Temporary& slot = m_temporary[handle];
-        slot = {std::move(object), level};
+        if (slot.object == nullptr)
+            slot = {make(), level};
+        hold(*slot.object, handle); // found by the object's class, see thread_state.h
         return slot.object.get();
+    }
+    Object* object(Handle handle, int level)
+    {
+        return object(handle, level, [] { return std::make_unique<Object>(); });
     }
     /// Drops the temporary objects made at this level of modal loops or deeper; those from before the loop began may
     /// still be held by a function that waits for its end.
@@ -48,7 +56,7 @@ public:
                 ++it;
                 continue;
             }
-            giveUp(*it->second.object); // found by the object's class, see thread_state.h
+            hold(*it->second.object, nullptr);
             it = m_temporary.erase(it);
         }
     }

@@ -6,17 +6,8 @@ IMPLEMENT_DYNCREATE(CMenu, CObject)
 
 CMenu* CMenu::FromHandle(HMENU hMenu)
 {
-    if (hMenu == nullptr)
-        return nullptr;
     ThreadState& thread = threadState();
-    CMenu* menu = thread.menus.permanent(hMenu);
-    if (menu != nullptr)
-        return menu;
-    menu = thread.menus.temporary(hMenu);
-    if (menu == nullptr)
-        menu = thread.menus.keep(hMenu, std::make_unique<CMenu>(), thread.level);
-    menu->m_hMenu = hMenu;
-    return menu;
+    return thread.menus.object(hMenu, thread.level);
 }
 
 BOOL CMenu::Attach(HMENU hMenu)

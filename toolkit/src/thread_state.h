@@ -1,32 +1,41 @@
 // What the toolkit keeps for each thread: which object stands for which handle.
 #pragma once
 
+#include <afxcmn.h>
 #include <afxwin.h>
 
 #include "handle_map.h"
 
-inline void giveUp(CGdiObject& object)
+/// @name Telling a temporary object its handle
+/// @{
+inline void hold(CGdiObject& object, HGDIOBJ handle)
 {
-    object.m_hObject = nullptr;
+    object.m_hObject = handle;
 }
-inline void giveUp(CWnd& window)
+inline void hold(CDC& context, HDC handle)
 {
-    window.m_hWnd = nullptr;
+    context.m_hDC = context.m_hAttribDC = handle;
 }
-inline void giveUp(CMenu& menu)
+inline void hold(CWnd& window, HWND handle)
 {
-    menu.m_hMenu = nullptr;
+    window.m_hWnd = handle;
 }
-inline void giveUp(CDC& context)
+inline void hold(CMenu& menu, HMENU handle)
 {
-    context.m_hDC = context.m_hAttribDC = nullptr;
+    menu.m_hMenu = handle;
 }
+inline void hold(CImageList& list, HIMAGELIST handle)
+{
+    list.m_hImageList = handle;
+}
+/// @}
 
 struct ThreadState {
     HandleMap<HGDIOBJ, CGdiObject> objects;
     HandleMap<HDC, CDC> contexts;
     HandleMap<HWND, CWnd> windows;
     HandleMap<HMENU, CMenu> menus;
+    HandleMap<HIMAGELIST, CImageList> imageLists;
     AFX_MODULE_STATE* module = nullptr; ///< null: the program's
     MSG message = {};                   ///< at work in a window's procedure
     class WindowHook* hook = nullptr;   ///< of the window about to be created
@@ -40,6 +49,7 @@ struct ThreadState {
         contexts.forget(level);
         windows.forget(level);
         menus.forget(level);
+        imageLists.forget(level);
     }
 };
 

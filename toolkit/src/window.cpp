@@ -26,17 +26,8 @@ CWnd* CWnd::FromHandlePermanent(HWND hWnd)
 
 CWnd* CWnd::FromHandle(HWND hWnd)
 {
-    if (hWnd == nullptr)
-        return nullptr;
     ThreadState& thread = threadState();
-    CWnd* window = thread.windows.permanent(hWnd);
-    if (window != nullptr)
-        return window;
-    window = thread.windows.temporary(hWnd);
-    if (window == nullptr)
-        window = thread.windows.keep(hWnd, std::make_unique<CWnd>(), thread.level);
-    window->m_hWnd = hWnd;
-    return window;
+    return thread.windows.object(hWnd, thread.level);
 }
 
 BOOL CWnd::Attach(HWND hWndNew)

@@ -1,0 +1,53 @@
+/// @file
+/// Dragging data to other programs.
+#pragma once
+
+#include <afxdisp.h>
+
+#include <memory>
+
+using DROPEFFECT = DWORD;
+
+/// Decides how a drag goes on.
+class AFX_EXPORTED COleDropSource : public CCmdTarget
+{
+    DECLARE_DYNAMIC(COleDropSource)
+
+public:
+    COleDropSource() = default;
+
+    /// Waits while the button is held: true when the pointer has left the start rectangle or a fifth of a second has
+    /// passed, false when the button was let go or Escape was pressed.
+    virtual BOOL OnBeginDrag(CWnd* pWnd);
+    /// Escape or the other button cancels; the end of the button that began it drops.
+    virtual SCODE QueryContinueDrag(BOOL bEscapePressed, DWORD dwKeyState);
+    virtual SCODE GiveFeedback(DROPEFFECT dropEffect);
+
+    CRect m_rectStartDrag;    ///< on the screen
+    DWORD m_dwButtonDrop = 0; ///< MK_LBUTTON or MK_RBUTTON: which one began
+    DWORD m_dwButtonCancel = 0;
+};
+
+/// Data offered to other programs.
+class AFX_EXPORTED COleDataSource : public CCmdTarget
+{
+    DECLARE_DYNAMIC(COleDataSource)
+
+public:
+    COleDataSource();
+    ~COleDataSource() override;
+
+    /// Takes data over, for every aspect unless a format tells more.
+    void CacheGlobalData(CLIPFORMAT cfFormat, HGLOBAL hGlobal, LPFORMATETC lpFormatEtc = nullptr);
+    void CacheData(CLIPFORMAT cfFormat, LPSTGMEDIUM lpStgMedium, LPFORMATETC lpFormatEtc = nullptr);
+    void Empty();
+    /// Drags until the data is dropped or the drag cancelled; what was done with the data, DROPEFFECT_NONE for nothing.
+    /// The drag begins when the pointer leaves the rectangle given on the screen, at the pointer when there is none.
+    DROPEFFECT DoDragDrop(DWORD dwEffects = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK,
+                          LPCRECT lpRectStartDrag = nullptr, COleDropSource* pDropSource = nullptr);
+    IDataObject* GetInterface() const;
+
+private:
+    class Data;
+    Data* m_data;
+};
