@@ -97,14 +97,21 @@ private:
     void fillBox(const Box& box, std::uint32_t color);
     void fillPolygon(const SurfacePoint* points, int count, bool asHole);
 
-    void dot(const Point& at)
+    /// A pixel of an outline after the one at `last`, or after none where that is the same.
+    void dotAfter(const Point& at, const Point& last)
     {
         if (m_penWidth == 1)
             m_canvas.pixel(at.x, at.y, m_pen);
-        else
+        else if (at == last)
             m_widePen.dot(m_canvas, at, m_pen);
+        else
+            m_widePen.dotAfter(m_canvas, at, last, m_pen);
     }
-    void widen(const Point& from, const Point& to) { m_widePen.body(m_canvas, m_scan, from, to, m_pen); }
+    void widen(const Point& from, const Point& to)
+    {
+        if (m_penWidth > 1)
+            m_widePen.body(m_canvas, m_scan, from, to, m_pen);
+    }
 
     raster::Canvas m_canvas;
     bool m_penOn = true;
@@ -140,10 +147,12 @@ try {
     m_points.resize(static_cast<std::size_t>(end - points));
     std::transform(points, end, m_points.begin(), whole);
     const Box& clip = m_canvas.clip();
-    if (asHole)
+    if (asHole) {
+        m_canvas.prepareHoles();
         m_scan.fill(m_points, clip, [&](int y, int x1, int x2) { m_canvas.cutOut(y, x1, x2); });
-    else
+    } else {
         m_scan.fill(m_points, clip, [&](int y, int x1, int x2) { m_canvas.span(y, x1, x2, m_brush); });
+    }
 } catch (const std::bad_alloc&) {
 }
 
@@ -178,9 +187,9 @@ void RasterSurface::drawFar(SurfacePoint from, SurfacePoint to)
 
 void RasterSurface::drawWide(const Point& from, const Point& to)
 {
-    dot(from);
-    dot(to);
-    widen(from, to);
+    m_widePen.dot(m_canvas, from, m_pen);
+    m_widePen.dot(m_canvas, to, m_pen);
+    m_widePen.body(m_canvas, m_scan, from, to, m_pen);
 }
 
 /// The edge of a box, as the pen goes along its outermost pixels.
@@ -244,8 +253,8 @@ void RasterSurface::ellipse(double x1, double y1, double x2, double y2)
         return;
     if (isFar) {
         farEllipseOutline(box, window, m_points);
-        for (const Point& p : m_points)
-            dot(p);
+        for (std::size_t i = 0; i < m_points.size(); ++i)
+            dotAfter(m_points[i], m_points[i > 0 ? i - 1 : 0]);
     } else {
         drawQuadrants(box);
     }
@@ -256,26 +265,21 @@ void RasterSurface::drawQuadrants(const Box& box)
 {
     const int right = box.right - 1;
     const int bottom = box.bottom - 1;
-    Point last = m_points.front();
-    for (const Point& p : m_points) {
-        dot({box.left + p.x, box.top + p.y});
-        dot({right - p.x, box.top + p.y});
-        dot({right - p.x, bottom - p.y});
-        dot({box.left + p.x, bottom - p.y});
-        if (m_penWidth > 1) {
-            widen({box.left + last.x, box.top + last.y}, {box.left + p.x, box.top + p.y});
-            widen({right - last.x, box.top + last.y}, {right - p.x, box.top + p.y});
-            widen({right - last.x, bottom - last.y}, {right - p.x, bottom - p.y});
-            widen({box.left + last.x, bottom - last.y}, {box.left + p.x, bottom - p.y});
+    for (const bool atRight : {false, true}) {
+        for (const bool below : {false, true}) {
+            const auto mirrored = [&](const Point& p) {
+                return Point{atRight ? right - p.x : box.left + p.x, below ? bottom - p.y : box.top + p.y};
+            };
+            Point last = mirrored(m_points.front());
+            widen(last, {last.x, box.top + bottom - last.y}); // across the middle to the quarter above or below
+            for (const Point& p : m_points) {
+                const Point next = mirrored(p);
+                dotAfter(next, last);
+                widen(last, next);
+                last = next;
+            }
+            widen(last, {box.left + right - last.x, last.y});
         }
-        last = p;
-    }
-    if (m_penWidth > 1) { // from quarter to quarter
-        const Point& first = m_points.front();
-        widen({box.left + first.x, box.top + first.y}, {box.left + first.x, bottom - first.y});
-        widen({right - first.x, box.top + first.y}, {right - first.x, bottom - first.y});
-        widen({box.left + last.x, box.top + last.y}, {right - last.x, box.top + last.y});
-        widen({box.left + last.x, bottom - last.y}, {right - last.x, bottom - last.y});
     }
 }
 

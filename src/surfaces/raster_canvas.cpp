@@ -44,10 +44,14 @@ void Canvas::clipRestore()
     m_holes = {};
 }
 
-void Canvas::cutOut(int y, int x1, int x2)
+void Canvas::prepareHoles()
 {
     if (m_mask.empty())
         m_mask.resize(static_cast<std::size_t>(m_stride) * static_cast<std::size_t>(m_whole.bottom));
+}
+
+void Canvas::cutOut(int y, int x1, int x2)
+{
     const Box cut{x1, y, x2, y + 1};
     m_holes = m_holes.empty() ? cut : around(m_holes, cut);
     std::fill_n(m_mask.begin() + indexOf(x1, y), x2 - x1, std::uint8_t(1));

@@ -49,6 +49,9 @@ public:
     void clipTo(const Box& box);
     void clipRestore();
 
+    /// To be called before holes are cut out: makes room for them.
+    void prepareHoles();
+
     /// Takes the pixels from x1 up to, and without, x2 of a row out of the clip, in whose rectangle they lie.
     void cutOut(int y, int x1, int x2);
 

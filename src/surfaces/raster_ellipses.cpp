@@ -89,15 +89,11 @@ void farEllipseOutline(const Box& box, const Box& window, std::vector<Point>& po
             points.push_back(p);
     };
     const Box seen = overlap(box, window);
-    for (int y = seen.top; y < seen.bottom; ++y) {
-        const double reach = across.reach(down, y);
-        add(across.middle - reach, y);
-        add(across.middle + reach, y);
-    }
-    for (int x = seen.left; x < seen.right; ++x) {
-        const double reach = down.reach(across, x);
-        add(x, down.middle - reach);
-        add(x, down.middle + reach);
+    for (const double side : {-1.0, 1.0}) {
+        for (int y = seen.top; y < seen.bottom; ++y)
+            add(across.middle + side * across.reach(down, y), y);
+        for (int x = seen.left; x < seen.right; ++x)
+            add(x, down.middle + side * down.reach(across, x));
     }
 }
 

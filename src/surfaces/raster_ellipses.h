@@ -17,7 +17,8 @@ void ellipseQuadrant(int width, int height, std::vector<Point>& points);
 /// @param quadrant of `ellipseQuadrant` for the box
 void fillEllipse(Canvas& canvas, const Box& box, const std::vector<Point>& quadrant, std::uint32_t color);
 
-/// The same two for boxes beyond the limit; the outline as its pixels within `window`, in no order.
+/// The same two for boxes beyond the limit; the outline as its pixels within `window`, as four
+/// runs of neighbours.
 void fillFarEllipse(Canvas& canvas, const Box& box, std::uint32_t color);
 void farEllipseOutline(const Box& box, const Box& window, std::vector<Point>& points);
 

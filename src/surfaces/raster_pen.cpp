@@ -26,15 +26,28 @@ void WidePen::setWidth(int width)
 
 void WidePen::dot(Canvas& canvas, const Point& at, std::uint32_t color) const
 {
+    dotAfter(canvas, at, {at.x, at.y - m_width}, color);
+}
+
+void WidePen::dotAfter(Canvas& canvas, const Point& at, const Point& last, std::uint32_t color) const
+{
     const Box& clip = canvas.clip();
-    const int left = at.x - m_width / 2;
-    const int top = at.y - m_width / 2;
-    if (left >= clip.right || left + m_width <= clip.left)
+    const Point corner = cornerOf(at);
+    const Point old = cornerOf(last);
+    if (corner.x >= clip.right || corner.x + m_width <= clip.left)
         return;
-    const int bottom = std::min(top + m_width, clip.bottom);
-    for (int y = std::max(top, clip.top); y < bottom; ++y) {
-        const int inset = m_insets[static_cast<std::size_t>(y - top)];
-        canvas.span(y, left + inset, left + m_width - inset, color);
+    const int bottom = std::min(corner.y + m_width, clip.bottom);
+    for (int y = std::max(corner.y, clip.top); y < bottom; ++y) {
+        const int inset = m_insets[static_cast<std::size_t>(y - corner.y)];
+        const int left = corner.x + inset;
+        const int right = corner.x + m_width - inset;
+        if (y < old.y || y >= old.y + m_width) {
+            canvas.span(y, left, right, color);
+            continue;
+        }
+        const int oldInset = m_insets[static_cast<std::size_t>(y - old.y)];
+        canvas.span(y, left, std::min(right, old.x + oldInset), color);
+        canvas.span(y, std::max(left, old.x + m_width - oldInset), right, color);
     }
 }
 

@@ -175,8 +175,10 @@ TEST_F(RasterBesideGdi, LargeEllipses)
     stress(500, [this](std::ostream& told) {
         const int x = number(-3000, kWidth), y = number(-3000, kHeight), width = number(300, 6000),
                   height = number(300, 6000);
-        told << " " << x << "," << y << " size " << width << "," << height;
+        const int pen = number(1, 3) * number(1, 4);
+        told << "pen " << pen << " " << x << "," << y << " size " << width << "," << height;
         return [=](VEK::CSurface& s) {
+            s.pen(pen, 0xFF);
             s.brush(0x8000);
             s.ellipse(x, y, x + width, y + height);
         };

@@ -28,9 +28,10 @@ VEK_API bool rasterPixels(CPixels& pixels, int width, int height, unsigned color
 ///   inside, one on a right or lower edge outside. So it is with the polygons of `clipOut`.
 /// - A wide pen covers a disc of its width at each end and the parallelogram between them. Widths above 32,767 count
 ///   as that.
-/// - A box with an edge reaches up to its right and lower side, one without ends a pixel before them; a rectangle or
-///   ellipse of one pixel has no edge of a one-pixel pen. An ellipse without an edge is drawn as far as one with it,
-///   unless a side is two pixels or less. The ends of an ellipse much narrower than it is high are cut off.
+/// - The right and the lower side of a box lie outside of it, and a rectangle without an edge is one pixel smaller
+///   still. An ellipse without an edge is as large as one with it unless a side is two pixels or less. A box of one
+///   pixel has no edge of a one-pixel pen. The ends of an ellipse much narrower than high are cut off; there GDI also
+///   fills rows that it never set, which this surface leaves alone.
 ///
 /// Lines are exact to the pixel as long as coordinates keep within plus and minus 2^27, ellipses up to 65,536 pixels a
 /// side; larger ones are drawn from rounded coordinates. Polygons are cut at plus and minus 2^27, boxes are moved to
