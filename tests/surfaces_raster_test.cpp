@@ -332,6 +332,40 @@ TEST(RasterClip, HolesCostTheirOwnSizeOnly)
     EXPECT_EQ(std::count(sheet.pixels.data.begin(), sheet.pixels.data.end(), 0xFF000000u), 400 + 399);
 }
 
+TEST(RasterClip, NothingIsLitOutsideWhateverTheNumbers)
+{
+    std::mt19937 random(11);
+    const double odd[] = {0,         -1,         3.7,          20,   59,     60,   1e4,   -65536, 65537,
+                          134217727, -134217728, 2147483648.0, 1e12, -1e300, kInf, -kInf, kNaN};
+    const auto number = [&] { return odd[random() % std::size(odd)] + random() % 3; };
+    Sheet sheet(60, 40);
+    for (int i = 0; i < 20'000; ++i) {
+        sheet->clipTo(10, 10, 50, 30);
+        const int widths[] = {INT_MIN, 0, 1, 2, 5, 1000, INT_MAX};
+        sheet->pen(i % 20 == 0 ? widths[i / 20 % 7] : 1, kRed);
+        i % 3 == 0 ? sheet->noBrush() : sheet->brush(kBlack);
+        const SurfacePoint points[] = {
+            {number(), number()}, {number(), number()}, {number(), number()}, {number(), number()}};
+        if (i % 5 == 0)
+            sheet->clipOut(points, 4);
+        sheet->polygon(points, 4);
+        sheet->ellipse(number(), number(), number(), number());
+        sheet->rectangle(number(), number(), number(), number());
+        sheet->solidRect(number(), number(), number(), number(), kBlack);
+        sheet->picture(number(), number(), {1, 2, {0xFF000000, 0xFF0000FF}});
+    }
+    int lit = 0, outside = 0;
+    for (int y = 0; y < 40; ++y) {
+        for (int x = 0; x < 60; ++x) {
+            const bool isLit = sheet.pixels.at(x, y) != 0xFFFFFFFF;
+            lit += isLit;
+            outside += isLit && (x < 10 || x >= 50 || y < 10 || y >= 30);
+        }
+    }
+    EXPECT_EQ(lit, 40 * 20);
+    EXPECT_EQ(outside, 0);
+}
+
 TEST(RasterPicture, LeavesOutPixelsWithoutOpacity)
 {
     const VEK::CPixels picture{2, 2, {0xFF000000, 0x000000FF, 0x00FFFFFF, 0xFF0000FF}};
