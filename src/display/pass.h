@@ -15,24 +15,22 @@ namespace VEK
 class DeviceMap
 {
 public:
-    explicit DeviceMap(const CVekMatrix3d& m)
-        : m_x{m[0][0], m[0][1], m[0][2], m[0][3]}, m_y{m[1][0], m[1][1], m[1][2], m[1][3]}
-    {
-    }
+    explicit DeviceMap(const CVekMatrix3d& m) : m_m(m) {}
 
     SurfacePoint operator()(const CVekPoint3d& p) const
     {
         const SurfacePoint v = (*this)(p.asVector());
-        return {v.x + m_x[3], v.y + m_y[3]};
+        return {v.x + m_m[0][3], v.y + m_m[1][3]};
     }
     SurfacePoint operator()(const CVekVector3d& v) const
     {
-        return {m_x[0] * v[0] + m_x[1] * v[1] + m_x[2] * v[2], m_y[0] * v[0] + m_y[1] * v[1] + m_y[2] * v[2]};
+        return {m_m[0][0] * v[0] + m_m[0][1] * v[1] + m_m[0][2] * v[2],
+                m_m[1][0] * v[0] + m_m[1][1] * v[1] + m_m[1][2] * v[2]};
     }
 
 private:
-    double m_x[4];
-    double m_y[4];
+    // No copy: reading back what was just stored would wait for all pixels that the item before has stored.
+    const CVekMatrix3d& m_m;
 };
 
 /// How many chords stand for an arc.

@@ -44,7 +44,7 @@ public:
     const Box& clip() const { return m_clip; }
 
     /// Whether holes may reach into a box.
-    bool isHoled(const Box& box) const { return !overlap(m_holes, box).empty(); }
+    bool isHoled(const Box& box) const { return !m_holes.empty() && !overlap(m_holes, box).empty(); }
 
     void clipTo(const Box& box);
     void clipRestore();
