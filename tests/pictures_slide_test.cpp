@@ -226,8 +226,8 @@ TEST(SlideEndOfData, GarbageEndsAndTellsNoMoreThanItHolds)
     std::mt19937 random(7);
     for (int round = 0; round < 2000; ++round) {
         Bytes slide(random() % 400);
-        for (unsigned char& byte : slide)
-            byte = static_cast<unsigned char>(round % 2 ? random() : random() % 4 + 0xFB);
+        for (unsigned char& value : slide)
+            value = static_cast<unsigned char>(round % 2 ? random() : random() % 4 + 0xFB);
         if (slide.size() > 18)
             slide[18] = static_cast<unsigned char>(1 + random() % 2);
         Log log;

@@ -1,3 +1,4 @@
+#include "core/platform/module_win.h"
 #include "core/platform/platform.h"
 
 #include <windows.h>
@@ -27,6 +28,14 @@ fs::path fileOf(HMODULE module)
 namespace VEK::platform
 {
 
+HINSTANCE ownModule()
+{
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&modulePath), &module);
+    return module;
+}
+
 fs::path programPath()
 {
     return fileOf(nullptr);
@@ -34,10 +43,7 @@ fs::path programPath()
 
 fs::path modulePath()
 {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&modulePath), &module);
-    return fileOf(module);
+    return fileOf(ownModule());
 }
 
 std::vector<std::string> programArguments(int, const char* const*)

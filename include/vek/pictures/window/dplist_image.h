@@ -1,0 +1,66 @@
+/// @file
+/// The picture control for display objects. Windows only.
+#pragma once
+
+#ifdef _WIN32
+
+#include <vek/display/gdx.h>
+
+#include <afxwin.h>
+
+/// A child window that shows a display object: wheel zoom about the mouse, pan with the middle button, a middle double
+/// click shows all of it, and a left click tells the parent which item lies there.
+///
+/// The parent gets a posted message whose number is the dialog id of the control, with wParam 0 and the first number of
+/// the item's stack as lParam; so a parent must keep the ids of such controls free of messages of its own.
+///
+/// Nothing but the owner fits the view, so it calls `zoomExtents` after `set_dpList`, and after a change of size if the
+/// picture is to follow. Everything runs on the window's thread.
+class VEK_API CVekDplistImage : public CWnd
+{
+    DECLARE_DYNAMIC(CVekDplistImage)
+
+public:
+    CVekDplistImage();
+
+    CVekGDX* get_dpList() { return dpList; }
+
+    /// Shows another display object; the view is not fitted.
+    /// @param gdx stays the caller's and must outlive the control or be taken back; null shows nothing, and the window
+    ///     then stays invalid
+    /// @return whether there is one
+    bool set_dpList(CVekGDX* gdx);
+
+    /// Fits the object's extents into the client area and takes the zoom back. Does not repaint. Before the window is
+    /// created the area counts as 320 by 240.
+    void zoomExtents();
+
+protected:
+    /// Invalidates the whole window, if it is there already, with erase.
+    void repaint();
+
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* dc);
+    afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
+    afx_msg void OnMouseMove(UINT flags, CPoint point);
+    afx_msg void OnLButtonDown(UINT flags, CPoint point);
+    afx_msg void OnLButtonUp(UINT flags, CPoint point);
+    afx_msg void OnMButtonDown(UINT flags, CPoint point);
+    afx_msg void OnMButtonUp(UINT flags, CPoint point);
+    afx_msg void OnMButtonDblClk(UINT flags, CPoint point);
+    DECLARE_MESSAGE_MAP()
+
+    CVekGDX* dpList = nullptr;
+    CVekMatrix3d zoomMtx; ///< of this control, handed on to the object with each step
+    CPoint panStart;      ///< where the mouse was when the pan began
+    double panX = 0.0;    ///< shift of `zoomMtx` when the pan began
+    double panY = 0.0;
+    HCURSOR panCursor;
+    HCURSOR crossCursor;
+
+private:
+    void handZoomOn();
+    void crossIfFocused();
+};
+
+#endif

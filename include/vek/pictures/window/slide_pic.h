@@ -1,0 +1,86 @@
+/// @file
+/// The picture control for slides. Windows only.
+#pragma once
+
+#ifdef _WIN32
+
+#include <vek/pictures/slide.h>
+
+#include <afxwin.h>
+
+#include <memory>
+#include <vector>
+
+namespace VEK
+{
+
+/// A child window that shows a slide, fitted into its client area without distortion. The slide is interpreted at each
+/// repaint. Without one the window has the colour of a dialog.
+class VEK_API CSlidePic : public CWnd
+{
+    DECLARE_DYNAMIC(CSlidePic)
+
+public:
+    CSlidePic();
+    ~CSlidePic() override;
+
+    /// Shows a slide of a library, found by its name in any case, or without a library the slide file `name`.
+    /// @return false, with nothing shown, for a file that cannot be read and a name that the library lacks
+    bool show(const wchar_t* name, const wchar_t* library);
+
+    /// Shows a slide from memory.
+    /// @param data is copied; null shows nothing
+    void show(void* data, int size);
+
+    /// Shows a slide that is a resource of the module.
+    /// @return false when it is not found or cannot be loaded
+    bool LoadSlide(unsigned long id, const wchar_t* type);
+
+    /// The slide's highest coordinates, as of the last drawing: 0 before the first.
+    /// @return false when no slide is loaded
+    bool getSize(long& x, long& y) const;
+
+    /// Sets the background by its AutoCAD Color Index. Does not repaint.
+    /// @return 1
+    int SetBkColor(int index);
+    int BackColor() const { return m_backIndex; }
+
+    /// Puts the slide on the clipboard as an enhanced metafile of one unit a pixel.
+    /// @return false only when the clipboard cannot be opened
+    bool Copy();
+
+    /// The slide as an enhanced metafile for white paper, on which colour 7 is black.
+    /// @return owned by the caller; null when it cannot be made
+    virtual HENHMETAFILE CreateEnhMetaFileW(CRect rect);
+
+protected:
+    /// Draws the slide on the present device context, fitted into a rectangle.
+    /// @return false without a slide, without a context, and for a slide of a wrong level
+    bool draw(CRect rect);
+
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* dc);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    class Painter;
+
+    void discard();
+    void setColor(int index);
+
+    CDC* m_dc = nullptr; ///< only while painting or building a metafile
+    CPen m_pen;          ///< keeps the colour of the last drawing
+    CBrush m_fill;
+    CBrush m_background;
+    CBrush m_system; ///< of an empty control
+    SlideReader m_reader;
+    std::vector<unsigned char> m_data;
+    bool m_loaded = false;
+    int m_hiX = 0;
+    int m_hiY = 0;
+    int m_backIndex = 0;
+};
+
+} // namespace VEK
+
+#endif

@@ -1,0 +1,132 @@
+// A control in a window of its own, and what tests do with it.
+#pragma once
+
+#include <vek/values/pixels.h>
+
+#include <gtest/gtest.h>
+
+#include <afxwin.h>
+
+#include <utility>
+#include <vector>
+
+namespace control_test
+{
+
+inline constexpr UINT kControlId = WM_APP + 77; ///< the control's id is the number of the message to its parent
+
+/// A window that keeps what its control tells it.
+class Parent : public CWnd
+{
+public:
+    std::vector<std::pair<WPARAM, LPARAM>> told;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == kControlId)
+            told.emplace_back(wParam, lParam);
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+};
+
+/// Handles the messages that wait. They may not end: a window that paints nothing stays invalid.
+inline void pump()
+{
+    MSG message;
+    for (int i = 0; i < 200 && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++i) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+inline LPARAM at(int x, int y)
+{
+    return MAKELPARAM(x, y);
+}
+
+/// What a window shows, top row first.
+inline VEK::CPixels pixelsOf(CWnd& window)
+{
+    CRect area;
+    window.GetClientRect(&area);
+    VEK::CPixels pixels{area.Width(), area.Height(), {}};
+    BITMAPINFO info = {};
+    info.bmiHeader = {sizeof info.bmiHeader, pixels.width, -pixels.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    std::uint32_t* bits = nullptr;
+    CClientDC dc(&window);
+    CDC memory;
+    memory.CreateCompatibleDC(&dc);
+    const HBITMAP bitmap =
+        CreateDIBSection(memory.m_hDC, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits), nullptr, 0);
+    const HGDIOBJ before = SelectObject(memory.m_hDC, bitmap);
+    memory.BitBlt(0, 0, pixels.width, pixels.height, &dc, 0, 0, SRCCOPY);
+    GdiFlush();
+    for (int i = 0; i < pixels.width * pixels.height; ++i)
+        pixels.data.push_back(0xFF000000u | (bits[i] & 0xFF) << 16 | (bits[i] & 0xFF00) | (bits[i] >> 16 & 0xFF));
+    SelectObject(memory.m_hDC, before);
+    DeleteObject(bitmap);
+    return pixels;
+}
+
+/// How many pixels differ; all of them for another size.
+inline int differing(const VEK::CPixels& a, const VEK::CPixels& b)
+{
+    if (a.data.size() != b.data.size())
+        return static_cast<int>(std::max(a.data.size(), b.data.size()));
+    int count = 0;
+    for (std::size_t i = 0; i < a.data.size(); ++i)
+        count += a.data[i] != b.data[i];
+    return count;
+}
+
+/// How many GDI objects can still be made: a leak takes from them. Asking the system gives 0 under Wine.
+inline int freeHandles()
+{
+    std::vector<HPEN> pens;
+    while (const HPEN pen = CreatePen(PS_SOLID, 1, static_cast<COLORREF>(pens.size())))
+        pens.push_back(pen);
+    for (const HPEN pen : pens)
+        DeleteObject(pen);
+    return static_cast<int>(pens.size());
+}
+
+/// @tparam Window class of the control
+template <class Window>
+class Control : public testing::Test
+{
+protected:
+    /// Opens the control in the corner of its parent.
+    void open(int width, int height)
+    {
+        ASSERT_TRUE(parent.CreateEx(0, AfxRegisterWndClass(0), L"test", WS_POPUP | WS_VISIBLE,
+                                    CRect(0, 0, 600, 500), nullptr, 0));
+        ASSERT_TRUE(control.Create(AfxRegisterWndClass(CS_DBLCLKS), L"", WS_CHILD | WS_VISIBLE,
+                                   CRect(0, 0, width, height), &parent, kControlId));
+        pump();
+    }
+    void TearDown() override
+    {
+        control.DestroyWindow();
+        parent.DestroyWindow();
+        pump();
+    }
+
+    LRESULT wheel(int delta, int x, int y, UINT flags = 0)
+    {
+        CPoint mouse(x, y);
+        control.ClientToScreen(&mouse);
+        return control.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(flags, delta), at(mouse.x, mouse.y));
+    }
+    void click(int x, int y)
+    {
+        control.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, at(x, y));
+        control.SendMessage(WM_LBUTTONUP, 0, at(x, y));
+        pump();
+    }
+
+    Parent parent;
+    Window control;
+};
+
+} // namespace control_test

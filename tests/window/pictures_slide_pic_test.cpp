@@ -1,0 +1,258 @@
+// The controls for slides and raster files in real windows.
+#include "core/platform/message_box_win.h"
+#include "picture_bytes.h"
+#include "slide_bytes.h"
+#include "window/control_fixture.h"
+
+#include <vek/pictures.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace control_test
+{
+namespace
+{
+
+std::filesystem::path temporary(const char* name)
+{
+    return std::filesystem::temp_directory_path() / name;
+}
+
+class SlidePic : public Control<VEK::CSlidePic>
+{
+protected:
+    void SetUp() override
+    {
+        open(101, 51);
+        control.SetBkColor(5);
+    }
+    unsigned pixel(int x, int y)
+    {
+        control.UpdateWindow();
+        return pixelsOf(control).at(x, y) & 0xFFFFFF;
+    }
+    void show(const std::vector<unsigned char>& bytes)
+    {
+        std::vector<unsigned char> copy = bytes;
+        control.show(copy.data(), static_cast<int>(copy.size()));
+    }
+};
+
+using slide_test::Bytes;
+
+/// A red line across the middle of a slide of 256 by 512.
+Bytes middleLine()
+{
+    return slide_test::withWords(slide_test::littleHeader(), {0xFF01, 0, 256, 256, 256, 0xFC00});
+}
+
+TEST_F(SlidePic, FitsTheSlideIntoTheWindow)
+{
+    EXPECT_EQ(pixel(50, 25), GetSysColor(COLOR_3DFACE)); // nothing yet
+    long x = -1, y = -1;
+    EXPECT_FALSE(control.getSize(x, y));
+    show(middleLine());
+    EXPECT_TRUE(control.getSize(x, y));
+    EXPECT_EQ(x, 0); // not drawn yet
+    // 50 of 512 by 100 of 256: the height decides; 25 wide, 37 to the left.
+    EXPECT_EQ(pixel(37, 25), 0x0000FFu);
+    EXPECT_EQ(pixel(61, 25), 0x0000FFu);
+    EXPECT_EQ(pixel(62, 25), 0xFF0000u);
+    EXPECT_EQ(pixel(36, 25), 0xFF0000u);
+    EXPECT_TRUE(control.getSize(x, y));
+    EXPECT_EQ(x, 256);
+    EXPECT_EQ(y, 512);
+    EXPECT_EQ(control.SetBkColor(3), 1);
+    EXPECT_EQ(control.BackColor(), 3);
+    control.Invalidate();
+    EXPECT_EQ(pixel(10, 10), 0x00FF00u);
+    control.show(nullptr, 100);
+    EXPECT_EQ(pixel(50, 25), GetSysColor(COLOR_3DFACE));
+}
+
+TEST_F(SlidePic, ReadsFilesAndLibraries)
+{
+    const auto file = temporary("vek_slide_pic_test.sld");
+    const Bytes slide = middleLine();
+    std::ofstream(file, std::ios::binary)
+        .write(reinterpret_cast<const char*>(slide.data()), std::streamsize(slide.size()));
+    EXPECT_TRUE(control.show(file.c_str(), nullptr));
+    EXPECT_EQ(pixel(50, 25), 0x0000FFu);
+    std::filesystem::remove(file);
+    EXPECT_FALSE(control.show(file.c_str(), nullptr));
+    EXPECT_EQ(pixel(50, 25), GetSysColor(COLOR_3DFACE));
+    const std::wstring library = std::filesystem::path(VEK_SOURCE_DIR "/examples/facade.slb").wstring();
+    EXPECT_TRUE(control.show(L"pfosten", library.c_str()));
+    control.Invalidate();
+    control.UpdateWindow();
+    EXPECT_FALSE(control.show(L"nowhere", library.c_str()));
+    EXPECT_FALSE(control.LoadSlide(12345, L"SLIDE"));
+}
+
+TEST_F(SlidePic, BrokenSlidesDrawAsFarAsTheyGo)
+{
+    Bytes cut = middleLine();
+    cut.resize(cut.size() - 2);
+    slide_test::operator+=(cut, {0x00, 0xFB});
+    show(cut);
+    EXPECT_EQ(pixel(50, 25), 0x0000FFu);
+    Bytes level = middleLine();
+    level[18] = 9;
+    show(level);
+    EXPECT_EQ(pixel(50, 25), 0xFF0000u); // its background alone
+    Bytes flat = middleLine();
+    flat[19] = flat[20] = 0; // no width
+    show(flat);
+    EXPECT_EQ(pixel(50, 25), 0xFF0000u);
+    for (const int size : {0, 1, 32000}) {
+        control.MoveWindow(0, 0, size, size);
+        show(middleLine());
+        control.UpdateWindow();
+    }
+}
+
+TEST_F(SlidePic, CopiesAMetafileForWhitePaper)
+{
+    show(slide_test::withWords(slide_test::littleHeader(), {0xFF07, 0, 256, 256, 256, 0xFC00}));
+    control.UpdateWindow();
+    ASSERT_TRUE(control.Copy());
+    EXPECT_EQ(control.BackColor(), 5);
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    const auto metafile = static_cast<HENHMETAFILE>(GetClipboardData(CF_ENHMETAFILE));
+    ASSERT_NE(metafile, nullptr);
+    struct Found {
+        int lines = 0;
+        COLORREF pen = 1;
+    } found;
+    EnumEnhMetaFile(
+        nullptr, metafile,
+        [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM to) {
+            auto& result = *reinterpret_cast<Found*>(to);
+            if (record->iType == EMR_LINETO)
+                ++result.lines;
+            if (record->iType == EMR_CREATEPEN)
+                result.pen = reinterpret_cast<const EMRCREATEPEN*>(record)->lopn.lopnColor;
+            return 1;
+        },
+        &found, nullptr);
+    CloseClipboard();
+    EXPECT_EQ(found.lines, 1);
+    EXPECT_EQ(found.pen, 0u); // colour 7 is black there
+}
+
+class Picture : public Control<VEK::CPicture>
+{
+protected:
+    void SetUp() override
+    {
+        open(101, 51);
+        VEK::platform::messageBoxHookSet([this](const VEK::platform::MessageBoxCall& call) {
+            boxes.push_back(call.caption + L": " + call.text);
+            return IDOK;
+        });
+        control.SetBackColor(0x00FF00);
+    }
+    void TearDown() override
+    {
+        VEK::platform::messageBoxHookSet({});
+        std::filesystem::remove(file);
+        Control::TearDown();
+    }
+    /// A blue picture.
+    void load(int width, int height)
+    {
+        std::string pixels;
+        for (int row = 0; row < height; ++row) {
+            for (int i = 0; i < width; ++i)
+                pixels += std::string("\xFF\0\0", 3);
+            pixels.append(static_cast<std::size_t>(width % 4), '\0');
+        }
+        const std::string bytes = picture_bytes::bmp(picture_bytes::info(width, height, 24), pixels);
+        std::ofstream(file, std::ios::binary).write(bytes.data(), std::streamsize(bytes.size()));
+        EXPECT_TRUE(control.LoadImage(file.c_str()));
+    }
+    unsigned pixel(int x, int y)
+    {
+        control.UpdateWindow();
+        return pixelsOf(control).at(x, y) & 0xFFFFFF;
+    }
+
+    const std::filesystem::path file = temporary("vek_picture_test.bmp");
+    std::vector<std::wstring> boxes;
+};
+
+constexpr unsigned kBlue = 0xFF0000, kGreen = 0x00FF00;
+
+TEST_F(Picture, StandsInTheMiddleAndIsReducedToFit)
+{
+    control.Invalidate();
+    EXPECT_EQ(pixel(50, 25), kGreen);
+    load(40, 20); // from (30, 15) on
+    EXPECT_EQ(pixel(30, 15), kBlue);
+    EXPECT_EQ(pixel(69, 34), kBlue);
+    EXPECT_EQ(pixel(29, 15), kGreen);
+    EXPECT_EQ(pixel(71, 36), kGreen);
+    load(404, 40); // four times as wide as the window, so ten pixels high from 20 on
+    EXPECT_EQ(pixel(2, 25), kBlue);
+    EXPECT_EQ(pixel(98, 25), kBlue);
+    EXPECT_EQ(pixel(50, 18), kGreen);
+    EXPECT_EQ(pixel(50, 32), kGreen);
+}
+
+TEST_F(Picture, PansAndZooms)
+{
+    load(40, 20);
+    control.SendMessage(WM_MBUTTONDOWN, MK_MBUTTON, at(40, 20));
+    EXPECT_EQ(::GetCapture(), control.m_hWnd);
+    control.SendMessage(WM_MOUSEMOVE, MK_MBUTTON, at(20, 10));
+    control.Invalidate(); // a paint that waits is taken from the queue
+    control.SendMessage(WM_MBUTTONUP, 0, at(20, 10));
+    EXPECT_NE(::GetCapture(), control.m_hWnd);
+    EXPECT_EQ(pixel(10, 5), kBlue);
+    EXPECT_EQ(pixel(60, 30), kGreen);
+    control.Reset();
+    EXPECT_EQ(wheel(120, 30, 15), TRUE); // about its corner
+    EXPECT_EQ(pixel(30, 15), kBlue);
+    EXPECT_EQ(pixel(89, 44), kBlue);
+    EXPECT_EQ(pixel(29, 15), kGreen);
+    int steps = 1;
+    while (wheel(120, 30, 15))
+        ++steps;
+    EXPECT_EQ(steps, 8);
+}
+
+TEST_F(Picture, AFileThatCannotBeReadIsToldOnce)
+{
+    load(40, 20);
+    EXPECT_TRUE(control.LoadImage(temporary("vek_no_such_picture.bmp").c_str()));
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].substr(0, 23), L"CPicture::LoadImage: " + boxes[0].substr(21, 2));
+    EXPECT_EQ(pixel(50, 25), kGreen);
+    EXPECT_FALSE(control.Copy());
+    EXPECT_FALSE(control.LoadImage(nullptr));
+    std::ofstream(file) << "no picture at all";
+    EXPECT_TRUE(control.LoadImage(file.c_str()));
+    EXPECT_EQ(pixel(50, 25), kGreen);
+}
+
+TEST_F(Picture, CopiesTheWholePicture)
+{
+    load(40, 20);
+    ASSERT_TRUE(control.Copy());
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    ENHMETAHEADER header = {};
+    GetEnhMetaFileHeader(static_cast<HENHMETAFILE>(GetClipboardData(CF_ENHMETAFILE)), sizeof header, &header);
+    CloseClipboard();
+    EXPECT_NEAR(header.rclBounds.right, 39, 1);
+    EXPECT_NEAR(header.rclBounds.bottom, 19, 1);
+    const int before = freeHandles();
+    for (int i = 0; i < 200; ++i) {
+        control.Invalidate();
+        control.UpdateWindow();
+    }
+    EXPECT_EQ(freeHandles(), before);
+}
+
+} // namespace
+} // namespace control_test
