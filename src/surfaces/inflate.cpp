@@ -153,7 +153,7 @@ private:
         if (!code.make(std::span(lengths).first(19)))
             return false;
         lengths.fill(0);
-        const std::size_t all = static_cast<std::size_t>(literals + distances);
+        const std::size_t all = static_cast<std::size_t>(literals) + static_cast<std::size_t>(distances);
         for (std::size_t at = 0; at < all;) {
             const int symbol = decode(code);
             if (symbol == kBad)

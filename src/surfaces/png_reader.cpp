@@ -99,10 +99,10 @@ bool readHeader(std::string_view bytes, Header& header)
     if (bytes.size() < kBehindHeader || !bytes.starts_with(kSignature) || bytes.substr(12, 4) != "IHDR")
         return false;
     const std::int64_t width = bigNumber(bytes, 16), height = bigNumber(bytes, 20);
-    header.depth = bytes[24];
-    header.type = bytes[25];
+    header.depth = static_cast<int>(dib::number(bytes, 24, 1));
+    header.type = static_cast<int>(dib::number(bytes, 25, 1));
     static constexpr int kChannels[] = {1, 0, 3, 1, 2, 0, 4};
-    header.channels = header.type >= 0 && header.type <= 6 ? kChannels[header.type] : 0;
+    header.channels = header.type <= 6 ? kChannels[header.type] : 0;
     const bool small = header.depth == 1 || header.depth == 2 || header.depth == 4;
     const bool fits = header.depth == 8 || (header.depth == 16 && header.type != kIndexed) ||
                       (small && (header.type == kGray || header.type == kIndexed));

@@ -58,13 +58,14 @@ void addChunk(std::string& file, std::string_view nameAndData)
 /// Each row behind the number of its filter, none.
 std::string rowsOf(const CPixels& pixels)
 {
-    std::string rows;
-    rows.reserve((static_cast<std::size_t>(pixels.width) * 4 + 1) * static_cast<std::size_t>(pixels.height));
+    const std::size_t width = static_cast<std::size_t>(pixels.width);
+    std::string rows((width * 4 + 1) * static_cast<std::size_t>(pixels.height), '\0');
+    char* to = rows.data();
     for (std::size_t i = 0; i < pixels.data.size(); ++i) {
-        if (i % static_cast<std::size_t>(pixels.width) == 0)
-            rows += '\0';
+        if (i % width == 0)
+            ++to;
         for (int shift = 0; shift < 32; shift += 8)
-            rows += static_cast<char>(pixels.data[i] >> shift);
+            *to++ = static_cast<char>(pixels.data[i] >> shift);
     }
     return rows;
 }

@@ -61,8 +61,10 @@ void Text::addBase64(std::string_view bytes)
     };
     for (std::size_t at = 0; at < bytes.size(); at += 3) {
         const std::uint32_t group = byte(at) << 16 | byte(at + 1) << 8 | byte(at + 2);
+        char digits[4];
         for (std::size_t i = 0; i < 4; ++i)
-            m_buffer += at + i <= bytes.size() ? kDigits[group >> (18 - 6 * i) & 63] : '=';
+            digits[i] = at + i <= bytes.size() ? kDigits[group >> (18 - 6 * i) & 63] : '=';
+        m_buffer.append(digits, 4);
         settle();
     }
 }
