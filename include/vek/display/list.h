@@ -91,6 +91,7 @@ private:
     void settle() const;
     template <class Test>
     void search(Test& test);
+    static void fetch(const CVekDisplayItem& item);
 
     mutable CVekArrayTempl<CVekDisplayItem> m_items;
 
@@ -105,19 +106,16 @@ private:
 template <class Test>
 void CVekDisplayList::search(Test& test)
 {
+    constexpr int kAhead = 8;
+    CVekDisplayItem* const items = m_items.begin();
+    const int step = m_isBackwards ? -1 : 1;
     for (std::size_t c = kClasses; c-- > 0;) {
-        CVekDisplayItem* const first = m_items.begin() + m_first[c];
-        CVekDisplayItem* const last = m_items.begin() + m_first[c + 1];
-        if (m_isBackwards) {
-            for (CVekDisplayItem* item = last; item != first;) {
-                if (test(*--item))
-                    return;
-            }
-        } else {
-            for (CVekDisplayItem* item = first; item != last; ++item) {
-                if (test(*item))
-                    return;
-            }
+        int at = m_isBackwards ? m_first[c + 1] - 1 : m_first[c];
+        for (int left = m_first[c + 1] - m_first[c]; left > 0; --left, at += step) {
+            if (left > kAhead)
+                fetch(items[at + kAhead * step]);
+            if (test(items[at]))
+                return;
         }
     }
 }
