@@ -16,7 +16,7 @@ if(MSVC)
   target_compile_definitions(vek_window INTERFACE _AFXDLL)
 else()
   file(GLOB sources CONFIGURE_DEPENDS toolkit/src/*.cpp toolkit/src/*.h toolkit/include/*.h toolkit/include/toolkit/*.h)
-  add_library(vek_toolkit SHARED ${sources})
+  add_library(vek_toolkit SHARED ${sources} toolkit/entry/dll_runtime.cpp)
   set_target_properties(vek_toolkit PROPERTIES PREFIX "" EXPORT_NAME toolkit RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
   target_compile_features(vek_toolkit PUBLIC cxx_std_20)
   target_compile_definitions(vek_toolkit PUBLIC UNICODE _UNICODE PRIVATE VEK_TOOLKIT_BUILDING)
@@ -26,10 +26,11 @@ else()
   target_link_options(vek_toolkit PRIVATE -static) # as programs are linked: no runtime DLLs
   target_link_libraries(vek_window INTERFACE vek_toolkit)
   set_property(GLOBAL APPEND PROPERTY VEK_INSTALLED vek_toolkit)
-  foreach(entry IN ITEMS program dll)
-    target_sources(vek_window_${entry} INTERFACE
-                   $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/toolkit/entry/${entry}.cpp>
-                   $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit/entry/${entry}.cpp>)
+  foreach(entry IN ITEMS program:program dll:dll dll:dll_runtime)
+    string(REGEX MATCH "(.*):(.*)" unused ${entry})
+    target_sources(vek_window_${CMAKE_MATCH_1} INTERFACE
+                   $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/toolkit/entry/${CMAKE_MATCH_2}.cpp>
+                   $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit/entry/${CMAKE_MATCH_2}.cpp>)
   endforeach()
   install(DIRECTORY toolkit/entry DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit)
   install(DIRECTORY toolkit/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit)

@@ -1,0 +1,13 @@
+// The application object of the DLL; it begins and ends with the module.
+#include <afxwin.h>
+
+namespace
+{
+
+class CVekDialApp : public CWinApp
+{
+};
+
+CVekDialApp theApp;
+
+} // namespace

@@ -1,0 +1,75 @@
+// The DLL as a host program knows it: loaded at run time, and given back without a trace.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <psapi.h>
+
+#include <string>
+#include <vector>
+
+namespace
+{
+
+const std::wstring kModule = L"Vek_2018_20_64_Mfc.dll";
+
+/// How many GDI objects can still be made.
+int freeHandles()
+{
+    std::vector<HPEN> pens;
+    while (const HPEN pen = CreatePen(PS_SOLID, 1, static_cast<COLORREF>(pens.size())))
+        pens.push_back(pen);
+    for (const HPEN pen : pens)
+        DeleteObject(pen);
+    return static_cast<int>(pens.size());
+}
+
+SIZE_T memoryInUse()
+{
+    PROCESS_MEMORY_COUNTERS_EX counters = {};
+    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters), sizeof counters);
+    return counters.PrivateUsage;
+}
+
+DWORD kernelHandles()
+{
+    DWORD count = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &count);
+    return count;
+}
+
+TEST(Module, LoadsAndUnloadsAThousandTimesWithoutLoss)
+{
+    const auto once = [] {
+        const HMODULE module = LoadLibraryW(kModule.c_str());
+        ASSERT_NE(module, nullptr);
+        EXPECT_NE(GetProcAddress(module, "_Z12gdxMapKeyNewv"), nullptr);
+        EXPECT_TRUE(FreeLibrary(module));
+        EXPECT_EQ(GetModuleHandleW(kModule.c_str()), nullptr);
+    };
+    for (int i = 0; i < 50; ++i) // until the system has its own tables
+        once();
+    const int handles = freeHandles();
+    const DWORD kernel = kernelHandles();
+    const SIZE_T memory = memoryInUse();
+    for (int i = 0; i < 1000 && !HasFatalFailure(); ++i)
+        once();
+    EXPECT_EQ(freeHandles(), handles);
+    EXPECT_EQ(kernelHandles(), kernel);
+    const SIZE_T after = memoryInUse();
+    RecordProperty("bytes", std::to_string(after - memory));
+    EXPECT_LT(after, memory + 1024 * 1024) << "more than 1 KB for each time";
+}
+
+TEST(Module, HasItsIconsItsCursorAndItsVersion)
+{
+    const HMODULE module = LoadLibraryExW(kModule.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    ASSERT_NE(module, nullptr);
+    for (int id = 2000; id <= 2007; ++id)
+        EXPECT_NE(FindResourceW(module, MAKEINTRESOURCEW(id), RT_GROUP_ICON), nullptr) << id;
+    EXPECT_NE(FindResourceW(module, MAKEINTRESOURCEW(4006), RT_GROUP_CURSOR), nullptr);
+    EXPECT_NE(FindResourceW(module, MAKEINTRESOURCEW(VS_VERSION_INFO), RT_VERSION), nullptr);
+    FreeLibrary(module);
+}
+
+} // namespace

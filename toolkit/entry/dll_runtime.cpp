@@ -1,0 +1,67 @@
+// What the compiler's runtime, which is linked into each DLL here, would leave behind when the DLL goes: its thread
+// library keeps a thread slot, of which a process has some thousand, and its exception support keeps memory.
+#if defined(__MINGW32__)
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+
+namespace __gnu_cxx
+{
+void __freeres();
+}
+
+namespace
+{
+
+/// The slots that were taken in this module and not given back; plain, since it is used before anything is constructed.
+struct Slots {
+    std::array<DWORD, 8> taken;
+    std::size_t count;
+} slots;
+
+template <class Function>
+Function* ofSystem(const char* name)
+{
+    const auto address = GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name);
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
+}
+
+DWORD WINAPI takeSlot()
+{
+    const DWORD slot = ofSystem<DWORD WINAPI()>("TlsAlloc")();
+    if (slot != TLS_OUT_OF_INDEXES && slots.count < slots.taken.size())
+        slots.taken[slots.count++] = slot;
+    return slot;
+}
+
+BOOL WINAPI giveSlotBack(DWORD slot)
+{
+    const auto end = slots.taken.begin() + slots.count;
+    if (const auto found = std::find(slots.taken.begin(), end, slot); found != end)
+        *found = slots.taken[--slots.count];
+    return ofSystem<BOOL WINAPI(DWORD)>("TlsFree")(slot);
+}
+
+/// Constructed first and so destroyed last of all objects of the module.
+struct AtTheEnd {
+    ~AtTheEnd()
+    {
+        __gnu_cxx::__freeres();
+        while (slots.count > 0)
+            giveSlotBack(slots.taken[slots.count - 1]);
+    }
+} atTheEnd __attribute__((init_priority(101)));
+
+} // namespace
+
+/// What the calls of the runtime go through; defined here, they take the place of the system's import library.
+extern "C" {
+extern DWORD(WINAPI* const __imp_TlsAlloc)();
+extern BOOL(WINAPI* const __imp_TlsFree)(DWORD);
+DWORD(WINAPI* const __imp_TlsAlloc)() = takeSlot;
+BOOL(WINAPI* const __imp_TlsFree)(DWORD) = giveSlotBack;
+}
+
+#endif
