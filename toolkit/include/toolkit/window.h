@@ -386,4 +386,4 @@ private:
 AFX_EXPORTED LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 
 /// A control that stands behind the messages of a scroll bar; null for the bars of the window itself.
-CScrollBar* AfxScrollBar(LPARAM window);
+AFX_EXPORTED CScrollBar* AfxScrollBar(LPARAM window);

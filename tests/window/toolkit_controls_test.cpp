@@ -1,0 +1,297 @@
+#include <afxcmn.h>
+#include <afxdlgs.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+using Log = std::vector<std::string>;
+
+/// A parent that writes down what its controls tell it.
+class Parent : public CWnd
+{
+public:
+    Parent() { CreateEx(0, nullptr, L"", WS_POPUP, CRect(0, 0, 400, 300), nullptr, 0); }
+
+    Log log;
+    BOOL tipAsked = FALSE;
+
+protected:
+    afx_msg void OnSelect(NMHDR* header, LRESULT* result)
+    {
+        log.push_back("select " + std::to_string(header->idFrom));
+        *result = 5;
+    }
+    BOOL OnTip(UINT id, NMHDR* header, LRESULT*)
+    {
+        const auto text = reinterpret_cast<NMTTDISPINFO*>(header);
+        tipAsked = id == 0 && (text->uFlags & TTF_IDISHWND) != 0 &&
+                   ::GetDlgCtrlID(reinterpret_cast<HWND>(header->idFrom)) == 7;
+        text->lpszText = const_cast<LPTSTR>(L"tip");
+        return TRUE;
+    }
+    afx_msg void OnVScroll(UINT code, UINT position, CScrollBar* bar)
+    {
+        log.push_back("scroll " + std::to_string(code) + " " + std::to_string(position) +
+                      (bar == nullptr ? " own" : " " + std::to_string(bar->GetDlgCtrlID())));
+        CWnd::OnVScroll(code, position, bar);
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(Parent, CWnd)
+ON_NOTIFY(TVN_SELCHANGED, 3, &Parent::OnSelect)
+ON_NOTIFY_EX_RANGE(TTN_NEEDTEXT, 0, 0xFFFF, &Parent::OnTip)
+ON_WM_VSCROLL()
+END_MESSAGE_MAP()
+
+class Tree : public CTreeCtrl
+{
+public:
+    Log log;
+    bool pass = false;
+
+protected:
+    BOOL OnSelect(NMHDR*, LRESULT*)
+    {
+        log.push_back("own");
+        return !pass;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(Tree, CTreeCtrl)
+ON_NOTIFY_REFLECT_EX(TVN_SELCHANGED, &Tree::OnSelect)
+END_MESSAGE_MAP()
+
+/// A box that draws its own rows.
+class Box : public CComboBox
+{
+public:
+    int measured = 0, drawn = 0, deleted = 0;
+
+    void MeasureItem(LPMEASUREITEMSTRUCT item) override
+    {
+        ++measured;
+        item->itemHeight = 31;
+    }
+    void DrawItem(LPDRAWITEMSTRUCT) override { ++drawn; }
+    void DeleteItem(LPDELETEITEMSTRUCT) override { ++deleted; }
+};
+
+class Measured : public CListCtrl
+{
+public:
+    int measured = 0;
+
+protected:
+    afx_msg void MeasureItem(LPMEASUREITEMSTRUCT item)
+    {
+        ++measured;
+        item->itemHeight = 40;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(Measured, CListCtrl)
+ON_WM_MEASUREITEM_REFLECT()
+END_MESSAGE_MAP()
+
+/// The tip window that belongs to another one.
+HWND tipOf(HWND owner)
+{
+    for (HWND tip = nullptr; (tip = ::FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+        if (::GetWindow(tip, GW_OWNER) == owner)
+            return tip;
+    }
+    return nullptr;
+}
+
+int CALLBACK backwards(LPARAM a, LPARAM b, LPARAM)
+{
+    return static_cast<int>(b - a);
+}
+
+class ToolkitControls : public testing::Test
+{
+protected:
+    Parent parent;
+    const CRect rect = CRect(0, 0, 200, 150);
+};
+
+} // namespace
+
+TEST_F(ToolkitControls, ListsKeepRowsColumnsAndData)
+{
+    CListCtrl list;
+    ASSERT_TRUE(list.Create(WS_CHILD | LVS_REPORT, rect, &parent, 1));
+    EXPECT_EQ(list.InsertColumn(0, L"first", LVCFMT_LEFT, 100), 0);
+    EXPECT_EQ(list.InsertColumn(1, L"second", LVCFMT_RIGHT, 60, 1), 1);
+    EXPECT_EQ(list.InsertItem(0, L"a"), 0);
+    EXPECT_EQ(list.InsertItem(1, L"b"), 1);
+    const CString wide(L'w', 1000);
+    EXPECT_TRUE(list.SetItemText(1, 1, wide));
+    EXPECT_EQ(list.GetItemText(1, 1), wide) << "of any length";
+    EXPECT_EQ(list.GetItemText(0, 1), L"");
+    EXPECT_TRUE(list.SetItemData(1, 77));
+    EXPECT_EQ(list.GetItemData(1), 77u);
+    EXPECT_TRUE(list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED));
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 1);
+    POSITION at = list.GetFirstSelectedItemPosition();
+    EXPECT_EQ(list.GetNextSelectedItem(at), 1);
+    EXPECT_EQ(at, nullptr);
+    CRect cell;
+    EXPECT_TRUE(list.GetSubItemRect(1, 1, LVIR_LABEL, cell));
+    EXPECT_EQ(cell.Width(), 60);
+    HDITEM item = {};
+    item.mask = HDI_FORMAT;
+    ASSERT_NE(list.GetHeaderCtrl(), nullptr);
+    EXPECT_TRUE(list.GetHeaderCtrl()->GetItem(1, &item));
+    EXPECT_EQ(item.fmt & HDF_JUSTIFYMASK, HDF_RIGHT);
+    EXPECT_EQ(list.GetHeaderCtrl(), CWnd::FromHandlePermanent(*list.GetHeaderCtrl()));
+    list.SetExtendedStyle(LVS_EX_FULLROWSELECT);
+    EXPECT_EQ(list.GetExtendedStyle(), DWORD(LVS_EX_FULLROWSELECT));
+    EXPECT_TRUE(list.DeleteAllItems());
+    EXPECT_EQ(list.GetItemCount(), 0);
+}
+
+TEST_F(ToolkitControls, TreesSortAndTellOfSelection)
+{
+    Tree tree;
+    ASSERT_TRUE(tree.Create(WS_CHILD, rect, &parent, 3));
+    const HTREEITEM root = tree.InsertItem(L"root");
+    HTREEITEM items[3];
+    for (int i = 0; i < 3; ++i) {
+        items[i] = tree.InsertItem(std::to_wstring(i).c_str(), i, i, root);
+        EXPECT_TRUE(tree.SetItemData(items[i], static_cast<DWORD_PTR>(i)));
+    }
+    TVSORTCB sort = {root, backwards, 0};
+    EXPECT_TRUE(tree.SortChildrenCB(&sort));
+    EXPECT_EQ(tree.GetChildItem(root), items[2]);
+    EXPECT_TRUE(tree.SortChildren(root));
+    EXPECT_EQ(tree.GetChildItem(root), items[0]);
+    EXPECT_EQ(tree.GetItemText(items[1]), L"1");
+    EXPECT_EQ(tree.GetItemData(items[1]), 1u);
+    EXPECT_EQ(tree.GetParentItem(items[1]), root);
+    EXPECT_EQ(tree.GetParentItem(root), nullptr);
+
+    tree.log.clear();
+    EXPECT_TRUE(tree.SelectItem(items[1]));
+    EXPECT_EQ(tree.GetSelectedItem(), items[1]);
+    EXPECT_EQ(tree.log, Log{"own"});
+    EXPECT_TRUE(parent.log.empty()) << "the tree was content with its own";
+    tree.pass = true;
+    tree.SelectItem(items[2]);
+    EXPECT_EQ(parent.log, Log{"select 3"});
+    tree.pass = false;
+    EXPECT_TRUE(tree.DeleteAllItems());
+    EXPECT_EQ(tree.GetCount(), 0u);
+}
+
+TEST_F(ToolkitControls, TabsAndImages)
+{
+    CTabCtrl tabs;
+    ASSERT_TRUE(tabs.Create(WS_CHILD, rect, &parent, 4));
+    EXPECT_EQ(tabs.InsertItem(0, L"one"), 0);
+    EXPECT_EQ(tabs.InsertItem(65535, L"two"), 1);
+    EXPECT_EQ(tabs.SetCurSel(1), 0);
+    EXPECT_EQ(tabs.GetCurSel(), 1);
+    EXPECT_TRUE(tabs.DeleteItem(0));
+    EXPECT_EQ(tabs.GetItemCount(), 1);
+
+    auto images = std::make_unique<CImageList>();
+    ASSERT_TRUE(images->Create(16, 16, ILC_COLOR24 | ILC_MASK, 4, 4));
+    EXPECT_EQ(images->Add(::LoadIconW(nullptr, IDI_APPLICATION)), 0);
+    EXPECT_EQ(images->Add(::LoadIconW(nullptr, IDI_ERROR)), 1);
+    EXPECT_EQ(images->GetImageCount(), 2);
+    EXPECT_EQ(tabs.SetImageList(images.get()), nullptr);
+    EXPECT_EQ(tabs.GetImageList(), images.get());
+    const HIMAGELIST handle = images->Detach();
+    EXPECT_NE(tabs.GetImageList(), images.get());
+    EXPECT_EQ(tabs.GetImageList()->GetSafeHandle(), handle);
+    images->Attach(handle);
+    tabs.SetImageList(nullptr);
+}
+
+TEST_F(ToolkitControls, BoxesMeasureDrawAndDeleteTheirRows)
+{
+    Box box;
+    ASSERT_TRUE(box.Create(WS_CHILD | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED, rect, &parent, 5));
+    EXPECT_GT(box.measured, 0);
+    EXPECT_EQ(box.AddString(L"row"), 0);
+    EXPECT_EQ(box.GetItemHeight(0), 31);
+    DRAWITEMSTRUCT item = {};
+    item.CtlType = ODT_COMBOBOX;
+    item.CtlID = 5;
+    item.hwndItem = box;
+    parent.SendMessage(WM_DRAWITEM, 5, reinterpret_cast<LPARAM>(&item));
+    EXPECT_EQ(box.drawn, 1);
+    box.ResetContent();
+    EXPECT_EQ(box.deleted, 1);
+
+    Measured list;
+    ASSERT_TRUE(list.Create(WS_CHILD | LVS_REPORT | LVS_OWNERDRAWFIXED, rect, &parent, 6));
+    EXPECT_GT(list.measured, 0);
+}
+
+TEST_F(ToolkitControls, ScrollBarsReachTheParent)
+{
+    CScrollBar bar;
+    ASSERT_TRUE(bar.Create(WS_CHILD | SBS_VERT, CRect(0, 0, 16, 100), &parent, 9));
+    bar.SetScrollRange(0, 10);
+    bar.SetScrollPos(4);
+    EXPECT_EQ(bar.GetScrollPos(), 4);
+    parent.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 4), reinterpret_cast<LPARAM>(bar.m_hWnd));
+    parent.SendMessage(WM_VSCROLL, SB_LINEDOWN);
+    EXPECT_EQ(parent.log, (Log{"scroll 4 4 9", "scroll 1 0 own"}));
+}
+
+TEST_F(ToolkitControls, TipsAskTheWindowForTheirText)
+{
+    CButton field;
+    ASSERT_TRUE(field.Create(L"", WS_CHILD | WS_VISIBLE, CRect(10, 10, 60, 30), &parent, 7));
+    TOOLINFO part = {};
+    EXPECT_EQ(parent.OnToolHitTest(CPoint(20, 20), &part), 7);
+    EXPECT_EQ(reinterpret_cast<HWND>(part.uId), field.m_hWnd);
+    EXPECT_EQ(parent.OnToolHitTest(CPoint(200, 200), &part), -1);
+
+    parent.EnableToolTips();
+    parent.ShowWindow(SW_SHOWNOACTIVATE);
+    CPoint pointer(10, 5);
+    field.ClientToScreen(&pointer);
+    ::SetCursorPos(pointer.x, pointer.y);
+    MSG move = {field, WM_MOUSEMOVE, 0, MAKELPARAM(10, 5), 0, pointer};
+    EXPECT_FALSE(parent.PreTranslateMessage(&move));
+    const HWND tip = tipOf(parent);
+    ASSERT_NE(tip, nullptr);
+    // The tip comes when the pointer has rested there.
+    for (const ULONGLONG end = ::GetTickCount64() + 5000; !parent.tipAsked && ::GetTickCount64() < end;) {
+        MSG message;
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            ::DispatchMessageW(&message);
+    }
+    EXPECT_TRUE(parent.tipAsked);
+    EXPECT_TRUE(::IsWindowVisible(tip));
+    CWnd::CancelToolTips();
+    EXPECT_FALSE(::IsWindowVisible(tip));
+    parent.EnableToolTips(FALSE);
+    EXPECT_FALSE(::IsWindow(tip));
+}
+
+TEST(ToolkitFileDialog, PreparesTheSystemsRecord)
+{
+    CFileDialog dialog(TRUE, L"txt", L"C:\\a.b\\some.file.txt", OFN_FILEMUSTEXIST, L"Texts (*.txt)|*.txt||");
+    EXPECT_EQ(dialog.m_ofn.Flags & OFN_FILEMUSTEXIST, DWORD(OFN_FILEMUSTEXIST));
+    EXPECT_STREQ(dialog.m_ofn.lpstrFilter, L"Texts (*.txt)");
+    EXPECT_STREQ(dialog.m_ofn.lpstrFilter + 14, L"*.txt");
+    EXPECT_EQ(dialog.m_ofn.lpstrFilter[20], L'\0');
+    EXPECT_EQ(dialog.GetFileName(), L"some.file.txt");
+    EXPECT_EQ(dialog.GetFileTitle(), L"some.file");
+    EXPECT_EQ(dialog.GetFileExt(), L"txt");
+}

@@ -1,0 +1,96 @@
+#include "plugin/plugin.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace
+{
+
+/// A program's dialog on top of that of a DLL.
+class AppDialog : public PluginDialog
+{
+public:
+    AppDialog() = default;
+    int answer() const override { return 2; }
+
+protected:
+    afx_msg LRESULT OnAskMore(WPARAM w, LPARAM l) { return 10 * PluginDialog::OnAsk(w, l); }
+    DECLARE_MESSAGE_MAP()
+};
+
+constexpr UINT kAskMore = WM_APP + 3;
+
+BEGIN_MESSAGE_MAP(AppDialog, PluginDialog)
+ON_MESSAGE(kAskMore, &AppDialog::OnAskMore)
+END_MESSAGE_MAP()
+
+/// A frame of 100 by 50 units without controls.
+constexpr DLGTEMPLATE kFrame[2] = {{WS_POPUP | WS_CAPTION, 0, 0, 0, 0, 100, 50}, {}};
+
+} // namespace
+
+TEST(ToolkitModule, EachFindsItsOwn)
+{
+    EXPECT_EQ(pluginRuns(), 1);
+    const HINSTANCE plugin = ::GetModuleHandleW(L"libtoolkit_plugin.dll");
+    ASSERT_NE(plugin, nullptr);
+    EXPECT_EQ(pluginInstance(), plugin);
+    EXPECT_EQ(AfxGetInstanceHandle(), ::GetModuleHandleW(nullptr));
+    EXPECT_EQ(runPlugin(nullptr), 11) << "template and text come from the DLL";
+    EXPECT_EQ(AfxGetInstanceHandle(), ::GetModuleHandleW(nullptr));
+}
+
+TEST(ToolkitModule, ProgramsDeriveFromTheClassesOfADll)
+{
+    AppDialog dialog;
+    EXPECT_TRUE(dialog.IsKindOf(RUNTIME_CLASS(PluginDialog)));
+    EXPECT_TRUE(dialog.IsKindOf(RUNTIME_CLASS(CDialog)));
+    ASSERT_TRUE(dialog.CreateIndirect(kFrame));
+    EXPECT_EQ(CWnd::FromHandle(dialog.m_hWnd), &dialog);
+    EXPECT_EQ(dialog.SendMessage(kAsk), 2);
+    EXPECT_EQ(dialog.SendMessage(kAskMore), 20);
+    EXPECT_EQ(dialog.handledFor, ::GetModuleHandleW(nullptr)) << "made for the program";
+
+    AFX_MODULE_STATE other(pluginInstance(), &AfxRunGuarded);
+    AFX_MANAGE_STATE(&other);
+    EXPECT_EQ(dialog.SendMessage(kAsk), 2);
+    EXPECT_EQ(dialog.handledFor, ::GetModuleHandleW(nullptr)) << "whoever sends the message";
+}
+
+TEST(ToolkitModule, ExceptionsOfADllStayInTheProcedure)
+{
+    AppDialog dialog;
+    ASSERT_TRUE(dialog.CreateIndirect(kFrame));
+    EXPECT_EQ(dialog.SendMessage(kThrow), 0);
+    EXPECT_EQ(dialog.SendMessage(kAsk), 2);
+}
+
+TEST(ToolkitModule, ComesAndGoesWithoutLoss)
+{
+    const std::filesystem::path loaded =
+        std::filesystem::temp_directory_path() / ("vek_plugin_" + std::to_string(::GetCurrentProcessId()) + ".dll");
+    wchar_t source[MAX_PATH];
+    ::GetModuleFileNameW(pluginInstance(), source, MAX_PATH);
+    std::filesystem::copy_file(source, loaded, std::filesystem::copy_options::overwrite_existing);
+    const auto once = [&loaded] {
+        const HMODULE module = ::LoadLibraryW(loaded.c_str());
+        ASSERT_NE(module, nullptr);
+        const auto runs = reinterpret_cast<int (*)()>(reinterpret_cast<void*>(::GetProcAddress(module, "pluginRuns")));
+        ASSERT_NE(runs, nullptr);
+        ASSERT_EQ(runs(), 1);
+        const auto instance =
+            reinterpret_cast<HINSTANCE (*)()>(reinterpret_cast<void*>(::GetProcAddress(module, "pluginInstance")));
+        ASSERT_EQ(instance(), module);
+        ASSERT_TRUE(::FreeLibrary(module));
+    };
+    once();
+    DWORD before = 0, after = 0;
+    ::GetProcessHandleCount(::GetCurrentProcess(), &before);
+    for (int i = 0; i < 1000; ++i)
+        ASSERT_NO_FATAL_FAILURE(once());
+    ::GetProcessHandleCount(::GetCurrentProcess(), &after);
+    EXPECT_LE(after, before + 2);
+    EXPECT_EQ(::GetModuleHandleW(loaded.c_str()), nullptr);
+    std::filesystem::remove(loaded);
+}
