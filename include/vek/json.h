@@ -19,14 +19,14 @@ inline constexpr int kJsonDepth = 512;
 /// @param tree receives the contents in place of its own; on failure it stays as it was
 /// @param error receives "NAME:LINE: cause" on failure, without the line where a file cannot be read at all, and stays
 /// untouched otherwise; NAME is the path or `name`
-VEK_API bool jsonLoad(CVekDataItem& tree, const wchar_t* path, CVekString& error);
-VEK_API bool jsonRead(CVekDataItem& tree, const char* bytes, std::size_t size, const wchar_t* name, CVekString& error);
+bool jsonLoad(CVekDataItem& tree, const wchar_t* path, CVekString& error);
+bool jsonRead(CVekDataItem& tree, const char* bytes, std::size_t size, const wchar_t* name, CVekString& error);
 
 /// Writes a tree to a file or into a text in UTF-8, which it replaces. A file is written beside its place and then
 /// renamed, so that what stood there stays whole until the new one is.
 /// @param error receives "NAME: cause" on failure, and stays untouched otherwise
 /// @return false when directories lie deeper than `kJsonDepth` or the text cannot be written
-VEK_API bool jsonSave(const CVekDataItem& tree, const wchar_t* path, CVekString& error);
-VEK_API bool jsonWrite(const CVekDataItem& tree, std::string& text, const wchar_t* name, CVekString& error);
+bool jsonSave(const CVekDataItem& tree, const wchar_t* path, CVekString& error);
+bool jsonWrite(const CVekDataItem& tree, std::string& text, const wchar_t* name, CVekString& error);
 
 } // namespace VEK
