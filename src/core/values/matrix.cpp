@@ -20,7 +20,12 @@ CVekMatrix3d CVekMatrix3d::operator*(const CVekMatrix3d& b) const
 
 bool CVekMatrix3d::operator==(const CVekMatrix3d& other) const
 {
-    return std::equal(&m_rows[0][0], &m_rows[0][0] + 16, &other.m_rows[0][0]);
+    const double* a = m_rows[0];
+    const double* b = other.m_rows[0];
+    bool equal = true; // matrices that are compared mostly are equal, and without a branch that is quickest
+    for (int i = 0; i < 16; ++i)
+        equal &= a[i] == b[i];
+    return equal;
 }
 
 CVekMatrix3d& CVekMatrix3d::setToIdentity()

@@ -61,7 +61,7 @@ public:
     void picture(double x, double y, const CPixels& pixels) override;
 
 private:
-    using Objects = ObjectTable<HGDIOBJ, 12>;
+    using Objects = ObjectTable<HGDIOBJ, 8>;
 
     static constexpr std::size_t kRunLimit = 1360; ///< as many points as every device takes, wide pens included
 
@@ -79,7 +79,8 @@ private:
     Objects m_pens;
     Objects m_brushes;
     HGDIOBJ m_pen = GetStockObject(BLACK_PEN);
-    HGDIOBJ m_brush = nullptr; ///< null: hollow
+    std::uint64_t m_penLook = 0; ///< of the pen in force; 0 for one that is not in the table
+    HGDIOBJ m_brush = nullptr;   ///< null: hollow
     HGDIOBJ m_selectedPen = m_pen;
     HGDIOBJ m_selectedBrush = GetStockObject(NULL_BRUSH);
     HRGN m_clip = nullptr;
@@ -151,18 +152,19 @@ void GdiSurface::pen(int width, unsigned color)
 {
     width = std::max(width, 1);
     color &= 0xFFFFFF;
-    const HGDIOBJ wanted = object(m_pens, std::uint64_t(width) << 32 | color,
-                                  [=] { return static_cast<HGDIOBJ>(CreatePen(PS_SOLID, width, color)); });
-    if (wanted == m_pen)
+    const std::uint64_t look = std::uint64_t(width) << 32 | color;
+    if (look == m_penLook)
         return;
     flushRun();
-    m_pen = wanted;
+    m_pen = object(m_pens, look, [=] { return static_cast<HGDIOBJ>(CreatePen(PS_SOLID, width, color)); });
+    m_penLook = look;
 }
 
 void GdiSurface::noPen()
 {
     flushRun();
     m_pen = GetStockObject(NULL_PEN);
+    m_penLook = 0;
 }
 
 void GdiSurface::brush(unsigned color)
