@@ -100,6 +100,21 @@ ON_MESSAGE(kStep, &Dialog::OnStep)
 ON_WM_TIMER()
 END_MESSAGE_MAP()
 
+/// A window that knows two commands.
+class Owner : public CWnd
+{
+public:
+    std::vector<UINT> commands;
+
+protected:
+    afx_msg void OnRange(UINT id) { commands.push_back(id); }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(Owner, CWnd)
+ON_COMMAND_RANGE(0x7FFF, 0x8000, &Owner::OnRange)
+END_MESSAGE_MAP()
+
 class Key : public CEdit
 {
 public:
@@ -277,6 +292,18 @@ TEST(ToolkitDialog, StandsWithoutALoop)
     dialog.SendMessage(WM_COMMAND, IDCANCEL);
     EXPECT_TRUE(::IsWindow(dialog.m_hWnd)) << "hidden, not destroyed";
     EXPECT_TRUE(dialog.DestroyWindow());
+}
+
+TEST(ToolkitDialog, PassesCommandsOnToItsParent)
+{
+    Owner owner;
+    ASSERT_TRUE(owner.CreateEx(0, nullptr, L"", WS_POPUP, 0, 0, 30, 20, nullptr, nullptr));
+    const Template source(WS_CHILD);
+    CDialog page;
+    ASSERT_TRUE(page.CreateIndirect(source.get(), &owner));
+    page.SendMessage(WM_COMMAND, 0x8000);
+    page.SendMessage(WM_COMMAND, 0x7FFF); // the id of a control, which is nobody else's business
+    EXPECT_EQ(owner.commands, std::vector<UINT>{0x8000});
 }
 
 TEST(ToolkitMap, FindsWalksAndRemoves)

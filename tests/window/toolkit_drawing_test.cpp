@@ -59,6 +59,19 @@ TEST(ToolkitDrawing, FindsTheOwnerOfAHandle)
     EXPECT_EQ(CPen::FromHandle(nullptr), nullptr);
 }
 
+TEST(ToolkitDrawing, ForgetsTemporaryObjectsOfDeadHandles)
+{
+    const HBRUSH kept = ::CreateSolidBrush(0);
+    CBrush* object = CBrush::FromHandle(kept);
+    for (int i = 0; i < 2000; ++i) {
+        const HPEN pen = ::CreatePen(PS_SOLID, 1, static_cast<COLORREF>(i));
+        EXPECT_EQ(static_cast<HPEN>(*CPen::FromHandle(pen)), pen);
+        ::DeleteObject(pen);
+    }
+    EXPECT_EQ(CBrush::FromHandle(kept), object) << "and not those of others";
+    ::DeleteObject(kept);
+}
+
 TEST(ToolkitDrawing, GivesBackWhatWasSelected)
 {
     Canvas dc;

@@ -129,24 +129,27 @@ TEST(ToolkitDataSource, HandsItsDataOut)
 
     COleDataSource source;
     source.CacheGlobalData(CF_UNICODETEXT, memory);
+    const auto data = static_cast<IDataObject*>(source.GetInterface(&IID_IDataObject));
+    ASSERT_NE(data, nullptr);
+    EXPECT_EQ(source.GetInterface(&IID_IDispatch), nullptr);
     FORMATETC format = {CF_UNICODETEXT, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
-    EXPECT_EQ(source.GetInterface()->QueryGetData(&format), S_OK);
+    EXPECT_EQ(data->QueryGetData(&format), S_OK);
     for (int i = 0; i < 2; ++i) { // each taker gets data of its own
         STGMEDIUM medium = {};
-        ASSERT_EQ(source.GetInterface()->GetData(&format, &medium), S_OK);
+        ASSERT_EQ(data->GetData(&format, &medium), S_OK);
         EXPECT_NE(medium.hGlobal, memory);
         EXPECT_STREQ(static_cast<const wchar_t*>(::GlobalLock(medium.hGlobal)), text);
         ::GlobalUnlock(medium.hGlobal);
         ::ReleaseStgMedium(&medium);
     }
     IEnumFORMATETC* formats = nullptr;
-    ASSERT_EQ(source.GetInterface()->EnumFormatEtc(DATADIR_GET, &formats), S_OK);
+    ASSERT_EQ(data->EnumFormatEtc(DATADIR_GET, &formats), S_OK);
     FORMATETC first = {};
     EXPECT_EQ(formats->Next(1, &first, nullptr), S_OK);
     EXPECT_EQ(first.cfFormat, CF_UNICODETEXT);
     formats->Release();
     format.cfFormat = CF_HDROP;
-    EXPECT_EQ(source.GetInterface()->QueryGetData(&format), DV_E_FORMATETC);
+    EXPECT_EQ(data->QueryGetData(&format), DV_E_FORMATETC);
     EXPECT_EQ(source.DoDragDrop(), DWORD(DROPEFFECT_NONE)) << "no button is held";
 }
 

@@ -4,8 +4,8 @@
 #pragma once
 
 #include <afxtempl.h>
+#include <toolkit/controls.h>
 #include <toolkit/image_list.h>
-#include <toolkit/window.h>
 
 class AFX_EXPORTED CHeaderCtrl : public CWnd
 {
@@ -123,10 +123,7 @@ public:
         return static_cast<BOOL>(SendMessage(LVM_REDRAWITEMS, static_cast<WPARAM>(nFirst), nLast));
     }
     BOOL Update(int nItem) { return static_cast<BOOL>(SendMessage(LVM_UPDATE, static_cast<WPARAM>(nItem))); }
-    CWnd* EditLabel(int nItem)
-    {
-        return FromHandle(reinterpret_cast<HWND>(SendMessage(LVM_EDITLABELW, static_cast<WPARAM>(nItem))));
-    }
+    CEdit* EditLabel(int nItem);
     BOOL GetColumn(int nCol, LVCOLUMN* pColumn) const
     {
         return static_cast<BOOL>(

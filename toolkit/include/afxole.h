@@ -45,7 +45,8 @@ public:
     /// The drag begins when the pointer leaves the rectangle given on the screen, at the pointer when there is none.
     DROPEFFECT DoDragDrop(DWORD dwEffects = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK,
                           LPCRECT lpRectStartDrag = nullptr, COleDropSource* pDropSource = nullptr);
-    IDataObject* GetInterface() const;
+    /// The interface of an id, without a reference for the caller; null for one that the data does not have.
+    LPUNKNOWN GetInterface(const void* iid);
 
 private:
     class Data;

@@ -231,6 +231,12 @@ int CListCtrl::InsertColumn(int nCol, LPCTSTR lpszColumnHeading, int nFormat, in
     return InsertColumn(nCol, &column);
 }
 
+CEdit* CListCtrl::EditLabel(int nItem)
+{
+    return static_cast<CEdit*>(
+        FromHandle(reinterpret_cast<HWND>(SendMessage(LVM_EDITLABELW, static_cast<WPARAM>(nItem)))));
+}
+
 CHeaderCtrl* CListCtrl::GetHeaderCtrl() const
 {
     const HWND header = reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER));

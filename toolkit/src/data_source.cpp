@@ -199,9 +199,13 @@ void COleDataSource::Empty()
     m_data->clear();
 }
 
-IDataObject* COleDataSource::GetInterface() const
+LPUNKNOWN COleDataSource::GetInterface(const void* iid)
 {
-    return m_data;
+    void* found = nullptr;
+    if (FAILED(m_data->QueryInterface(*static_cast<const IID*>(iid), &found)))
+        return nullptr;
+    m_data->Release();
+    return static_cast<IDataObject*>(found);
 }
 
 DROPEFFECT COleDataSource::DoDragDrop(DWORD dwEffects, LPCRECT lpRectStartDrag, COleDropSource* pDropSource)

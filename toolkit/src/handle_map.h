@@ -2,6 +2,7 @@
 // temporary one belongs to the map, which forgets it when the program is idle.
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <unordered_map>
 #include <utility>
@@ -37,10 +38,12 @@ public:
         Object* owner = permanent(handle);
         if (owner != nullptr)
             return owner;
+        if (m_temporary.size() >= m_full)
+            forgetDead();
         Temporary& slot = m_temporary[handle];
         if (slot.object == nullptr)
             slot = {make(), level};
-        hold(*slot.object, handle); // found by the object's class, see thread_state.h
+        hold(*slot.object, handle); // this and alive() are found by the object's class, see thread_state.h
         return slot.object.get();
     }
     Object* object(Handle handle, int level)
@@ -51,14 +54,7 @@ public:
     /// still be held by a function that waits for its end.
     void forget(int level)
     {
-        for (auto it = m_temporary.begin(); it != m_temporary.end();) {
-            if (it->second.level < level) {
-                ++it;
-                continue;
-            }
-            hold(*it->second.object, nullptr);
-            it = m_temporary.erase(it);
-        }
+        drop([level](const Temporary& each) { return each.level >= level; });
     }
 
 private:
@@ -66,6 +62,28 @@ private:
         std::unique_ptr<Object> object;
         int level = 0;
     };
+
+    template <class Test>
+    void drop(Test test)
+    {
+        for (auto it = m_temporary.begin(); it != m_temporary.end();) {
+            if (!test(it->second)) {
+                ++it;
+                continue;
+            }
+            hold(*it->second.object, nullptr);
+            it = m_temporary.erase(it);
+        }
+    }
+    /// In a program with a message loop of its own nobody tells when it is idle.
+    void forgetDead()
+    {
+        drop([](const Temporary& each) { return !alive(*each.object); });
+        m_full = std::max<size_t>(kRoom, 2 * m_temporary.size());
+    }
+
+    static constexpr size_t kRoom = 256;
     std::unordered_map<Handle, Object*> m_permanent;
     std::unordered_map<Handle, Temporary> m_temporary;
+    size_t m_full = kRoom; ///< time to look for those whose handles are no more
 };

@@ -30,6 +30,30 @@ inline void hold(CImageList& list, HIMAGELIST handle)
 }
 /// @}
 
+/// @name Whether the handle of a temporary object still stands for something
+/// @{
+inline bool alive(const CGdiObject& object)
+{
+    return ::GetObjectType(object.m_hObject) != 0;
+}
+inline bool alive(const CDC& context)
+{
+    return ::GetObjectType(context.m_hDC) != 0;
+}
+inline bool alive(const CWnd& window)
+{
+    return ::IsWindow(window.m_hWnd);
+}
+inline bool alive(const CMenu& menu)
+{
+    return ::IsMenu(menu.m_hMenu);
+}
+inline bool alive(const CImageList&)
+{
+    return true;
+} // the system cannot tell
+/// @}
+
 struct ThreadState {
     HandleMap<HGDIOBJ, CGdiObject> objects;
     HandleMap<HDC, CDC> contexts;

@@ -62,6 +62,5 @@ private:
 AFX_EXPORTED HINSTANCE AFXAPI AfxGetInstanceHandle();
 AFX_EXPORTED HINSTANCE AFXAPI AfxGetResourceHandle();
 AFX_EXPORTED void AFXAPI AfxSetResourceHandle(HINSTANCE hInstResource);
-/// The module that has a resource: the current one, else the program, else an extension module. The current one when
-/// none has.
+/// The module that has a resource: the current one, else the program. The current one when neither has.
 AFX_EXPORTED HINSTANCE AFXAPI AfxFindResourceHandle(LPCTSTR lpszResource, LPCTSTR lpszType);
