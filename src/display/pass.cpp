@@ -35,7 +35,7 @@ CVekMatrix3d screenMatrix(const CVekGDX& gdx, int height, int width)
     return move * flip * unit * gdx.projMtxGet();
 }
 
-constexpr int kFetchAhead = 4;
+constexpr int kFetchAhead = 8;
 
 /// Has what lies apart from an item fetched that is drawn soon, since waiting for it would take longer than the rest.
 void fetch([[maybe_unused]] const CVekDisplayItem& item)
