@@ -121,28 +121,49 @@ function(vek_room_table)
 endfunction()
 
 # vek_programs(): a folder apps/<name> is a program, target <name>_program, that is installed under its folder's name.
+# Sources of apps/shared belong to all of them. A program whose main.cpp lies in apps/<name>/window is one of windows:
+# it is built for Windows only, and uses the library as others do, as a DLL.
 function(vek_programs)
-  file(GLOB folders CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/apps/*/main.cpp)
-  get_property(rooms GLOBAL PROPERTY VEK_ROOMS)
-  foreach(main IN LISTS folders)
-    cmake_path(GET main PARENT_PATH folder)
-    cmake_path(GET folder FILENAME name)
-    file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
-    add_executable(${name}_program ${sources})
-    set_target_properties(${name}_program PROPERTIES OUTPUT_NAME ${name} RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
-    target_include_directories(${name}_program PRIVATE ${CMAKE_SOURCE_DIR}/src)
-    target_link_libraries(${name}_program PRIVATE vek_json ${rooms} vek_cli11 vek_nlohmann vek_options)
-    install(TARGETS ${name}_program RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  file(GLOB mains CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/apps/*/main.cpp)
+  foreach(main IN LISTS mains)
+    vek_program(${main})
+    get_property(rooms GLOBAL PROPERTY VEK_ROOMS)
+    target_link_libraries(${program} PRIVATE vek_json ${rooms})
   endforeach()
+  if(WIN32)
+    file(GLOB mains CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/apps/*/window/main.cpp)
+    foreach(main IN LISTS mains)
+      cmake_path(GET main PARENT_PATH folder)
+      vek_program(${folder})
+      file(GLOB windowed CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h ${folder}/*.rc)
+      target_sources(${program} PRIVATE ${windowed})
+      set_target_properties(${program} PROPERTIES WIN32_EXECUTABLE ON)
+      target_link_libraries(${program} PRIVATE vek vek_platform vek_window_program)
+    endforeach()
+  endif()
 endfunction()
 
-# The program draws hatches without any file beside it, so it carries the text of the example patterns.
+# What every program is, by the path of something in its folder; `program` receives the target.
+function(vek_program path)
+  cmake_path(GET path PARENT_PATH folder)
+  cmake_path(GET folder FILENAME name)
+  set(program ${name}_program)
+  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h
+       ${CMAKE_SOURCE_DIR}/apps/shared/*.cpp ${CMAKE_SOURCE_DIR}/apps/shared/*.h)
+  add_executable(${program} ${sources} ${CMAKE_BINARY_DIR}/own_patterns.cpp)
+  set_target_properties(${program} PROPERTIES OUTPUT_NAME ${name} RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+  target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/apps)
+  target_link_libraries(${program} PRIVATE vek_cli11 vek_nlohmann vek_options)
+  install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  return(PROPAGATE program)
+endfunction()
+
+# Programs draw hatches without any file beside them, so they carry the text of the example patterns.
 function(vek_program_patterns file)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
   file(READ ${file} text)
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/own_patterns.cpp @ONLY CONTENT
        "#include <string_view>\n\nextern const std::string_view ownPatterns;\nconst std::string_view ownPatterns = R\"pat(@text@)pat\";\n")
-  target_sources(vek_program PRIVATE ${CMAKE_BINARY_DIR}/own_patterns.cpp)
 endfunction()
 
 # vek_png(): gives the program vek its PNG files. Debian has no libpng for MinGW; who has one sets VEK_PNG.

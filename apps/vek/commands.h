@@ -3,6 +3,7 @@
 #pragma once
 
 #include "picture.h"
+#include "shared/sample.h"
 
 #include <string>
 
@@ -27,9 +28,7 @@ struct HatchOptions {
     std::string output;
     std::string patterns; ///< a pattern file; empty for the program's own
     std::string size;
-    double angle = 0.0; ///< degrees
-    double scale = 1.0;
-    bool crossed = false;
+    SampleLook look;
 };
 
 void hatchCommand(const HatchOptions& options);

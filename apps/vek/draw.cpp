@@ -1,39 +1,17 @@
 #include "commands.h"
-#include "description.h"
-#include "failure.h"
-#include "input.h"
-#include "patterns.h"
-#include "sheet.h"
-
-#include <vek/data.h>
-
-#include <algorithm>
+#include "shared/description.h"
+#include "shared/failure.h"
+#include "shared/input.h"
+#include "shared/lettering.h"
+#include "shared/patterns.h"
+#include "shared/sample.h"
+#include "shared/sheet.h"
 
 namespace
 {
 
 constexpr Size kDrawSize{1024, 768};
 constexpr Size kTextSize{1024, 256};
-/// Puts a slide into a square, as large as it can be.
-void addSlide(CVekGDX& gdx, const InputSlide& slide, const CVekPoint3d& corner)
-{
-    CVekGDX alone = paper();
-    VEK::gdxImageSlide(&alone, slide.bytes, 0, nullptr);
-    CVekPoint3d min, max;
-    if (!alone.extmaxGet(min, max))
-        return;
-    const double extent = std::max({max[0] - min[0], max[1] - min[1], 1.0});
-    const double scale = Sheet::kCell / extent;
-    const CVekPoint3d origin(corner[0] + (Sheet::kCell - scale * (min[0] + max[0])) / 2.0,
-                             corner[1] + (Sheet::kCell - scale * (min[1] + max[1])) / 2.0, 0.0);
-    CVekMatrix3d place;
-    place.setCoordSystem(origin, CVekVector3d(scale, 0.0, 0.0), CVekVector3d(0.0, scale, 0.0),
-                         CVekVector3d(0.0, 0.0, scale));
-    CVekDataItem item(CVekDataItem::directory);
-    const CVekDataKey key(L"MTX");
-    VEK::dataItemSet(&item, &key, place);
-    VEK::gdxImageSlide(&gdx, slide.bytes, 0, &item);
-}
 
 void addSlides(CVekGDX& gdx, const Input& input, const std::string& name, Size size)
 {

@@ -1,7 +1,8 @@
 #include "commands.h"
-#include "description.h"
-#include "failure.h"
-#include "input.h"
+#include "shared/description.h"
+#include "shared/failure.h"
+#include "shared/input.h"
+#include "shared/lettering.h"
 
 #include <array>
 #include <cstdio>

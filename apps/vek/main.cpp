@@ -1,7 +1,7 @@
 // The command line of the library. docs/command-line.md tells how it is used.
 #include "commands.h"
 #include "core/platform/platform.h"
-#include "failure.h"
+#include "shared/failure.h"
 
 #include <CLI/CLI.hpp>
 
@@ -53,9 +53,9 @@ void run(std::vector<std::string> arguments)
     hatching->add_option("NAME", hatch.name, "the pattern, in any case; all if it is left out");
     hatching->add_option("-o,--output", hatch.output, "picture: .svg, .emf or .png")->required();
     hatching->add_option("--patterns", hatch.patterns, "pattern file (.pat) to use in place of the program's own");
-    hatching->add_option("--angle", hatch.angle, "degrees that the pattern is turned by, counter-clockwise [0]");
-    hatching->add_option("--scale", hatch.scale, "factor on the pattern [1]");
-    hatching->add_flag("--crossed", hatch.crossed, "lines in both directions; for _USER and _U alone");
+    hatching->add_option("--angle", hatch.look.angle, "degrees that the pattern is turned by, counter-clockwise [0]");
+    hatching->add_option("--scale", hatch.look.scale, "factor on the pattern [1]");
+    hatching->add_flag("--crossed", hatch.look.crossed, "lines in both directions; for _USER and _U alone");
     hatching->add_option("--size", hatch.size, "width and height in pixels [640x640, all: 1600x1200]")
         ->type_name("WxH");
     hatching->callback([&] { hatchCommand(hatch); });

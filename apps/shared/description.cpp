@@ -2,7 +2,7 @@
 
 #include "failure.h"
 #include "input.h"
-#include "picture.h"
+#include "lettering.h"
 
 #include <vek/data.h>
 #include <vek/host.h>

@@ -1,5 +1,7 @@
 #include "sheet.h"
 
+#include "lettering.h"
+
 #include <algorithm>
 #include <cmath>
 

@@ -2,7 +2,12 @@
 /// Many small pictures on one sheet.
 #pragma once
 
-#include "picture.h"
+#include <vek/display.h>
+
+struct Size {
+    int width = 0;
+    int height = 0;
+};
 
 /// Squares in rows with a name beneath each, in the shape of the picture.
 class Sheet

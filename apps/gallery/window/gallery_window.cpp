@@ -1,0 +1,404 @@
+#include "gallery_window.h"
+
+#include "resource.h"
+#include "shared/failure.h"
+#include "shared/input.h"
+
+#include <vek/surfaces.h>
+
+#include <afxdlgs.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+
+// At 96 dots an inch.
+constexpr int kWidth = 1000, kHeight = 700;
+constexpr int kSmallestWidth = 480, kSmallestHeight = 320;
+constexpr int kGap = 6; // around the controls; between list and picture it is the bar to drag
+constexpr int kSmallestPart = 120;
+constexpr int kCountWidth = 110; // of the status bar's second part
+
+constexpr unsigned kWhite = 0xFFFFFF;
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(GalleryWindow, CWnd)
+ON_WM_CREATE()
+ON_WM_DESTROY()
+ON_WM_SIZE()
+ON_WM_GETMINMAXINFO()
+ON_WM_SETFOCUS()
+ON_WM_ACTIVATE()
+ON_WM_SETCURSOR()
+ON_WM_LBUTTONDOWN()
+ON_WM_MOUSEMOVE()
+ON_WM_LBUTTONUP()
+ON_MESSAGE(WM_DPICHANGED, &GalleryWindow::OnDpiChanged)
+ON_MESSAGE(IDC_PICTURE, &GalleryWindow::OnPick)
+ON_NOTIFY(TVN_SELCHANGEDW, IDC_LIST, &GalleryWindow::OnSelect)
+ON_COMMAND(ID_FILE_EXPORT_METAFILE, &GalleryWindow::OnExportMetafile)
+ON_COMMAND(ID_FILE_EXPORT_SVG, &GalleryWindow::OnExportSvg)
+ON_COMMAND(ID_FILE_EXIT, &GalleryWindow::OnExit)
+ON_COMMAND(ID_EDIT_COPY_PICTURE, &GalleryWindow::OnCopy)
+ON_COMMAND(ID_EDIT_CLEAR_HIGHLIGHT, &GalleryWindow::OnClearHighlight)
+ON_COMMAND(ID_VIEW_EXTENTS, &GalleryWindow::OnExtents)
+ON_COMMAND(ID_VIEW_ZOOM_IN, &GalleryWindow::OnZoomIn)
+ON_COMMAND(ID_VIEW_ZOOM_OUT, &GalleryWindow::OnZoomOut)
+ON_COMMAND_RANGE(ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, &GalleryWindow::OnBackground)
+END_MESSAGE_MAP()
+
+GalleryWindow::GalleryWindow(std::vector<CataloguePicture> pictures) : m_pictures(std::move(pictures)) {}
+
+bool GalleryWindow::open(const CVekString& name, const std::vector<std::string>& troubles)
+{
+    const LPCWSTR resources = MAKEINTRESOURCEW(IDR_GALLERY);
+    const HINSTANCE module = AfxGetInstanceHandle();
+    const HMENU menu = LoadMenuW(module, resources);
+    m_accelerators = LoadAcceleratorsW(module, resources);
+    const LPCWSTR kind = AfxRegisterWndClass(0, LoadCursorW(nullptr, IDC_ARROW),
+                                             reinterpret_cast<HBRUSH>(COLOR_3DFACE + 1), LoadIconW(module, resources));
+    if (!CreateEx(0, kind, L"VEK Gallery", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, kWidth,
+                  kHeight, nullptr, menu))
+        return false;
+    SetWindowPos(nullptr, 0, 0, scaled(kWidth), scaled(kHeight), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    layOut();
+    const HTREEITEM item = find(name);
+    if (item == nullptr)
+        return false;
+    m_list.SelectItem(item);
+    m_list.EnsureVisible(item);
+    if (!troubles.empty())
+        tell(wide(troubles.front()));
+    return true;
+}
+
+int GalleryWindow::OnCreate(LPCREATESTRUCT create)
+{
+    if (CWnd::OnCreate(create) == -1)
+        return -1;
+    m_dpi = static_cast<int>(GetDpiForWindow(m_hWnd));
+    const CRect none(0, 0, 0, 0);
+    const DWORD child = WS_CHILD | WS_VISIBLE;
+    const bool made =
+        m_label.Create(L"&Pictures", child | SS_LEFT, none, this, IDC_LIST_LABEL) &&
+        m_list.CreateEx(WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"Pictures",
+                        child | WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS, none,
+                        this, IDC_LIST) &&
+        m_picture.CreateEx(WS_EX_CLIENTEDGE, AfxRegisterWndClass(CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW), L"Picture",
+                           child | WS_TABSTOP, none, this, IDC_PICTURE) &&
+        m_status.Create(child | SBARS_SIZEGRIP, none, this, IDC_STATUS);
+    if (!made)
+        return -1;
+    setFonts();
+    fillList();
+    OnBackground(ID_BACKGROUND_OWN);
+    return 0;
+}
+
+void GalleryWindow::OnDestroy()
+{
+    CWnd::OnDestroy();
+    PostQuitMessage(0);
+}
+
+/// The wheel belongs to the window beneath the pointer, wherever the focus is.
+BOOL GalleryWindow::PreTranslateMessage(MSG* message)
+{
+    if (message->message == WM_MOUSEWHEEL) {
+        const HWND beneath = ::WindowFromPoint({GET_X_LPARAM(message->lParam), GET_Y_LPARAM(message->lParam)});
+        if (beneath == m_picture.m_hWnd || beneath == m_list.m_hWnd)
+            message->hwnd = beneath;
+        return FALSE;
+    }
+    return TranslateAcceleratorW(m_hWnd, m_accelerators, message) || IsDialogMessage(message);
+}
+
+// Layout
+
+void GalleryWindow::setFonts()
+{
+    NONCLIENTMETRICSW metrics = {};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(m_dpi));
+    const HFONT font = CreateFontIndirectW(&metrics.lfMessageFont);
+    for (const HWND window : {m_label.m_hWnd, m_list.m_hWnd, m_status.m_hWnd})
+        ::SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    m_font.DeleteObject();
+    m_font.Attach(font);
+}
+
+void GalleryWindow::layOut()
+{
+    m_status.SendMessage(WM_SIZE);
+    CRect area, status;
+    GetClientRect(&area);
+    m_status.GetWindowRect(&status);
+    int parts[] = {std::max(area.Width() - scaled(kCountWidth) - status.Height(), 0), -1};
+    m_status.SetParts(2, parts);
+
+    const int gap = scaled(kGap), bottom = area.bottom - status.Height();
+    const int largest = area.Width() - scaled(kSmallestPart) - gap;
+    const int width = std::max(std::min(scaled(m_listWidth), largest), 0);
+    LOGFONTW font = {};
+    GetObjectW(m_font, sizeof font, &font);
+    const int line = std::abs(font.lfHeight) * 3 / 2;
+    const int top = gap / 2 + line;
+    m_label.MoveWindow(gap, gap / 2, width - gap, line);
+    m_list.MoveWindow(0, top, width, std::max(bottom - top, 0));
+    m_picture.MoveWindow(width + gap, 0, std::max(area.Width() - width - gap, 0), std::max(bottom, 0));
+}
+
+void GalleryWindow::OnSize(UINT type, int width, int height)
+{
+    CWnd::OnSize(type, width, height);
+    if (type == SIZE_MINIMIZED || m_status.m_hWnd == nullptr)
+        return;
+    layOut();
+    if (m_scene.shown().zoomMtxGet() == CVekMatrix3d::kIdentity) // who zoomed in keeps looking at the same place
+        fit();
+}
+
+void GalleryWindow::OnGetMinMaxInfo(MINMAXINFO* info)
+{
+    info->ptMinTrackSize = {scaled(kSmallestWidth), scaled(kSmallestHeight)};
+}
+
+void GalleryWindow::OnSetFocus(CWnd*)
+{
+    ::SetFocus(m_focus != nullptr ? m_focus : m_list.m_hWnd);
+}
+
+void GalleryWindow::OnActivate(UINT state, CWnd* other, BOOL minimised)
+{
+    const HWND focus = ::GetFocus();
+    if (state == WA_INACTIVE && ::IsChild(m_hWnd, focus))
+        m_focus = focus;
+    CWnd::OnActivate(state, other, minimised);
+}
+
+LRESULT GalleryWindow::OnDpiChanged(WPARAM dpi, LPARAM suggested)
+{
+    m_dpi = LOWORD(dpi);
+    setFonts();
+    const RECT* area = reinterpret_cast<const RECT*>(suggested);
+    SetWindowPos(nullptr, area->left, area->top, area->right - area->left, area->bottom - area->top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    layOut();
+    return 0;
+}
+
+BOOL GalleryWindow::OnSetCursor(CWnd* window, UINT hit, UINT message)
+{
+    if (hit != HTCLIENT || window->m_hWnd != m_hWnd)
+        return CWnd::OnSetCursor(window, hit, message);
+    ::SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
+    return TRUE;
+}
+
+void GalleryWindow::OnLButtonDown(UINT, CPoint)
+{
+    SetCapture();
+}
+
+void GalleryWindow::OnMouseMove(UINT flags, CPoint point)
+{
+    if ((flags & MK_LBUTTON) == 0 || ::GetCapture() != m_hWnd)
+        return;
+    CRect area;
+    GetClientRect(&area);
+    const int smallest = scaled(kSmallestPart);
+    const int width =
+        std::clamp(static_cast<int>(point.x) - scaled(kGap) / 2, smallest, std::max(area.Width() - smallest, smallest));
+    m_listWidth = MulDiv(width, 96, m_dpi);
+    OnSize(SIZE_RESTORED, area.Width(), area.Height());
+}
+
+void GalleryWindow::OnLButtonUp(UINT, CPoint)
+{
+    ReleaseCapture();
+}
+
+// The list and the picture
+
+void GalleryWindow::fillList()
+{
+    HTREEITEM group = nullptr;
+    for (std::size_t i = 0; i < m_pictures.size(); ++i) {
+        const CataloguePicture& picture = m_pictures[i];
+        if (i == 0 || !(picture.group == m_pictures[i - 1].group))
+            group = m_list.InsertItem(picture.group);
+        const HTREEITEM item = m_list.InsertItem(picture.name, group);
+        m_list.SetItemData(item, i);
+        if (picture.group == m_pictures.front().group)
+            m_list.Expand(group, TVE_EXPAND);
+    }
+    m_isFilled = true;
+}
+
+HTREEITEM GalleryWindow::find(const CVekString& name) const
+{
+    for (HTREEITEM group = m_list.GetRootItem(); group != nullptr; group = m_list.GetNextSiblingItem(group)) {
+        for (HTREEITEM item = m_list.GetChildItem(group); item != nullptr; item = m_list.GetNextSiblingItem(item)) {
+            if (name.len() == 0 || m_pictures[m_list.GetItemData(item)].name.compareNoCase(name) == 0)
+                return item;
+        }
+    }
+    return nullptr;
+}
+
+void GalleryWindow::OnSelect(NMHDR* header, LRESULT* result)
+{
+    const auto* change = reinterpret_cast<NMTREEVIEWW*>(header);
+    if (m_isFilled && m_list.GetParentItem(change->itemNew.hItem) != nullptr)
+        show(static_cast<std::size_t>(change->itemNew.lParam));
+    *result = 0;
+}
+
+void GalleryWindow::show(std::size_t number)
+{
+    const CWaitCursor wait;
+    m_current = number;
+    const CataloguePicture& picture = m_pictures[number];
+    CVekString trouble;
+    try {
+        m_scene.show(picture);
+    } catch (const Failure& failure) {
+        trouble = wide(failure.what());
+    }
+    const std::wstring name = static_cast<const wchar_t*>(picture.name);
+    SetWindowText((name + L" - VEK Gallery").c_str());
+    m_picture.SetWindowText((L"Picture " + name).c_str());
+    m_picture.set_dpList(&m_scene.shown());
+    fit();
+    tell(trouble);
+    const int items = m_scene.picture().lenGet();
+    m_status.SetText((std::to_wstring(items) + (items == 1 ? L" item" : L" items")).c_str(), 1, 0);
+}
+
+void GalleryWindow::tell(const CVekString& text)
+{
+    m_status.SetText(text, 0, 0);
+}
+
+void GalleryWindow::fit()
+{
+    m_picture.zoomExtents();
+    m_picture.Invalidate();
+}
+
+LRESULT GalleryWindow::OnPick(WPARAM, LPARAM number)
+{
+    m_scene.highlight(static_cast<int>(number));
+    m_picture.Invalidate();
+    tell(m_scene.describe(static_cast<int>(number)));
+    return 0;
+}
+
+// Commands
+
+bool GalleryWindow::askPath(CString& path, LPCWSTR extension, LPCWSTR filter)
+{
+    CFileDialog dialog(FALSE, extension, m_pictures[m_current].name, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, filter,
+                       this);
+    if (dialog.DoModal() != IDOK)
+        return false;
+    path = dialog.GetPathName();
+    return true;
+}
+
+void GalleryWindow::tellExported(const CString& path, bool isWritten)
+{
+    const std::wstring file = static_cast<LPCWSTR>(path);
+    if (isWritten)
+        tell((L"Exported " + file).c_str());
+    else
+        AfxMessageBox((file + L" cannot be written.").c_str(), MB_OK | MB_ICONERROR);
+}
+
+/// The picture fits itself into the size of the control, so that paper shows what the window shows at its extents.
+void GalleryWindow::OnExportMetafile()
+{
+    CString path;
+    if (!askPath(path, L"emf", L"Enhanced metafiles (*.emf)|*.emf||"))
+        return;
+    CRect area;
+    m_picture.GetClientRect(&area);
+    CVekGDX paper = m_scene.picture();
+    DeleteFileW(path); // the user agreed to replace it, and an old one would hide a failure
+    refresh(&paper, path, area.Height(), area.Width());
+    tellExported(path, GetFileAttributesW(path) != INVALID_FILE_ATTRIBUTES);
+}
+
+void GalleryWindow::OnExportSvg()
+{
+    CString path;
+    if (!askPath(path, L"svg", L"Scalable vector graphics (*.svg)|*.svg||"))
+        return;
+    CRect area;
+    m_picture.GetClientRect(&area);
+    CVekGDX paper = m_scene.picture();
+    VEK::CFileSink sink(path);
+    const auto surface = VEK::svgSurface(sink, area.Width(), area.Height());
+    surface->solidRect(0.0, 0.0, area.Width(), area.Height(), kWhite); // a viewer may have a dark page
+    VEK::gdxDraw(paper, *surface, area.Height(), area.Width(), VEK::scalableRules);
+    tellExported(path, surface->finish());
+}
+
+void GalleryWindow::OnExit()
+{
+    DestroyWindow();
+}
+
+void GalleryWindow::OnCopy()
+{
+    CRect area;
+    m_picture.GetClientRect(&area);
+    CVekGDX paper = m_scene.picture();
+    const DWORD before = GetClipboardSequenceNumber();
+    refresh(&paper, nullptr, area.Height(), area.Width());
+    tell(GetClipboardSequenceNumber() != before ? L"Copied as an enhanced metafile" : L"The clipboard is in use");
+}
+
+void GalleryWindow::OnClearHighlight()
+{
+    m_scene.highlight(-1);
+    m_picture.Invalidate();
+    tell(L"");
+}
+
+void GalleryWindow::OnExtents()
+{
+    fit();
+}
+
+void GalleryWindow::OnZoomIn()
+{
+    wheel(WHEEL_DELTA);
+}
+
+void GalleryWindow::OnZoomOut()
+{
+    wheel(-WHEEL_DELTA);
+}
+
+/// Turns the wheel by one notch over the middle of the picture.
+void GalleryWindow::wheel(int delta)
+{
+    CRect area;
+    m_picture.GetWindowRect(&area);
+    const CPoint middle = area.CenterPoint();
+    m_picture.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, delta), MAKELPARAM(middle.x, middle.y));
+}
+
+void GalleryWindow::OnBackground(UINT id)
+{
+    CVekColor color;
+    color.setColor(id == ID_BACKGROUND_WHITE ? kWhite : id == ID_BACKGROUND_GREY ? 0x808080 : 0x000000);
+    m_scene.setBackground(id == ID_BACKGROUND_OWN ? nullptr : &color);
+    ::CheckMenuRadioItem(::GetMenu(m_hWnd), ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, id, MF_BYCOMMAND);
+    m_picture.Invalidate();
+}

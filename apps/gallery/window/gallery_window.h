@@ -1,0 +1,78 @@
+/// @file
+/// The gallery's window.
+#pragma once
+
+#include "../scene.h"
+
+#include <vek/pictures.h>
+
+#include <afxcmn.h>
+
+#include <string>
+#include <vector>
+
+/// A list of pictures on the left, the chosen one on the right, a status bar beneath; the bar between list and picture
+/// can be dragged.
+class GalleryWindow : public CWnd
+{
+public:
+    explicit GalleryWindow(std::vector<CataloguePicture> pictures);
+
+    /// Opens the window and shows the picture of a name, in any case, or the first one.
+    /// @return false when it cannot be opened or there is no picture of that name
+    bool open(const CVekString& name, const std::vector<std::string>& troubles);
+
+protected:
+    BOOL PreTranslateMessage(MSG* message) override;
+
+    afx_msg int OnCreate(LPCREATESTRUCT create);
+    afx_msg void OnDestroy();
+    afx_msg void OnSize(UINT type, int width, int height);
+    afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
+    afx_msg void OnSetFocus(CWnd* before);
+    afx_msg void OnActivate(UINT state, CWnd* other, BOOL minimised);
+    afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM suggested);
+    afx_msg BOOL OnSetCursor(CWnd* window, UINT hit, UINT message);
+    afx_msg void OnLButtonDown(UINT flags, CPoint point);
+    afx_msg void OnMouseMove(UINT flags, CPoint point);
+    afx_msg void OnLButtonUp(UINT flags, CPoint point);
+    afx_msg LRESULT OnPick(WPARAM, LPARAM number);
+    afx_msg void OnSelect(NMHDR* header, LRESULT* result);
+    afx_msg void OnExportMetafile();
+    afx_msg void OnExportSvg();
+    afx_msg void OnExit();
+    afx_msg void OnCopy();
+    afx_msg void OnClearHighlight();
+    afx_msg void OnExtents();
+    afx_msg void OnZoomIn();
+    afx_msg void OnZoomOut();
+    afx_msg void OnBackground(UINT id);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    int scaled(int pixels) const { return MulDiv(pixels, m_dpi, 96); }
+    void setFonts();
+    void layOut();
+    void fillList();
+    HTREEITEM find(const CVekString& name) const;
+    void show(std::size_t number);
+    void tell(const CVekString& text);
+    void fit();
+    void wheel(int delta);
+    bool askPath(CString& path, LPCWSTR extension, LPCWSTR filter);
+    void tellExported(const CString& path, bool isWritten);
+
+    std::vector<CataloguePicture> m_pictures;
+    Scene m_scene;
+    std::size_t m_current = 0;
+    CStatic m_label;
+    CTreeCtrl m_list;
+    CVekDplistImage m_picture;
+    CStatusBarCtrl m_status;
+    CFont m_font;
+    HACCEL m_accelerators = nullptr;
+    HWND m_focus = nullptr; ///< of the child that gets the focus back
+    int m_dpi = 96;
+    int m_listWidth = 230; ///< at 96 dots an inch
+    bool m_isFilled = false;
+};

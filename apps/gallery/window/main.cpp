@@ -1,0 +1,107 @@
+// The window that shows every picture of the library. docs/gallery.md tells how it is used.
+#include "core/platform/platform.h"
+#include "gallery_window.h"
+#include "shared/failure.h"
+#include "shared/input.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+namespace
+{
+
+struct Options {
+    std::string examples; ///< folder; empty: sought beside the program
+    std::string picture;
+};
+
+/// The folder of examples beside the program, or in one of the folders around it, as in a build.
+std::string examplesOfProgram()
+{
+    std::error_code error;
+    for (std::filesystem::path at = VEK::platform::programPath().parent_path();; at = at.parent_path()) {
+        const std::filesystem::path folder = at / "examples";
+        if (std::filesystem::exists(folder / "facade.slb", error))
+            return VEK::platform::utf8Of(VEK::platform::textOf(folder));
+        if (at == at.parent_path())
+            return "";
+    }
+}
+
+/// A program of windows has no console of its own: without one the text comes in a box.
+void report(const std::string& text, UINT kind)
+{
+    const HANDLE out = GetStdHandle(kind == MB_ICONERROR ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE);
+    DWORD written = 0;
+    if (out == nullptr || !WriteFile(out, text.data(), static_cast<DWORD>(text.size()), &written, nullptr))
+        MessageBoxW(nullptr, wide(text), L"VEK Gallery", MB_OK | kind);
+}
+
+/// @return false when the program ends here, with a help text told
+bool parse(Options& options)
+{
+    CLI::App app("Shows slides, sheets, hatch patterns, texts and all kinds of items.", "gallery");
+    app.allow_windows_style_options(false);
+    app.add_option("EXAMPLES", options.examples,
+                   "folder of slides and of sheets/ [examples beside the program or in a folder around it]");
+    app.add_option("--show", options.picture, "name of the picture to begin with, in any case [the first]");
+    std::vector<std::string> arguments = VEK::platform::programArguments(__argc, __argv);
+    std::reverse(arguments.begin(), arguments.end());
+    try {
+        app.parse(arguments);
+    } catch (const CLI::Success&) {
+        report(app.help(), MB_ICONINFORMATION);
+        return false;
+    } catch (const CLI::ParseError& error) {
+        throw Failure(std::string(error.what()) + "; see gallery --help");
+    }
+    if (options.examples.empty())
+        options.examples = examplesOfProgram();
+    return true;
+}
+
+class GalleryApp : public CWinApp
+{
+public:
+    BOOL InitInstance() override
+    {
+        try {
+            return start();
+        } catch (const std::exception& error) {
+            report("gallery: " + std::string(error.what()) + "\n", MB_ICONERROR);
+            m_status = 2;
+            return FALSE;
+        }
+    }
+    int ExitInstance() override
+    {
+        const int status = CWinApp::ExitInstance();
+        return m_status != 0 ? m_status : status;
+    }
+
+private:
+    BOOL start()
+    {
+        Options options;
+        if (!parse(options))
+            return FALSE;
+        std::vector<std::string> troubles;
+        m_window = std::make_unique<GalleryWindow>(catalogue(options.examples, troubles));
+        if (!m_window->open(wide(options.picture), troubles))
+            throw Failure("--show " + options.picture + ": no such picture");
+        m_pMainWnd = m_window.get();
+        m_window->ShowWindow(m_nCmdShow);
+        m_window->UpdateWindow();
+        return TRUE;
+    }
+
+    std::unique_ptr<GalleryWindow> m_window;
+    int m_status = 0;
+};
+
+GalleryApp gallery;
+
+} // namespace

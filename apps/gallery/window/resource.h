@@ -1,0 +1,22 @@
+// Numbers of the gallery's resources, commands and controls.
+#pragma once
+
+#define IDR_GALLERY 2000 // icon, menu and accelerators
+
+#define ID_FILE_EXPORT_METAFILE 101
+#define ID_FILE_EXPORT_SVG 102
+#define ID_FILE_EXIT 103
+#define ID_EDIT_COPY_PICTURE 104
+#define ID_EDIT_CLEAR_HIGHLIGHT 105
+#define ID_VIEW_EXTENTS 106
+#define ID_VIEW_ZOOM_IN 107
+#define ID_VIEW_ZOOM_OUT 108
+#define ID_BACKGROUND_OWN 109
+#define ID_BACKGROUND_WHITE 110
+#define ID_BACKGROUND_GREY 111
+#define ID_BACKGROUND_BLACK 112
+
+#define IDC_LIST_LABEL 201
+#define IDC_LIST 202
+#define IDC_STATUS 203
+#define IDC_PICTURE 0x8001 // the control tells of a pick by a message of this number, so it is one for programs
