@@ -37,6 +37,11 @@ TEST(ToolkitModule, EachFindsItsOwn)
     ASSERT_NE(plugin, nullptr);
     EXPECT_EQ(pluginInstance(), plugin);
     EXPECT_EQ(AfxGetInstanceHandle(), ::GetModuleHandleW(nullptr));
+    CString text;
+    EXPECT_TRUE(text.LoadString(300)) << "offered to all";
+    EXPECT_EQ(text, L"eleven char");
+    EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCE(200), RT_DIALOG), plugin);
+    EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCE(201), RT_DIALOG), ::GetModuleHandleW(nullptr)) << "nobody has it";
     EXPECT_EQ(runPlugin(nullptr), 11) << "template and text come from the DLL";
     EXPECT_EQ(AfxGetInstanceHandle(), ::GetModuleHandleW(nullptr));
 }

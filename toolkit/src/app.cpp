@@ -194,13 +194,21 @@ BOOL AFXAPI AfxRegisterClass(WNDCLASS* lpWndClass)
     return TRUE;
 }
 
-int AFXAPI AfxWinMain(HINSTANCE, HINSTANCE, LPTSTR lpCmdLine, int nCmdShow)
+BOOL AFXAPI AfxWinInit(HINSTANCE, HINSTANCE, LPTSTR lpCmdLine, int nCmdShow)
 {
     CWinApp* app = AfxGetApp();
     if (app == nullptr)
-        return -1;
+        return FALSE;
     app->m_lpCmdLine = lpCmdLine;
     app->m_nCmdShow = nCmdShow;
+    return TRUE;
+}
+
+int AFXAPI AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine, int nCmdShow)
+{
+    if (!AfxWinInit(hInstance, hPrevInstance, lpCmdLine, nCmdShow))
+        return -1;
+    CWinApp* app = AfxGetApp();
     if (app->InitApplication() && app->InitInstance())
         return app->Run();
     if (app->m_pMainWnd != nullptr)

@@ -2,6 +2,8 @@
 
 #include "thread_state.h"
 
+#include <vector>
+
 namespace
 {
 
@@ -12,6 +14,12 @@ AFX_MODULE_STATE* programState()
 {
     static AFX_MODULE_STATE unknown(nullptr, &AfxRunGuarded);
     return g_program == nullptr ? &unknown : g_program;
+}
+
+std::vector<CDynLinkLibrary*>& libraries()
+{
+    static std::vector<CDynLinkLibrary*> all;
+    return all;
 }
 
 bool has(HINSTANCE module, LPCTSTR name, LPCTSTR type)
@@ -66,6 +74,42 @@ void AFXAPI AfxSetResourceHandle(HINSTANCE hInstResource)
 HINSTANCE AFXAPI AfxFindResourceHandle(LPCTSTR lpszResource, LPCTSTR lpszType)
 {
     const HINSTANCE current = AfxGetResourceHandle();
+    if (has(current, lpszResource, lpszType))
+        return current;
+    const std::vector<CDynLinkLibrary*>& all = libraries();
+    for (auto library = all.rbegin(); library != all.rend(); ++library) {
+        if (has((*library)->m_hResource, lpszResource, lpszType))
+            return (*library)->m_hResource;
+    }
     const HINSTANCE program = programState()->m_hCurrentResourceHandle;
-    return !has(current, lpszResource, lpszType) && has(program, lpszResource, lpszType) ? program : current;
+    return has(program, lpszResource, lpszType) ? program : current;
+}
+
+IMPLEMENT_DYNAMIC(CDynLinkLibrary, CCmdTarget)
+
+CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& state, BOOL)
+    : m_hModule(state.hModule), m_hResource(state.hResource)
+{
+    libraries().push_back(this);
+}
+
+CDynLinkLibrary::~CDynLinkLibrary()
+{
+    std::erase(libraries(), this);
+}
+
+BOOL AFXAPI AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE hModule)
+{
+    state = {TRUE, hModule, hModule};
+    return TRUE;
+}
+
+void AFXAPI AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL)
+{
+    const std::vector<CDynLinkLibrary*> all = libraries();
+    for (CDynLinkLibrary* library : all) {
+        if (library->m_hModule == state.hModule)
+            delete library;
+    }
+    state.bInitialized = FALSE;
 }

@@ -6,6 +6,7 @@ namespace
 {
 
 int g_runs = 0;
+AFX_EXTENSION_MODULE g_extension = {};
 
 class App : public CWinApp
 {
@@ -13,10 +14,13 @@ public:
     BOOL InitInstance() override
     {
         ++g_runs;
+        AfxInitExtensionModule(g_extension, AfxGetInstanceHandle());
+        new CDynLinkLibrary(g_extension);
         return CWinApp::InitInstance();
     }
     int ExitInstance() override
     {
+        AfxTermExtensionModule(g_extension);
         --g_runs;
         return CWinApp::ExitInstance();
     }

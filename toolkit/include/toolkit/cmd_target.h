@@ -115,6 +115,33 @@ private:
     HCURSOR m_cursorBefore = nullptr;
 };
 
+/// @name A DLL whose resources all modules find
+/// It begins with AfxInitExtensionModule and `new CDynLinkLibrary`, and ends with AfxTermExtensionModule.
+/// @{
+struct AFX_EXTENSION_MODULE {
+    BOOL bInitialized;
+    HMODULE hModule;
+    HMODULE hResource;
+};
+
+AFX_EXPORTED BOOL AFXAPI AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE hModule);
+/// Ends what the module has offered.
+AFX_EXPORTED void AFXAPI AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL bAll = FALSE);
+
+/// The offer, as long as it lives; the one made last is asked first.
+class AFX_EXPORTED CDynLinkLibrary : public CCmdTarget
+{
+    DECLARE_DYNAMIC(CDynLinkLibrary)
+
+public:
+    explicit CDynLinkLibrary(AFX_EXTENSION_MODULE& state, BOOL bSystem = FALSE);
+    ~CDynLinkLibrary() override;
+
+    HMODULE m_hModule;
+    HMODULE m_hResource;
+};
+/// @}
+
 /// @name The application object of the module that the thread works for
 /// Null when it has none. It is its thread object too.
 /// @{
@@ -128,6 +155,8 @@ AFX_EXPORTED LPCTSTR AFXAPI AfxGetAppName();
 /// message box for others, unless the user knows already. Null stands for an exception of another kind, which is
 /// silent.
 AFX_EXPORTED LRESULT AFXAPI AfxProcessWndProcException(CException* e, const MSG* pMsg);
+/// For a program with an entry function of its own: tells its application object the command line. False without one.
+AFX_EXPORTED BOOL AFXAPI AfxWinInit(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine, int nCmdShow);
 /// What a program's entry function does: the application object is asked for InitInstance, then for Run.
 AFX_EXPORTED int AFXAPI AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine, int nCmdShow);
 /// Takes and dispatches one message with or without an application object; false for WM_QUIT.

@@ -62,5 +62,6 @@ private:
 AFX_EXPORTED HINSTANCE AFXAPI AfxGetInstanceHandle();
 AFX_EXPORTED HINSTANCE AFXAPI AfxGetResourceHandle();
 AFX_EXPORTED void AFXAPI AfxSetResourceHandle(HINSTANCE hInstResource);
-/// The module that has a resource: the current one, else the program. The current one when neither has.
+/// The module that has a resource: the current one, else a library that offers its own to all, else the program. The
+/// current one when none has.
 AFX_EXPORTED HINSTANCE AFXAPI AfxFindResourceHandle(LPCTSTR lpszResource, LPCTSTR lpszType);
