@@ -104,6 +104,17 @@ TEST(DrawMeasure, SearchForTheLongDashLooksTwoPlacesOn)
     expectStations(line(20), dashes({0.0, -2, 4, -2}), 1, expected);
 }
 
+TEST(DrawMeasure, AMillionShortDashesAreSearchedOnce)
+{
+    CVekArrayTempl<double> dust;
+    dust.reserve(1000000);
+    for (int i = 0; i < 500000; ++i) {
+        dust.append(0.1);
+        dust.append(-0.1);
+    }
+    expectStations(line(90000), dust, 1, {0, 90000}); // not longer than the pattern: solid
+}
+
 TEST(DrawMeasure, DotsGapsAndShortPatterns)
 {
     CVekVertexArray solid = line(5);

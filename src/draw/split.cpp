@@ -42,18 +42,21 @@ void appendSplit(CVekVertexArray& result, const CVekVertexArray& vl)
 /// whose long dash this search misses.
 void arrange(std::vector<double>& dashes)
 {
-    for (std::size_t i = 0; i < dashes.size(); ++i) {
-        if (dashes[i] > kLongDash) {
-            if (i + 1 == dashes.size())
+    std::size_t front = 0; // what the pattern begins with; a turn moves it behind the end
+    for (std::size_t i = 0; front + i < dashes.size(); ++i) {
+        const std::size_t at = front + i;
+        if (dashes[at] > kLongDash) {
+            if (at + 1 == dashes.size())
                 dashes.push_back(0.0); // looking behind the last entry makes one
-            if (dashes[i + 1] < 0.0) {
-                dashes.front() *= 0.5;
-                dashes.push_back(dashes.front());
-                return;
+            if (dashes[at + 1] < 0.0) {
+                dashes[front] *= 0.5;
+                dashes.push_back(dashes[front]);
+                break;
             }
         }
-        std::rotate(dashes.begin(), dashes.begin() + 1, dashes.end());
+        dashes.push_back(dashes[front++]);
     }
+    dashes.erase(dashes.begin(), dashes.begin() + static_cast<std::ptrdiff_t>(front));
 }
 
 /// A line pattern that is laid on segments one by one.
