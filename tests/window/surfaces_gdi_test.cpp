@@ -120,4 +120,32 @@ TEST_F(Player, ManyColoursToThePixel)
     });
 }
 
+/// In a metafile what is left out is a matter of the clip, which readers agree on, and not of masks.
+TEST(MetafileContext, TakesPicturesWithTheLeftOutPixelsCutFromTheClip)
+{
+    const HDC dc = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+    VEK::gdiSurface(dc)->picture(20.0, 10.0, ringPicture(true));
+    const HENHMETAFILE file = CloseEnhMetaFile(dc);
+    struct Found {
+        std::vector<DWORD> operations;
+        RECT clip = {};
+    } found;
+    const auto look = [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM data) {
+        auto& result = *reinterpret_cast<Found*>(data);
+        if (record->iType == EMR_BITBLT)
+            result.operations.push_back(reinterpret_cast<const EMRBITBLT*>(record)->dwRop);
+        if (record->iType == EMR_EXTSELECTCLIPRGN && result.operations.empty()) {
+            const auto* clip = reinterpret_cast<const EMREXTSELECTCLIPRGN*>(record);
+            if (clip->cbRgnData > 0)
+                result.clip = reinterpret_cast<const RGNDATA*>(clip->RgnData)->rdh.rcBound;
+        }
+        return 1;
+    };
+    EXPECT_TRUE(EnumEnhMetaFile(nullptr, file, look, &found, nullptr));
+    DeleteEnhMetaFile(file);
+    EXPECT_EQ(found.operations, std::vector<DWORD>{SRCCOPY});
+    EXPECT_EQ(found.clip.left, 20 + 3); // the ring reaches 53 half pixels from the middle between 29 and 30
+    EXPECT_EQ(found.clip.right, 20 + 57);
+}
+
 } // namespace
