@@ -4,6 +4,7 @@
 #include <vek/values/units.h>
 
 #include <algorithm>
+#include <new>
 
 namespace VEK
 {
@@ -161,7 +162,10 @@ void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassR
         gdx.extMaxViewGet(min, max);
         gdx.viewMtxSet(getViewMtx(min, max, height, width, kMargin));
     }
-    DrawPass(gdx, surface, height, width, rules).run();
+    try {
+        DrawPass(gdx, surface, height, width, rules).run();
+    } catch (const std::bad_alloc&) { // what has been drawn stays
+    }
 }
 
 } // namespace VEK

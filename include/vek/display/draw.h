@@ -97,7 +97,8 @@ inline constexpr PassRules scalableRules = [] {
 
 /// Draws a display object. Later items cover earlier ones; hidden ones are left out. A hatch too dense to draw becomes
 /// a solid fill (`vek_gdx_pattern_test`). A picture that cannot be loaded draws nothing. Sorts the list first
-/// (`CVekGDX::displListSort`), and fits the view where the rules say so; nothing else in the object changes.
+/// (`CVekGDX::displListSort`), and fits the view where the rules say so; nothing else in the object changes. Where
+/// memory ends, in the pass or on the surface, so does the picture.
 /// @param height, width of the drawing area in device units, from (0, 0) on; everything is clipped to it. 0 means 240
 ///     and 320
 VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules);
