@@ -129,6 +129,13 @@ TEST_F(DplistImage, ClickTellsTheParentTheFirstNumberOfTheStack)
     control.set_dpList(nullptr);
     click(int(onLine[0]), int(onLine[1]));
     EXPECT_EQ(parent.told.size(), 1u);
+    CVekDplistImage alone; // without a parent nobody is told
+    ASSERT_TRUE(alone.CreateEx(0, AfxRegisterWndClass(0), L"", WS_POPUP, CRect(0, 0, 200, 100), nullptr, 0));
+    alone.set_dpList(&gdx);
+    alone.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, at(int(onLine[0]), int(onLine[1])));
+    alone.DestroyWindow();
+    pump();
+    EXPECT_EQ(parent.told.size(), 1u);
 }
 
 TEST_F(DplistImage, WithoutAListNothingIsPainted)

@@ -155,8 +155,8 @@ void CVekDplistImage::OnLButtonDown(UINT flags, CPoint point)
     SetFocus();
     if (dpList) {
         const int number = dpList->imageItemGet(worldOf(point));
-        if (number > -1)
-            GetParent()->PostMessage(static_cast<UINT>(GetDlgCtrlID()), 0, number);
+        if (CWnd* const parent = GetParent(); parent && number > -1)
+            parent->PostMessage(static_cast<UINT>(GetDlgCtrlID()), 0, number);
     }
     CWnd::OnLButtonDown(flags, point);
     crossIfFocused();
