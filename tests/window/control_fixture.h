@@ -99,8 +99,8 @@ protected:
     /// Opens the control in the corner of its parent.
     void open(int width, int height)
     {
-        ASSERT_TRUE(parent.CreateEx(0, AfxRegisterWndClass(0), L"test", WS_POPUP | WS_VISIBLE,
-                                    CRect(0, 0, 600, 500), nullptr, 0));
+        ASSERT_TRUE(parent.CreateEx(0, AfxRegisterWndClass(0), L"test", WS_POPUP | WS_VISIBLE, CRect(0, 0, 600, 500),
+                                    nullptr, 0));
         ASSERT_TRUE(control.Create(AfxRegisterWndClass(CS_DBLCLKS), L"", WS_CHILD | WS_VISIBLE,
                                    CRect(0, 0, width, height), &parent, kControlId));
         pump();

@@ -14,8 +14,8 @@ namespace VEK
 /// It is a surface of whole pixels. Lines and polygons are cut at plus and minus 2^27, which is as far as GDI draws;
 /// boxes are moved to that border. Connected lines of one pen make one record, with 16-bit coordinates where they
 /// fit. A filled polygon with holes taken out of the clip inside of it is written as one figure with holes, which all
-/// readers draw alike; any other `clipOut` becomes a clip path, which some ignore or turn round. A picture is one copy of
-/// 24 bits a pixel; where pixels of it are left out, a clip region stands before it, and readers that ignore regions
+/// readers draw alike; any other `clipOut` becomes a clip path, which some ignore or turn round. A picture is one copy
+/// of 24 bits a pixel; where pixels of it are left out, a clip region stands before it, and readers that ignore regions
 /// show the colours that those pixels have. A file beyond the format's 4 GB fails.
 VEK_API std::unique_ptr<CFileSurface> emfSurface(CByteSink& sink);
 

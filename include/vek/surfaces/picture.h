@@ -27,8 +27,8 @@ struct IconImage {
 /// is the system's icon of the number `id`, or else the icon resource `id` of the library's own module; both exist on
 /// Windows only, and the first comes in its own size.
 /// @param cx, cy size in pixels that the picture is scaled to, 0 for its own; a negative size gives no picture. Of an
-/// icon file the image nearest to that size is taken, its own size being that of the first image. Scaling repeats or
-/// leaves out whole pixels, so that a picture keeps its colours and a key colour stays exact.
+/// icon file the image nearest to that size is taken, its own size being that of the first image. It is scaled as by
+/// `scaledPicture`, so that a key colour stays exact.
 /// @param transparent becomes false for an icon and stays otherwise
 /// @param back `COLORREF` that icons are flattened over
 /// @return opaque pixels; empty when there is no such picture, the ending is another one or the file is damaged
@@ -53,8 +53,9 @@ VEK_API bool decodeIcon(std::string_view bytes, int cx, int cy, IconImage& icon)
 /// @return opaque pixels; empty when the icon's pictures differ in size
 VEK_API CPixels flattenIcon(const IconImage& icon, unsigned long back);
 
-/// A picture in another size. What grows repeats the pixels under the new centres, the left or upper one of two, and what shrinks takes the mean of
-/// those that a new pixel covers, in each direction on its own; so areas of one colour keep it exactly.
+/// A picture in another size. What grows repeats the pixels under the new centres, the left or upper one of two, and
+/// what shrinks takes the mean of those that a new pixel covers, in each direction on its own; so areas of one colour
+/// keep it exactly.
 /// @return empty for an empty picture, and a size that is not positive or too large
 VEK_API CPixels scaledPicture(const CPixels& pixels, int cx, int cy);
 
