@@ -511,6 +511,16 @@ TEST(DrawPattern, ExamplePatternsAllDraw)
     EXPECT_GE(gravel, 40);
 }
 
+TEST(DrawPattern, EndOfMemoryGivesNothing)
+{
+    struct Full : CVekLocalApp {
+        void hatchPatternGet(const wchar_t*, VekPatternLines&) override { throw std::bad_alloc(); }
+    } full;
+    CVekApp* const before = vekAppSet(&full);
+    EXPECT_EQ(vek_gdx_image_reg_hatch2(region({box(0, 0, 9, 9)}), {}, {L"P", 0, 1, false}).len(), 0);
+    vekAppSet(before);
+}
+
 TEST(DrawPatternTest, LimitsAreStrict)
 {
     const Host host(L"P", {{0, 0, 0, 0, 3}});

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <new>
 #include <numbers>
 
 namespace
@@ -97,7 +98,7 @@ void addLines(const CVekArrayTempl<CVekVertexArray>& region, double pitch, doubl
 
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
                                                         const CVekString& name, double pitch, double angle)
-{
+try {
     if (!(pitch > 0.0) || !std::isfinite(pitch) || !std::isfinite(angle) || !VEK::detail::isFinite(mtx))
         return {};
     const CVekMatrix3d toPlane = mtx.inverse();
@@ -111,4 +112,6 @@ CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<CVekVerte
     else
         addLines(regl, pitch, angle, collector);
     return collector.take();
+} catch (const std::bad_alloc&) {
+    return {};
 }

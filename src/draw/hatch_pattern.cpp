@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <new>
 #include <numbers>
 
 namespace
@@ -334,7 +335,7 @@ void drawPattern(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatc
 
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
                                                          const VEK::CHatchProp& hatch)
-{
+try {
     if (!VEK::detail::isFinite(mtx))
         return {};
     const CVekMatrix3d toPlane = mtx.inverse();
@@ -355,6 +356,8 @@ CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVert
     }
     drawPattern(regl, hatch, collector);
     return collector.lines();
+} catch (const std::bad_alloc&) {
+    return {};
 }
 
 bool vek_gdx_pattern_test(CVekArrayTempl<CVekVertexArray> regl, const VEK::CHatchProp& hatch, const CVekMatrix3d& mtx)

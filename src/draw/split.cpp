@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <vector>
 
 namespace
@@ -175,7 +176,7 @@ CVekVertexArray vek_gdx_image_vl_split(const CVekVertexArray& vl)
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the pattern over by value
 bool vek_gdx_image_vl_measure(CVekVertexArray& vl, CVekArrayTempl<double> dashes, int mode)
-{
+try {
     if (dashes.len() < 2)
         return false;
     const Dashes pattern(dashes, mode == 1);
@@ -194,4 +195,6 @@ bool vek_gdx_image_vl_measure(CVekVertexArray& vl, CVekArrayTempl<double> dashes
             vl += dash;
     }
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }

@@ -3,7 +3,8 @@
 ///
 /// The region is a list of contours, element 0 the outer one and the others holes; their winding plays no part. A
 /// matrix takes the hatch plane, z = 0, to the world. Work grows with the contour's size once and with what the lines
-/// cross. A hatch ends at `VEK::kHatchPieces` pieces. A region, matrix or number that is not finite gives nothing.
+/// cross. A hatch ends at `VEK::kHatchPieces` pieces. A region, matrix or number that is not finite gives nothing, and
+/// nor does a hatch for which memory does not suffice.
 #pragma once
 
 #include <vek/values/linetype.h>

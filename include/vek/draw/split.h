@@ -15,5 +15,6 @@ VEK_API CVekVertexArray vek_gdx_image_vl_split(const CVekVertexArray& vl);
 /// @param mode 1 lays the pattern on each segment by itself, arranged to begin and end within a long dash and with
 /// its gaps stretched to end with the segment; a segment not longer than the pattern stays solid. 0 runs it along each
 /// continuous run.
-/// @return false, with the polyline as it was, for a pattern of fewer than two entries
+/// @return false, with the polyline as it was, for a pattern of fewer than two entries; also where memory does not
+/// suffice, with the dashes laid so far
 VEK_API bool vek_gdx_image_vl_measure(CVekVertexArray& vl, CVekArrayTempl<double> dashes, int mode);
