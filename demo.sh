@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Builds the program vek and lets it draw each slide of the example libraries, the sheets of line types, point styles
 # and flags, and all hatch patterns: ./demo.sh
+# Where the compiler for Windows and Wine are installed, or on ./demo.sh gallery, which installs them, it also builds
+# the gallery and opens it; without a display it acts on it on one of its own and leaves screenshots.
 set -eu
 cd "$(dirname "${BASH_SOURCE[0]}")"
 # shellcheck source=cmake/house.sh
@@ -25,6 +27,43 @@ draw_library() {
     done <<<"$names"
 }
 
+# A window on the user's display stays open when this script ends.
+open_gallery() {
+    export WINEPREFIX=$PWD/build/wine
+    cmake/wine-run
+    setsid cmake/wine-run build/mingw/gallery.exe >build/gallery.log 2>&1 </dev/null &
+    say gallery "is open on display $DISPLAY; build/mingw/gallery.exe, by cmake/wine-run"
+}
+
+drive_gallery() {
+    trap stop_windows EXIT
+    start_display
+    start_wine
+    say gallery "acting on it by pointer and keys"
+    if ! python3 -B tests/window/gallery_test.py build/mingw/gallery.exe build/mingw/tests/clipboard_save.exe \
+        "$out/gallery" cmake/wine-run >build/gallery.log 2>&1; then
+        tail -n 30 build/gallery.log
+        exit 1
+    fi
+    ls "$out"/gallery/*.png
+}
+
+gallery() {
+    mkdir -p build
+    say build "gallery, for Windows"
+    if ! { cmake --preset mingw && cmake --build build/mingw -j "$jobs" --target gallery_program clipboard_save; } \
+        >build/demo-mingw.log 2>&1; then
+        tail -n 30 build/demo-mingw.log
+        exit 1
+    fi
+    if [ -n "${DISPLAY:-}" ]; then open_gallery; else drive_gallery; fi
+}
+
+case ${1:-} in
+'') ;;
+gallery) install_packages build test ;;
+*) echo "demo.sh: $1: neither nothing nor gallery" >&2 && exit 2 ;;
+esac
 install_packages build
 mkdir -p build "$out"
 say build "vek, optimised"
@@ -50,3 +89,8 @@ say draw "all hatch patterns"
 "$vek" hatch -o "$out/patterns.png" --size 1200x900
 echo "$out/patterns.svg $out/patterns.emf $out/patterns.png"
 say pictures "$(find "$out" -name '*.svg' -o -name '*.emf' -o -name '*.png' | wc -l) files in $PWD/$out"
+if [ -z "$(missing_packages test)" ]; then
+    gallery
+else
+    say gallery "needs Wine and a compiler for Windows: ./demo.sh gallery installs them"
+fi

@@ -80,31 +80,6 @@ run_tests() {
 # rows PRESET: the tests of a configured build whose names contain NAME, with the targets that they need.
 rows() { awk -v name="$name" 'index($1, name)' "build/$1/tests.txt"; }
 
-start_display() {
-    coproc display { exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>build/xvfb.log; }
-    # shellcheck disable=SC2154 # coproc sets it
-    display_pid=$display_PID
-    local number
-    if read -r -t 60 -u "${display[0]}" number; then
-        export DISPLAY=:$number
-    else
-        fail "Xvfb does not start, see build/xvfb.log"
-    fi
-}
-
-# Wine keeps a server for each prefix; it must neither outlive this run nor remember the display of an earlier one.
-start_wine() {
-    export WINEPREFIX=$PWD/build/wine
-    [ ! -e build/wine/ready ] || wineserver -k
-    cmake/wine-run || fail "no Wine prefix, see build/wine/made.log"
-}
-
-# shellcheck disable=SC2317 # called by the trap
-stop_windows() {
-    [ ! -e build/wine/ready ] || wineserver -k
-    [ -z "${display_pid:-}" ] || kill "$display_pid" 2>/dev/null
-}
-
 # programs_with FILTER: the GoogleTest programs of the native build that have cases of that name.
 programs_with() {
     local test kind
@@ -179,7 +154,7 @@ run_named() {
 install_packages build test || { fail "packages are missing"; finish; }
 ! setarch -R true 2>/dev/null || calm=(setarch -R)
 trap stop_windows EXIT
-start_display
-start_wine
+start_display || fail "Xvfb does not start, see build/xvfb.log"
+start_wine || fail "no Wine prefix, see build/wine/made.log"
 if [ -n "$name" ]; then run_named; else run_all; fi
 finish

@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Shared by test.sh and demo.sh: the packages that a Debian machine lacks, and one line for each step done.
+# Shared by test.sh and demo.sh: the packages that a Debian machine lacks, one line for each step done, and what a
+# Windows program needs to run.
 
 export LC_ALL=C.UTF-8 # the same messages, order and file names everywhere
 # shellcheck disable=SC2034 # for the scripts that read this one
@@ -37,4 +38,30 @@ install_packages() {
     tail -n 20 $log
     say packages "cannot be installed, see $log"
     return 1
+}
+
+# A display of its own, and the number of the process that shows it.
+start_display() {
+    coproc display { exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>build/xvfb.log; }
+    # shellcheck disable=SC2154 # coproc sets it
+    display_pid=$display_PID
+    local number
+    if read -r -t 60 -u "${display[0]}" number; then
+        export DISPLAY=:$number
+    else
+        return 1
+    fi
+}
+
+# Wine keeps a server for each prefix; it must neither outlive this run nor remember the display of an earlier one.
+start_wine() {
+    export WINEPREFIX=$PWD/build/wine
+    [ ! -e build/wine/ready ] || wineserver -k || true # that nothing runs is no failure
+    cmake/wine-run
+}
+
+# shellcheck disable=SC2317 # called by the trap
+stop_windows() {
+    [ ! -e build/wine/ready ] || wineserver -k || true # that nothing runs is no failure
+    [ -z "${display_pid:-}" ] || kill "$display_pid" 2>/dev/null
 }

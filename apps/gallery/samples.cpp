@@ -14,6 +14,9 @@ namespace
 
 constexpr double kPitch = 120.0; // from one sample to the next
 constexpr double kLetter = 6.0;
+constexpr int kIcon = 2000; // of the library
+
+constexpr int kColors[] = {1, 30, 94, 5, 200, 134}; // each of them shows on white and on black
 
 CVekColor indexed(int index)
 {
@@ -91,7 +94,7 @@ void addMarks(Place& place)
     const unsigned long styles[] = {2, 3, 34, 35, 64, 98};
     for (int i = 0; i < 6; ++i) {
         place.gdx.imagePt(place.stack, 0, {place.x + 10.0 + i % 3 * 30.0, place.y + 20.0 + i / 3 * 40.0, 0.0},
-                          indexed(1 + i), CVekMatrix3d::kIdentity, -21.0, styles[i], CVekPoint3d::kOrigin);
+                          indexed(kColors[i]), CVekMatrix3d::kIdentity, -21.0, styles[i], CVekPoint3d::kOrigin);
     }
 }
 
@@ -110,9 +113,9 @@ void addKinds(CVekGDX& gdx, Patterns&)
     Place points(gdx, 1, L"POINTS");
     addMarks(points);
     Place outline(gdx, 2, L"OUTLINE");
-    outline.region(outline.frame(), itemOutline, 3, 0, {});
+    outline.region(outline.frame(), itemOutline, 152, 0, {});
     Place fill(gdx, 3, L"FILL");
-    fill.region(fill.frame(), itemFill, 4, 4, {});
+    fill.region(fill.frame(), itemFill, 140, 140, {});
     Place hatch(gdx, 4, L"HATCH");
     hatch.region(hatch.frame(), itemHatch | itemOutline, 7, 30, VEK::CHatchProp(L"_USER", 0.8, 6.0, true));
     Place text(gdx, 5, L"TEXT");
@@ -120,6 +123,7 @@ void addKinds(CVekGDX& gdx, Patterns&)
     look.stack = text.stack;
     look.color = indexed(30);
     look.middle = true;
+    gdx.imagePicture({}, 0, L"", kIcon, {8.0, 8.0, 0.0}, {40.0, 40.0, 0.0});
     addText(gdx, L"Abc", placed(text.x + 40.0, text.y + 26.0, 30.0), look);
 }
 
@@ -134,7 +138,7 @@ void addArcs(CVekGDX& gdx, Patterns&)
             line[k].bulge = (i / 3 - 1) * 0.4 + 0.6;
         CVekGDX::Stack stack;
         stack.append(i + 1);
-        gdx.imageVl(stack, 0, line, indexed(1 + i % 6), CVekMatrix3d::kIdentity, types[i % 3], 1.0,
+        gdx.imageVl(stack, 0, line, indexed(kColors[i % 6]), CVekMatrix3d::kIdentity, types[i % 3], 1.0,
                     static_cast<unsigned>(i / 3 + 1), CVekPoint3d::kOrigin);
     }
 }
@@ -147,7 +151,7 @@ void addLetters(CVekGDX& gdx, Patterns&)
                                    L"+-*/=()[]{}<>", L".,:;!?'\"#%&@_|\\"};
     TextLook look;
     for (int i = 0; i < static_cast<int>(std::size(rows)); ++i) {
-        look.color = indexed(i < 4 ? 7 : i - 3);
+        look.color = indexed(i < 4 ? 7 : kColors[i - 4]);
         look.stack = {};
         look.stack.append(i + 1);
         addText(gdx, rows[i], placed(0.0, i * -20.0, 10.0), look);
@@ -175,7 +179,7 @@ void addTurned(CVekGDX& gdx, Patterns&)
         turn.setToRotation(angle, CVekVector3d::kZAxis, CVekPoint3d::kOrigin);
         TextLook look;
         look.stack.append(i + 1);
-        look.color = indexed(1 + i % 6);
+        look.color = indexed(kColors[i % 6]);
         addText(gdx, L"Mullion and Transom", turn * placed(40.0, 0.0, 4.0 + i * 0.5), look);
         gdx.imageVl(look.stack, 0, path({onCircle(10.0, angle), onCircle(34.0, angle)}, false), look.color,
                     CVekMatrix3d::kIdentity, {}, 1.0, 1, CVekPoint3d::kOrigin);

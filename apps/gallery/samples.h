@@ -6,7 +6,7 @@
 
 #include <vek/display.h>
 
-/// A group for each kind of display item.
+/// A group for each kind of display item; the picture lies in the corner of the window.
 void addKinds(CVekGDX& gdx, Patterns& patterns);
 
 /// Polylines with arcs, from flat to nearly closed, in several line types.

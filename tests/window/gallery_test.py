@@ -1,0 +1,274 @@
+"""Drives the gallery with pointer and keys, as a person would, and looks at the screen.
+
+    gallery_test.py GALLERY READER SHOTS [RUNNER]
+
+READER is a program that saves the metafile on the clipboard. SHOTS is the folder for screenshots; RUNNER starts a
+program that this system cannot run itself. The display is that of the environment.
+"""
+
+import pathlib
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+import xml.etree.ElementTree
+
+GALLERY, READER, SHOTS = (pathlib.Path(argument).resolve() for argument in sys.argv[1:4])
+RUNNER = sys.argv[4:]
+DEADLINE = 20.0  # seconds, for whatever is waited for
+BETWEEN = 0.1  # seconds from one look to the next
+
+# In the window, at 96 dots an inch and in its size at start: the picture without its border, and the status bar's text.
+PICTURE = (244, 46, 992, 672)
+STATUS = (4, 680, 860, 694)
+MIDDLE = ((PICTURE[0] + PICTURE[2]) // 2, (PICTURE[1] + PICTURE[3]) // 2)
+
+WHITE, BLACK = (255, 255, 255), (0, 0, 0)
+OUTLINE, LINE, HIGHLIGHT = (0, 82, 165), (255, 0, 0), (255, 0, 255)
+
+
+class Picture:
+    """A part of the screen."""
+
+    def __init__(self, width, height, data):
+        self.width, self.height, self.data = width, height, data
+
+    def __eq__(self, other):
+        return self.data == other.data
+
+    def part(self, left, top, right, bottom):
+        rows = (self.data[3 * (y * self.width + left) : 3 * (y * self.width + right)] for y in range(top, bottom))
+        return Picture(right - left, bottom - top, b"".join(rows))
+
+    def places(self, color):
+        """Where a colour is, from the top."""
+        found, at = [], self.data.find(bytes(color))
+        while at >= 0:
+            if at % 3 == 0:
+                found.append((at // 3 % self.width, at // 3 // self.width))
+            at = self.data.find(bytes(color), at + 1)
+        return found
+
+    def box(self, color):
+        """Left, top, right and bottom of a colour."""
+        xs, ys = zip(*self.places(color))
+        return min(xs), min(ys), max(xs), max(ys)
+
+
+def wait(what, condition):
+    """The first true value of a condition."""
+    end = time.monotonic() + DEADLINE
+    while time.monotonic() < end:
+        value = condition()
+        if value:
+            return value
+        time.sleep(BETWEEN)
+    raise AssertionError(f"waited {DEADLINE:.0f} s for {what}")
+
+
+def xdotool(*arguments):
+    result = subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True, timeout=DEADLINE)
+    return result.stdout.split()
+
+
+def windows(name):
+    return xdotool("search", "--onlyvisible", "--name", name)
+
+
+def screen():
+    data = subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"], capture_output=True,
+                          timeout=DEADLINE, check=True).stdout
+    kind, width, height, most = data.split(maxsplit=4)[:4]
+    pixels = data[-3 * int(width) * int(height) :]
+    assert (kind, most) == (b"P6", b"255")
+    return Picture(int(width), int(height), pixels)
+
+
+class Gallery(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp())
+        self.program = None
+
+    def tearDown(self):
+        if self.program and self.program.poll() is None:
+            self.program.kill()
+            self.program.wait(DEADLINE)
+        shutil.rmtree(self.folder)
+
+    def start(self, name):
+        """Shows a picture by its name."""
+        self.assertEqual(windows("VEK Gallery"), [], "another gallery is open")
+        with open(self.folder / "output.txt", "w") as output:
+            self.program = subprocess.Popen([*RUNNER, str(GALLERY), "--show", name], stdout=output, stderr=output)
+        wait("the window", lambda: windows(f"{name} - VEK Gallery"))
+        window = windows("VEK Gallery")[0]
+        place = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window))
+        self.left, self.top = int(place["X"]), int(place["Y"])
+        self.to(*MIDDLE)
+        return self.still()
+
+    def still(self):
+        """The picture, when two looks at the window are alike."""
+        self.window = None
+
+        def alike():
+            before, self.window = self.window, self.shot()
+            return before is not None and before == self.window
+
+        wait("a picture that stands still", alike)
+        return self.window.part(*PICTURE)
+
+    def shot(self):
+        return screen().part(self.left, self.top, self.left + 1000, self.top + 700)
+
+    def changed(self, before):
+        """The picture, when it is another one than before and stands still."""
+        wait("another picture", lambda: self.shot().part(*PICTURE) != before)
+        return self.still()
+
+    def status(self):
+        return self.window.part(*STATUS)
+
+    def save(self, name):
+        """Keeps the window as it is."""
+        SHOTS.mkdir(parents=True, exist_ok=True)
+        data = f"P6 {self.window.width} {self.window.height} 255\n".encode() + self.window.data
+        subprocess.run(["convert", "ppm:-", str(SHOTS / f"{name}.png")], input=data, timeout=DEADLINE, check=True)
+
+    def to(self, x, y):
+        xdotool("mousemove", self.left + x, self.top + y)
+
+    def click(self, button, times=1):
+        xdotool("click", "--repeat", times, "--delay", 50, button)
+
+    def key(self, *keys):
+        xdotool("key", "--delay", 60, *keys)
+
+    def export(self, keys, file):
+        """Writes a picture by the dialog for files."""
+        self.key(keys)
+        wait("the dialog", lambda: windows("Save As"))
+        xdotool("type", "--delay", 15, "Z:" + str(file).replace("/", "\\"))
+        self.key("Return")
+        wait(f"{file.name}", lambda: file.exists() and file.stat().st_size > 0)
+        wait("the end of the dialog", lambda: not windows("Save As"))
+
+    def assertBox(self, actual, expected):
+        """Coordinates are cut to whole pixels, so that an edge may lie one further."""
+        for a, b in zip(actual, expected):
+            self.assertLessEqual(abs(a - b), 1.5, f"{actual} for {expected}")
+
+    def test_view(self):
+        first = self.start("All kinds")
+        box = first.box(OUTLINE)
+        x, y = 300, 200
+        self.to(PICTURE[0] + x, PICTURE[1] + y)
+        self.click(5, 2)
+        small = self.changed(first)
+        self.save("zoomed-out")
+        expected = [p + (edge - p) / 1.44 for edge, p in zip(box, (x, y, x, y))]
+        self.assertBox(small.box(OUTLINE), expected)
+        self.click(4, 2)
+        self.assertEqual(self.changed(small), first, "as many notches in as out")
+
+        self.click(5, 2)
+        small = self.changed(first)
+        box = small.box(OUTLINE)
+        self.to(*MIDDLE)
+        xdotool("mousedown", 2)
+        self.to(MIDDLE[0] - 60, MIDDLE[1] + 35)
+        self.changed(small)
+        self.to(MIDDLE[0] - 90, MIDDLE[1] + 70)
+        xdotool("mouseup", 2)
+        self.to(*MIDDLE)
+        moved = self.still()
+        self.save("panned")
+        self.assertBox(moved.box(OUTLINE), [edge + shift for edge, shift in zip(box, (-90, 70, -90, 70))])
+
+        self.click(2, 2)
+        self.assertEqual(self.changed(moved), first, "the extents again")
+
+    def test_pick(self):
+        first = self.start("All kinds")
+        blank = self.status()
+        x, y = first.places(OUTLINE)[0]
+        self.to(PICTURE[0] + x + 20, PICTURE[1] + y)
+        self.click(1)
+        self.to(*MIDDLE)
+        outline = self.changed(first)
+        self.save("picked")
+        named = self.status()
+        self.assertNotEqual(named, blank)
+        self.assertEqual(outline.box(HIGHLIGHT)[:3], first.box(OUTLINE)[:3])  # its name hangs beneath
+        self.assertFalse(outline.places(OUTLINE))
+
+        x, y = first.places(LINE)[0]
+        self.to(PICTURE[0] + x, PICTURE[1] + y)
+        self.click(1)
+        self.to(*MIDDLE)
+        line = self.changed(outline)
+        self.assertNotEqual(self.status(), named)
+        self.assertTrue(line.places(OUTLINE) == first.places(OUTLINE), "the highlight has moved on")
+        self.assertEqual(line.box(HIGHLIGHT)[:2], first.box(LINE)[:2])
+
+        self.key("Escape")
+        self.assertEqual(self.changed(line), first, "no highlight")
+        self.assertEqual(self.status(), blank)
+
+    def test_menu(self):
+        first = self.start("All kinds")
+        self.click(1)  # on nothing: the keys go to the window
+        self.key("alt+v", "b", "b")
+        dark = self.changed(first)
+        self.save("black")
+        self.assertGreater(len(dark.places(BLACK)), len(dark.data) // 3 * 8 // 10)
+        self.assertGreater(len(dark.places(WHITE)), 200, "black letters become white")
+        self.key("alt+v", "b", "o")
+        self.assertEqual(self.changed(dark), first)
+
+        metafile, drawing = self.folder / "kinds.emf", self.folder / "kinds.svg"
+        self.export("ctrl+e", metafile)
+        self.assertEqual(metafile.read_bytes()[40:44], b" EMF")
+        self.assertEqual(struct.unpack_from("<I", metafile.read_bytes(), 48)[0], metafile.stat().st_size)
+        self.export("ctrl+shift+e", drawing)
+        root = xml.etree.ElementTree.parse(drawing).getroot()
+        self.assertEqual((root.get("width"), root.get("height")), ("752", "630"))
+        self.assertGreater(len(list(root.iter())), 10)
+
+        before = self.still() and self.status()
+        self.key("ctrl+c")
+        wait("the word of the copy", lambda: self.shot().part(*STATUS) != before)
+        copy = self.folder / "copy.emf"
+        with open(self.folder / "reader.txt", "w") as output:
+            reader = [*RUNNER, str(READER), "Z:" + str(copy)]
+            subprocess.run(reader, stdout=output, stderr=output, timeout=DEADLINE, check=True)
+        self.assertEqual(copy.read_bytes(), metafile.read_bytes())
+        self.key("alt+f", "x")
+        self.assertEqual(self.program.wait(DEADLINE), 0)
+
+    def test_list(self):
+        first = self.start("PFOSTEN")
+        self.save("mullion")
+        self.to(100, 86)  # the line of the picture shown
+        self.click(1)
+        self.key("Down")
+        second = self.changed(first)
+        self.save("transom")
+        self.assertEqual(len(windows("RIEGEL - VEK Gallery")), 1)
+        self.key("Up")
+        self.assertEqual(self.changed(second), first)
+        self.to(238, 400)  # the bar between list and picture
+        xdotool("mousedown", 1)
+        self.to(338, 400)
+        xdotool("mouseup", 1)
+        self.to(*MIDDLE)
+        narrow = self.changed(first)
+        self.save("narrow")
+        self.assertEqual(len(set(narrow.part(104, 0, 130, 300).data)), 1, "the picture fits what is left of it")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=2)
