@@ -7,6 +7,8 @@
 
 #include <afxwin.h>
 
+#include "window/free_handles.h"
+
 #include <utility>
 #include <vector>
 
@@ -78,17 +80,6 @@ inline int differing(const VEK::CPixels& a, const VEK::CPixels& b)
     for (std::size_t i = 0; i < a.data.size(); ++i)
         count += a.data[i] != b.data[i];
     return count;
-}
-
-/// How many GDI objects can still be made: a leak takes from them. Asking the system gives 0 under Wine.
-inline int freeHandles()
-{
-    std::vector<HPEN> pens;
-    while (const HPEN pen = CreatePen(PS_SOLID, 1, static_cast<COLORREF>(pens.size())))
-        pens.push_back(pen);
-    for (const HPEN pen : pens)
-        DeleteObject(pen);
-    return static_cast<int>(pens.size());
 }
 
 /// @tparam Window class of the control

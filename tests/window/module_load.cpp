@@ -1,4 +1,6 @@
 // The DLL as a host program knows it: loaded at run time, and given back without a trace.
+#include "free_handles.h"
+
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -6,23 +8,11 @@
 #include <psapi.h>
 
 #include <string>
-#include <vector>
 
 namespace
 {
 
 const std::wstring kModule = L"Vek_2018_20_64_Mfc.dll";
-
-/// How many GDI objects can still be made.
-int freeHandles()
-{
-    std::vector<HPEN> pens;
-    while (const HPEN pen = CreatePen(PS_SOLID, 1, static_cast<COLORREF>(pens.size())))
-        pens.push_back(pen);
-    for (const HPEN pen : pens)
-        DeleteObject(pen);
-    return static_cast<int>(pens.size());
-}
 
 SIZE_T memoryInUse()
 {
@@ -49,12 +39,12 @@ TEST(Module, LoadsAndUnloadsAThousandTimesWithoutLoss)
     };
     for (int i = 0; i < 50; ++i) // until the system has its own tables
         once();
-    const int handles = freeHandles();
+    const int handles = control_test::freeHandles();
     const DWORD kernel = kernelHandles();
     const SIZE_T memory = memoryInUse();
     for (int i = 0; i < 1000 && !HasFatalFailure(); ++i)
         once();
-    EXPECT_EQ(freeHandles(), handles);
+    EXPECT_EQ(control_test::freeHandles(), handles);
     EXPECT_EQ(kernelHandles(), kernel);
     const SIZE_T after = memoryInUse();
     RecordProperty("bytes", std::to_string(after - memory));
