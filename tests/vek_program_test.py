@@ -228,7 +228,7 @@ class Describe(Case):
             ('{"items": [{"color": 1}]}', "items[0]: is no polyline"),
             ('{"items": [{"point": [1]}]}', "items[0].point: is no list of 2 to 3"),
             ('{"items": [{"polyline": [[1, 2], [1, "x"]]}]}', "items[0].polyline[1][1]: is no number"),
-            ('{"items": [{"polyline": []}]}', "items[0].polyline: is no list"),
+            ('{"items": [{"polyline": []}]}', "items[0].polyline: is an empty list"),
             ('{"items": [{"point": [1, 2], "color": "red"}]}', "items[0].color: is no colour"),
             ('{"items": [{"point": [1, 2], "style": 1.5}]}', "items[0].style: is no whole number"),
             ('{"items": [{"region": [[[0, 0], [1, 1]]], "hatch": {"scale": 1}}]}', 'items[0].hatch: has no "name"'),

@@ -55,7 +55,7 @@ public:
     const Node& expectList(std::size_t least, std::size_t most) const
     {
         if (!m_value.is_array() || size() < least || size() > most)
-            fail(most > 64 ? "is no list"
+            fail(most > 64 ? m_value.is_array() ? "is an empty list" : "is no list"
                            : "is no list of " + std::to_string(least) +
                                  (least == most ? "" : " to " + std::to_string(most)) + " values");
         return *this;
