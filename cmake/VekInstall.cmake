@@ -6,6 +6,12 @@ get_property(installed GLOBAL PROPERTY VEK_INSTALLED)
 install(TARGETS ${installed} EXPORT vek ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(EXPORT vek NAMESPACE vek:: FILE vekTargets.cmake DESTINATION ${package})
+if(WIN32) # beside the gallery, which looks for them there
+  file(GLOB slides CONFIGURE_DEPENDS examples/*.sl[bd])
+  install(FILES ${slides} DESTINATION ${CMAKE_INSTALL_BINDIR}/examples)
+  install(DIRECTORY examples/patterns examples/pictures examples/sheets DESTINATION ${CMAKE_INSTALL_BINDIR}/examples
+          PATTERN "*.cpp" EXCLUDE)
+endif()
 install(DIRECTORY include/vek DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 configure_package_config_file(cmake/vekConfig.cmake.in ${CMAKE_BINARY_DIR}/vekConfig.cmake
                               INSTALL_DESTINATION ${package})

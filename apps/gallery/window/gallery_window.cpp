@@ -64,16 +64,34 @@ bool GalleryWindow::open(const CVekString& name, const std::vector<std::string>&
     if (!CreateEx(0, kind, L"VEK Gallery", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, kWidth,
                   kHeight, nullptr, menu))
         return false;
-    SetWindowPos(nullptr, 0, 0, scaled(kWidth), scaled(kHeight), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    takeSize();
     layOut();
     const HTREEITEM item = find(name);
     if (item == nullptr)
         return false;
     m_list.SelectItem(item);
     m_list.EnsureVisible(item);
-    if (!troubles.empty())
-        tell(wide(troubles.front()));
+    std::string all;
+    for (const std::string& trouble : troubles)
+        all += (all.empty() ? "" : "; ") + trouble;
+    if (!all.empty())
+        tell(wide(all));
     return true;
+}
+
+/// As large as the monitor's resolution wants it, and at most as large as the monitor.
+void GalleryWindow::takeSize()
+{
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTONEAREST), &monitor);
+    const CRect whole(monitor.rcWork);
+    CRect area;
+    GetWindowRect(&area);
+    const int width = std::min(scaled(kWidth), whole.Width()), height = std::min(scaled(kHeight), whole.Height());
+    SetWindowPos(nullptr, std::min(static_cast<int>(area.left), static_cast<int>(whole.right) - width),
+                 std::min(static_cast<int>(area.top), static_cast<int>(whole.bottom) - height), width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 int GalleryWindow::OnCreate(LPCREATESTRUCT create)
@@ -316,7 +334,7 @@ void GalleryWindow::tellExported(const CString& path, bool isWritten)
     if (isWritten)
         tell((L"Exported " + file).c_str());
     else
-        AfxMessageBox((file + L" cannot be written.").c_str(), MB_OK | MB_ICONERROR);
+        AfxMessageBox((file + L" cannot be written").c_str(), MB_OK | MB_ICONERROR);
 }
 
 /// The picture fits itself into the size of the control, so that paper shows what the window shows at its extents.

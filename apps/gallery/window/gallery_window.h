@@ -51,6 +51,7 @@ protected:
 
 private:
     int scaled(int pixels) const { return MulDiv(pixels, m_dpi, 96); }
+    void takeSize();
     void setFonts();
     void layOut();
     void fillList();

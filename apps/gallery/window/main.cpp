@@ -66,6 +66,8 @@ bool parse(Options& options)
 class GalleryApp : public CWinApp
 {
 public:
+    GalleryApp() : CWinApp(L"VEK Gallery") {}
+
     BOOL InitInstance() override
     {
         try {
