@@ -1,5 +1,5 @@
-#include "core/geometry/prepared_region.h"
 // Points, regions, texts and pictures of a draw pass.
+#include "core/geometry/prepared_region.h"
 #include "display/pass.h"
 
 #include <vek/draw/hatch.h>

@@ -9,9 +9,9 @@
 
 /// The items of a display object in their present order, by the index rules of `CVekArrayTempl`.
 ///
-/// A pick reverses the list, yet clicks follow one another without anybody looking at it in between. So the items stay
-/// where they are until somebody does: every access below shows them in the order told, and puts them there first if
-/// need be. References, pointers and iterators hold until the next sort or pick.
+/// A pick reverses the list, yet clicks follow one another without anybody looking at it in between. So a pick only
+/// notes the new order, and the first access after it moves the items: each of those below shows them as the last sort
+/// or pick has ordered them. References, pointers and iterators hold until the next sort or pick.
 class VEK_API CVekDisplayList
 {
 public:
@@ -34,7 +34,6 @@ public:
     }
 
     void append(CVekDisplayItem&& item) { settled().append(std::move(item)); }
-    void append(const CVekDisplayItem& item) { settled().append(item); }
     CVekDisplayList& operator+=(const CVekArrayTempl<CVekDisplayItem>& items)
     {
         settled() += items;
@@ -95,7 +94,7 @@ private:
 
     mutable CVekArrayTempl<CVekDisplayItem> m_items;
 
-    // While one of these is set the items stand sorted, and the order told is another one.
+    // While one of these is set the items stand sorted, and their present order is another one.
     mutable bool m_isDown = false;      ///< the classes follow one another from the top down
     mutable bool m_isBackwards = false; ///< inside each class the items run backwards
     mutable bool m_isShown = false;     ///< the array has been handed out
