@@ -62,7 +62,7 @@ gallery() {
 case ${1:-} in
 '') ;;
 gallery) install_packages build test ;;
-*) echo "demo.sh: $1: neither nothing nor gallery" >&2 && exit 2 ;;
+*) echo "demo.sh: $1: there is only gallery" >&2 && exit 2 ;;
 esac
 install_packages build
 mkdir -p build "$out"
