@@ -51,6 +51,20 @@ TEST(Module, LoadsAndUnloadsAThousandTimesWithoutLoss)
     EXPECT_LT(after, memory + 1024 * 1024) << "more than 1 KB for each time";
 }
 
+TEST(Module, OffersItsResourcesWhileItIsLoaded)
+{
+    const HMODULE module = LoadLibraryW(kModule.c_str());
+    ASSERT_NE(module, nullptr);
+    const HMODULE toolkit = LoadLibraryW(L"vek_toolkit.dll"); // stays when the module goes
+    const auto find = reinterpret_cast<HINSTANCE (*)(LPCWSTR, LPCWSTR)>(
+        reinterpret_cast<void*>(GetProcAddress(toolkit, "_Z21AfxFindResourceHandlePKwS0_")));
+    ASSERT_NE(find, nullptr);
+    EXPECT_EQ(find(MAKEINTRESOURCEW(2000), RT_GROUP_ICON), module);
+    FreeLibrary(module);
+    EXPECT_NE(find(MAKEINTRESOURCEW(2000), RT_GROUP_ICON), module);
+    FreeLibrary(toolkit);
+}
+
 TEST(Module, HasItsIconsItsCursorAndItsVersion)
 {
     const HMODULE module = LoadLibraryExW(kModule.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
