@@ -201,10 +201,11 @@ class Describe(Case):
       {"region": [[[0, 0], [60, 0], [30, 40]]], "hatch": {"name": "steel", "scale": 0.5, "angle": 30}, "color": 1},
       {"text": "A B", "at": [0, 50], "height": 6, "turn": 90, "stack": [1, 2]},
       {"text": "AB", "align": "MC", "screenFixed": [5, 5], "noExtents": true},
-      {"picture": "nowhere.bmp", "corners": [[1, 2], [3, 4]], "transparent": true}]}"""
+      {"picture": "sign.bmp", "corners": [[1, 2], [3, 4]], "transparent": true}]}"""
 
     def test_every_kind(self):
         description = self.file("all.json", self.EVERY_KIND.encode())
+        shutil.copy(EXAMPLES / "pictures" / "sign.bmp", self.folder)
         text = xml.etree.ElementTree.tostring(self.svg("draw", description), encoding="unicode").lower()
         for colour in ("#12ab34", "#00ff00", "#0000ff", "#ff0000"):
             self.assertIn(colour, text)
@@ -232,6 +233,7 @@ class Describe(Case):
             ('{"items": [{"point": [1, 2], "color": "red"}]}', "items[0].color: is no colour"),
             ('{"items": [{"point": [1, 2], "style": 1.5}]}', "items[0].style: is no whole number"),
             ('{"items": [{"region": [[[0, 0], [1, 1]]], "hatch": {"scale": 1}}]}', 'items[0].hatch: has no "name"'),
+            ('{"items": [{"picture": "nowhere.bmp"}]}', "items[0].picture: is no picture that can be read: nowhere.bmp"),
             ('{"patterns": "nowhere.pat"}', "nowhere.pat: is not there"),
         ):
             with self.subTest(text=text):

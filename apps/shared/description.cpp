@@ -6,6 +6,7 @@
 
 #include <vek/data.h>
 #include <vek/host.h>
+#include <vek/surfaces/picture.h>
 
 #include "core/platform/platform.h"
 
@@ -360,7 +361,11 @@ void addPicture(CVekGDX& gdx, const Node& item)
         last = pointOf(corners.at(1));
     }
     const int id = item.has("id") ? item["id"].integer(0, 65535) : static_cast<int>(vekNoPicture);
-    gdx.imagePicture(common.stack, common.flag, item["picture"].text(), id, first, last);
+    const CVekString name = item["picture"].text();
+    bool transparent = false;
+    if (name.len() > 0 && VEK::loadPicture(name, id, 0, 0, transparent, 0xFFFFFF).empty())
+        item["picture"].fail("is no picture that can be read: " + utf8(name));
+    gdx.imagePicture(common.stack, common.flag, name, id, first, last);
 }
 
 void addItem(CVekGDX& gdx, const Node& item)

@@ -50,6 +50,9 @@ TEST_F(DplistImage, PaintsWhatTheSameRulesGiveInMemory)
         ++cases;
     });
     EXPECT_EQ(cases, 5 * 52);
+    gdx.clear(); // under the control
+    control.Invalidate();
+    expectPicture(200, 100);
 }
 
 TEST_F(DplistImage, FitsOnlyWhenItIsTold)

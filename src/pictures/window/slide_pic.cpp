@@ -165,8 +165,8 @@ void CSlidePic::OnPaint()
         CRgn clip;
         clip.CreateRectRgn(0, 0, area.right, area.bottom);
         const int saved = dc.SaveDC();
+        dc.SelectClipRgn(&clip);
         if (!seeThrough) {
-            dc.SelectClipRgn(&clip);
             dc.SelectObject(m_loaded ? &m_background : &m_system);
             dc.SelectObject(&m_pen);
             dc.Rectangle(0, 0, area.right, area.bottom);
