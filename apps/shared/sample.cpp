@@ -13,8 +13,8 @@
 namespace
 {
 
-constexpr double kLines = 24.0; // across a sample, all families together, gaps not counted
-constexpr double kRows = 20.0;  // of the closest family at most
+constexpr double kLines = 20.0; // across a sample, all families together, gaps not counted
+constexpr double kRows = 14.0;  // of the closest family at most
 
 /// The share of a family's lines that is drawn.
 double drawnShare(const CVekArrayTempl<double>& family)
