@@ -36,18 +36,28 @@ CVekMatrix3d screenMatrix(const CVekGDX& gdx, int height, int width)
     return move * flip * unit * gdx.projMtxGet();
 }
 
-constexpr int kFetchAhead = 8;
+/// Items that are fetched ahead: first the item, and when that is there, what lies apart from it.
+constexpr int kFetchItem = 16;
+constexpr int kFetchGeometry = 8;
 
-/// Has what lies apart from an item fetched that is drawn soon, since waiting for it would take longer than the rest.
-void fetch([[maybe_unused]] const CVekDisplayItem& item)
+/// Has memory fetched that is read once and soon, since waiting for it would take longer than drawing does.
+void fetch([[maybe_unused]] const void* from, [[maybe_unused]] std::size_t size)
 {
 #ifdef __GNUC__ // others do without
-    const char* geometry = reinterpret_cast<const char*>(item.vl.begin());
-    const std::size_t size = sizeof(CVekVertex) * static_cast<std::size_t>(std::min(item.vl.len(), 2));
     for (std::size_t at = 0; at < size; at += 64)
-        __builtin_prefetch(geometry + at);
-    __builtin_prefetch(item.linetype.begin());
+        __builtin_prefetch(static_cast<const char*>(from) + at, 0, 0);
 #endif
+}
+
+void fetchAhead(const CVekDisplayItem* items, int i, int count)
+{
+    if (i + kFetchItem < count)
+        fetch(items + i + kFetchItem, sizeof *items);
+    if (i + kFetchGeometry < count) {
+        const CVekDisplayItem& item = items[i + kFetchGeometry];
+        fetch(item.vl.begin(), sizeof(CVekVertex) * static_cast<std::size_t>(std::min(item.vl.len(), 2)));
+        fetch(item.linetype.begin(), sizeof(double));
+    }
 }
 
 } // namespace
@@ -73,8 +83,7 @@ void DrawPass::run()
     const CVekDisplayList& list = m_gdx.getDisplayList();
     const CVekDisplayItem* const items = list.begin();
     for (int i = 0; i < list.len(); ++i) {
-        if (i + kFetchAhead < list.len())
-            fetch(items[i + kFetchAhead]);
+        fetchAhead(items, i, list.len());
         const CVekDisplayItem& item = items[i];
         if ((item.flag & itemHidden) != 0)
             continue;
