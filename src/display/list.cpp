@@ -1,6 +1,8 @@
 // The order of the items: sorting, and what a pick leaves.
 #include <vek/display/list.h>
 
+#include "display/fetch.h"
+
 namespace
 {
 
@@ -64,16 +66,7 @@ void CVekDisplayList::settle() const
     m_isDown = m_isBackwards = false;
 }
 
-/// Has the geometry of an item fetched that comes up soon. It lies apart from the item, and waiting for it would take
-/// longer than looking at it does.
 void CVekDisplayList::fetch(const CVekDisplayItem& item)
 {
-#ifdef __GNUC__ // others do without
-    const char* geometry = reinterpret_cast<const char*>(item.vl.begin());
-    const std::size_t size = sizeof(CVekVertex) * static_cast<std::size_t>(std::min(item.vl.len(), 2));
-    for (std::size_t at = 0; at < size; at += 64)
-        __builtin_prefetch(geometry + at);
-#else
-    static_cast<void>(item);
-#endif
+    VEK::fetchGeometry(item);
 }

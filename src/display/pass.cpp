@@ -1,5 +1,7 @@
 #include "display/pass.h"
 
+#include "display/fetch.h"
+
 #include <vek/display/view.h>
 #include <vek/values/units.h>
 
@@ -40,23 +42,13 @@ CVekMatrix3d screenMatrix(const CVekGDX& gdx, int height, int width)
 constexpr int kFetchItem = 16;
 constexpr int kFetchGeometry = 8;
 
-/// Has memory fetched that is read once and soon, since waiting for it would take longer than drawing does.
-void fetch([[maybe_unused]] const void* from, [[maybe_unused]] std::size_t size)
-{
-#ifdef __GNUC__ // others do without
-    for (std::size_t at = 0; at < size; at += 64)
-        __builtin_prefetch(static_cast<const char*>(from) + at, 0, 0);
-#endif
-}
-
 void fetchAhead(const CVekDisplayItem* items, int i, int count)
 {
     if (i + kFetchItem < count)
         fetch(items + i + kFetchItem, sizeof *items);
     if (i + kFetchGeometry < count) {
-        const CVekDisplayItem& item = items[i + kFetchGeometry];
-        fetch(item.vl.begin(), sizeof(CVekVertex) * static_cast<std::size_t>(std::min(item.vl.len(), 2)));
-        fetch(item.linetype.begin(), sizeof(double));
+        fetchGeometry(items[i + kFetchGeometry]);
+        fetch(items[i + kFetchGeometry].linetype.begin(), sizeof(double));
     }
 }
 

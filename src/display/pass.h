@@ -83,6 +83,7 @@ private:
     void prepareDashes(const CVekDisplayItem& item);
     void drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color);
     void drawPieces(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, bool dots, unsigned color);
+    bool isShort(const CVekPoint3d& start, const CVekPoint3d& end) const;
     bool hasDots(const CVekVertexArray& vl) const;
     void drawDot(const SurfacePoint& at, unsigned color);
     void drawArc(const plane::SpaceArc& arc, const DeviceMap& map);

@@ -151,7 +151,8 @@ void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
 {
     bool fills = (item.flag & itemFill) != 0;
     bool hatches = (item.flag & itemHatch) != 0;
-    if ((fills || hatches) && item.reg.len() > 0 && !isOutside(item.reg, matrix(item, From::stored))) {
+    const CVekMatrix3d& stored = matrix(item, From::stored);
+    if ((fills || hatches) && item.reg.len() > 0 && !isOutside(item.reg, stored)) {
         Region split;
         if (hatches) {
             split = vek_gdx_image_reg_split(item.reg);
@@ -160,19 +161,18 @@ void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
             fills = fills || !hatches;
         }
         const unsigned inside = fillColor(item, color);
-        const CVekMatrix3d& m = matrix(item, From::stored);
         m_surface.pen(1, inside);
         if (fills)
-            fill(item.reg, m, inside);
+            fill(item.reg, stored, inside);
         if (hatches && (!fills || m_rules.fillAndHatch))
-            hatch(std::move(split), m, item.hatch, inside);
+            hatch(std::move(split), stored, item.hatch, inside);
     }
     if ((item.flag & itemOutline) != 0) {
         m_surface.pen(item.thickn, color);
         prepareDashes(item);
-        const CVekMatrix3d& m = matrix(item, From::turned);
+        const CVekMatrix3d& turned = matrix(item, From::turned);
         for (const CVekVertexArray& contour : item.reg)
-            drawLine(contour, m, color);
+            drawLine(contour, turned, color);
     }
 }
 

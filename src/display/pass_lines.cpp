@@ -115,6 +115,12 @@ void DrawPass::drawArc(const plane::SpaceArc& arc, const DeviceMap& map)
     m_chain.push_back(map(arc.end));
 }
 
+bool DrawPass::isShort(const CVekPoint3d& start, const CVekPoint3d& end) const
+{
+    const CVekVector3d length = end - start;
+    return length.dot(length) < m_shortLength * m_shortLength;
+}
+
 bool DrawPass::hasDots(const CVekVertexArray& vl) const
 {
     return !vl.isContinuous() && !(m_rules.closedIsContinuous && vl.isClosed());
@@ -164,8 +170,7 @@ void DrawPass::drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsign
     }
     std::optional<bool> dots; // asked only when there is something short
     drawSegments(*line, m, chords(m), color, [&](const CVekPoint3d& start, const CVekPoint3d& end) {
-        const CVekVector3d length = end - start;
-        if (!(length.dot(length) < m_shortLength * m_shortLength))
+        if (!isShort(start, end))
             return false;
         if (!dots)
             dots = hasDots(*line);
@@ -175,10 +180,8 @@ void DrawPass::drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsign
 
 void DrawPass::drawPieces(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, bool dots, unsigned color)
 {
-    drawSegments(vl, m, chords, color, [&](const CVekPoint3d& start, const CVekPoint3d& end) {
-        const CVekVector3d length = end - start;
-        return dots && length.dot(length) < m_shortLength * m_shortLength;
-    });
+    drawSegments(vl, m, chords, color,
+                 [&](const CVekPoint3d& start, const CVekPoint3d& end) { return dots && isShort(start, end); });
 }
 
 } // namespace VEK

@@ -2,6 +2,7 @@
 
 #include "surfaces/emf_records.h"
 #include "surfaces/holes.h"
+#include "surfaces/line_run.h"
 #include "surfaces/object_table.h"
 #include "surfaces/reach.h"
 
@@ -28,7 +29,7 @@ std::int32_t wholeClamped(double value)
 class EmfSurface final : public CFileSurface
 {
 public:
-    explicit EmfSurface(CByteSink& sink) : m_records(sink) { m_run.reserve(kRunLimit); }
+    explicit EmfSurface(CByteSink& sink) : m_records(sink) {}
 
     void clipTo(double left, double top, double right, double bottom) override;
     void clipOut(const SurfacePoint* points, int count) override;
@@ -38,7 +39,7 @@ public:
     void brush(unsigned color) override;
     void noBrush() override { m_colors.brushOn = false; }
     void background(unsigned color) override { m_background = color & 0xFFFFFF; }
-    void moveTo(double x, double y) override { moveHere({x, y}); }
+    void moveTo(double x, double y) override { m_run.moveTo({x, y}, Draw{*this}); }
     void lineTo(double x, double y) override { lineHere({x, y}); }
     void polyline(const SurfacePoint* points, int count) override;
     void polygon(const SurfacePoint* points, int count) override;
@@ -50,8 +51,10 @@ public:
     bool finish() override;
 
 private:
-    /// The most points of a polyline that every reader draws: [MS-EMF] lets devices stop there for wide lines.
-    static constexpr std::size_t kRunLimit = 1360;
+    struct Draw {
+        EmfSurface& surface;
+        void operator()(const std::vector<Point>& points) const { surface.writeRun(points); }
+    };
 
     using Objects = ObjectTable<std::uint32_t, 64>;
 
@@ -73,35 +76,18 @@ private:
         bool drawsArea() const { return penOn || brushOn; }
     };
 
-    void moveHere(const SurfacePoint& to)
-    {
-        m_at = to;
-        if (!m_run.empty() && (!reach::holds(to) || whole(to) != m_run.back()))
-            flushRun();
-    }
-
     void lineHere(const SurfacePoint& to)
     {
-        if (!m_colors.penOn || !reach::holds(to) || !reach::holds(m_at)) {
-            lineAcrossReach(to);
-            return;
-        }
-        if (m_run.empty())
-            m_run.push_back(whole(m_at));
-        const Point end = whole(to);
-        if (end != m_run.back() || m_run.size() == 1) // a line without length may still leave the dot of a wide pen
-            m_run.push_back(end);
-        if (m_run.size() == kRunLimit) {
-            flushRun();
-            m_run.push_back(end);
-        }
-        m_at = to;
+        if (m_colors.penOn)
+            m_run.lineTo(to, Draw{*this});
+        else
+            m_run.moveTo(to, Draw{*this});
     }
 
-    void lineAcrossReach(SurfacePoint to);
+    void flushRun() { m_run.flush(Draw{*this}); }
+    void writeRun(const std::vector<Point>& points);
     void setPen(bool on, int width, unsigned color);
     void addBox(emf::Type type, double x1, double y1, double x2, double y2);
-    void flushRun();
     void save();
     void restore();
     void bringClip(bool holesToo);
@@ -128,8 +114,7 @@ private:
     bool m_clipped = false;
     Box m_clip;
     Holes m_holes; ///< not cut to whole pixels yet, which could move a hole's edge across the polygon's
-    SurfacePoint m_at;
-    std::vector<Point> m_run; ///< connected lines that are not written yet
+    LineRun<Point> m_run;
 
     // What stands in the records. The clip rectangle and the holes in it each stand in a saved context.
     Context m_context;
@@ -307,34 +292,22 @@ void EmfSurface::collect(const SurfacePoint* points, int count)
         m_points.push_back(whole(points[i]));
 }
 
-void EmfSurface::lineAcrossReach(SurfacePoint to)
+void EmfSurface::writeRun(const std::vector<Point>& points)
 {
-    SurfacePoint from = m_at;
-    m_at = to;
-    flushRun();
-    if (m_colors.penOn && reach::cutSegment(from, to)) {
-        m_run.assign({whole(from), whole(to)});
-        flushRun();
+    if (m_finished)
+        return;
+    bringClip(true);
+    bringPen();
+    Box box;
+    for (const Point& p : points)
+        box.add(p);
+    cover(box, true);
+    if (points.size() == 2) { // shorter than a polyline of two points
+        m_records.add(emf::kMoveToEx, points[0].x, points[0].y);
+        m_records.add(emf::kLineTo, points[1].x, points[1].y);
+    } else {
+        m_records.addPoints(emf::kPolyline, emf::kPolyline16, points);
     }
-}
-
-void EmfSurface::flushRun()
-{
-    if (m_run.size() > 1 && !m_finished) {
-        bringClip(true);
-        bringPen();
-        Box box;
-        for (const Point& p : m_run)
-            box.add(p);
-        cover(box, true);
-        if (m_run.size() == 2) { // shorter than a polyline of two points
-            m_records.add(emf::kMoveToEx, m_run[0].x, m_run[0].y);
-            m_records.add(emf::kLineTo, m_run[1].x, m_run[1].y);
-        } else {
-            m_records.addPoints(emf::kPolyline, emf::kPolyline16, m_run);
-        }
-    }
-    m_run.clear();
 }
 
 void EmfSurface::polygon(const SurfacePoint* points, int pointCount)
@@ -461,7 +434,7 @@ void EmfSurface::picture(double x, double y, const CPixels& pixels)
 void EmfSurface::polyline(const SurfacePoint* points, int count)
 {
     if (count > 0)
-        moveHere(points[0]);
+        m_run.moveTo(points[0], Draw{*this});
     for (int i = 1; i < count; ++i)
         lineHere(points[i]);
 }

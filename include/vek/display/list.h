@@ -90,7 +90,7 @@ private:
     void settle() const;
     template <class Test>
     void search(Test& test);
-    static void fetch(const CVekDisplayItem& item);
+    static void fetch(const CVekDisplayItem& item); ///< its geometry, ahead of its test
 
     mutable CVekArrayTempl<CVekDisplayItem> m_items;
 

@@ -1,5 +1,7 @@
 #include <vek/pictures/raster.h>
 
+#include "surfaces/window/device_bitmap.h"
+
 #include <vek/surfaces/picture.h>
 
 #include <afxwin.h>
@@ -9,10 +11,9 @@ HBITMAP vek_gdx_image_get_bitmap(const CVekString& name, int id, int cx, int cy,
     VEK::CPixels pixels = VEK::loadPicture(name, id, cx, cy, transparent, back);
     if (pixels.empty())
         return nullptr;
-    for (std::uint32_t& pixel : pixels.data) // device bitmaps have blue in the lowest byte
-        pixel = (pixel & 0xFF00) | (pixel & 0xFF) << 16 | (pixel >> 16 & 0xFF);
-    BITMAPINFO info = {};
-    info.bmiHeader = {sizeof info.bmiHeader, pixels.width, -pixels.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    for (std::uint32_t& pixel : pixels.data)
+        pixel = VEK::deviceColor(pixel);
+    const BITMAPINFO info = VEK::deviceBitmapInfo(pixels);
     const HDC screen = GetDC(nullptr);
     const HBITMAP bitmap = CreateDIBitmap(screen, &info.bmiHeader, CBM_INIT, pixels.data.data(), &info, DIB_RGB_COLORS);
     ReleaseDC(nullptr, screen);

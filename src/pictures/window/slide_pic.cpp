@@ -36,7 +36,7 @@ public:
         m_owner.m_dc->MoveTo(mapped(from));
         m_owner.m_dc->LineTo(mapped(to));
     }
-    void color(int index) override { m_owner.setColor(index); }
+    void color(int index) override { m_owner.newColor(index); }
     void fill(std::span<const SlidePoint> points) override
     {
         m_points.clear();
@@ -131,7 +131,7 @@ int CSlidePic::SetBkColor(int index)
 }
 
 /// The new objects are selected before the old ones go, since a selected object cannot be deleted.
-void CSlidePic::setColor(int index)
+void CSlidePic::newColor(int index)
 {
     const COLORREF color = acadRGB(slideColor(index, m_backIndex));
     CPen pen(PS_SOLID, 1, color);

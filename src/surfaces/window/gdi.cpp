@@ -1,8 +1,10 @@
 #include <vek/surfaces/gdi.h>
 
 #include "surfaces/emf_records.h"
+#include "surfaces/line_run.h"
 #include "surfaces/object_table.h"
 #include "surfaces/reach.h"
+#include "surfaces/window/device_bitmap.h"
 
 #include <windows.h>
 
@@ -20,11 +22,6 @@ POINT whole(const SurfacePoint& p)
     return {static_cast<LONG>(p.x), static_cast<LONG>(p.y)};
 }
 
-bool same(const POINT& a, const POINT& b)
-{
-    return a.x == b.x && a.y == b.y;
-}
-
 int wholeClamped(double value)
 {
     return static_cast<int>(reach::clamped(value));
@@ -38,7 +35,6 @@ public:
         SetPolyFillMode(dc, ALTERNATE);
         SelectObject(dc, GetStockObject(BLACK_PEN));
         SelectObject(dc, GetStockObject(NULL_BRUSH));
-        m_run.reserve(kRunLimit);
     }
     ~GdiSurface() override;
     GdiSurface(const GdiSurface&) = delete;
@@ -52,8 +48,8 @@ public:
     void brush(unsigned color) override;
     void noBrush() override { m_brush = nullptr; }
     void background(unsigned color) override { SetBkColor(m_dc, color & 0xFFFFFF); }
-    void moveTo(double x, double y) override { moveHere({x, y}); }
-    void lineTo(double x, double y) override { lineHere({x, y}); }
+    void moveTo(double x, double y) override { m_run.moveTo({x, y}, Draw{*this}); }
+    void lineTo(double x, double y) override { m_run.lineTo({x, y}, Draw{*this}); }
     void polyline(const SurfacePoint* points, int count) override;
     void polygon(const SurfacePoint* points, int count) override;
     void rectangle(double x1, double y1, double x2, double y2) override { drawBox(Rectangle, x1, y1, x2, y2); }
@@ -65,11 +61,13 @@ public:
 private:
     using Objects = ObjectTable<HGDIOBJ, 8>;
 
-    static constexpr std::size_t kRunLimit = 1360; ///< as many points as every device takes, wide pens included
+    struct Draw {
+        GdiSurface& surface;
+        void operator()(const std::vector<POINT>& points) const { surface.drawRun(points); }
+    };
 
-    void moveHere(const SurfacePoint& to);
-    void lineHere(const SurfacePoint& to);
-    void flushRun();
+    void flushRun() { m_run.flush(Draw{*this}); }
+    void drawRun(const std::vector<POINT>& points);
     void select(HGDIOBJ object, HGDIOBJ& selected);
     void collect(const SurfacePoint* points, int count);
     bool confine(const CPixels& pixels, int left, int top);
@@ -87,8 +85,7 @@ private:
     HGDIOBJ m_selectedPen = m_pen;
     HGDIOBJ m_selectedBrush = GetStockObject(NULL_BRUSH);
     HRGN m_clip = nullptr;
-    SurfacePoint m_at;
-    std::vector<POINT> m_run; ///< connected lines that are not drawn yet
+    LineRun<POINT> m_run;
     std::vector<POINT> m_points;
     std::vector<SurfacePoint> m_cut;
 };
@@ -176,56 +173,23 @@ void GdiSurface::brush(unsigned color)
     m_brush = object(m_brushes, color, [=] { return static_cast<HGDIOBJ>(CreateSolidBrush(color)); });
 }
 
-void GdiSurface::moveHere(const SurfacePoint& to)
+void GdiSurface::drawRun(const std::vector<POINT>& points)
 {
-    m_at = to;
-    if (!m_run.empty() && (!reach::holds(to) || !same(whole(to), m_run.back())))
-        flushRun();
-}
-
-void GdiSurface::lineHere(const SurfacePoint& to)
-{
-    SurfacePoint from = m_at, end = to;
-    m_at = to;
-    if (!reach::holds(from) || !reach::holds(end)) {
-        flushRun();
-        if (reach::cutSegment(from, end)) {
-            m_run.assign({whole(from), whole(end)});
-            flushRun();
-        }
-        return;
+    select(m_pen, m_selectedPen);
+    if (points.size() == 2) {
+        MoveToEx(m_dc, points[0].x, points[0].y, nullptr);
+        LineTo(m_dc, points[1].x, points[1].y);
+    } else {
+        Polyline(m_dc, points.data(), static_cast<int>(points.size()));
     }
-    if (m_run.empty())
-        m_run.push_back(whole(from));
-    const POINT next = whole(end);
-    if (!same(next, m_run.back()) || m_run.size() == 1) // a line without length may still leave the dot of a wide pen
-        m_run.push_back(next);
-    if (m_run.size() == kRunLimit) {
-        flushRun();
-        m_run.push_back(next);
-    }
-}
-
-void GdiSurface::flushRun()
-{
-    if (m_run.size() > 1) {
-        select(m_pen, m_selectedPen);
-        if (m_run.size() == 2) {
-            MoveToEx(m_dc, m_run[0].x, m_run[0].y, nullptr);
-            LineTo(m_dc, m_run[1].x, m_run[1].y);
-        } else {
-            Polyline(m_dc, m_run.data(), static_cast<int>(m_run.size()));
-        }
-    }
-    m_run.clear();
 }
 
 void GdiSurface::polyline(const SurfacePoint* points, int count)
 {
     if (count > 0)
-        moveHere(points[0]);
+        m_run.moveTo(points[0], Draw{*this});
     for (int i = 1; i < count; ++i)
-        lineHere(points[i]);
+        m_run.lineTo(points[i], Draw{*this});
 }
 
 void GdiSurface::collect(const SurfacePoint* points, int count)
@@ -280,13 +244,11 @@ void GdiSurface::picture(double x, double y, const CPixels& pixels)
     flushRun();
     if (pixels.empty() || !reach::holds({x, y}))
         return;
-    BITMAPINFO info = {};
-    info.bmiHeader = {sizeof info.bmiHeader, pixels.width, -pixels.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const BITMAPINFO info = deviceBitmapInfo(pixels);
     void* bits = nullptr;
     const HDC memory = CreateCompatibleDC(m_dc);
     if (const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0)) {
-        std::transform(pixels.data.begin(), pixels.data.end(), static_cast<std::uint32_t*>(bits),
-                       [](std::uint32_t p) { return (p & 0xFF) << 16 | (p & 0xFF00) | (p >> 16 & 0xFF); });
+        std::transform(pixels.data.begin(), pixels.data.end(), static_cast<std::uint32_t*>(bits), deviceColor);
         const HGDIOBJ before = SelectObject(memory, bitmap);
         const int left = static_cast<int>(x), top = static_cast<int>(y);
         const bool isOpaque =

@@ -66,7 +66,7 @@ private:
     class Painter;
 
     void discard();
-    void setColor(int index);
+    void newColor(int index);
 
     CDC* m_dc = nullptr; ///< only while painting or building a metafile
     CPen m_pen;          ///< keeps the colour of the last drawing

@@ -1,0 +1,25 @@
+// Memory that is wanted soon. A long list is read from memory once, and waiting for it takes longer than the work does.
+#pragma once
+
+#include <vek/display/item.h>
+
+#include <algorithm>
+
+namespace VEK
+{
+
+inline void fetch([[maybe_unused]] const void* from, [[maybe_unused]] std::size_t size)
+{
+#ifdef __GNUC__ // others do without
+    for (std::size_t at = 0; at < size; at += 64)
+        __builtin_prefetch(static_cast<const char*>(from) + at, 0, 0);
+#endif
+}
+
+/// The geometry of a short polyline, which lies apart from its item.
+inline void fetchGeometry(const CVekDisplayItem& item)
+{
+    fetch(item.vl.begin(), sizeof(CVekVertex) * static_cast<std::size_t>(std::min(item.vl.len(), 2)));
+}
+
+} // namespace VEK
