@@ -8,8 +8,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 
 name=${1:-}
 passed=0 failed=0 skipped=0
-fuzz_seconds=10 fuzz_seconds_together=60
-calm=() # disables address randomisation, which sanitizers cannot bear in every kernel
+fuzz_seconds=10 fuzz_seconds_together=120 # of which each processor takes its share
+fixed_addresses=() # a prefix without address randomisation, which sanitizers cannot bear in every kernel
 
 add() { # passed failed skipped
     passed=$((passed + $1)) failed=$((failed + $2)) skipped=$((skipped + $3))
@@ -70,7 +70,7 @@ run_tests() {
     shift
     [ $# = 0 ] || tests=(-R "^($(IFS='|' && echo "$*"))\$")
     rm -f "build/$preset/ctest.xml" "build/$preset"/results/*.xml
-    "${calm[@]}" ctest --test-dir "build/$preset" -j "$jobs" --no-tests=error --output-on-failure \
+    "${fixed_addresses[@]}" ctest --test-dir "build/$preset" -j "$jobs" --no-tests=error --output-on-failure \
         --test-output-size-passed 100000 --output-junit "$PWD/build/$preset/ctest.xml" "${tests[@]}" \
         >"build/$preset-tests.log" 2>&1 </dev/null
     tally "build/$preset"
@@ -103,18 +103,30 @@ run_filtered() {
 fuzz_one() { # name seconds
     local found=build/fuzz/found/$1 start=$SECONDS log=build/fuzz-$1.log
     mkdir -p "$found" "build/fuzz/corpus/$1"
-    if "${calm[@]}" "build/fuzz/fuzz/$1_fuzz" -max_total_time="$2" -timeout=10 -rss_limit_mb=2048 -verbosity=1 \
+    if "${fixed_addresses[@]}" "build/fuzz/fuzz/$1_fuzz" -max_total_time="$2" -timeout=10 -rss_limit_mb=2048 -verbosity=1 \
         -artifact_prefix="$found/" "build/fuzz/corpus/$1" "fuzz/corpus/$1" >"$log" 2>&1; then
-        add 1 0 0
         say fuzz "$1: $(grep -oE '^Done [0-9]+ runs' "$log") in $(since $start)"
     else
         grep -E -A 12 -m 1 'ERROR|runtime error' "$log" || tail -n 5 "$log"
-        fail "fuzz target $1, see $log; the input lies in $found"
+        say FAILED "fuzz target $1, see $log; the input lies in $found"
+        return 1
     fi
 }
 
+# fuzz_lane SECONDS TARGET...: the first of the targets and those that follow it in steps of the processors, one after
+# the other. The status is the number of those that failed.
+fuzz_lane() {
+    local seconds=$1 bad=0
+    shift
+    while [ $# -gt 0 ]; do
+        fuzz_one "${1%_fuzz}" "$seconds" || bad=$((bad + 1))
+        shift $((jobs < $# ? jobs : $#))
+    done
+    return $bad
+}
+
 fuzz() {
-    local target targets=(fuzz/*_fuzz.cpp)
+    local targets=(fuzz/*_fuzz.cpp)
     [ -e "${targets[0]}" ] || return
     targets=("${targets[@]##*/}")
     targets=("${targets[@]%.cpp}")
@@ -122,17 +134,22 @@ fuzz() {
     local seconds=$((fuzz_seconds_together / ${#targets[@]}))
     [ $seconds -le $fuzz_seconds ] || seconds=$fuzz_seconds
     [ $seconds -ge 1 ] || seconds=1
-    for target in "${targets[@]}"; do
-        fuzz_one "${target%_fuzz}" $seconds
+    local lane lanes=() bad=0
+    for ((lane = 0; lane < jobs; ++lane)); do
+        fuzz_lane $seconds "${targets[@]:lane}" &
+        lanes+=($!)
     done
+    for lane in "${lanes[@]}"; do
+        wait "$lane"
+        bad=$((bad + $?))
+    done
+    add $((${#targets[@]} - bad)) $bad 0
 }
 
 run_all() {
     build native all && run_tests native
     build mingw all && run_tests mingw
-    run_filtered tsan '*Thread*'
-    run_filtered release '*Golden*'
-    run_filtered mingw-debug '*Golden*'
+    run_filtered tsan '*Thread*:*Golden*'
     fuzz
 }
 
@@ -152,7 +169,7 @@ run_named() {
 }
 
 install_packages build test || { fail "packages are missing"; finish; }
-! setarch -R true 2>/dev/null || calm=(setarch -R)
+! setarch -R true 2>/dev/null || fixed_addresses=(setarch -R)
 trap stop_windows EXIT
 start_display || fail "Xvfb does not start, see build/xvfb.log"
 start_wine || fail "no Wine prefix, see build/wine/made.log"
