@@ -12,3 +12,4 @@ endfunction()
 
 vek_header_library(nlohmann nlohmann/json.hpp)
 vek_header_library(cli11 CLI/CLI.hpp)
+vek_header_library(stb stb/stb_image.h)

@@ -1,7 +1,7 @@
 // Any bytes as a bitmap file; what it holds is scaled, and packed as PNG and unpacked again.
-#include <vek/surfaces/picture.h>
+#include <vek/bitmaps/picture.h>
 
-#include "surfaces/png.h"
+#include "core/png/png.h"
 
 #include <cstdlib>
 
@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (good && area < 10000) {
         VEK::png::Header header;
         VEK::CPixels again;
-        const std::string file = VEK::png::encode(pixels);
+        const std::string file = VEK::png::encode(pixels, VEK::png::Channels::colorAndOpacity);
         if (!VEK::png::readHeader(file, header) || !VEK::png::readPixels(file, header, again) || again != pixels)
             std::abort();
     }

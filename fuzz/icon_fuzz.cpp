@@ -1,5 +1,5 @@
 // Any bytes as an icon file, at several sizes.
-#include <vek/surfaces/picture.h>
+#include <vek/bitmaps/picture.h>
 
 #include <cstdlib>
 

@@ -6,7 +6,7 @@
 
 #include <vek/data.h>
 #include <vek/host.h>
-#include <vek/surfaces/picture.h>
+#include <vek/bitmaps/picture.h>
 
 #include "core/platform/platform.h"
 

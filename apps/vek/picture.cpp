@@ -1,6 +1,6 @@
 #include "picture.h"
 
-#include "png.h"
+#include "core/png/png.h"
 #include "shared/failure.h"
 #include "shared/input.h"
 
@@ -42,8 +42,6 @@ Size sizeOf(const std::string& text, Size otherwise)
 void checkPictureName(const std::string& path)
 {
     const std::string kind = ending(path);
-    if (kind == ".png" && !canWritePng())
-        throw Failure(path + ": this build cannot write PNG files");
     if (kind != ".svg" && kind != ".emf" && kind != ".png")
         throw Failure(path + ": neither an SVG file (.svg) nor an enhanced metafile (.emf) nor a PNG file (.png)");
 }
@@ -60,7 +58,8 @@ void writePicture(CVekGDX& gdx, const std::string& path, Size size)
         if (!VEK::rasterPixels(pixels, size.width, size.height, kWhite))
             throw Failure(path + ": memory does not suffice for the pixels");
         draw(gdx, *VEK::rasterSurface(pixels), size);
-        isWritten = writePng(sink, pixels);
+        const std::string file = VEK::png::encode(pixels, VEK::png::Channels::color);
+        isWritten = !file.empty() && sink.write(file) && sink.commit();
     } else {
         const auto surface = kind == ".emf" ? VEK::emfSurface(sink) : VEK::svgSurface(sink, size.width, size.height);
         if (kind == ".svg") // a metafile lies on its document's paper; a viewer of SVG may have a dark page

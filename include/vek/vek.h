@@ -2,6 +2,7 @@
 /// Everything of the library, for programs that do not mind what they include.
 #pragma once
 
+#include <vek/bitmaps.h>
 #include <vek/data.h>
 #include <vek/display.h>
 #include <vek/draw.h>

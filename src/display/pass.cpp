@@ -54,8 +54,9 @@ void fetchAhead(const CVekDisplayItem* items, int i, int count)
 
 } // namespace
 
-DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules)
-    : m_gdx(gdx), m_surface(surface), m_rules(rules), m_height(height), m_width(width),
+DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
+                   CPictureSource& pictures)
+    : m_gdx(gdx), m_surface(surface), m_rules(rules), m_pictures(pictures), m_height(height), m_width(width),
       m_back(static_cast<unsigned>(gdx.backColorGet().oleColor() & 0xFFFFFF)),
       m_total(gdx.zoomMtxGet() * gdx.viewMtxGet() * gdx.projMtxGet()),
       m_viewTurns(!(gdx.viewDirectionMtxGet() == CVekMatrix3d::kIdentity)), m_base(m_total * gdx.viewDirectionMtxGet()),
@@ -72,6 +73,7 @@ void DrawPass::run()
         m_surface.solidRect(0.0, 0.0, m_width, m_height, m_back);
     }
     m_surface.background(m_back);
+    m_pictures.begin();
     const CVekDisplayList& list = m_gdx.getDisplayList();
     const CVekDisplayItem* const items = list.begin();
     for (int i = 0; i < list.len(); ++i) {
@@ -153,7 +155,8 @@ CVekMatrix3d DrawPass::testMatrix(const CVekDisplayItem& item)
     return m_rules.testsInView ? item.mtx * m_gdx.viewDirectionMtxGet() * toDevice : item.mtx * toDevice;
 }
 
-void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules)
+void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
+             CPictureSource* pictures)
 {
     height = height > 0 ? height : 240;
     width = width > 0 ? width : 320;
@@ -164,7 +167,7 @@ void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassR
         gdx.viewMtxSet(getViewMtx(min, max, height, width, kMargin));
     }
     try {
-        DrawPass(gdx, surface, height, width, rules).run();
+        DrawPass(gdx, surface, height, width, rules, pictures ? *pictures : pictureCache()).run();
     } catch (const std::bad_alloc&) { // what has been drawn stays
     }
 }

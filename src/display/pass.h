@@ -45,7 +45,8 @@ class DrawPass
 {
 public:
     /// @param height, width above 0
-    DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules);
+    DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
+             CPictureSource& pictures);
 
     void run();
 
@@ -96,6 +97,7 @@ private:
     const CVekGDX& m_gdx;
     CSurface& m_surface;
     const PassRules& m_rules;
+    CPictureSource& m_pictures;
     const int m_height;
     const int m_width;
     const unsigned m_back;

@@ -4,7 +4,6 @@
 
 #include <vek/draw/hatch.h>
 #include <vek/draw/split.h>
-#include <vek/surfaces/picture.h>
 
 #include <algorithm>
 #include <cmath>
@@ -206,13 +205,15 @@ void DrawPass::drawPicture(const CVekDisplayItem& item)
         right = wholeSize(last[0]);
         bottom = wholeSize(last[1]);
     }
-    bool transparent = m_rules.picturesShowThrough && (item.flag & itemTransparent) != 0;
-    CPixels pixels = loadPicture(item.txt, static_cast<int>(item.pdMode), right - left, bottom - top, transparent,
-                                 m_rules.picturesOnPaper ? 0xFFFFFF : m_back);
-    if (transparent)
-        leaveOut(pixels, keyColor(pixels));
-    if (!pixels.empty())
-        m_surface.picture(left, top, pixels);
+    const std::shared_ptr<const CPixels> pixels =
+        m_pictures.picture({.name = item.txt,
+                            .id = static_cast<int>(item.pdMode),
+                            .cx = right - left,
+                            .cy = bottom - top,
+                            .transparent = m_rules.picturesShowThrough && (item.flag & itemTransparent) != 0,
+                            .back = m_rules.picturesOnPaper ? 0xFFFFFF : m_back});
+    if (pixels)
+        m_surface.picture(left, top, *pixels);
 }
 
 void DrawPass::drawPoint(const CVekDisplayItem& item, int number, unsigned color)

@@ -2,7 +2,7 @@
 
 #include "surfaces/ellipse.h"
 #include "surfaces/holes.h"
-#include "surfaces/png.h"
+#include "core/png/png.h"
 #include "surfaces/reach.h"
 #include "surfaces/svg_text.h"
 
@@ -408,7 +408,9 @@ void SvgSurface::picture(double x, double y, const CPixels& pixels)
     if (pixels.empty() || !reach::holds({x, y}) || m_finished)
         return;
     try {
-        const std::string file = png::encode(pixels);
+        const std::string file = png::encode(pixels, png::Channels::colorAndOpacity);
+        if (file.empty())
+            return;
         closePath();
         bringClip(true);
         // Two words for whole pixels: the attribute of this version, and the style of later ones, which goes first.

@@ -1,6 +1,6 @@
 // Pictures as device bitmaps, beside what the system itself makes of the same files.
 #include <vek/pictures/raster.h>
-#include <vek/surfaces/picture.h>
+#include <vek/bitmaps/picture.h>
 
 #include "core/platform/platform.h"
 #include "picture_bytes.h"

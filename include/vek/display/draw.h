@@ -2,6 +2,7 @@
 /// The draw pass: items into the calls of a surface.
 #pragma once
 
+#include <vek/bitmaps/source.h>
 #include <vek/display/gdx.h>
 #include <vek/surfaces/surface.h>
 
@@ -101,7 +102,9 @@ inline constexpr PassRules scalableRules = [] {
 /// memory ends, in the pass or on the surface, so does the picture.
 /// @param height, width of the drawing area in device units, from (0, 0) on; everything is clipped to it. 0 means 240
 ///     and 320
-VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules);
+/// @param pictures where the pictures come from; null is `pictureCache()`
+VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
+                     CPictureSource* pictures = nullptr);
 
 } // namespace VEK
 

@@ -1,6 +1,6 @@
 /// @file
 /// Pictures as device bitmaps. What they are made of, the decoders, the flattening of icons and the choice of the key
-/// colour, stands in <vek/surfaces/picture.h> for every system.
+/// colour, stands in <vek/bitmaps/picture.h> for every system.
 #pragma once
 
 #ifdef _WIN32

@@ -2,7 +2,7 @@
 
 #include "surfaces/window/device_bitmap.h"
 
-#include <vek/surfaces/picture.h>
+#include <vek/bitmaps/picture.h>
 
 #include <afxwin.h>
 

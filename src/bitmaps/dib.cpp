@@ -1,6 +1,4 @@
-#include "surfaces/dib.h"
-
-#include <vek/surfaces/picture.h>
+#include "bitmaps/dib.h"
 
 #include <algorithm>
 #include <array>
@@ -146,11 +144,6 @@ private:
 
 } // namespace
 
-bool isFair(std::int64_t width, std::int64_t height)
-{
-    return width > 0 && height > 0 && width <= kPictureLimit && height <= kPictureLimit / width;
-}
-
 std::uint32_t number(std::string_view bytes, std::size_t at, int size)
 {
     std::uint32_t value = 0;
@@ -173,7 +166,7 @@ bool readHeader(std::string_view bytes, Header& header)
     std::int64_t height = extent(core ? 6 : 8);
     header.topDown = height < 0;
     height = std::abs(height);
-    if (!isFair(width, height))
+    if (!isPictureSize(width, height))
         return false;
     header.width = static_cast<int>(width);
     header.height = static_cast<int>(height);

@@ -11,9 +11,6 @@
 namespace VEK::dib
 {
 
-/// Whether a picture of this size may be made.
-bool isFair(std::int64_t width, std::int64_t height);
-
 /// A little-endian number of up to four bytes; what lies behind the end reads as 0.
 std::uint32_t number(std::string_view bytes, std::size_t at, int size);
 
@@ -36,7 +33,7 @@ struct Header {
 };
 
 /// @param bytes beginning with the header
-/// @return false for what no bitmap can be, among it a size that is not fair
+/// @return false for what no bitmap can be, among it a size that is none for a picture
 bool readHeader(std::string_view bytes, Header& header);
 
 /// The colours of a bitmap of up to 8 bits, black where they are missing.

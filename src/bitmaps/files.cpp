@@ -1,7 +1,7 @@
-#include <vek/surfaces/picture.h>
+#include <vek/bitmaps/picture.h>
 
-#include "surfaces/dib.h"
-#include "surfaces/png.h"
+#include "bitmaps/dib.h"
+#include "core/png/png.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -34,7 +34,7 @@ bool look(std::string_view bytes, Candidate& candidate)
         const png::Header& header = candidate.graphic;
         candidate.width = header.width;
         candidate.height = header.height;
-        candidate.bits = header.depth * header.channels;
+        candidate.bits = header.bits;
         return true;
     }
     const dib::Header& header = candidate.bitmap;

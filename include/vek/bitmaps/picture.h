@@ -1,5 +1,5 @@
 /// @file
-/// Pictures from files, as pixels for a surface.
+/// Pictures from files, as pixels.
 #pragma once
 
 #include <vek/export.h>
@@ -11,9 +11,6 @@
 
 namespace VEK
 {
-
-/// The most pixels that a picture may have; a larger one counts as unreadable, and none is scaled beyond it.
-inline constexpr int kPictureLimit = 1 << 26;
 
 /// An icon as its two pictures of one size.
 struct IconImage {
@@ -42,8 +39,7 @@ VEK_API bool decodeBmp(std::string_view bytes, CPixels& pixels);
 
 /// Decodes one image of an icon file: the nearest to cx by cy by the sum of both differences, of those the one with the
 /// most bits a pixel, of those the first. 0 stands for the size of the first image. Images are bitmaps with a mask,
-/// whose absence means that all of it shows, or PNG without interlacing, where the mask covers what has no opacity at
-/// all.
+/// whose absence means that all of it shows, or PNG, where the mask covers what has less than half of the opacity.
 /// @return false, with `icon` empty, when the file has no image or the one chosen is damaged
 VEK_API bool decodeIcon(std::string_view bytes, int cx, int cy, IconImage& icon);
 

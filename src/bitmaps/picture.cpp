@@ -1,13 +1,6 @@
-#include <vek/surfaces/picture.h>
-
-#include <vek/data/text.h>
-#include <vek/values/system.h>
-
-#include "core/platform/platform.h"
-#include "surfaces/dib.h"
+#include <vek/bitmaps/picture.h>
 
 #include <algorithm>
-#include <exception>
 #include <new>
 
 namespace VEK
@@ -16,53 +9,6 @@ namespace
 {
 
 constexpr std::uint32_t kOpaque = 0xFF000000;
-
-/// In the size asked for, without a copy when it has that size.
-CPixels fitted(CPixels pixels, int cx, int cy)
-{
-    const int width = cx == 0 ? pixels.width : cx;
-    const int height = cy == 0 ? pixels.height : cy;
-    return width == pixels.width && height == pixels.height ? std::move(pixels) : scaledPicture(pixels, width, height);
-}
-
-CPixels loadFile(const CVekString& name, int cx, int cy, bool& transparent, unsigned long back)
-{
-    CVekString path;
-    std::string bytes;
-    const std::wstring_view text = static_cast<const wchar_t*>(name);
-    if (text.size() <= 4 || !fileFind(path, name))
-        return {};
-    const std::wstring_view ending = text.substr(text.size() - 4);
-    const bool isIcon = platform::equalNoCase(ending, L".ico");
-    if ((!isIcon && !platform::equalNoCase(ending, L".bmp")) ||
-        !platform::readFile(platform::pathOf(static_cast<const wchar_t*>(path)), bytes))
-        return {};
-    if (!isIcon) {
-        CPixels pixels;
-        return decodeBmp(bytes, pixels) ? fitted(std::move(pixels), cx, cy) : CPixels{};
-    }
-    IconImage icon;
-    if (!decodeIcon(bytes, cx, cy, icon))
-        return {};
-    transparent = false;
-    return fitted(flattenIcon(icon, back), cx, cy);
-}
-
-/// An icon of the system or of the library's module, which has its size already.
-CPixels loadProgramIcon(int id, int cx, int cy, bool& transparent, unsigned long back)
-{
-    CVekString module;
-    appFileName(module, L"Vek", L"Mfc", L"Dll");
-    platform::IconBits bits;
-    if (!platform::systemIcon(id, bits) &&
-        !platform::moduleIcon(platform::pathOf(static_cast<const wchar_t*>(module)), id, cx, cy, bits))
-        return {};
-    transparent = false;
-    const int colorHeight = bits.color.empty() ? 0 : bits.height;
-    const int maskHeight = bits.color.empty() ? bits.height * 2 : bits.height;
-    return flattenIcon(
-        {{bits.width, colorHeight, std::move(bits.color)}, {bits.width, maskHeight, std::move(bits.mask)}}, back);
-}
 
 /// Pixels of a source in one direction, from `begin` up to `end`.
 struct Span {
@@ -110,18 +56,6 @@ std::uint32_t mean(const CPixels& pixels, const Span& columns, const Span& rows)
 
 } // namespace
 
-CPixels loadPicture(const CVekString& name, int id, int cx, int cy, bool& transparent, unsigned long back)
-{
-    try {
-        if (cx < 0 || cy < 0)
-            return {};
-        return name.isNull() ? loadProgramIcon(id, cx, cy, transparent, back)
-                             : loadFile(name, cx, cy, transparent, back);
-    } catch (const std::exception&) { // no memory, or a name that is no path
-        return {};
-    }
-}
-
 CPixels flattenIcon(const IconImage& icon, unsigned long back)
 {
     const CPixels& mask = icon.mask;
@@ -148,7 +82,7 @@ CPixels flattenIcon(const IconImage& icon, unsigned long back)
 CPixels scaledPicture(const CPixels& pixels, int cx, int cy)
 {
     CPixels result;
-    if (pixels.empty() || !dib::isFair(cx, cy))
+    if (pixels.empty() || !isPictureSize(cx, cy))
         return result;
     try {
         const std::vector<Span> columns = spans(pixels.width, cx), rows = spans(pixels.height, cy);
