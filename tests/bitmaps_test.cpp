@@ -1,12 +1,18 @@
-// Pictures from files. The files are put together here from the published layouts, field by field.
-#include <vek/surfaces.h>
+// Pictures from files. The files are put together here from the published layouts, most of them drawn at random beside
+// the picture that they must give.
+#include <vek/bitmaps.h>
 
 #include "core/platform/platform.h"
+#include "core/png/png.h"
 #include "picture_bytes.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <climits>
 #include <filesystem>
+#include <map>
+#include <random>
 
 namespace
 {
@@ -19,98 +25,196 @@ using VEK::platform::textOf;
 constexpr unsigned kRed = 0xFF0000FF, kGreen = 0xFF00FF00, kBlue = 0xFFFF0000, kWhite = 0xFFFFFFFF, kBlack = 0xFF000000;
 constexpr unsigned kGray = 0xFF808080;
 
-CPixels decoded(const std::string& bytes)
+/// A file and the picture that it must give.
+struct Drawn {
+    std::string bytes;
+    std::size_t needed = 0; ///< so many of the bytes
+    CPixels expected;
+};
+
+class Random
 {
-    CPixels pixels;
-    EXPECT_TRUE(VEK::decodeBmp(bytes, pixels));
-    return pixels;
+public:
+    /// From 0 to `most`.
+    unsigned upTo(unsigned most) { return static_cast<unsigned>(m_numbers()) % (most + 1); }
+    int size(unsigned most) { return static_cast<int>(1 + upTo(most - 1)); }
+    bool chance(unsigned oneOf) { return upTo(oneOf - 1) == 0; }
+    std::string noise(std::size_t size)
+    {
+        std::string bytes(size, '\0');
+        for (char& byte : bytes)
+            byte = static_cast<char>(upTo(255));
+        return bytes;
+    }
+    CPixels picture(int width, int height, unsigned colors)
+    {
+        CPixels pixels{width, height, std::vector<std::uint32_t>(static_cast<std::size_t>(width * height))};
+        for (std::uint32_t& pixel : pixels.data)
+            pixel = kBlack | upTo(colors);
+        return pixels;
+    }
+
+private:
+    std::mt19937 m_numbers{20};
+};
+
+/// A channel of `width` bits at `shift`, to 8 bits: the upper ones, or its own over and over.
+unsigned channel(std::uint32_t pixel, int shift, int width)
+{
+    unsigned result = 0;
+    for (int i = 0; i < 8; ++i)
+        result = result * 2 + (pixel >> (shift + width - 1 - i % width) & 1);
+    return result;
 }
 
-bool fails(const std::string& bytes)
+/// A picture of 1 to 8 bits with a palette. `file` holds its entries, which may be too few.
+std::vector<std::uint32_t> drawPalette(Random& random, int bits, int entrySize, unsigned count, std::string& file)
 {
-    CPixels pixels{1, 1, {0}};
-    const bool good = VEK::decodeBmp(bytes, pixels);
-    EXPECT_EQ(pixels, good ? pixels : CPixels{});
-    return !good;
+    std::vector<std::uint32_t> palette(std::size_t{1} << bits, kBlack);
+    for (unsigned i = 0; i < count; ++i) {
+        const std::string entry = random.noise(4);
+        file += entry.substr(0, static_cast<std::size_t>(entrySize));
+        for (unsigned k = 0; k < 3; ++k)
+            palette[i] |= std::uint32_t{static_cast<unsigned char>(entry[k])} << (16 - 8 * k);
+    }
+    return palette;
 }
 
-/// Black, red, green, blue, then white, in the order that files have them.
-const std::string kPalette = hex("00000000 0000FF00 00FF0000 FF000000 FFFFFF00");
-
-TEST(Bmp, RowsFromTheBottomWithPaddingAndFromTheTop)
+Drawn drawBmp(Random& random)
 {
-    const std::string rows = hex("0000FF FFFFFF 0000 FF0000 00FF00 0000"); // lower row red, white
-    const CPixels expected{2, 2, {kBlue, kGreen, kRed, kWhite}};
-    EXPECT_EQ(decoded(bmp(info(2, 2, 24), rows)), expected);
-    EXPECT_EQ(decoded(bmp(info(2, 2, 24), rows.substr(0, 14))), expected); // without the last padding
-    EXPECT_EQ(decoded(bmp(info(2, -2, 24), rows)), (CPixels{2, 2, {kRed, kWhite, kBlue, kGreen}}));
-    EXPECT_TRUE(fails(bmp(info(2, 2, 24), rows.substr(0, 13))));
+    static constexpr int kBits[] = {1, 4, 8, 16, 24, 32};
+    const int bits = kBits[random.upTo(5)], width = random.size(40), height = random.size(6);
+    const int headerSize = random.chance(4) ? 12 : random.chance(2) ? 40 : 108;
+    const bool isCore = headerSize == 12, isTopDown = !isCore && random.chance(2);
+    const bool hasFields = !isCore && (bits == 16 || bits == 32) && random.chance(2);
+    const unsigned colors = bits <= 8 ? 1u << bits : 0;
+    const unsigned told = isCore || bits > 8 || random.chance(2) ? 0 : 1 + random.upTo(colors - 1);
+
+    int widths[] = {8, 8, 8}, shifts[] = {16, 8, 0}; // red, green, blue
+    if (bits == 16)
+        std::fill_n(widths, 3, 5), shifts[0] = 10, shifts[1] = 5;
+    for (int i = 0, at = static_cast<int>(random.upTo(1)); hasFields && i < 3; ++i) {
+        const int c = (i + width) % 3;
+        widths[c] = random.size(bits == 16 ? 5 : 10);
+        shifts[c] = at;
+        at += widths[c];
+    }
+    std::string masks;
+    for (int c = 0; c < 3; ++c)
+        masks += le(((std::int64_t{1} << widths[c]) - 1) << shifts[c], 4);
+
+    std::string header =
+        isCore ? le(12, 4) + le(width, 2) + le(height, 2) + le(1, 2) + le(bits, 2)
+               : info(width, isTopDown ? -height : height, bits, hasFields ? 3 : 0, static_cast<int>(told), headerSize);
+    if (hasFields || headerSize == 108)
+        header += hasFields ? masks : random.noise(12);
+    header += random.noise(headerSize == 108 ? 56 : 0);
+    const unsigned entries = told > 0 ? told : colors; // a full one may end early, where the pixels begin
+    const auto palette = drawPalette(random, std::min(bits, 8), isCore ? 3 : 4,
+                                     told == 0 && random.chance(3) ? random.upTo(entries) : entries, header);
+
+    Drawn drawn;
+    drawn.expected = random.picture(width, height, 0);
+    std::string rows;
+    for (int y = 0; y < height; ++y) {
+        unsigned half = 0;
+        for (int x = 0; x < width; ++x) {
+            const std::uint32_t value = random.upTo(bits <= 8 ? colors - 1 : UINT_MAX - 1);
+            std::uint32_t& pixel =
+                drawn.expected.data[static_cast<std::size_t>((isTopDown ? y : height - 1 - y) * width + x)];
+            if (bits <= 8) {
+                pixel = palette[value];
+                half = half << bits | value;
+                if ((x + 1) * bits % 8 == 0 || x + 1 == width)
+                    rows += static_cast<char>(half << ((8 - (x + 1) * bits % 8) % 8));
+            } else {
+                for (int c = 0; c < 3; ++c)
+                    pixel |= channel(value, shifts[c], widths[c]) << 8 * c;
+                rows += le(value, bits / 8);
+            }
+        }
+        drawn.needed = rows.size();
+        while (rows.size() % 4 != 0)
+            rows += random.noise(1);
+    }
+    drawn.bytes = bmp(header, rows);
+    drawn.needed += drawn.bytes.size() - rows.size();
+    return drawn;
 }
 
-TEST(Bmp, IndexedPixels)
+/// Runs, pixels as they are, ends of rows and moves, with the pixels that they put one after the other.
+Drawn drawRuns(Random& random)
 {
-    EXPECT_EQ(decoded(bmp(info(9, 1, 1) + kPalette.substr(0, 8), hex("A0800000"))),
-              (CPixels{9, 1, {kRed, kBlack, kRed, kBlack, kBlack, kBlack, kBlack, kBlack, kRed}}));
-    EXPECT_EQ(decoded(bmp(info(3, 1, 4, 0, 5) + kPalette, hex("12 40 0000"))), (CPixels{3, 1, {kRed, kGreen, kWhite}}));
-    EXPECT_EQ(decoded(bmp(info(2, 1, 8, 0, 5) + kPalette, hex("03 FF 0000"))), (CPixels{2, 1, {kBlue, kBlack}}));
+    const int bits = random.chance(2) ? 4 : 8, width = random.size(30), height = random.size(6);
+    std::string header = info(width, height, bits, bits == 4 ? 2 : 1), data;
+    const auto palette = drawPalette(random, bits, 4, 1u << bits, header);
+    Drawn drawn;
+    drawn.expected = random.picture(width, height, 0);
+    int x = 0, y = 0;
+    const auto put = [&](unsigned byte, unsigned turn) {
+        const unsigned value = bits == 8 ? byte : turn % 2 == 0 ? byte / 16 : byte % 16;
+        if (x < width && y < height)
+            drawn.expected.data[static_cast<std::size_t>((height - 1 - y) * width + x++)] = palette[value];
+    };
+    for (int i = random.size(30); i > 0; --i) {
+        const unsigned kind = random.upTo(5), count = 3 + random.upTo(9);
+        const std::string some = random.noise(bits == 8 ? count : (count + 1) / 2);
+        if (kind == 0) {
+            data += hex("0000");
+            x = 0, ++y;
+        } else if (kind == 1) {
+            const unsigned dx = random.upTo(4), dy = random.upTo(1);
+            data += hex("0002") + le(dx, 1) + le(dy, 1);
+            x = std::min(x + static_cast<int>(dx), width), y += static_cast<int>(dy);
+        } else if (kind == 2) {
+            data += le(0, 1) + le(count, 1) + some + random.noise(some.size() % 2);
+            for (unsigned k = 0; k < count; ++k)
+                put(static_cast<unsigned char>(some[bits == 8 ? k : k / 2]), k);
+        } else {
+            data += le(count, 1) + some.substr(0, 1);
+            for (unsigned k = 0; k < count; ++k)
+                put(static_cast<unsigned char>(some[0]), k);
+        }
+    }
+    drawn.bytes = bmp(header, data + hex("0001") + random.noise(8));
+    drawn.needed = drawn.bytes.size() - 10;
+    return drawn;
 }
 
-TEST(Bmp, PaletteCutShortByThePixelsOrTheEnd)
+TEST(Bmp, FilesDrawnAtRandom)
 {
-    const std::string whole = bmp(info(2, 1, 8) + kPalette, hex("01 04 0000")); // means 256 colours and has 5
-    EXPECT_EQ(decoded(whole), (CPixels{2, 1, {kRed, kWhite}}));
-    EXPECT_TRUE(fails(whole.substr(0, 60)));
-}
-
-TEST(Bmp, CoreHeader)
-{
-    const std::string header = le(12, 4) + le(2, 2) + le(1, 2) + le(1, 2) + le(4, 2) + hex("000000 0000FF 00FF00");
-    EXPECT_EQ(decoded(bmp(header + std::string(13 * 3, '\0'), hex("21 000000"))), (CPixels{2, 1, {kGreen, kRed}}));
-}
-
-TEST(Bmp, SixteenAndThirtyTwoBits)
-{
-    // 5 bits of 16 are 10000 -> 10000100, 6 bits of 33 are 100001 -> 10000110
-    EXPECT_EQ(decoded(bmp(info(2, 1, 16), le(0x7C00, 2) + le(16, 2))), (CPixels{2, 1, {kRed, 0xFF840000}}));
-    EXPECT_EQ(decoded(bmp(info(2, 1, 16, 3) + le(0xF800, 4) + le(0x7E0, 4) + le(0x1F, 4), le(33 << 5, 2) + le(31, 2))),
-              (CPixels{2, 1, {0xFF008600, kBlue}}));
-    EXPECT_EQ(decoded(bmp(info(1, 1, 32), le(0x12FF8040, 4))), (CPixels{1, 1, {0xFF4080FF}}));
-    // 10 bits a channel, with the masks within a longer header
-    const std::string longer = info(1, 1, 32, 3, 0, 108) + le(0x3FF00000, 4) + le(0xFFC00, 4) + le(0x3FF, 4);
-    EXPECT_EQ(decoded(bmp(longer + std::string(108 - 52, '\0'), le(0x3FF00000 | 0x200 << 10 | 4, 4))),
-              (CPixels{1, 1, {0xFF0180FF}}));
-}
-
-TEST(Bmp, RunLengths)
-{
-    // run of 3 green; 4 as they are; end of row; move by 1, 1; run of 9, which the border cuts; end
-    const std::string rle8 = hex("03 02 00 04 01 03 04 01 00 00 00 02 01 01 09 03 00 01");
-    EXPECT_EQ(decoded(bmp(info(7, 3, 8, 1, 5) + kPalette, rle8)),
-              (CPixels{7, 3, {kBlack, kBlue,  kBlue,  kBlue,  kBlue,  kBlue,  kBlue,  //
-                              kBlack, kBlack, kBlack, kBlack, kBlack, kBlack, kBlack, //
-                              kGreen, kGreen, kGreen, kRed,   kBlue,  kWhite, kRed}}));
-    // run of 3 in turn, then 3 as they are with padding
-    const std::string rle4 = hex("03 12 00 03 34 10 00 00 00 01");
-    EXPECT_EQ(decoded(bmp(info(6, 1, 4, 2, 5) + kPalette, rle4)),
-              (CPixels{6, 1, {kRed, kGreen, kRed, kBlue, kWhite, kRed}}));
-    EXPECT_EQ(decoded(bmp(info(2, 1, 8, 1, 5) + kPalette, hex("01"))), (CPixels{2, 1, {kBlack, kBlack}}));
+    Random random;
+    for (int i = 0; i < 2000; ++i) {
+        const bool isPacked = i % 4 == 0;
+        const Drawn drawn = isPacked ? drawRuns(random) : drawBmp(random);
+        CPixels pixels;
+        for (const std::size_t size : {drawn.bytes.size(), drawn.needed}) { // without the last padding, or the end
+            ASSERT_TRUE(VEK::decodeBmp(std::string_view(drawn.bytes).substr(0, size), pixels)) << i;
+            ASSERT_EQ(pixels, drawn.expected) << i << ", header " << int(drawn.bytes[14]) << ", bits "
+                                              << int(drawn.bytes[drawn.bytes[14] == 12 ? 24 : 28]);
+        }
+        if (!isPacked) {
+            EXPECT_FALSE(VEK::decodeBmp(std::string_view(drawn.bytes).substr(0, drawn.needed - 1), pixels)) << i;
+            EXPECT_EQ(pixels, CPixels());
+        }
+    }
 }
 
 TEST(Bmp, RefusesWhatNoPictureCanBe)
 {
     const std::string pixels(64, '\0');
-    EXPECT_FALSE(fails(bmp(info(4, 4, 32), pixels)));
-    EXPECT_TRUE(fails(""));
-    EXPECT_TRUE(fails("BM"));
-    EXPECT_TRUE(fails("X" + bmp(info(4, 4, 32), pixels).substr(1)));
-    EXPECT_TRUE(fails(bmp(info(4, 4, 31), pixels)));
-    EXPECT_TRUE(fails(bmp(info(0, 4, 32), pixels)));
-    EXPECT_TRUE(fails(bmp(info(-4, 4, 32), pixels)));
-    EXPECT_TRUE(fails(bmp(info(4, 4, 32, 4), pixels)));      // JPEG within
-    EXPECT_TRUE(fails(bmp(info(4, -4, 8, 1), pixels)));      // runs from the top
-    EXPECT_TRUE(fails(bmp(info(30000, 30000, 1), pixels)));  // more than is taken at all
-    EXPECT_TRUE(fails(bmp(info(8000, 8000, 8, 1), pixels))); // runs that can't fill it
-    EXPECT_TRUE(fails(bmp(info(INT_MAX, INT_MIN, 1), pixels)));
+    CPixels read;
+    EXPECT_TRUE(VEK::decodeBmp(bmp(info(4, 4, 32), pixels), read));
+    for (const std::string& bad :
+         {std::string(), std::string("BM"), "X" + bmp(info(4, 4, 32), pixels).substr(1), bmp(info(4, 4, 31), pixels),
+          bmp(info(0, 4, 32), pixels), bmp(info(-4, 4, 32), pixels), bmp(info(4, 4, 32, 4), pixels), // JPEG within
+          bmp(info(4, -4, 8, 1), pixels),                                             // runs from the top
+          bmp(info(30000, 30000, 1), pixels), bmp(info(INT_MAX, INT_MIN, 1), pixels), // more than is taken at all
+          bmp(info(8000, 8000, 8, 1), pixels), bmp(info(2, 1, 8), "").substr(0, 60)}) {
+        read = {1, 1, {0}};
+        EXPECT_FALSE(VEK::decodeBmp(bad, read)) << bad.size();
+        EXPECT_EQ(read, CPixels());
+    }
 }
 
 std::string dibImage(int width, int height, int bits, const std::string& palette, const std::string& data)
@@ -141,57 +245,195 @@ TEST(Icon, NearestSizeThenMostColoursThenFirst)
     EXPECT_EQ(chosen(0, 0), std::pair(16, 0x100000u));
     EXPECT_EQ(chosen(20, 24), std::pair(16, 0x100000u));
     EXPECT_EQ(chosen(20, 30), std::pair(32, 0x300000u));
-    EXPECT_EQ(chosen(30, 30), std::pair(32, 0x300000u));
     EXPECT_EQ(chosen(1000, 1000), std::pair(48, 0x500000u));
     EXPECT_EQ(chosen(40, 40), std::pair(32, 0x300000u)); // as far as 48
 }
 
-TEST(Icon, MaskColourAndBackAreCombined)
+/// Whatever the opacity of the pixels, often 0 in all of them: the mask alone says what shows.
+TEST(Icon, ShowsWhereItsMaskIsBlack)
 {
-    // A row of four: black shows, white shows, nothing shows, and colour where the mask is white, which is dropped.
-    const std::string file = ico({dibImage(4, 1, 1, hex("00000000 FFFFFF00"), hex("50000000") + hex("30000000"))});
-    IconImage icon;
-    ASSERT_TRUE(VEK::decodeIcon(file, 0, 0, icon));
-    EXPECT_EQ(icon.mask, (CPixels{4, 1, {kBlack, kBlack, kWhite, kWhite}}));
-    EXPECT_EQ(VEK::flattenIcon(icon, 0x0000FF), (CPixels{4, 1, {kBlack, kWhite, kRed, kRed}}));
-
-    // The same as a mask of double height.
+    Random random;
+    for (int i = 0; i < 300; ++i) {
+        const int width = random.size(40), height = random.size(6);
+        const CPixels color = random.picture(width, height, 0xFFFFFE), mask = random.picture(width, height, 1);
+        const unsigned opacity = random.chance(2) ? 0 : random.upTo(255);
+        const int maskKind = static_cast<int>(random.upTo(3)); // drawn, black, white, missing
+        std::string colors, bits;
+        CPixels expected = color;
+        for (int y = height - 1; y >= 0; --y) {
+            std::string row(static_cast<std::size_t>((width + 31) / 32 * 4), '\0');
+            for (int x = 0; x < width; ++x) {
+                const std::uint32_t pixel = color.at(x, y);
+                colors += le((pixel & 0xFF) << 16 | (pixel & 0xFF00) | (pixel >> 16 & 0xFF) | opacity << 24, 4);
+                if (maskKind == 2 || (maskKind == 0 && (mask.at(x, y) & 1) != 0)) {
+                    row[static_cast<std::size_t>(x / 8)] |= static_cast<char>(0x80 >> x % 8);
+                    expected.data[static_cast<std::size_t>(y * width + x)] = kGray;
+                }
+            }
+            bits += maskKind == 3 ? "" : row;
+        }
+        const std::string image = dibImage(width, height, 32, "", colors + bits);
+        IconImage icon;
+        ASSERT_TRUE(VEK::decodeIcon(ico({image}), 0, 0, icon));
+        ASSERT_EQ(VEK::flattenIcon(icon, 0x808080), expected) << i << ", mask " << maskKind << ", opacity " << opacity;
+        EXPECT_FALSE(VEK::decodeIcon(ico({image.substr(0, 39 + colors.size())}), 0, 0, icon));
+        EXPECT_TRUE(icon.color.empty());
+    }
+    // Without colours the mask holds them in its lower half: black, white, what lies below, and that again.
     const IconImage plain{{}, {4, 2, {kBlack, kBlack, kWhite, kWhite, kBlack, kWhite, kBlack, kWhite}}};
-    EXPECT_EQ(VEK::flattenIcon(plain, 0x0000FF), VEK::flattenIcon(icon, 0x0000FF));
+    EXPECT_EQ(VEK::flattenIcon(plain, 0x0000FF), (CPixels{4, 1, {kBlack, kWhite, kRed, kRed}}));
     EXPECT_TRUE(VEK::flattenIcon({}, 0).empty());
     EXPECT_TRUE(VEK::flattenIcon({{2, 1, {0, 0}}, {1, 1, {0}}}, 0).empty());
-}
 
-TEST(Icon, MissingMaskShowsAllAndMissingColoursFail)
-{
     IconImage icon;
-    const std::string image = dibImage(1, 1, 32, "", le(0x00FF0000, 4));
-    ASSERT_TRUE(VEK::decodeIcon(ico({image}), 0, 0, icon));
-    EXPECT_EQ(VEK::flattenIcon(icon, 0xFFFFFF), (CPixels{1, 1, {kRed}}));
-    EXPECT_FALSE(VEK::decodeIcon(ico({image.substr(0, 43)}), 0, 0, icon));
-    EXPECT_TRUE(icon.color.empty());
+    std::string cursor = ico({dibImage(1, 1, 32, "", le(0, 4))});
     EXPECT_FALSE(VEK::decodeIcon(ico({}), 0, 0, icon));
-    EXPECT_FALSE(VEK::decodeIcon(ico({image}).substr(0, 20), 0, 0, icon));
-    std::string cursor = ico({image});
+    EXPECT_FALSE(VEK::decodeIcon(cursor.substr(0, 20), 0, 0, icon));
     cursor[2] = 2;
     EXPECT_FALSE(VEK::decodeIcon(cursor, 0, 0, icon));
 }
 
-TEST(Icon, PngInside)
+std::string big(std::uint32_t value)
 {
-    // Two by two pixels of RGBA, made by a common library: red, half green; nothing, white. Filter Sub, fixed codes.
-    const std::string png =
-        hex("89504E470D0A1A0A 0000000D49484452 00000002 00000002 0806000000 72B60D24 00000019 49444154 78"
-            "0163FCCFC0F09FF13F432303231333C37F2000003A2E0783 5A325DE9 00000000 49454E44 AE426082");
-    IconImage icon;
-    ASSERT_TRUE(VEK::decodeIcon(ico({png}), 0, 0, icon));
-    EXPECT_EQ(icon.mask, (CPixels{2, 2, {kBlack, kBlack, kWhite, kBlack}}));
-    EXPECT_EQ(VEK::flattenIcon(icon, 0x808080), (CPixels{2, 2, {kRed, kGreen, kGray, kWhite}}));
-    for (std::size_t size = 26; size < 61; ++size) // where the last pixel ends; the rest is checksums
-        EXPECT_FALSE(VEK::decodeIcon(ico({png.substr(0, size)}), 0, 0, icon)) << size;
+    const std::string bytes = le(value, 4);
+    return {bytes.rbegin(), bytes.rend()};
 }
 
-TEST(Icon, PngOfAllFiltersWithCodesOfItsOwn)
+/// With a checksum that is none, since readers of icons do not look at it.
+std::string chunk(const char* name, const std::string& data)
+{
+    return big(static_cast<std::uint32_t>(data.size())) + name + data + "none";
+}
+
+/// A PNG file of any kind, its rows filtered in any way and stored unpacked.
+Drawn drawPng(Random& random)
+{
+    static constexpr int kKinds[][3] = {// type, channels, bits a channel
+                                        {0, 1, 1}, {0, 1, 2},  {0, 1, 4},  {0, 1, 8}, {0, 1, 16},
+                                        {2, 3, 8}, {2, 3, 16}, {3, 1, 1},  {3, 1, 2}, {3, 1, 4},
+                                        {3, 1, 8}, {4, 2, 8},  {4, 2, 16}, {6, 4, 8}, {6, 4, 16}};
+    const auto& [type, channels, bits] = kKinds[random.upTo(std::size(kKinds) - 1)];
+    const int width = random.size(30), height = random.size(6);
+    const unsigned most = (1u << bits) - 1;
+    std::string file =
+        "\x89PNG\r\n\x1a\n" + chunk("IHDR", big(static_cast<unsigned>(width)) + big(static_cast<unsigned>(height)) +
+                                                le(bits, 1) + le(type, 1) + std::string(3, '\0'));
+    std::vector<unsigned> key; // the samples of the colour that is left out
+    std::string palette = random.noise(3 * (most + 1)), opacities;
+    if (type == 3) {
+        opacities = random.chance(2) ? "" : random.noise(random.upTo(most) + 1);
+        file += chunk("PLTE", palette) + (opacities.empty() ? "" : chunk("tRNS", opacities));
+    } else if (channels % 2 == 1 && random.chance(2)) {
+        std::string samples;
+        for (int c = 0; c < channels; ++c) {
+            key.push_back(random.upTo(std::min(most, 3u)));
+            samples += big(key.back()).substr(2);
+        }
+        file += chunk("tRNS", samples);
+    }
+    Drawn drawn;
+    drawn.expected = random.picture(width, height, 0);
+    std::string rows, above(static_cast<std::size_t>((width * channels * bits + 7) / 8), '\0');
+    const std::size_t step = static_cast<std::size_t>(std::max(channels * bits / 8, 1));
+    for (std::uint32_t& pixel : drawn.expected.data) {
+        static thread_local std::vector<unsigned> row; // samples
+        std::vector<unsigned> s;
+        for (int c = 0; c < channels; ++c)
+            s.push_back(random.upTo(random.chance(2) ? std::min(most, 3u) : most));
+        row.insert(row.end(), s.begin(), s.end());
+        const auto eight = [&](std::size_t c) { return bits == 16 ? s[c] >> 8 : s[c] * 255 / most; };
+        if (type == 3) {
+            const auto byte = [](const std::string& from, std::size_t at) {
+                return at < from.size() ? static_cast<unsigned char>(from[at]) : 255u;
+            };
+            pixel = byte(palette, s[0] * 3) | byte(palette, s[0] * 3 + 1) << 8 | byte(palette, s[0] * 3 + 2) << 16 |
+                    byte(opacities, s[0]) << 24;
+        } else {
+            pixel = channels < 3 ? eight(0) * 0x10101u : eight(0) | eight(1) << 8 | eight(2) << 16;
+            pixel |= (channels % 2 == 0 ? eight(s.size() - 1) : s == key ? 0 : 255) << 24;
+        }
+        if (row.size() < static_cast<std::size_t>(width * channels))
+            continue;
+        std::string raw;
+        for (unsigned i = 0, byte = 0, filled = 0; i < row.size(); ++i) {
+            if (bits == 16)
+                raw += static_cast<char>(row[i] >> 8);
+            byte = bits == 16 ? row[i] : byte << bits | row[i];
+            filled += static_cast<unsigned>(std::min(bits, 8));
+            if (filled % 8 == 0 || i + 1 == row.size())
+                raw += static_cast<char>(byte << (8 - filled % 8) % 8);
+        }
+        const unsigned filter = random.upTo(4);
+        rows += static_cast<char>(filter);
+        for (std::size_t i = 0; i < raw.size(); ++i) {
+            const auto at = [&](const std::string& from, std::size_t back) {
+                return i < back ? 0 : static_cast<unsigned char>(from[i - back]);
+            };
+            const int a = at(raw, step), b = at(above, 0), c = at(above, step), guess = a + b - c;
+            const int nearest = std::min({std::abs(guess - a), std::abs(guess - b), std::abs(guess - c)});
+            const int paeth = std::abs(guess - a) == nearest ? a : std::abs(guess - b) == nearest ? b : c;
+            rows += static_cast<char>(raw[i] - std::array{0, a, b, (a + b) / 2, paeth}[filter]);
+        }
+        above = raw;
+        row.clear();
+    }
+    const std::string size = le(static_cast<int>(rows.size()), 2), inverse = le(~static_cast<int>(rows.size()), 2);
+    const std::string packed = hex("7801 01") + size + inverse + rows + "none";
+    const std::size_t half = random.upTo(static_cast<unsigned>(packed.size()));
+    file += chunk("IDAT", packed.substr(0, half)) + chunk("tEXt", "") + chunk("IDAT", packed.substr(half));
+    drawn.needed = file.size() + 8;
+    drawn.bytes = file + chunk("IEND", "");
+    return drawn;
+}
+
+bool decodePng(std::string_view bytes, CPixels& pixels)
+{
+    VEK::png::Header header;
+    return VEK::png::readHeader(bytes, header) && VEK::png::readPixels(bytes, header, pixels);
+}
+
+TEST(Png, FilesDrawnAtRandom)
+{
+    Random random;
+    for (int i = 0; i < 1000; ++i) {
+        const Drawn drawn = drawPng(random);
+        CPixels pixels;
+        ASSERT_TRUE(decodePng(drawn.bytes, pixels)) << i;
+        ASSERT_EQ(pixels, drawn.expected) << i << ", type " << int(drawn.bytes[25]) << ", " << int(drawn.bytes[24]);
+        const unsigned cut = random.upTo(static_cast<unsigned>(drawn.needed - 1));
+        EXPECT_FALSE(decodePng(std::string_view(drawn.bytes).substr(0, cut), pixels)) << cut;
+
+        CPixels flat = pixels;
+        for (std::uint32_t& pixel : flat.data)
+            pixel |= kBlack;
+        CPixels again;
+        EXPECT_TRUE(decodePng(VEK::png::encode(pixels, VEK::png::Channels::colorAndOpacity), again));
+        EXPECT_EQ(again, pixels);
+        EXPECT_TRUE(decodePng(VEK::png::encode(pixels, VEK::png::Channels::color), again));
+        EXPECT_EQ(again, flat);
+
+        IconImage icon;
+        ASSERT_TRUE(VEK::decodeIcon(ico({drawn.bytes}), 0, 0, icon));
+        EXPECT_EQ(icon.color, flat);
+        for (std::size_t k = 0; k < pixels.data.size(); ++k)
+            ASSERT_EQ(icon.mask.data[k], pixels.data[k] >> 24 < 128 ? kWhite : kBlack);
+    }
+    EXPECT_EQ(VEK::png::encode({}, VEK::png::Channels::color), "");
+    EXPECT_EQ(VEK::png::encode({1 << 15, 1 << 15, {0}}, VEK::png::Channels::color), "");
+}
+
+TEST(Png, SizesThatLieTakeNoMemory)
+{
+    Random random;
+    std::string file = drawPng(random).bytes;
+    CPixels pixels;
+    for (const char* size : {"00002000 00002000", "04000000 00000001", "04000001 00000001", "00000000 00000001",
+                             "80000000 00000001", "7FFFFFFF 7FFFFFFF"})
+        EXPECT_FALSE(decodePng(file.replace(16, 8, hex(size)), pixels)) << size;
+    EXPECT_TRUE(pixels.empty());
+}
+
+TEST(Png, OfAllFiltersWithCodesOfItsOwn)
 {
     // 48 by 16 greys of 4 bits, the rows filtered by 0 to 4 in turn, in two chunks, packed by a common library.
     const std::string png =
@@ -203,13 +445,13 @@ TEST(Icon, PngOfAllFiltersWithCodesOfItsOwn)
             "F680BBC45D01323493CC727C3390C17516498BD90C172230BBB3B9E726F784FCA345BEA8C3DC3E41AB5BE96E361358A0896E1D05"
             "7111F16E3BA0758FBE12F3BEF37BF4D621397BDFF98B19861DF6D80B465E9CBC427B26B6651645E7375551ABB21C4796D3026559"
             "FD030DB5653F836543BF0000000049454E44AE426082");
-    IconImage icon;
-    ASSERT_TRUE(VEK::decodeIcon(ico({png}), 0, 0, icon));
-    ASSERT_EQ(icon.color.width, 48);
+    CPixels pixels;
+    ASSERT_TRUE(decodePng(png, pixels));
+    ASSERT_EQ(pixels.width, 48);
     for (int y = 0; y < 16; ++y) {
         for (int x = 0; x < 48; ++x) {
             const unsigned gray = static_cast<unsigned>((x * x + y * 3) / 7 % 5 * 17);
-            ASSERT_EQ(icon.color.at(x, y), kBlack | gray * 0x10101u) << x << ',' << y;
+            ASSERT_EQ(pixels.at(x, y), kBlack | gray * 0x10101u) << x << ',' << y;
         }
     }
 }
@@ -233,30 +475,46 @@ TEST(Picture, GrowingRepeatsAndShrinkingTakesTheMean)
 
 TEST(Picture, KeyColourIsTheMostFrequentOfFivePlaces)
 {
-    EXPECT_EQ(VEK::keyColor({1, 1, {kRed}}), 0x0000FFu);
+    Random random;
+    for (int i = 0; i < 500; ++i) {
+        const int width = random.size(5), height = random.size(5);
+        CPixels pixels = random.picture(width, height, 3);
+        std::map<unsigned, int> counts; // by colour
+        for (const auto& [x, y] : {std::pair(0, 0),
+                                   {width - 1, 0},
+                                   {0, height - 1},
+                                   {width - 1, height - 1},
+                                   {(width - 1) / 2, (height - 1) / 2}})
+            ++counts[pixels.at(x, y) & 0xFFFFFF];
+        const unsigned key =
+            std::max_element(counts.begin(), counts.end(), [](auto& p, auto& q) { return p.second < q.second; })->first;
+        ASSERT_EQ(VEK::keyColor(pixels), key) << i;
+        CPixels without = pixels;
+        VEK::leaveOut(without, key);
+        for (std::uint32_t& pixel : pixels.data)
+            pixel = (pixel & 0xFFFFFF) == key ? key : pixel;
+        ASSERT_EQ(without, pixels) << i;
+    }
     EXPECT_EQ(VEK::keyColor({}), 0xFFFFFFFFu);
-    // 3 by 3: the corners are places 0, 2, 6, 8 and the middle is 4.
-    const auto key = [](unsigned a, unsigned b, unsigned c, unsigned middle, unsigned d) {
-        return VEK::keyColor({3, 3, {a, 1, b, 1, middle, 1, c, 1, d}});
-    };
-    EXPECT_EQ(key(5, 4, 3, 2, 9), 2u);                      // all different: the lowest
-    EXPECT_EQ(key(9, 9, 3, 3, 7), 3u);                      // a tie
-    EXPECT_EQ(key(9, 9, 3, 3, 9), 9u);                      // the most frequent
-    EXPECT_EQ(key(kBlue, kRed, kRed, kBlue, 8), 0x0000FFu); // red is the lower value
-    // 4 by 4: the middle is cut to column and row 1.
-    CPixels even{4, 4, std::vector<std::uint32_t>(16, 7)};
-    for (const std::size_t corner : {0, 3, 12, 15})
-        even.data[corner] = static_cast<std::uint32_t>(20 + corner);
-    even.data[5] = 2;
-    EXPECT_EQ(VEK::keyColor(even), 2u);
+    EXPECT_EQ(VEK::keyColorOf({kBlue, kRed, kRed, kBlue, 8}), kRed);
 }
 
-TEST(Picture, LeavingOutAColour)
+/// Counts what it reads.
+class Cache : public VEK::CPictureCache
 {
-    CPixels pixels{3, 1, {kRed, kGreen, kRed}};
-    VEK::leaveOut(pixels, 0x0000FF);
-    EXPECT_EQ(pixels, (CPixels{3, 1, {0x000000FF, kGreen, 0x000000FF}}));
-}
+public:
+    using CPictureCache::CPictureCache;
+
+    int reads = 0;
+    bool isBroken = false;
+
+protected:
+    bool load(const VEK::PictureRequest& request, CPixels& pixels) override
+    {
+        ++reads;
+        return !isBroken && CPictureCache::load(request, pixels);
+    }
+};
 
 class PictureFiles : public testing::Test
 {
@@ -275,13 +533,22 @@ protected:
     {
         ASSERT_TRUE(VEK::platform::writeFile(m_folder / name, bytes));
     }
+    VEK::PictureRequest request(const char* name, int cx = 0, bool transparent = false)
+    {
+        return {textOf(m_folder / name).c_str(), 0, cx, 0, transparent, 0x808080};
+    }
     CPixels load(const char* name, int cx, int cy)
     {
         m_transparent = true;
         return VEK::loadPicture(textOf(m_folder / name).c_str(), 0, cx, cy, m_transparent, 0x808080);
     }
+    CPixels get(Cache& cache, const VEK::PictureRequest& request)
+    {
+        const auto pixels = cache.picture(request);
+        return pixels ? *pixels : CPixels();
+    }
 
-    std::filesystem::path m_folder = std::filesystem::temp_directory_path() / "vek_picture_test";
+    std::filesystem::path m_folder = std::filesystem::temp_directory_path() / "vek_bitmaps_test";
     bool m_transparent = true;
 };
 
@@ -300,6 +567,80 @@ TEST_F(PictureFiles, EndingDecidesAndOnlyIconsAreFlattened)
     EXPECT_TRUE(load("a.BMP", 1 << 20, 1 << 20).empty());
     EXPECT_TRUE(VEK::loadPicture(L".bmp", 0, 0, 0, m_transparent, 0).empty());
     EXPECT_TRUE(VEK::loadPicture(nullptr, 65000, 0, 0, m_transparent, 0).empty());
+}
+
+TEST_F(PictureFiles, AreReadOnceForEachWayToShowThem)
+{
+    Cache cache;
+    for (int pass = 0; pass < 3; ++pass) {
+        cache.begin();
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(get(cache, request("a.BMP")), (CPixels{2, 1, {kRed, kGreen}}));
+            EXPECT_EQ(get(cache, request("a.BMP", 1)), (CPixels{1, 1, {0xFF008080}}));
+            EXPECT_EQ(get(cache, request("a.BMP", 0, true)), (CPixels{2, 1, {kRed & 0xFFFFFF, kGreen}}));
+            EXPECT_EQ(get(cache, request("b.Ico", 0, true)), (CPixels{2, 1, {kRed, kGray}}));
+            VEK::PictureRequest black = request("b.Ico");
+            black.back = 0;
+            EXPECT_EQ(get(cache, black), (CPixels{2, 1, {kRed, kBlack}}));
+            EXPECT_EQ(cache.picture(request("d.bmp")), nullptr);
+            EXPECT_EQ(cache.picture(request("none.bmp")), nullptr);
+            EXPECT_EQ(cache.picture({L"", 65000}), nullptr);
+        }
+    }
+    EXPECT_EQ(cache.reads, 8);
+    EXPECT_EQ(cache.picture(request("a.BMP")), cache.picture(request("a.BMP")));
+    cache.clear();
+    EXPECT_EQ(cache.size(), 0u);
+    cache.isBroken = true; // is tried again
+    EXPECT_EQ(cache.picture(request("a.BMP")), nullptr);
+    cache.isBroken = false;
+    EXPECT_NE(cache.picture(request("a.BMP")), nullptr);
+    EXPECT_EQ(cache.reads, 10);
+}
+
+TEST_F(PictureFiles, AreShownAnewInTheNextPassWhenTheyChange)
+{
+    Cache cache;
+    const auto path = m_folder / "a.BMP";
+    const CPixels before = get(cache, request("a.BMP")), swapped{2, 1, {kGreen, kRed}};
+    const auto time = std::filesystem::last_write_time(path);
+    save("a.BMP", bmp(info(2, 1, 24), hex("00FF00 0000FF 0000"))); // as long as before
+    std::filesystem::last_write_time(path, time + std::chrono::seconds(1));
+    EXPECT_EQ(get(cache, request("a.BMP")), before);
+    cache.begin();
+    EXPECT_EQ(get(cache, request("a.BMP")), swapped);
+    save("a.BMP", bmp(info(1, 1, 24), hex("FF0000 00"))); // another size at the same time
+    std::filesystem::last_write_time(path, time + std::chrono::seconds(1));
+    cache.begin();
+    EXPECT_EQ(get(cache, request("a.BMP")), (CPixels{1, 1, {kBlue}}));
+    std::filesystem::remove(path);
+    cache.begin();
+    EXPECT_EQ(cache.picture(request("a.BMP")), nullptr);
+    save("a.BMP", bmp(info(2, 1, 24), hex("0000FF 00FF00 0000")));
+    cache.begin();
+    EXPECT_EQ(get(cache, request("a.BMP")), before);
+    EXPECT_EQ(cache.reads, 5);
+}
+
+TEST_F(PictureFiles, TakeNoMoreThanTheLimit)
+{
+    constexpr std::size_t kLimit = 64 << 10;
+    Cache cache(kLimit);
+    const auto reads = [&](int cx) { // of a picture of two pixels' height a column
+        const int before = cache.reads;
+        EXPECT_EQ(get(cache, request("a.BMP", cx)).width, cx);
+        EXPECT_LE(cache.size(), kLimit);
+        return cache.reads - before;
+    };
+    EXPECT_EQ(reads(5000) + reads(5001) + reads(5002), 3); // 20,000 bytes each
+    EXPECT_EQ(reads(5000), 0);
+    EXPECT_EQ(reads(5003), 1); // in the place of 5001
+    EXPECT_EQ(reads(5002) + reads(5000) + reads(5003), 0);
+    EXPECT_EQ(reads(5001), 1);
+    EXPECT_EQ(reads(20000) + reads(20000), 2); // not kept, and puts no other out
+    EXPECT_EQ(reads(5001) + reads(5003) + reads(5000), 0);
+    for (int cx = 1; cx < 1000; ++cx)
+        reads(cx);
 }
 
 TEST(Picture, Examples)

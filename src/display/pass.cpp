@@ -155,8 +155,7 @@ CVekMatrix3d DrawPass::testMatrix(const CVekDisplayItem& item)
     return m_rules.testsInView ? item.mtx * m_gdx.viewDirectionMtxGet() * toDevice : item.mtx * toDevice;
 }
 
-void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
-             CPictureSource* pictures)
+void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules, CPictureSource* pictures)
 {
     height = height > 0 ? height : 240;
     width = width > 0 ? width : 320;

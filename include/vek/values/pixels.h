@@ -8,7 +8,8 @@
 namespace VEK
 {
 
-/// The most pixels that a picture from a file may have; a larger one counts as unreadable, and none is scaled beyond it.
+/// The most pixels that a picture from a file may have; a larger one counts as unreadable, and none is scaled beyond
+/// it.
 inline constexpr int kPictureLimit = 1 << 26;
 
 /// Whether a picture from a file may have this size: both sides positive, the area within `kPictureLimit`.

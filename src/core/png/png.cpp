@@ -113,8 +113,10 @@ std::int64_t number(std::string_view bytes, std::size_t at)
 
 bool readHeader(std::string_view bytes, Header& header)
 {
+    constexpr std::size_t kHeaderEnd = 33;
     readLimit = 0;
-    if (bytes.size() > INT_MAX || !bytes.starts_with(kSignature) || bytes.substr(12, 4) != "IHDR" ||
+    if (bytes.size() < kHeaderEnd || bytes.size() > INT_MAX || !bytes.starts_with(kSignature) ||
+        bytes.substr(12, 4) != "IHDR" ||
         !stbi_info_from_memory(reinterpret_cast<const stbi_uc*>(bytes.data()), static_cast<int>(bytes.size()),
                                &header.width, &header.height, nullptr) ||
         !isPictureSize(header.width, header.height))
