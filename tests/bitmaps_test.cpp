@@ -30,6 +30,8 @@ struct Drawn {
     std::string bytes;
     std::size_t needed = 0; ///< so many of the bytes
     CPixels expected;
+
+    std::uint32_t& at(int x, int y) { return expected.data[static_cast<std::size_t>(y * expected.width + x)]; }
 };
 
 class Random
@@ -58,6 +60,25 @@ private:
     std::mt19937 m_numbers{20};
 };
 
+/// Numbers of any bits, the first in the highest ones of a byte.
+class Bits
+{
+public:
+    void add(unsigned value, int bits)
+    {
+        for (int bit = bits - 1; bit >= 0; --bit, ++m_count) {
+            if (m_count % 8 == 0)
+                bytes += '\0';
+            bytes.back() = static_cast<char>(bytes.back() | (value >> bit & 1) << (7 - m_count % 8));
+        }
+    }
+
+    std::string bytes;
+
+private:
+    int m_count = 0;
+};
+
 /// A channel of `width` bits at `shift`, to 8 bits: the upper ones, or its own over and over.
 unsigned channel(std::uint32_t pixel, int shift, int width)
 {
@@ -65,19 +86,6 @@ unsigned channel(std::uint32_t pixel, int shift, int width)
     for (int i = 0; i < 8; ++i)
         result = result * 2 + (pixel >> (shift + width - 1 - i % width) & 1);
     return result;
-}
-
-/// A picture of 1 to 8 bits with a palette. `file` holds its entries, which may be too few.
-std::vector<std::uint32_t> drawPalette(Random& random, int bits, int entrySize, unsigned count, std::string& file)
-{
-    std::vector<std::uint32_t> palette(std::size_t{1} << bits, kBlack);
-    for (unsigned i = 0; i < count; ++i) {
-        const std::string entry = random.noise(4);
-        file += entry.substr(0, static_cast<std::size_t>(entrySize));
-        for (unsigned k = 0; k < 3; ++k)
-            palette[i] |= std::uint32_t{static_cast<unsigned char>(entry[k])} << (16 - 8 * k);
-    }
-    return palette;
 }
 
 Drawn drawBmp(Random& random)
@@ -109,75 +117,34 @@ Drawn drawBmp(Random& random)
     if (hasFields || headerSize == 108)
         header += hasFields ? masks : random.noise(12);
     header += random.noise(headerSize == 108 ? 56 : 0);
-    const unsigned entries = told > 0 ? told : colors; // a full one may end early, where the pixels begin
-    const auto palette = drawPalette(random, std::min(bits, 8), isCore ? 3 : 4,
-                                     told == 0 && random.chance(3) ? random.upTo(entries) : entries, header);
-
+    std::vector<std::uint32_t> palette(colors, kBlack);
+    const unsigned entries = told > 0 ? told : random.chance(3) ? random.upTo(colors) : colors;
+    for (unsigned i = 0; i < entries; ++i) { // a full palette may end early, where the pixels begin
+        const unsigned color = random.upTo(0xFFFFFF);
+        palette[i] = kBlack | channel(color, 16, 8) | (color & 0xFF00) | (color & 0xFF) << 16;
+        header += le(color, isCore ? 3 : 4);
+    }
     Drawn drawn;
     drawn.expected = random.picture(width, height, 0);
     std::string rows;
     for (int y = 0; y < height; ++y) {
-        unsigned half = 0;
+        Bits row;
         for (int x = 0; x < width; ++x) {
-            const std::uint32_t value = random.upTo(bits <= 8 ? colors - 1 : UINT_MAX - 1);
-            std::uint32_t& pixel =
-                drawn.expected.data[static_cast<std::size_t>((isTopDown ? y : height - 1 - y) * width + x)];
-            if (bits <= 8) {
+            std::uint32_t& pixel = drawn.at(x, isTopDown ? y : height - 1 - y);
+            const std::uint32_t value = bits <= 8 ? random.upTo(colors - 1) : random.upTo(0xFFFFFFFE);
+            if (bits <= 8)
                 pixel = palette[value];
-                half = half << bits | value;
-                if ((x + 1) * bits % 8 == 0 || x + 1 == width)
-                    rows += static_cast<char>(half << ((8 - (x + 1) * bits % 8) % 8));
-            } else {
-                for (int c = 0; c < 3; ++c)
-                    pixel |= channel(value, shifts[c], widths[c]) << 8 * c;
-                rows += le(value, bits / 8);
-            }
+            for (int c = 0; c < 3 && bits > 8; ++c)
+                pixel |= channel(value, shifts[c], widths[c]) << 8 * c;
+            for (int i = 0; i < std::max(bits / 8, 1); ++i)
+                row.add(value >> 8 * i, std::min(bits, 8));
         }
+        rows += row.bytes;
         drawn.needed = rows.size();
-        while (rows.size() % 4 != 0)
-            rows += random.noise(1);
+        rows += random.noise((4 - rows.size() % 4) % 4);
     }
     drawn.bytes = bmp(header, rows);
     drawn.needed += drawn.bytes.size() - rows.size();
-    return drawn;
-}
-
-/// Runs, pixels as they are, ends of rows and moves, with the pixels that they put one after the other.
-Drawn drawRuns(Random& random)
-{
-    const int bits = random.chance(2) ? 4 : 8, width = random.size(30), height = random.size(6);
-    std::string header = info(width, height, bits, bits == 4 ? 2 : 1), data;
-    const auto palette = drawPalette(random, bits, 4, 1u << bits, header);
-    Drawn drawn;
-    drawn.expected = random.picture(width, height, 0);
-    int x = 0, y = 0;
-    const auto put = [&](unsigned byte, unsigned turn) {
-        const unsigned value = bits == 8 ? byte : turn % 2 == 0 ? byte / 16 : byte % 16;
-        if (x < width && y < height)
-            drawn.expected.data[static_cast<std::size_t>((height - 1 - y) * width + x++)] = palette[value];
-    };
-    for (int i = random.size(30); i > 0; --i) {
-        const unsigned kind = random.upTo(5), count = 3 + random.upTo(9);
-        const std::string some = random.noise(bits == 8 ? count : (count + 1) / 2);
-        if (kind == 0) {
-            data += hex("0000");
-            x = 0, ++y;
-        } else if (kind == 1) {
-            const unsigned dx = random.upTo(4), dy = random.upTo(1);
-            data += hex("0002") + le(dx, 1) + le(dy, 1);
-            x = std::min(x + static_cast<int>(dx), width), y += static_cast<int>(dy);
-        } else if (kind == 2) {
-            data += le(0, 1) + le(count, 1) + some + random.noise(some.size() % 2);
-            for (unsigned k = 0; k < count; ++k)
-                put(static_cast<unsigned char>(some[bits == 8 ? k : k / 2]), k);
-        } else {
-            data += le(count, 1) + some.substr(0, 1);
-            for (unsigned k = 0; k < count; ++k)
-                put(static_cast<unsigned char>(some[0]), k);
-        }
-    }
-    drawn.bytes = bmp(header, data + hex("0001") + random.noise(8));
-    drawn.needed = drawn.bytes.size() - 10;
     return drawn;
 }
 
@@ -185,19 +152,33 @@ TEST(Bmp, FilesDrawnAtRandom)
 {
     Random random;
     for (int i = 0; i < 2000; ++i) {
-        const bool isPacked = i % 4 == 0;
-        const Drawn drawn = isPacked ? drawRuns(random) : drawBmp(random);
+        const Drawn drawn = drawBmp(random);
         CPixels pixels;
-        for (const std::size_t size : {drawn.bytes.size(), drawn.needed}) { // without the last padding, or the end
+        for (const std::size_t size : {drawn.bytes.size(), drawn.needed}) { // with and without the last padding
             ASSERT_TRUE(VEK::decodeBmp(std::string_view(drawn.bytes).substr(0, size), pixels)) << i;
-            ASSERT_EQ(pixels, drawn.expected) << i << ", header " << int(drawn.bytes[14]) << ", bits "
-                                              << int(drawn.bytes[drawn.bytes[14] == 12 ? 24 : 28]);
+            ASSERT_EQ(pixels, drawn.expected) << i << ", header " << int(drawn.bytes[14]);
         }
-        if (!isPacked) {
-            EXPECT_FALSE(VEK::decodeBmp(std::string_view(drawn.bytes).substr(0, drawn.needed - 1), pixels)) << i;
-            EXPECT_EQ(pixels, CPixels());
-        }
+        EXPECT_FALSE(VEK::decodeBmp(std::string_view(drawn.bytes).substr(0, drawn.needed - 1), pixels)) << i;
+        EXPECT_EQ(pixels, CPixels());
     }
+}
+
+TEST(Bmp, RunLengths)
+{
+    // Black, red, green, blue, white; a run of 3 green; 4 as they are; end of row; move by 1, 1; a run that the border
+    // cuts; end. Then a run of 3 in turn and 3 as they are with padding.
+    const std::string palette = hex("00000000 0000FF00 00FF0000 FF000000 FFFFFF00");
+    const std::string rle8 = hex("03 02 00 04 01 03 04 01 00 00 00 02 01 01 09 03 00 01"),
+                      rle4 = hex("03 12 00 03 34 10 00 00 00 01");
+    CPixels pixels;
+    EXPECT_TRUE(VEK::decodeBmp(bmp(info(7, 3, 8, 1, 5) + palette, rle8), pixels));
+    EXPECT_EQ(pixels, (CPixels{7, 3, {kBlack, kBlue,  kBlue,  kBlue,  kBlue,  kBlue,  kBlue,  //
+                                      kBlack, kBlack, kBlack, kBlack, kBlack, kBlack, kBlack, //
+                                      kGreen, kGreen, kGreen, kRed,   kBlue,  kWhite, kRed}}));
+    EXPECT_TRUE(VEK::decodeBmp(bmp(info(6, 1, 4, 2, 5) + palette, rle4), pixels));
+    EXPECT_EQ(pixels, (CPixels{6, 1, {kRed, kGreen, kRed, kBlue, kWhite, kRed}}));
+    EXPECT_TRUE(VEK::decodeBmp(bmp(info(2, 1, 8, 1, 5) + palette, hex("01")), pixels));
+    EXPECT_EQ(pixels, (CPixels{2, 1, {kBlack, kBlack}}));
 }
 
 TEST(Bmp, RefusesWhatNoPictureCanBe)
@@ -224,29 +205,23 @@ std::string dibImage(int width, int height, int bits, const std::string& palette
 
 TEST(Icon, NearestSizeThenMostColoursThenFirst)
 {
-    const auto image = [](int size, int bits, unsigned color) { // one colour, all of it showing
-        const std::size_t area = static_cast<std::size_t>(size * size);
-        std::string data, palette;
-        for (std::size_t i = 0; i < area && bits == 32; ++i)
-            data += le(color, 4);
-        if (bits == 8) {
-            palette = le(color, 4);
-            data.assign(static_cast<std::size_t>((size + 3) / 4 * 4 * size), '\0');
-        }
-        return dibImage(size, size, bits, palette, data + std::string(static_cast<std::size_t>(size * 4), '\0'));
+    const auto image = [](int size, int bits, unsigned color) {
+        return dibImage(
+            size, size, bits, bits == 8 ? le(color * 0x10101, 4) : "",
+            std::string(static_cast<std::size_t>(size * size * 5), static_cast<char>(bits == 8 ? 0 : color)));
     };
     const std::string file =
         ico({image(16, 8, 0x10), image(32, 8, 0x20), image(32, 32, 0x30), image(32, 32, 0x40), image(48, 8, 0x50)});
     const auto chosen = [&](int cx, int cy) {
         IconImage icon;
         EXPECT_TRUE(VEK::decodeIcon(file, cx, cy, icon));
-        return std::pair(icon.color.width, icon.color.data[0] & 0xFFFFFF);
+        return std::pair(icon.color.width, icon.color.data[0] & 0xFF);
     };
-    EXPECT_EQ(chosen(0, 0), std::pair(16, 0x100000u));
-    EXPECT_EQ(chosen(20, 24), std::pair(16, 0x100000u));
-    EXPECT_EQ(chosen(20, 30), std::pair(32, 0x300000u));
-    EXPECT_EQ(chosen(1000, 1000), std::pair(48, 0x500000u));
-    EXPECT_EQ(chosen(40, 40), std::pair(32, 0x300000u)); // as far as 48
+    EXPECT_EQ(chosen(0, 0), std::pair(16, 0x10u));
+    EXPECT_EQ(chosen(20, 24), std::pair(16, 0x10u));
+    EXPECT_EQ(chosen(20, 30), std::pair(32, 0x30u));
+    EXPECT_EQ(chosen(1000, 1000), std::pair(48, 0x50u));
+    EXPECT_EQ(chosen(40, 40), std::pair(32, 0x30u)); // as far as 48
 }
 
 /// Whatever the opacity of the pixels, often 0 in all of them: the mask alone says what shows.
@@ -293,97 +268,21 @@ TEST(Icon, ShowsWhereItsMaskIsBlack)
     EXPECT_FALSE(VEK::decodeIcon(cursor, 0, 0, icon));
 }
 
-std::string big(std::uint32_t value)
+/// With a checksum that is none: nobody looks at it.
+std::string chunk(const std::string& name, const std::string& data)
 {
-    const std::string bytes = le(value, 4);
-    return {bytes.rbegin(), bytes.rend()};
+    const std::string size = le(static_cast<std::int64_t>(data.size()), 4);
+    return std::string(size.rbegin(), size.rend()) + name + data + "none";
 }
 
-/// With a checksum that is none, since readers of icons do not look at it.
-std::string chunk(const char* name, const std::string& data)
+/// A row of two pixels, stored unpacked and without a filter.
+std::string png(int type, int bits, const std::string& row, const std::string& chunks)
 {
-    return big(static_cast<std::uint32_t>(data.size())) + name + data + "none";
-}
-
-/// A PNG file of any kind, its rows filtered in any way and stored unpacked.
-Drawn drawPng(Random& random)
-{
-    static constexpr int kKinds[][3] = {// type, channels, bits a channel
-                                        {0, 1, 1}, {0, 1, 2},  {0, 1, 4},  {0, 1, 8}, {0, 1, 16},
-                                        {2, 3, 8}, {2, 3, 16}, {3, 1, 1},  {3, 1, 2}, {3, 1, 4},
-                                        {3, 1, 8}, {4, 2, 8},  {4, 2, 16}, {6, 4, 8}, {6, 4, 16}};
-    const auto& [type, channels, bits] = kKinds[random.upTo(std::size(kKinds) - 1)];
-    const int width = random.size(30), height = random.size(6);
-    const unsigned most = (1u << bits) - 1;
-    std::string file =
-        "\x89PNG\r\n\x1a\n" + chunk("IHDR", big(static_cast<unsigned>(width)) + big(static_cast<unsigned>(height)) +
-                                                le(bits, 1) + le(type, 1) + std::string(3, '\0'));
-    std::vector<unsigned> key; // the samples of the colour that is left out
-    std::string palette = random.noise(3 * (most + 1)), opacities;
-    if (type == 3) {
-        opacities = random.chance(2) ? "" : random.noise(random.upTo(most) + 1);
-        file += chunk("PLTE", palette) + (opacities.empty() ? "" : chunk("tRNS", opacities));
-    } else if (channels % 2 == 1 && random.chance(2)) {
-        std::string samples;
-        for (int c = 0; c < channels; ++c) {
-            key.push_back(random.upTo(std::min(most, 3u)));
-            samples += big(key.back()).substr(2);
-        }
-        file += chunk("tRNS", samples);
-    }
-    Drawn drawn;
-    drawn.expected = random.picture(width, height, 0);
-    std::string rows, above(static_cast<std::size_t>((width * channels * bits + 7) / 8), '\0');
-    const std::size_t step = static_cast<std::size_t>(std::max(channels * bits / 8, 1));
-    for (std::uint32_t& pixel : drawn.expected.data) {
-        static thread_local std::vector<unsigned> row; // samples
-        std::vector<unsigned> s;
-        for (int c = 0; c < channels; ++c)
-            s.push_back(random.upTo(random.chance(2) ? std::min(most, 3u) : most));
-        row.insert(row.end(), s.begin(), s.end());
-        const auto eight = [&](std::size_t c) { return bits == 16 ? s[c] >> 8 : s[c] * 255 / most; };
-        if (type == 3) {
-            const auto byte = [](const std::string& from, std::size_t at) {
-                return at < from.size() ? static_cast<unsigned char>(from[at]) : 255u;
-            };
-            pixel = byte(palette, s[0] * 3) | byte(palette, s[0] * 3 + 1) << 8 | byte(palette, s[0] * 3 + 2) << 16 |
-                    byte(opacities, s[0]) << 24;
-        } else {
-            pixel = channels < 3 ? eight(0) * 0x10101u : eight(0) | eight(1) << 8 | eight(2) << 16;
-            pixel |= (channels % 2 == 0 ? eight(s.size() - 1) : s == key ? 0 : 255) << 24;
-        }
-        if (row.size() < static_cast<std::size_t>(width * channels))
-            continue;
-        std::string raw;
-        for (unsigned i = 0, byte = 0, filled = 0; i < row.size(); ++i) {
-            if (bits == 16)
-                raw += static_cast<char>(row[i] >> 8);
-            byte = bits == 16 ? row[i] : byte << bits | row[i];
-            filled += static_cast<unsigned>(std::min(bits, 8));
-            if (filled % 8 == 0 || i + 1 == row.size())
-                raw += static_cast<char>(byte << (8 - filled % 8) % 8);
-        }
-        const unsigned filter = random.upTo(4);
-        rows += static_cast<char>(filter);
-        for (std::size_t i = 0; i < raw.size(); ++i) {
-            const auto at = [&](const std::string& from, std::size_t back) {
-                return i < back ? 0 : static_cast<unsigned char>(from[i - back]);
-            };
-            const int a = at(raw, step), b = at(above, 0), c = at(above, step), guess = a + b - c;
-            const int nearest = std::min({std::abs(guess - a), std::abs(guess - b), std::abs(guess - c)});
-            const int paeth = std::abs(guess - a) == nearest ? a : std::abs(guess - b) == nearest ? b : c;
-            rows += static_cast<char>(raw[i] - std::array{0, a, b, (a + b) / 2, paeth}[filter]);
-        }
-        above = raw;
-        row.clear();
-    }
-    const std::string size = le(static_cast<int>(rows.size()), 2), inverse = le(~static_cast<int>(rows.size()), 2);
-    const std::string packed = hex("7801 01") + size + inverse + rows + "none";
-    const std::size_t half = random.upTo(static_cast<unsigned>(packed.size()));
-    file += chunk("IDAT", packed.substr(0, half)) + chunk("tEXt", "") + chunk("IDAT", packed.substr(half));
-    drawn.needed = file.size() + 8;
-    drawn.bytes = file + chunk("IEND", "");
-    return drawn;
+    const auto size = static_cast<int>(row.size()) + 1;
+    const std::string packed = hex("7801 01") + le(size, 2) + le(~size, 2) + '\0' + row + "none";
+    return "\x89PNG\r\n\x1a\n" + chunk("IHDR", hex("00000002 00000001") + le(bits, 1) + le(type, 1) + le(0, 3)) +
+           chunks + chunk("IDAT", packed.substr(0, 5)) + chunk("tEXt", "") + chunk("IDAT", packed.substr(5)) +
+           chunk("IEND", "");
 }
 
 bool decodePng(std::string_view bytes, CPixels& pixels)
@@ -392,45 +291,71 @@ bool decodePng(std::string_view bytes, CPixels& pixels)
     return VEK::png::readHeader(bytes, header) && VEK::png::readPixels(bytes, header, pixels);
 }
 
-TEST(Png, FilesDrawnAtRandom)
+TEST(Png, OfAllKinds)
 {
-    Random random;
-    for (int i = 0; i < 1000; ++i) {
-        const Drawn drawn = drawPng(random);
+    enum { gray, color = 2, indexed, grayAlpha, colorAlpha = 6 };
+    const std::string palette = chunk("PLTE", hex("0000FF FF0000 00FF00")) + chunk("tRNS", hex("80 FF"));
+    const struct {
+        int type, bits;
+        const char* row;
+        std::string chunks;
+        std::vector<std::uint32_t> expected;
+    } kinds[] = {
+        {gray, 1, "40", "", {kBlack, kWhite}},
+        {gray, 2, "B0", chunk("tRNS", hex("0003")), {0xFFAAAAAA, 0x00FFFFFF}},
+        {gray, 4, "1F", chunk("tRNS", hex("0001")), {0x00111111, kWhite}},
+        {gray, 8, "01FE", "", {0xFF010101, 0xFFFEFEFE}},
+        {gray, 16, "1234 12FF", chunk("tRNS", hex("1234")), {0x00121212, 0xFF121212}},
+        {color, 8, "123456 FF0000", chunk("tRNS", hex("0012 0034 0056")), {0x00563412, kRed}},
+        {color, 16, "1234 5678 9ABC FFFF 0000 00FF", "", {0xFF9A5612, kRed}},
+        {indexed, 1, "40", palette, {0x80FF0000, kRed}},
+        {indexed, 2, "80", palette, {kGreen, 0x80FF0000}},
+        {indexed, 4, "12", palette, {kRed, kGreen}},
+        {indexed, 8, "0200", palette, {kGreen, 0x80FF0000}},
+        {grayAlpha, 8, "1280 34FF", "", {0x80121212, 0xFF343434}},
+        {grayAlpha, 16, "1234 7FFF 5678 8000", "", {0x7F121212, 0x80565656}},
+        {colorAlpha, 8, "12345678 9ABCDEFF", "", {0x78563412, 0xFFDEBC9A}},
+        {colorAlpha, 16, "1234 5678 9ABC DEF0 FFFF 0000 0000 0000", "", {0xDE9A5612, 0x000000FF}},
+    };
+    for (const auto& kind : kinds) {
+        const std::string file = png(kind.type, kind.bits, hex(kind.row), kind.chunks);
         CPixels pixels;
-        ASSERT_TRUE(decodePng(drawn.bytes, pixels)) << i;
-        ASSERT_EQ(pixels, drawn.expected) << i << ", type " << int(drawn.bytes[25]) << ", " << int(drawn.bytes[24]);
-        const unsigned cut = random.upTo(static_cast<unsigned>(drawn.needed - 1));
-        EXPECT_FALSE(decodePng(std::string_view(drawn.bytes).substr(0, cut), pixels)) << cut;
-
-        CPixels flat = pixels;
-        for (std::uint32_t& pixel : flat.data)
-            pixel |= kBlack;
-        CPixels again;
-        EXPECT_TRUE(decodePng(VEK::png::encode(pixels, VEK::png::Channels::colorAndOpacity), again));
-        EXPECT_EQ(again, pixels);
-        EXPECT_TRUE(decodePng(VEK::png::encode(pixels, VEK::png::Channels::color), again));
-        EXPECT_EQ(again, flat);
-
+        ASSERT_TRUE(decodePng(file, pixels)) << kind.type << ", " << kind.bits;
+        EXPECT_EQ(pixels, (CPixels{2, 1, kind.expected})) << kind.type << ", " << kind.bits;
+        for (std::size_t size = 0; size + 4 < file.size(); ++size)
+            EXPECT_FALSE(decodePng(std::string_view(file).substr(0, size), pixels)) << size;
         IconImage icon;
-        ASSERT_TRUE(VEK::decodeIcon(ico({drawn.bytes}), 0, 0, icon));
-        EXPECT_EQ(icon.color, flat);
-        for (std::size_t k = 0; k < pixels.data.size(); ++k)
-            ASSERT_EQ(icon.mask.data[k], pixels.data[k] >> 24 < 128 ? kWhite : kBlack);
+        ASSERT_TRUE(VEK::decodeIcon(ico({file}), 0, 0, icon));
+        for (std::size_t i = 0; i < 2; ++i) {
+            EXPECT_EQ(icon.color.data[i], kind.expected[i] | kBlack);
+            EXPECT_EQ(icon.mask.data[i], kind.expected[i] >> 24 < 128 ? kWhite : kBlack);
+        }
     }
-    EXPECT_EQ(VEK::png::encode({}, VEK::png::Channels::color), "");
-    EXPECT_EQ(VEK::png::encode({1 << 15, 1 << 15, {0}}, VEK::png::Channels::color), "");
+    std::string lying = png(gray, 8, "xx", "");
+    for (const char* size : {"00002000 00002000", "04000000 00000001", "04000001 00000001", "00000000 00000001",
+                             "80000000 00000001", "7FFFFFFF 7FFFFFFF"}) {
+        CPixels pixels;
+        EXPECT_FALSE(decodePng(lying.replace(16, 8, hex(size)), pixels)) << size;
+    }
 }
 
-TEST(Png, SizesThatLieTakeNoMemory)
+TEST(Png, ComesBackAsItWasWritten)
 {
+    using VEK::png::Channels;
     Random random;
-    std::string file = drawPng(random).bytes;
-    CPixels pixels;
-    for (const char* size : {"00002000 00002000", "04000000 00000001", "04000001 00000001", "00000000 00000001",
-                             "80000000 00000001", "7FFFFFFF 7FFFFFFF"})
-        EXPECT_FALSE(decodePng(file.replace(16, 8, hex(size)), pixels)) << size;
-    EXPECT_TRUE(pixels.empty());
+    for (int i = 0; i < 200; ++i) {
+        CPixels pixels = random.picture(random.size(60), random.size(60), i % 2 == 0 ? 3 : 0xFFFFFF), again;
+        for (std::uint32_t& pixel : pixels.data)
+            pixel ^= random.upTo(255) << 24;
+        ASSERT_TRUE(decodePng(VEK::png::encode(pixels, Channels::colorAndOpacity), again)) << i;
+        ASSERT_EQ(again, pixels) << i;
+        ASSERT_TRUE(decodePng(VEK::png::encode(pixels, Channels::color), again)) << i;
+        for (std::uint32_t& pixel : pixels.data)
+            pixel |= kBlack;
+        ASSERT_EQ(again, pixels) << i;
+    }
+    EXPECT_EQ(VEK::png::encode({}, Channels::color), "");
+    EXPECT_EQ(VEK::png::encode({1 << 15, 1 << 15, {0}}, Channels::color), "");
 }
 
 TEST(Png, OfAllFiltersWithCodesOfItsOwn)

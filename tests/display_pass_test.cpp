@@ -1,3 +1,4 @@
+#include "core/platform/platform.h"
 #include "display_pass.h"
 
 #include <vek/geometry.h>
@@ -5,6 +6,7 @@
 #include <cmath>
 #include <numbers>
 #include <random>
+#include <sstream>
 
 namespace display_test
 {
@@ -371,6 +373,50 @@ TEST(PassInput, WhatIsNotFiniteEndsQuickly)
         }
         for (const PassRules& rules : {VEK::paperRules, VEK::screenRules, VEK::scalableRules})
             EXPECT_LT(draw(gdx, rules).calls().size(), 100000u);
+    }
+}
+
+/// Gives one pixel for the pictures "a" and "b", and tells what it was asked for.
+class Source : public VEK::CPictureSource
+{
+public:
+    int passes = 0;
+    std::string asked;
+
+    void begin() override { ++passes; }
+    std::shared_ptr<const VEK::CPixels> picture(const VEK::PictureRequest& r) override
+    {
+        std::ostringstream text;
+        text << VEK::platform::utf8Of(static_cast<const wchar_t*>(r.name)) << ' ' << r.id << ' ' << r.cx << 'x' << r.cy
+             << (r.transparent ? " through " : " ") << std::hex << r.back << '\n';
+        asked += text.str();
+        return r.name == L"none" ? nullptr : m_pixel;
+    }
+
+private:
+    const std::shared_ptr<const VEK::CPixels> m_pixel = std::make_shared<VEK::CPixels>(VEK::CPixels{1, 1, {7}});
+};
+
+TEST(PassPicture, ComesFromTheSourceInEveryPass)
+{
+    Gdx gdx = grey();
+    gdx.imagePicture(path({}), 0, L"a", 5, {7.9, 8, 0}, {27, 18.9, 0});
+    gdx.imagePicture(path({}), itemFullWindow | itemTransparent, L"b", -1, {7, 8, 0}, {27, 18, 0});
+    gdx.imagePicture(path({}), 0, L"none", 5, {3, 3, 0}, {3, 3, 0});
+    const std::string sizes[] = {"a 5 20x10", "b -1 200x100", "none 5 200x100"};
+    for (const auto& [rules, through, back] : {std::tuple(kPaper, " ", "ffffff"),
+                                               {kScreen, " ", "c0c0c0"},
+                                               {unfitted(VEK::scalableRules), " through ", "ffffff"}}) {
+        Source source;
+        for (int pass = 1; pass <= 2; ++pass) {
+            VEK::CRecorder recorder(false);
+            source.asked.clear();
+            VEK::gdxDraw(gdx, recorder, 100, 200, rules, &source);
+            EXPECT_EQ(source.passes, pass);
+            EXPECT_EQ(source.asked,
+                      sizes[0] + ' ' + back + '\n' + sizes[1] + through + back + '\n' + sizes[2] + ' ' + back + '\n');
+            EXPECT_EQ(textOf(recorder, rules), "picture 7,8 1,1\npicture 0,0 1,1\n");
+        }
     }
 }
 

@@ -1,12 +1,11 @@
 // A control in a window of its own, and what tests do with it.
 #pragma once
 
-#include <vek/values/pixels.h>
-
 #include <gtest/gtest.h>
 
 #include <afxwin.h>
 
+#include "window/device_pixels.h"
 #include "window/free_handles.h"
 
 #include <utility>
@@ -52,23 +51,8 @@ inline VEK::CPixels pixelsOf(CWnd& window)
 {
     CRect area;
     window.GetClientRect(&area);
-    VEK::CPixels pixels{area.Width(), area.Height(), {}};
-    BITMAPINFO info = {};
-    info.bmiHeader = {sizeof info.bmiHeader, pixels.width, -pixels.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    std::uint32_t* bits = nullptr;
     CClientDC dc(&window);
-    CDC memory;
-    memory.CreateCompatibleDC(&dc);
-    const HBITMAP bitmap =
-        CreateDIBSection(memory.m_hDC, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits), nullptr, 0);
-    const HGDIOBJ before = SelectObject(memory.m_hDC, bitmap);
-    memory.BitBlt(0, 0, pixels.width, pixels.height, &dc, 0, 0, SRCCOPY);
-    GdiFlush();
-    for (int i = 0; i < pixels.width * pixels.height; ++i)
-        pixels.data.push_back(0xFF000000u | (bits[i] & 0xFF) << 16 | (bits[i] & 0xFF00) | (bits[i] >> 16 & 0xFF));
-    SelectObject(memory.m_hDC, before);
-    DeleteObject(bitmap);
-    return pixels;
+    return devicePixels(dc.m_hDC, area.Width(), area.Height());
 }
 
 /// How many pixels differ; all of them for another size.

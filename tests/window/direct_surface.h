@@ -1,52 +1,13 @@
 // Pictures that GDI draws from the calls of a surface.
 #pragma once
 
-#include <vek/surfaces/surface.h>
+#include "window/device_pixels.h"
 
-#include <windows.h>
+#include <vek/surfaces/surface.h>
 
 #include <vector>
 
 inline constexpr int kWidth = 320, kHeight = 240;
-
-/// A white picture in memory with a device context.
-class Canvas
-{
-public:
-    Canvas()
-    {
-        BITMAPINFO info = {};
-        info.bmiHeader = {sizeof info.bmiHeader, kWidth, -kHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        m_bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&m_pixels), nullptr, 0);
-        m_old = SelectObject(dc, m_bitmap);
-        clear();
-    }
-    ~Canvas()
-    {
-        SelectObject(dc, m_old);
-        DeleteObject(m_bitmap);
-        DeleteDC(dc);
-    }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-
-    void clear() { PatBlt(dc, 0, 0, kWidth, kHeight, WHITENESS); }
-
-    /// All pixels row by row, each 0xRRGGBB; the topmost byte may hold anything.
-    const unsigned* pixels() const
-    {
-        GdiFlush();
-        return m_pixels;
-    }
-    unsigned at(int x, int y) const { return pixels()[y * kWidth + x] & 0xFFFFFF; }
-
-    const HDC dc = CreateCompatibleDC(nullptr);
-
-private:
-    HBITMAP m_bitmap = nullptr;
-    HGDIOBJ m_old = nullptr;
-    unsigned* m_pixels = nullptr;
-};
 
 /// The calls of a surface, straight to GDI.
 class DirectSurface : public VEK::CSurface

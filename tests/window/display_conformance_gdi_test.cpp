@@ -1,7 +1,6 @@
 // Every kind of item with every flag: a device context and pixels in memory show the same picture.
 #include "display_conformance.h"
-
-#include <windows.h>
+#include "window/device_pixels.h"
 
 namespace display_test
 {
@@ -12,22 +11,9 @@ constexpr int kHeight = 100, kWidth = 200;
 
 VEK::CPixels onContext(Gdx& gdx, const VEK::PassRules& rules)
 {
-    VEK::CPixels pixels{kWidth, kHeight, {}};
-    BITMAPINFO info = {};
-    info.bmiHeader = {sizeof info.bmiHeader, kWidth, -kHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    unsigned* bits = nullptr;
-    const HDC dc = CreateCompatibleDC(nullptr);
-    const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits), nullptr, 0);
-    const HGDIOBJ before = SelectObject(dc, bitmap);
-    PatBlt(dc, 0, 0, kWidth, kHeight, WHITENESS);
-    VEK::gdxDraw(gdx, *VEK::gdiSurface(dc), kHeight, kWidth, rules);
-    GdiFlush();
-    for (int i = 0; i < kWidth * kHeight; ++i)
-        pixels.data.push_back(0xFF000000u | (bits[i] & 0xFF) << 16 | (bits[i] & 0xFF00) | (bits[i] >> 16 & 0xFF));
-    SelectObject(dc, before);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
-    return pixels;
+    const Canvas canvas(kWidth, kHeight);
+    VEK::gdxDraw(gdx, *VEK::gdiSurface(canvas.dc), kHeight, kWidth, rules);
+    return canvas.pixels();
 }
 
 TEST(PassConformance, ContextAndRasterShowTheSamePixels)

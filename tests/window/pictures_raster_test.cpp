@@ -1,9 +1,10 @@
 // Pictures as device bitmaps, beside what the system itself makes of the same files.
-#include <vek/pictures/raster.h>
 #include <vek/bitmaps/picture.h>
+#include <vek/pictures/raster.h>
 
 #include "core/platform/platform.h"
 #include "picture_bytes.h"
+#include "window/device_pixels.h"
 
 #include <gtest/gtest.h>
 
@@ -25,13 +26,9 @@ CPixels pixelsOf(HBITMAP bitmap)
     BITMAP size = {};
     if (GetObjectW(bitmap, sizeof size, &size) == 0)
         return {};
-    CPixels pixels{size.bmWidth, size.bmHeight, {}};
     const HDC memory = CreateCompatibleDC(nullptr);
     const HGDIOBJ before = SelectObject(memory, bitmap);
-    for (int y = 0; y < size.bmHeight; ++y) {
-        for (int x = 0; x < size.bmWidth; ++x)
-            pixels.data.push_back(GetPixel(memory, x, y) | 0xFF000000);
-    }
+    const CPixels pixels = devicePixels(memory, size.bmWidth, size.bmHeight);
     SelectObject(memory, before);
     DeleteDC(memory);
     return pixels;
@@ -62,15 +59,9 @@ public:
 
     CPixels pixels()
     {
-        CPixels result;
         BITMAP size = {};
         bitmap.GetBitmap(&size);
-        result = {size.bmWidth, size.bmHeight, {}};
-        for (int y = 0; y < size.bmHeight; ++y) {
-            for (int x = 0; x < size.bmWidth; ++x)
-                result.data.push_back(dc.GetPixel(x, y) | 0xFF000000);
-        }
-        return result;
+        return devicePixels(dc.m_hDC, size.bmWidth, size.bmHeight);
     }
 
     unsigned long key()

@@ -53,12 +53,13 @@ protected:
         EXPECT_TRUE(EnumEnhMetaFile(m_played.dc, file, playRecord, nullptr, &area));
         DeleteEnhMetaFile(file);
 
+        const VEK::CPixels expected = m_expected.pixels(), played = m_played.pixels();
         int differing = 0, drawn = 0;
         RECT bounds = {kWidth, kHeight, -1, -1};
         for (int y = 0; y < kHeight; ++y) {
             for (int x = 0; x < kWidth; ++x) {
-                differing += m_played.at(x, y) != m_expected.at(x, y);
-                if (m_expected.at(x, y) == 0xFFFFFF)
+                differing += played.at(x, y) != expected.at(x, y);
+                if (expected.at(x, y) == 0xFFFFFFFF)
                     continue;
                 ++drawn;
                 bounds = {std::min<LONG>(bounds.left, x), std::min<LONG>(bounds.top, y),
@@ -73,7 +74,7 @@ protected:
         EXPECT_GE(header.rclBounds.bottom, bounds.bottom);
     }
 
-    Canvas m_expected, m_played;
+    Canvas m_expected{kWidth, kHeight}, m_played{kWidth, kHeight};
 };
 
 TEST_F(Player, DrawsTheSceneToThePixel)

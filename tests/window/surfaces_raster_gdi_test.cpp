@@ -32,13 +32,11 @@ protected:
         VEK::CPixels pixels;
         EXPECT_TRUE(VEK::rasterPixels(pixels, kWidth, kHeight, 0xFFFFFF));
         calls(*VEK::rasterSurface(pixels));
-        const unsigned* expected = m_expected.pixels();
+        const VEK::CPixels expected = m_expected.pixels();
         int count = 0;
         for (std::size_t i = 0; i < pixels.data.size(); ++i) {
-            const unsigned bgr = pixels.data[i] & 0xFFFFFF;
-            const unsigned rgb = expected[i] & 0xFFFFFF;
-            m_drawn += rgb != 0xFFFFFF;
-            if ((bgr >> 16 | (bgr & 0xFF00) | (bgr & 0xFF) << 16) != rgb && count++ == 0)
+            m_drawn += expected.data[i] != 0xFFFFFFFF;
+            if (pixels.data[i] != expected.data[i] && count++ == 0)
                 m_first = {static_cast<double>(i % kWidth), static_cast<double>(i / kWidth)};
         }
         return count;
@@ -77,7 +75,7 @@ protected:
         return list;
     }
 
-    Canvas m_expected;
+    Canvas m_expected{kWidth, kHeight};
     int m_drawn = 0;
     SurfacePoint m_first;
     std::mt19937 m_random{20};
