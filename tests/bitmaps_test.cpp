@@ -236,16 +236,18 @@ TEST(Icon, ShowsWhereItsMaskIsBlack)
         std::string colors, bits;
         CPixels expected = color;
         for (int y = height - 1; y >= 0; --y) {
-            std::string row(static_cast<std::size_t>((width + 31) / 32 * 4), '\0');
+            Bits row;
             for (int x = 0; x < width; ++x) {
-                const std::uint32_t pixel = color.at(x, y);
-                colors += le((pixel & 0xFF) << 16 | (pixel & 0xFF00) | (pixel >> 16 & 0xFF) | opacity << 24, 4);
-                if (maskKind == 2 || (maskKind == 0 && (mask.at(x, y) & 1) != 0)) {
-                    row[static_cast<std::size_t>(x / 8)] |= static_cast<char>(0x80 >> x % 8);
+                const bool isLeft = maskKind == 2 || (maskKind == 0 && (mask.at(x, y) & 1) != 0);
+                for (const int shift : {16, 8, 0})
+                    colors += static_cast<char>(color.at(x, y) >> shift);
+                colors += static_cast<char>(opacity);
+                row.add(isLeft, 1);
+                if (isLeft)
                     expected.data[static_cast<std::size_t>(y * width + x)] = kGray;
-                }
             }
-            bits += maskKind == 3 ? "" : row;
+            row.add(0, (32 - width % 32) % 32);
+            bits += maskKind == 3 ? "" : row.bytes;
         }
         const std::string image = dibImage(width, height, 32, "", colors + bits);
         IconImage icon;
