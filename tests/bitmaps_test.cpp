@@ -356,8 +356,8 @@ TEST(Png, ComesBackAsItWasWritten)
             pixel |= kBlack;
         ASSERT_EQ(again, pixels) << i;
     }
-    EXPECT_EQ(VEK::png::encode({}, Channels::color), "");
-    EXPECT_EQ(VEK::png::encode({1 << 15, 1 << 15, {0}}, Channels::color), "");
+    for (const CPixels& bad : {CPixels(), CPixels{1 << 15, 1 << 15, {0}}, CPixels{2, 1, {0}}, CPixels{-1, -1, {0}}})
+        EXPECT_EQ(VEK::png::encode(bad, Channels::color), "");
 }
 
 TEST(Png, OfAllFiltersWithCodesOfItsOwn)

@@ -168,7 +168,8 @@ std::string encode(const CPixels& pixels, Channels channels)
     const int count = static_cast<int>(channels);
     constexpr std::int64_t kLimit = INT_MAX / 2; // the writer counts in int and doubles its blocks
     const std::int64_t size = (std::int64_t{pixels.width} * count + 1) * pixels.height;
-    if (!isSet || pixels.empty() || size + size / 8 >= kLimit)
+    if (!isSet || pixels.width <= 0 || pixels.height <= 0 || size + size / 8 >= kLimit ||
+        pixels.data.size() != static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height))
         return {};
     try {
         const WriteScope scope;

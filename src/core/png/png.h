@@ -32,8 +32,8 @@ enum class Channels {
 };
 
 /// A whole file of 8 bits a channel, its rows unfiltered, which packs lines on one colour best.
-/// @return empty for an empty picture, and for one of 2^28 pixels or more (2^27 with opacity) or that memory does not
-/// suffice for
+/// @return empty for an empty picture, one whose data are not width times height pixels or more than 950 million bytes,
+/// and where memory does not suffice
 std::string encode(const CPixels& pixels, Channels channels);
 
 } // namespace VEK::png
