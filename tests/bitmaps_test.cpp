@@ -88,7 +88,8 @@ unsigned channel(std::uint32_t pixel, int shift, int width)
     return result;
 }
 
-Drawn drawBmp(Random& random)
+/// @param isWhole whether a palette is never cut short
+Drawn drawBmp(Random& random, bool isWhole = false)
 {
     static constexpr int kBits[] = {1, 4, 8, 16, 24, 32};
     const int bits = kBits[random.upTo(5)], width = random.size(40), height = random.size(6);
@@ -118,7 +119,7 @@ Drawn drawBmp(Random& random)
         header += hasFields ? masks : random.noise(12);
     header += random.noise(headerSize == 108 ? 56 : 0);
     std::vector<std::uint32_t> palette(colors, kBlack);
-    const unsigned entries = told > 0 ? told : random.chance(3) ? random.upTo(colors) : colors;
+    const unsigned entries = told > 0 ? told : !isWhole && random.chance(3) ? random.upTo(colors) : colors;
     for (unsigned i = 0; i < entries; ++i) { // a full palette may end early, where the pixels begin
         const unsigned color = random.upTo(0xFFFFFF);
         palette[i] = kBlack | channel(color, 16, 8) | (color & 0xFF00) | (color & 0xFF) << 16;
@@ -127,11 +128,12 @@ Drawn drawBmp(Random& random)
     Drawn drawn;
     drawn.expected = random.picture(width, height, 0);
     std::string rows;
+    const unsigned most = random.chance(2) ? 0xFFFFFF : 0xFFFFFFFE; // often the opacity of all pixels is 0
     for (int y = 0; y < height; ++y) {
         Bits row;
         for (int x = 0; x < width; ++x) {
             std::uint32_t& pixel = drawn.at(x, isTopDown ? y : height - 1 - y);
-            const std::uint32_t value = bits <= 8 ? random.upTo(colors - 1) : random.upTo(0xFFFFFFFE);
+            const std::uint32_t value = random.upTo(bits <= 8 ? colors - 1 : most);
             if (bits <= 8)
                 pixel = palette[value];
             for (int c = 0; c < 3 && bits > 8; ++c)
@@ -224,36 +226,33 @@ TEST(Icon, NearestSizeThenMostColoursThenFirst)
     EXPECT_EQ(chosen(40, 40), std::pair(32, 0x30u)); // as far as 48
 }
 
-/// Whatever the opacity of the pixels, often 0 in all of them: the mask alone says what shows.
+/// Whatever the opacity of the pixels, also 0 in all of them: the mask alone says what shows.
 TEST(Icon, ShowsWhereItsMaskIsBlack)
 {
     Random random;
-    for (int i = 0; i < 300; ++i) {
-        const int width = random.size(40), height = random.size(6);
-        const CPixels color = random.picture(width, height, 0xFFFFFE), mask = random.picture(width, height, 1);
-        const unsigned opacity = random.chance(2) ? 0 : random.upTo(255);
-        const int maskKind = static_cast<int>(random.upTo(3)); // drawn, black, white, missing
-        std::string colors, bits;
-        CPixels expected = color;
-        for (int y = height - 1; y >= 0; --y) {
+    IconImage icon;
+    for (int i = 0; i < 500; ++i) {
+        Drawn drawn = drawBmp(random, true);
+        const int width = drawn.expected.width, height = drawn.expected.height;
+        std::string image = drawn.bytes.substr(14), mask;
+        const bool isCore = image[0] == 12, isTopDown = !isCore && image[11] < 0;
+        image.replace(isCore ? 6 : 8, isCore ? 2 : 4, le(isTopDown ? -2 * height : 2 * height, isCore ? 2 : 4));
+        const unsigned left = random.upTo(3); // nothing, all, or drawn, is left out
+        for (int y = 0; y < height; ++y) {
             Bits row;
             for (int x = 0; x < width; ++x) {
-                const bool isLeft = maskKind == 2 || (maskKind == 0 && (mask.at(x, y) & 1) != 0);
-                for (const int shift : {16, 8, 0})
-                    colors += static_cast<char>(color.at(x, y) >> shift);
-                colors += static_cast<char>(opacity);
-                row.add(isLeft, 1);
-                if (isLeft)
-                    expected.data[static_cast<std::size_t>(y * width + x)] = kGray;
+                const unsigned bit = std::min(left, 1u) & (left == 1 ? 1 : random.upTo(1));
+                row.add(bit, 1);
+                if (bit != 0)
+                    drawn.at(x, isTopDown ? y : height - 1 - y) = kGray;
             }
             row.add(0, (32 - width % 32) % 32);
-            bits += maskKind == 3 ? "" : row.bytes;
+            mask += row.bytes;
         }
-        const std::string image = dibImage(width, height, 32, "", colors + bits);
-        IconImage icon;
-        ASSERT_TRUE(VEK::decodeIcon(ico({image}), 0, 0, icon));
-        ASSERT_EQ(VEK::flattenIcon(icon, 0x808080), expected) << i << ", mask " << maskKind << ", opacity " << opacity;
-        EXPECT_FALSE(VEK::decodeIcon(ico({image.substr(0, 39 + colors.size())}), 0, 0, icon));
+        const bool isMissing = left == 0 && random.chance(2);
+        ASSERT_TRUE(VEK::decodeIcon(ico({image + (isMissing ? "" : mask)}), 0, 0, icon)) << i;
+        ASSERT_EQ(VEK::flattenIcon(icon, 0x808080), drawn.expected) << i << ", mask " << left;
+        EXPECT_FALSE(VEK::decodeIcon(ico({image.substr(0, drawn.needed - 15)}), 0, 0, icon));
         EXPECT_TRUE(icon.color.empty());
     }
     // Without colours the mask holds them in its lower half: black, white, what lies below, and that again.
@@ -262,7 +261,6 @@ TEST(Icon, ShowsWhereItsMaskIsBlack)
     EXPECT_TRUE(VEK::flattenIcon({}, 0).empty());
     EXPECT_TRUE(VEK::flattenIcon({{2, 1, {0, 0}}, {1, 1, {0}}}, 0).empty());
 
-    IconImage icon;
     std::string cursor = ico({dibImage(1, 1, 32, "", le(0, 4))});
     EXPECT_FALSE(VEK::decodeIcon(ico({}), 0, 0, icon));
     EXPECT_FALSE(VEK::decodeIcon(cursor.substr(0, 20), 0, 0, icon));

@@ -161,58 +161,10 @@ protected:
         DeleteObject(bitmap);
         return pixels;
     }
-    CPixels theirIcon(int cx, int cy)
-    {
-        const auto icon = static_cast<HICON>(LoadImageW(nullptr, m_path.c_str(), IMAGE_ICON, cx, cy, LR_LOADFROMFILE));
-        ICONINFO info = {};
-        if (!GetIconInfo(icon, &info))
-            return {};
-        const CPixels pixels = flattened(info);
-        DeleteObject(info.hbmColor);
-        DeleteObject(info.hbmMask);
-        DestroyIcon(icon);
-        return pixels;
-    }
 
     std::filesystem::path m_folder = std::filesystem::temp_directory_path() / "vek_raster_test";
     std::wstring m_path;
     bool m_transparent = true;
-
-private:
-    /// With the device operations that the rule tells.
-    static CPixels flattened(const ICONINFO& info)
-    {
-        BITMAP size = {};
-        GetObjectW(info.hbmColor ? info.hbmColor : info.hbmMask, sizeof size, &size);
-        const int width = size.bmWidth, height = info.hbmColor ? size.bmHeight : size.bmHeight / 2;
-        const HDC screen = GetDC(nullptr);
-        const HDC result = CreateCompatibleDC(screen), mask = CreateCompatibleDC(screen),
-                  color = CreateCompatibleDC(screen);
-        const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-        ReleaseDC(nullptr, screen);
-        const HGDIOBJ before = SelectObject(result, bitmap);
-        const HGDIOBJ maskBefore = SelectObject(mask, info.hbmMask);
-        const HGDIOBJ colorBefore =
-            SelectObject(color, info.hbmColor ? info.hbmColor : CreateCompatibleBitmap(result, width, height));
-        if (!info.hbmColor)
-            BitBlt(color, 0, 0, width, height, mask, 0, height, SRCCOPY);
-        const HBRUSH back = CreateSolidBrush(0x80C0FF);
-        const RECT all = {0, 0, width, height};
-        FillRect(result, &all, back);
-        DeleteObject(back);
-        BitBlt(result, 0, 0, width, height, mask, 0, 0, SRCAND);
-        PatBlt(mask, 0, 0, width, height, DSTINVERT); // 0x550009
-        BitBlt(color, 0, 0, width, height, mask, 0, 0, SRCAND);
-        BitBlt(result, 0, 0, width, height, color, 0, 0, SRCINVERT);
-        SelectObject(result, before);
-        SelectObject(mask, maskBefore);
-        SelectObject(color, colorBefore);
-        const CPixels pixels = pixelsOf(bitmap);
-        DeleteObject(bitmap);
-        for (const HDC dc : {result, mask, color})
-            DeleteDC(dc);
-        return pixels;
-    }
 };
 
 /// Numbers that look at random, the same in every run.
@@ -270,42 +222,6 @@ TEST_F(Loaded, BitmapsAreTheSystemsToThePixel)
         EXPECT_EQ(mine, each.asData ? theirData(each.bytes) : theirBitmap(0, 0)) << each.name;
         EXPECT_TRUE(m_transparent);
     }
-}
-
-TEST_F(Loaded, IconsAreTheSystemsToThePixel)
-{
-    const auto image = [](int size, int bits) {
-        const std::size_t colors = bits <= 8 ? std::size_t{4} << bits : 0;
-        return info(size, 2 * size, bits) + noise(colors) +
-               noise(rowSize(size, bits) * static_cast<std::size_t>(size)) +
-               noise(rowSize(size, 1) * static_cast<std::size_t>(size));
-    };
-    for (const int bits : {1, 4, 8, 16, 24, 32}) {
-        save("a.ico", ico({image(17, bits)}));
-        for (const int size : {0, 17, 40}) {
-            const CPixels mine = ours(size, size);
-            EXPECT_FALSE(mine.empty()) << bits;
-            EXPECT_EQ(mine, theirIcon(size, size)) << bits << " bits, size " << size;
-            EXPECT_FALSE(m_transparent);
-        }
-    }
-    const std::string mono = info(8, 16, 1) + hex("00000000 FFFFFF00") + noise(32) + noise(32);
-    save("a.ico", ico({mono}));
-    EXPECT_EQ(ours(0, 0), theirIcon(0, 0)) << "black and white";
-    save("a.ico", ico({image(16, 4), image(32, 8), image(32, 24), image(32, 4), image(48, 8)}));
-    for (const int size : {16, 32, 48, 60})
-        EXPECT_EQ(ours(size, size), theirIcon(size, size)) << size;
-}
-
-TEST_F(Loaded, PngIconsAreTheSystemsWhereTheyAreOpaqueOrNot) // Wine also leaves out what is nearly opaque
-{
-    save("a.ico",
-         ico({hex("89504E470D0A1A0A0000000D4948445200000005000000020806000000906A165D000000334944415478DA63601039F19F4B"
-                  "F4388388D8B1FF72E247FF6B481C6160646060F8CFCEC8CCC0C7C4C620CACCC920C3C2C3000002FF091CA8B0DC1100000000"
-                  "49454E44AE426082")}));
-    const CPixels mine = ours(0, 0);
-    EXPECT_EQ(mine.data.size(), 10u);
-    EXPECT_EQ(mine, theirIcon(0, 0));
 }
 
 TEST_F(Loaded, AreasOfOneColourAreTheSystemsInEverySize) // edges are not: the system blends them
