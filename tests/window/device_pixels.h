@@ -9,7 +9,7 @@
 class Canvas
 {
 public:
-    Canvas(int width, int height) : width(width), height(height)
+    Canvas(int width, int height) : m_width(width), m_height(height)
     {
         BITMAPINFO info = {};
         info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
@@ -26,22 +26,22 @@ public:
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 
-    void clear() { PatBlt(dc, 0, 0, width, height, WHITENESS); }
+    void clear() { PatBlt(dc, 0, 0, m_width, m_height, WHITENESS); }
 
     VEK::CPixels pixels() const
     {
         GdiFlush();
-        VEK::CPixels result{width, height, {m_pixels, m_pixels + width * height}};
+        VEK::CPixels result{m_width, m_height, {m_pixels, m_pixels + m_width * m_height}};
         for (std::uint32_t& pixel : result.data) // comes with blue in the lowest byte
             pixel = 0xFF000000 | (pixel & 0xFF) << 16 | (pixel & 0xFF00) | (pixel >> 16 & 0xFF);
         return result;
     }
 
     const HDC dc = CreateCompatibleDC(nullptr);
-    const int width;
-    const int height;
 
 private:
+    const int m_width;
+    const int m_height;
     HBITMAP m_bitmap = nullptr;
     HGDIOBJ m_old = nullptr;
     std::uint32_t* m_pixels = nullptr;
