@@ -4,9 +4,9 @@
 #include "input.h"
 #include "lettering.h"
 
+#include <vek/bitmaps/picture.h>
 #include <vek/data.h>
 #include <vek/host.h>
-#include <vek/bitmaps/picture.h>
 
 #include "core/platform/platform.h"
 

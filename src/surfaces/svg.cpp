@@ -1,8 +1,8 @@
 #include <vek/surfaces/svg.h>
 
+#include "core/png/png.h"
 #include "surfaces/ellipse.h"
 #include "surfaces/holes.h"
-#include "core/png/png.h"
 #include "surfaces/reach.h"
 #include "surfaces/svg_text.h"
 
