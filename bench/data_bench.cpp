@@ -45,6 +45,16 @@ void build(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
+void appendToChain(benchmark::State& state)
+{
+    for (auto _ : state) {
+        VEK::CUniqResbuf chain;
+        for (int i = 0; i < state.range(0); ++i)
+            chain.append(VEK::mkResbuf(i, VEK::rbLong));
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
 void copy(benchmark::State& state)
 {
     const CVekDataItem item = directoryOf(keysOf(state.range(0)));
@@ -88,6 +98,7 @@ void walk(benchmark::State& state)
 
 BENCHMARK(lookUp)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK(build)->RangeMultiplier(10)->Range(1000, 1000000);
+BENCHMARK(appendToChain)->RangeMultiplier(10)->Range(1000, 100000);
 BENCHMARK(copy)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK(removeFromTheMiddle)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK(walk)->RangeMultiplier(10)->Range(1000, 1000000);

@@ -61,6 +61,29 @@ VEK::DataKind kindOf(const char* chain)
 
 } // namespace
 
+TEST(Chain, GrowsAtItsEndWhateverItHolds)
+{
+    VEK::CUniqResbuf chain(chainOf("rs")); // taken over with two nodes
+    std::vector<int> expected = typesOf(chain);
+    const auto add = [&](const char* more) {
+        const VEK::CUniqResbuf same(chainOf(more));
+        for (const int type : typesOf(same))
+            expected.push_back(type);
+        chain.append(chainOf(more));
+    };
+    for (int i = 0; i < 1000; ++i) {
+        add(i % 3 ? "p" : "(st)");
+        chain.append(nullptr);
+        if (i % 100 == 7) {
+            VEK::CUniqResbuf moved(std::move(chain));
+            add("n"); // the one that was left begins anew
+            moved.append(chain.release());
+            chain = std::move(moved);
+        }
+    }
+    EXPECT_EQ(typesOf(chain), expected);
+}
+
 TEST(Chain, HasTheToldForm)
 {
     CVekArrayTempl<int> numbers;

@@ -17,11 +17,7 @@ CVekArrayTempl<CVekString> namesOf(const CVekDataItem& item)
 
 CVekVertexArray square(double size)
 {
-    CVekPoint3dArray corners;
-    corners.append(CVekPoint3d(0, 0, 0));
-    corners.append(CVekPoint3d(size, 0, 0));
-    corners.append(CVekPoint3d(size, size, 0));
-    return CVekVertexArray().fromPoints(corners, true);
+    return {CVekPoint3d(0, 0, 0), CVekPoint3d(size, 0, 0), CVekPoint3d(size, size, 0), CVekPoint3d(0, 0, 0)};
 }
 
 } // namespace
@@ -69,6 +65,23 @@ TEST(DataKey, CopiesAllOrTheFirst)
     EXPECT_TRUE(twice == CVekDataKey(5005, L"A", 5003, 1, 5005, L"A", 5003, 1, 0));
 }
 
+TEST(DataKey, IsAssignedToFreshSlotsAsToUsedOnes)
+{
+    const CVekDataKey path(5005, L"A", 5005, L"B", 0);
+    const CVekDataKey first(L"A");
+    CVekArrayTempl<CVekDataKey> used{path, path};
+    used.setLogicalLength(0);
+    CVekArrayTempl<CVekDataKey> fresh;
+    for (CVekArrayTempl<CVekDataKey>* keys : {&used, &fresh}) {
+        for (int i = 0; i < 20; ++i)
+            keys->append(path);
+        keys->append(CVekDataKey(path));
+        *keys += CVekArrayTempl<CVekDataKey>{path};
+        for (const CVekDataKey& key : *keys)
+            EXPECT_TRUE(key == first);
+    }
+}
+
 TEST(DataItem, ReadsEveryLeafTypeAsItWasWritten)
 {
     CVekDataItem item;
@@ -80,16 +93,11 @@ TEST(DataItem, ReadsEveryLeafTypeAsItWasWritten)
         EXPECT_TRUE(VEK::dataGet(&item, L"A\\B", other));
         EXPECT_TRUE(other == value);
     };
-    CVekPoint3dArray points;
-    points.append(CVekPoint3d(1, 2, 3));
-    CVekArrayTempl<int> numbers;
-    numbers.append(-3);
-    CVekArrayTempl<CVekString> texts;
-    texts.append(CVekString(L"eins"));
-    VEK::VertexArrays polylines;
-    polylines.append(square(2));
-    VEK::Regions regions;
-    regions.append(polylines);
+    const CVekPoint3dArray points{{1, 2, 3}};
+    const CVekArrayTempl<int> numbers{-3};
+    const CVekArrayTempl<CVekString> texts{L"eins"};
+    const VEK::VertexArrays polylines{square(2)};
+    const VEK::Regions regions{polylines, {}};
     CVekColor color;
     color.setColorIndex(5);
     color.setNames(L"Blau", L"RAL");
@@ -209,6 +217,39 @@ TEST(DataItem, KeepsAddressesAndTurnsLeavesIntoDirectories)
     EXPECT_EQ(*item.getItem(&first)->peek<int>(), 2);
 }
 
+TEST(DataItem, TakesPathsAndValuesThatBelongToIt)
+{
+    const wchar_t* const long1 = L"A\\a name that fits into no buffer of its own";
+    const auto textOf = [](const CVekDataItem& item, const wchar_t* path) {
+        return static_cast<const wchar_t*>(*item.getItem(path)->peek<CVekString>());
+    };
+    CVekDataItem item;
+    VEK::dataSet(&item, L"A", long1);
+    EXPECT_TRUE(VEK::dataSet(&item, textOf(item, L"A"), 5)); // its own text leads through it
+    EXPECT_EQ(*item.getItem(long1)->peek<int>(), 5);
+    VEK::dataSet(&item, L"A", long1);
+    EXPECT_TRUE(item.makeItem(textOf(item, L"A")));
+    VEK::dataSet(&item, L"A", long1);
+    EXPECT_TRUE(VEK::dataSet(&item, L"A\\B", *item.getItem(L"A")->peek<CVekString>()));
+    EXPECT_STREQ(textOf(item, L"A\\B"), long1);
+    EXPECT_TRUE(VEK::dataSet(&item, L"A\\B\\C", textOf(item, L"A\\B")));
+    EXPECT_STREQ(textOf(item, L"A\\B\\C"), long1);
+    VEK::dataSet(&item, nullptr, long1);
+    EXPECT_TRUE(VEK::dataSetList(&item, textOf(item, nullptr), square(2)));
+    EXPECT_TRUE(*item.getItem(long1)->peek<CVekVertexArray>() == square(2));
+    EXPECT_TRUE(VEK::dataSetList(&item, L"A\\B\\LIST", *item.getItem(long1)->peek<CVekVertexArray>()));
+    EXPECT_TRUE(item.getItem(L"A\\B\\LIST")) << "a path";
+    EXPECT_TRUE(VEK::dataSetList(&item, L"A\\B\\LIST", CVekVertexArray()));
+    EXPECT_FALSE(item.getItem(L"A\\B\\LIST"));
+
+    VEK::CCfgBackup backup(true);
+    backup.attach(L"SELF");
+    const CVekDataKey below(5005, L"SELF", 5005, L"X", 0);
+    VEK::dataSet(VEK::cfgMgrPtr()->tree(), L"SELF", long1);
+    EXPECT_TRUE(VEK::cfgSet(&below, textOf(*VEK::cfgMgrPtr()->tree(), L"SELF")));
+    EXPECT_STREQ(textOf(*VEK::cfgMgrPtr()->tree(), L"SELF\\X"), long1);
+}
+
 TEST(DataItem, BearsNull)
 {
     const CVekDataItem* none = nullptr;
@@ -256,8 +297,7 @@ TEST(DataItem, ListsDropTheKeyWhenEmpty)
     EXPECT_TRUE(VEK::dataSetList(&item, L"VL", CVekVertexArray()));
     EXPECT_FALSE(item.getItem(L"VL"));
     EXPECT_TRUE(item.isDir());
-    CVekArrayTempl<int> stack;
-    stack.append(5);
+    CVekArrayTempl<int> stack{5};
     EXPECT_TRUE(VEK::dataSetList(&item, L"", stack)) << "the item itself";
     EXPECT_TRUE(item.get(stack));
     int one = 0;

@@ -130,6 +130,9 @@ TEST(DisplayGroup, RemovalKeepsTheOthersInOrder)
     expectExtents(gdx, {1, 0, 0}, {4, 0, 0});
     EXPECT_TRUE(gdx.clear(gdx.getDisplayList()[0].stack)); // the path of an item that goes away
     EXPECT_EQ(gdx.lenGet(), 2);
+    EXPECT_TRUE(gdx.removeItem(-1));
+    EXPECT_TRUE(gdx.removeItem(-1));
+    EXPECT_FALSE(gdx.removeItem(-1)) << "nothing is left";
 }
 
 TEST(DisplayOrder, SortsByClassAndKeepsTheOrderInside)

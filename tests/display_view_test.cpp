@@ -71,8 +71,13 @@ TEST(DisplayTable, ModesOneToFourteen)
     EXPECT_EQ(gdx.ColorTabLenGet(), 14);
     EXPECT_EQ(gdx.colorTabGet(14), red);
     EXPECT_EQ(gdx.colorTabGet(15), CVekColor());
-    EXPECT_EQ(gdx.colorTabGet(0), CVekColor());
+    EXPECT_EQ(gdx.colorTabGet(0), red) << "the last entry, by the array rule";
     EXPECT_EQ(gdx.ColorTabLenGet(), 14);
+    Gdx grown = plain();
+    EXPECT_EQ(grown.colorTabGet(0), CVekColor());
+    EXPECT_TRUE(grown.ColorTabSet(1, red));
+    EXPECT_TRUE(grown.ColorTabSet(9, grown.colorTabGet(1))) << "the table grows under its own entry";
+    EXPECT_EQ(grown.colorTabGet(9), red);
 }
 
 bool countingImage(CVekGDX* gdx, VEK::CDtaFilePointer* object, VEK::CDtaFilePointer* params)
@@ -184,6 +189,12 @@ TEST_F(DisplayCreation, DataOverridesWhereItsKeysStand)
     EXPECT_EQ(gdx.backColorGet().color(), 0x010203u);
     EXPECT_EQ(gdx.backColorGet().colorIndex(), 5);
     EXPECT_TRUE(gdx.backColorGet().bookName() == L"RAL 9005");
+
+    VEK::dataSet(&item, L"EXTVIEW", CVekPoint3dArray{{3, 4, 5}}); // the corner that is missing is the origin
+    CVekPoint3d min;
+    CVekPoint3d max;
+    made(&item).extMaxViewGet(min, max);
+    EXPECT_TRUE(min == CVekPoint3d(3, 4, 5) && max == CVekPoint3d());
 }
 
 } // namespace

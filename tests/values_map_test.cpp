@@ -59,14 +59,17 @@ TEST(Map, BehavesAsAnOrderedMapUnderRandomWork)
         }
         ASSERT_EQ(map.len(), static_cast<int>(expected.size()));
         if (step % 2000 == 0) {
+            auto at = expected.begin();
             int index = 0;
-            for (const auto& [k, v] : expected) {
-                ASSERT_EQ(map.keyAt(index), k);
-                ASSERT_EQ(map.valueAt(index), v);
+            for (auto& [k, v] : map) {
+                ASSERT_TRUE(at != expected.end() && k == at->first && v == at->second);
+                ASSERT_TRUE(map.keyAt(index) == k && &map.valueAt(index) == &v);
                 int found = -1;
                 ASSERT_TRUE(map.find(k, found));
                 ASSERT_EQ(found, index++);
+                v = at++->second = step + index;
             }
+            ASSERT_EQ(at, expected.end());
         }
     }
     while (map.len() > 0)

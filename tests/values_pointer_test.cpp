@@ -65,7 +65,13 @@ TEST(SharedPointer, ReleaseLeavesNullToEveryHolder)
     EXPECT_EQ(static_cast<Thing*>(a), nullptr);
     EXPECT_EQ(static_cast<Thing*>(b), nullptr);
     EXPECT_EQ(a.release(), nullptr);
+    EXPECT_FALSE(a.newRef(raw)) << "it has an entry";
     a = nullptr;
+    CPtrMap& base = a;
+    EXPECT_TRUE(base.newRef(raw));
+    EXPECT_EQ(a->value, 0);
+    EXPECT_EQ(base.decrRef(), raw);
+    EXPECT_EQ(a.refCount(), 0);
     EXPECT_EQ(Thing::alive, 1);
     delete raw;
 }
@@ -89,10 +95,16 @@ TEST(UniqPointer, OwnsAlone)
     CUniqPointer<Thing> b = std::move(a);
     EXPECT_EQ(static_cast<Thing*>(a), nullptr);
     b->value = 3;
-    b = new Thing;
+    EXPECT_FALSE(b.newRef(a)) << "null";
+    b = CUniqPointer<Thing>(new Thing);
     EXPECT_EQ(b->value, 0);
     EXPECT_EQ(Thing::alive, 1);
-    delete b.release();
+    EXPECT_FALSE(b.newRef(b)) << "it has one";
+    EXPECT_EQ(b.refCount(), 1);
+    delete b.decrRef();
+    EXPECT_EQ(b.refCount(), 0);
+    EXPECT_TRUE(b.newRef(new Thing));
+    b = nullptr;
     EXPECT_EQ(Thing::alive, 0);
 }
 

@@ -73,12 +73,7 @@ private:
 
 CVekVertexArray square()
 {
-    CVekPoint3dArray corners;
-    for (int i = 0; i < 4; ++i)
-        corners.append({i == 1 || i == 2 ? 2.0 : 0.0, i >= 2 ? 2.0 : 0.0, 0.0});
-    CVekVertexArray result;
-    result.fromPoints(corners, true);
-    return result;
+    return {CVekPoint3d(0, 0, 0), CVekPoint3d(2, 0, 0), CVekPoint3d(2, 2, 0), CVekPoint3d(0, 2, 0), CVekPoint3d()};
 }
 
 } // namespace
@@ -189,34 +184,64 @@ TEST(Polyline, fromPointsAndClosure)
     EXPECT_EQ(line.fromPoints(points, true).len(), 0);
 }
 
-TEST(Polyline, joinsAndCompares)
+TEST(Polyline, comparesReversesAndMoves)
 {
-    CVekVertexArray a(CVekVertex({0, 0, 0}, {1, 0, 0}, 0.25));
+    const CVekVertexArray a(CVekVertex({0, 0, 0}, {1, 0, 0}, 0.25));
     CVekVertexArray b = a;
     EXPECT_TRUE(a == b);
     b.setNormal({0, 0, -3});
-    EXPECT_EQ(b.normal()[2], -1.0);
+    EXPECT_EQ(b.normal().z, -1.0);
     EXPECT_FALSE(a == b);
-    b.setNormal({0, 0, 0});
-    EXPECT_EQ(b.normal()[2], -1.0);
+    for (const double bad : {0.0, kNan}) {
+        b.setNormal({0, bad, 0});
+        EXPECT_EQ(b.normal().z, -1.0);
+    }
+    // Through the base as well, with what belongs to a polyline beside its segments.
+    CVekVertexArray c = a;
+    CVekArrayTempl<CVekVertex>& base = c;
+    base.revert();
+    EXPECT_EQ(c[0].bulge, -0.25);
+    expectAt(c[0].start, 1, 0);
+    base.swap(b);
+    EXPECT_TRUE(b.normal().z == 1.0 && c.normal().z == -1.0);
+    EXPECT_TRUE(b[0].bulge == -0.25 && c[0].bulge == 0.25);
+    b.swap(c);
+    EXPECT_TRUE(c.normal().z == 1.0 && c[0].bulge == -0.25);
+    CVekArrayTempl<CVekVertex> plain{a[0], a[0]};
+    plain.swap(b); // a list of segments has its arcs about z
+    EXPECT_TRUE(b.len() == 2 && b.normal().z == 1.0 && plain.len() == 1);
+    expectAt(b.move({1, 2, 3})[0].end, 2, 2, 3);
+}
 
-    a += b; // the same arc in space about the opposite normal
-    EXPECT_EQ(a[1].bulge, -0.25);
-    CVekVertexArray empty;
-    empty += b;
-    EXPECT_TRUE(empty == b);
-    CVekVertexArray tilted(CVekVertex({0, 0, 0}, {1, 0, 0}, 0.5));
-    tilted.setNormal({0, 1, 0});
-    CVekVertexArray straight(CVekVertex({0, 0, 0}, {1, 0, 0}));
-    straight += tilted;
-    EXPECT_EQ(straight.normal()[1], 1.0);
-    a += a;
-    EXPECT_EQ(a.len(), 4);
-
-    a.revert();
-    EXPECT_EQ(a[0].bulge, 0.25);
-    expectAt(a[0].start, 1, 0);
-    expectAt(a.move({1, 2, 3})[0].end, 1, 2, 3);
+TEST(Polyline, joinsInWhateverPlanes)
+{
+    Random random;
+    for (int round = 0; round < 300; ++round) {
+        CVekVertexArray a = random.arc(round);
+        CVekVertexArray b = random.arc(round + round / 3);
+        if (round % 5 == 1)
+            b.setNormal(-a.normal());
+        if (round % 7 == 2)
+            a[0].bulge = 0.0;
+        if (round % 7 == 3)
+            b[0].bulge = 0.0;
+        if (round % 11 == 4)
+            a = CVekVertexArray();
+        if (round % 11 == 5)
+            b = a;
+        CVekVertexArray sum = a;
+        sum += round % 11 == 5 ? sum : b;
+        // The parts are where they were, to within the fineness of chords.
+        const double radius = b[0].bulge != 0.0 ? b[0].bulgLen() / std::fabs(4.0 * std::atan(b[0].bulge)) : 0.0;
+        for (int i = 0; i < a.len(); ++i)
+            EXPECT_LE(apart(onArc(sum[i], sum.normal(), 0.3), onArc(a[i], a.normal(), 0.3)), kTol);
+        const int parts = sum.len() - a.len();
+        ASSERT_GE(parts, 1);
+        for (int i = 0; i < parts; ++i) {
+            const CVekPoint3d on = onArc(sum[a.len() + i], sum.normal(), 0.5);
+            EXPECT_LE(apart(on, onArc(b[0], b.normal(), (i + 0.5) / parts)), 1e-4 * radius + kTol) << round;
+        }
+    }
 }
 
 TEST(Polyline, arcsAreSteppedWithinTheTolerance)

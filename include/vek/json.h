@@ -17,8 +17,8 @@ inline constexpr int kJsonDepth = 512;
 
 /// Reads a tree from a file or from bytes in UTF-8. Every value comes back as it was saved, reals to their last bit.
 /// @param tree receives the contents in place of its own; on failure it stays as it was
-/// @param error receives "NAME:LINE: cause" on failure, without the line where a file cannot be read at all, and stays
-/// untouched otherwise; NAME is the path or `name`
+/// @param error receives "NAME:LINE: cause" on failure, without the line where a file cannot be read at all or the
+/// memory is not to be had, and stays untouched otherwise; NAME is the path or `name`
 bool jsonLoad(CVekDataItem& tree, const wchar_t* path, CVekString& error);
 bool jsonRead(CVekDataItem& tree, const char* bytes, std::size_t size, const wchar_t* name, CVekString& error);
 

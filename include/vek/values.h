@@ -8,6 +8,7 @@
 #include <vek/values/linetype.h>
 #include <vek/values/map.h>
 #include <vek/values/matrix.h>
+#include <vek/values/memory.h>
 #include <vek/values/object.h>
 #include <vek/values/pixels.h>
 #include <vek/values/point.h>

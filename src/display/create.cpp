@@ -81,7 +81,8 @@ int createGdxInMap(const CVekDataItem* item)
     VEK::dataGet(data, L"MTX", projection);
 
     const int key = gdxMapKeyNew();
-    gdxMapSetAt(key, CVekGDX(color, projection, pointSize, static_cast<unsigned>(pointMode), view[0], view[1]));
+    const CVekPoint3dArray& corners = view; // reading a corner that is missing grows nothing
+    gdxMapSetAt(key, CVekGDX(color, projection, pointSize, static_cast<unsigned>(pointMode), corners[0], corners[1]));
     CVekGDX* gdx = getGdxFromMap(key);
     if (!gdx)
         return -1;

@@ -39,15 +39,15 @@ double CVekGDX::pdSizeGet(int i) const
 
 const CVekColor& CVekGDX::colorTabGet(int mode) const
 {
-    // Mode 0 has no entry, though index -1 would read the last one.
-    return colorTab[mode > 0 ? mode - 1 : colorTab.len()];
+    return colorTab[static_cast<int>(static_cast<unsigned>(mode) - 1u)];
 }
 
 bool CVekGDX::ColorTabSet(int mode, const CVekColor& color)
 {
     if (mode <= 0 || mode >= 15)
         return false;
-    colorTab[mode - 1] = color;
+    const CVekColor copy(color); // it may be an entry of the table, which grows
+    colorTab[mode - 1] = copy;
     return true;
 }
 

@@ -124,16 +124,16 @@ bool CVekGDX::flagChange(int i, int code)
 {
     unsigned& flag = displayList[i].flag;
     switch (code) {
-    case 1: flag &= ~itemHidden; break;
-    case 2: flag |= itemHidden; break;
-    case 3: flag &= ~itemNoExt; break;
-    case 4: flag |= itemNoExt; break;
-    case 5: flag |= itemOutline; break;
-    case 6: flag &= ~itemOutline; break;
-    case 7: flag |= itemFullWindow; break;
-    case 8: flag &= ~itemFullWindow; break;
-    case 9: flag |= itemTransparent; break;
-    case 10: flag &= ~itemTransparent; break;
+    case propShow: flag &= ~itemHidden; break;
+    case propHide: flag |= itemHidden; break;
+    case propExt: flag &= ~itemNoExt; break;
+    case propNoExt: flag |= itemNoExt; break;
+    case propOutline: flag |= itemOutline; break;
+    case propNoOutline: flag &= ~itemOutline; break;
+    case propFullWindow: flag |= itemFullWindow; break;
+    case propNoFullWindow: flag &= ~itemFullWindow; break;
+    case propTransparent: flag |= itemTransparent; break;
+    case propNotTransparent: flag &= ~itemTransparent; break;
     default: return false;
     }
     return true;
@@ -219,7 +219,7 @@ bool CVekGDX::clear(const Stack& stack)
 
 bool CVekGDX::removeItem(int i)
 {
-    if (i >= displayList.len())
+    if (i >= displayList.len() || displayList.len() == 0)
         return false;
     displayList.removeAt(i);
     refresh_ext();

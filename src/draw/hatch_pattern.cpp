@@ -344,7 +344,7 @@ try {
             contour.transformBy(toPlane);
         const CVekVector3d& normal = contour.normal();
         if (std::fabs(normal[0]) + std::fabs(normal[1]) > kLevel && VEK::plane::hasArcs(contour))
-            contour = VEK::plane::inFineChords(contour, 0);
+            contour = VEK::plane::inFineChords(contour);
     }
     if (regl.len() == 0 || !VEK::detail::isFinite(regl))
         return {};

@@ -2,6 +2,7 @@
 #include <vek/json.h>
 
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
 #include "json/tokens.h"
 
 #include <nlohmann/json.hpp>
@@ -315,18 +316,21 @@ bool readTree(CVekDataItem& tree, const char* bytes, std::size_t size, const wch
 {
     CVekDataItem contents;
     CTreeBuilder builder(contents, bytes);
-    Fault fault{bytes, "there is no memory for this tree"};
-    try {
+    bool good = false;
+    const bool complete = whole(false, [&] {
         const CCursor begin(bytes, builder.mark());
         const CCursor end(bytes + size, builder.mark());
-        if (nlohmann::json::sax_parse(begin, end, &builder)) {
-            tree = std::move(contents);
-            return true;
-        }
-        fault = builder.faultGet();
-    } catch (const std::exception&) { // no memory
+        good = nlohmann::json::sax_parse(begin, end, &builder);
+        return true;
+    });
+    if (complete && good) {
+        tree = std::move(contents);
+        return true;
     }
-    error = messageOf(name, bytes, fault);
+    CVekString message;
+    if (complete)
+        message = whole(CVekString(), [&] { return messageOf(name, bytes, builder.faultGet()); });
+    error = message.isNull() ? CVekString(name) + L": there is no memory for this tree" : message;
     return false;
 }
 
@@ -342,11 +346,10 @@ bool jsonRead(CVekDataItem& tree, const char* bytes, std::size_t size, const wch
 bool jsonLoad(CVekDataItem& tree, const wchar_t* path, CVekString& error)
 {
     std::string bytes;
-    if (!path || !platform::readFile(platform::pathOf(path), bytes)) {
-        error = CVekString(path) + L": cannot be read";
-        return false;
-    }
-    return jsonRead(tree, bytes.data(), bytes.size(), path, error);
+    if (path && whole(false, [&] { return platform::readFile(platform::pathOf(path), bytes); }))
+        return jsonRead(tree, bytes.data(), bytes.size(), path, error);
+    error = CVekString(path) + L": cannot be read";
+    return false;
 }
 
 } // namespace VEK

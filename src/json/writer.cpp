@@ -2,6 +2,7 @@
 #include <vek/json.h>
 
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
 
 #include <charconv>
 #include <cmath>
@@ -284,16 +285,18 @@ bool CTreeWriter::write(const CVekDataItem& item)
 bool jsonWrite(const CVekDataItem& tree, std::string& text, const wchar_t* name, CVekString& error)
 {
     std::string written;
-    try {
-        if (CTreeWriter(written).write(tree)) {
-            written += '\n';
-            text = std::move(written);
-            return true;
-        }
-        error = CVekString(name) + L": directories lie too deep in each other to be saved";
-    } catch (const std::exception&) {
-        error = CVekString(name) + L": there is no memory for the text of this tree";
+    bool tooDeep = false;
+    const bool complete = whole(false, [&] {
+        tooDeep = !CTreeWriter(written).write(tree);
+        written += '\n';
+        return true;
+    });
+    if (complete && !tooDeep) {
+        text = std::move(written);
+        return true;
     }
+    error = CVekString(name) + (complete ? L": directories lie too deep in each other to be saved"
+                                         : L": there is no memory for the text of this tree");
     return false;
 }
 
@@ -302,7 +305,12 @@ bool jsonSave(const CVekDataItem& tree, const wchar_t* path, CVekString& error)
     std::string text;
     if (!jsonWrite(tree, text, path, error))
         return false;
-    if (path && platform::writeFile(platform::pathOf(path), text))
+    std::filesystem::path file;
+    const bool named = whole(false, [&] {
+        file = path ? platform::pathOf(path) : std::filesystem::path();
+        return !file.empty();
+    });
+    if (named && platform::writeFile(file, text))
         return true;
     error = CVekString(path) + L": cannot be written";
     return false;

@@ -49,7 +49,8 @@ public:
     /// Puts the saved parts back, the last one first.
     ~CCfgBackup() override;
 
-    /// Saves what stands at a path, or that nothing does; null saves the whole configuration.
+    /// Saves what stands at a path, or that nothing does; null saves the whole configuration. What the memory does not
+    /// hold twice is not put back.
     void attach(const wchar_t* path);
 
 private:

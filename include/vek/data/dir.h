@@ -26,7 +26,7 @@ public:
     CVekDataItem* getItem(const CVekDataKey* key) const;
 
     /// The child at a path, created when it is missing: as a directory, or as an empty leaf. `makeDir` turns a leaf
-    /// into a directory. Null without a key.
+    /// into a directory. Null without a key, and here and below when the memory is not to be had.
     CVekDataItem* makeDir(const CVekDataKey* key);
     CVekDataItem* makeItem(const CVekDataKey* key);
 
@@ -60,7 +60,6 @@ private:
 
     CVekDataItem* child(const VEK::DataName& name) const;
     CVekDataItem* makeChild(const VEK::DataName& name, CVekDataKey::keyType type);
-    CVekDataItem* makePath(const CVekDataKey& key);
     CVekDataItem* store(const CVekDataKey& key, CVekDataItem* item);
     bool isWithin(const CVekDataItem* item) const;
     void letGo(CVekDataItem* child);

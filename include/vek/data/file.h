@@ -50,11 +50,12 @@ public:
 
     /// Stores a copy at a path and creates what is missing; a null item gives an empty leaf, a null key replaces the
     /// root.
+    /// @return false, with the file as it was, when the memory is not to be had
     bool set(const CVekDataItem* item, const CVekDataKey* key);
 
     /// Lists the keys below a path, each of one element.
     /// @param keys is emptied first
-    /// @return false when there is no directory at the path
+    /// @return false when there is no directory at the path, or not the memory for the list
     bool dir(CVekArrayTempl<CVekDataKey>& keys, const CVekDataKey* key) const;
 
     /// Opens the linked object of the file, the directory "LOBJ" of its root. What is written into it reaches this
@@ -86,7 +87,8 @@ private:
 /// @param mode pass 3
 /// @param key with an item: where the item is stored after opening, null for the root
 /// @param item null to take what is there
-/// @return a file owned by the caller; null for an unknown type and when the drawing has no such object
+/// @return a file owned by the caller; null for an unknown type, when the drawing has no such object, and here and
+/// below when the memory is not to be had
 VEK_API CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CAdsName& name, const CVekDataKey* key,
                                  const CVekDataItem* item);
 

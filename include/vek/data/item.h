@@ -51,7 +51,8 @@ enum class DataKind {
 /// which they came.
 ///
 /// A child stays at its address as long as it stands in its directory; setting a leaf anew keeps its address. What
-/// `getItem` and its like return belongs to the tree. A tree of any depth can be copied and destroyed.
+/// `getItem` and its like return belongs to the tree. A tree of any depth can be copied and destroyed. Where memory is
+/// not to be had a tree stays as it was; see `<vek/values/memory.h>`.
 ///
 /// Reading never converts, with one exception: `bool`, `int`, `unsigned long`, `double` and the length unit read as
 /// one another. Fractions are cut towards zero; a negative integer reads as the `unsigned long` of the same 32 bits,
@@ -71,7 +72,8 @@ public:
     /// An empty item of a kind given by a value of `type`: 1 makes a directory.
     explicit CVekDataItem(int kind);
 
-    /// A deep copy; a source that is missing gives an empty leaf.
+    /// A deep copy. A source that is missing gives an empty leaf, and so does one that the memory does not hold twice;
+    /// `clone` tells of that.
     CVekDataItem(const CVekDataItem& other);
     explicit CVekDataItem(const CVekDataItem* source);
 
@@ -98,7 +100,8 @@ public:
     /// @return the directory, owned by the item
     CVekDataDir* mkDir();
 
-    /// The child directory at a path; what is missing of the path is created, and leaves on it become directories.
+    /// The child directory at a path; what is missing of the path is created, and leaves on it become directories. The
+    /// text may be that of such a leaf. Null, here and below, when the memory is not to be had.
     CVekDataItem* makeDir(const wchar_t* path);
 
     /// The item at a path, created as an empty leaf when it is missing.
@@ -136,7 +139,7 @@ public:
     const T* peek() const;
 
     /// Puts a value in the place of the contents, children included.
-    /// @return false when the memory is not to be had; the item is an empty leaf then
+    /// @return false, with the contents as they were, when the memory is not to be had
     template <class T>
     bool put(T value);
 
@@ -151,7 +154,7 @@ public:
 
     /// The item as a chain, owned by the caller. A leaf gives the form of the `mkResbuf` family, a directory the
     /// sequence of its children, each a list of key, dot (5018) and value, without a list around them; null for an
-    /// empty directory.
+    /// empty directory, and when the memory is not to be had.
     resbuf* mkLisp() const;
 
 private:
@@ -170,8 +173,10 @@ private:
 
     void clear();
     void takeOver(CVekDataItem& other);
-    void copyLeaf(const CVekDataItem& source);
-    void copyTree(const CVekDataItem& source);
+    bool copyLeaf(const CVekDataItem& source);
+    CVekDataItem* makeWay(const wchar_t* path, const CVekDataKey* key);
+    bool copyFrom(const CVekDataItem* source);
+    bool copyTree(const CVekDataItem& source);
     bool wholeNumber(long long& number) const;
 
     VEK::DataKind m_kind = VEK::DataKind::empty;
@@ -186,7 +191,8 @@ namespace VEK
 {
 
 /// Reads the value at a path of an item, as `CVekDataItem::get` does.
-/// @return false, with the target untouched, for a null item, an absent path and a value of another type
+/// @return false, with the target untouched, for a null item, an absent path and a value of another type, and when the
+/// memory for it is not to be had
 VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, bool& value);
 VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, int& value);
 VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, unsigned long& value);
@@ -206,8 +212,8 @@ VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, Vek::
 VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CHatchProp& value);
 
 /// Stores a value at a path of an item: what the path lacks is created, leaves on the way become directories, and what
-/// stands there is replaced. An item that stands there keeps its address.
-/// @return false for a null item
+/// stands there is replaced. An item that stands there keeps its address. The value may be a part of the tree.
+/// @return false, with the tree as it was, for a null item and when the memory is not to be had
 VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, bool value);
 VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, int value);
 VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, unsigned long value);
@@ -236,16 +242,21 @@ bool dataGet(const CVekDataItem* item, const wchar_t* path, T& target)
     return item && dataItemGet(item->getItem(path), nullptr, target);
 }
 
-/// Stores a value at a text path of an item; a null path replaces the item's own.
-/// @return false for a null item
+/// Stores a value at a text path of an item; a null path replaces the item's own. Path and value may be parts of the
+/// tree.
+/// @return false as with `dataItemSet`
 template <class T>
 bool dataSet(CVekDataItem* item, const wchar_t* path, const T& value)
 {
-    return item && dataItemSet(item->makeItem(path), nullptr, value);
+    CVekDataItem leaf;
+    CVekDataItem* place = item && dataItemSet(&leaf, nullptr, value) ? item->makeItem(path) : nullptr;
+    if (place)
+        *place = std::move(leaf);
+    return place != nullptr;
 }
 
-/// Stores a list under one key of an item, which becomes a directory; the text is the key as it stands. A list without
-/// elements removes the key. A null or empty text replaces the item's own value.
+/// Stores a list at a text path of an item, which becomes a directory. A list without elements removes what stands
+/// there. A null or empty text replaces the item's own value. Path and value may be parts of the tree.
 /// @return false for a null item and when the value cannot be stored
 VEK_API bool dataSetList(CVekDataItem* item, const wchar_t* key, const CVekArrayTempl<int>& value);
 VEK_API bool dataSetList(CVekDataItem* item, const wchar_t* key, const CVekArrayTempl<CVekString>& value);

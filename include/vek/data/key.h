@@ -16,6 +16,7 @@ class VEK_API CVekDataKey : public CVekObj
 public:
     /// Kind of an element. The numbers are those of the published result types of the host package.
     enum keyType : short {
+        keyLost = -1,    ///< an element for which the memory was not to be had: a path with it finds and makes nothing
         keyNone = 0,     ///< no element
         keyInt = 5003,   ///< an integer
         keyText = 5005,  ///< a text
@@ -91,6 +92,8 @@ private:
     };
 
     CVekDataKey& build(const Part* parts, std::size_t count);
+    void setText(const wchar_t* text);
+    CVekDataKey* grow();
 
     keyType m_type = keyNone;
     int m_number = 0;

@@ -36,7 +36,8 @@ public:
 /// Reading ends at the first line that is wrong: a value that is no finite number, an empty value, a family of fewer
 /// than five numbers or without a pattern, a pattern without a name or without a family.
 ///
-/// @param patterns receives the patterns behind those that it holds, on failure those that were complete before
+/// @param patterns receives the patterns behind those that it holds, on failure those that were complete before; none
+///     when the memory is not to be had
 /// @param error receives "NAME:LINE: cause" on failure, without the line where a file cannot be read at all, and stays
 ///     untouched otherwise; NAME is the path or `name`
 VEK_API bool hatchPatternsLoad(CVekArrayTempl<CHatchPattern>& patterns, const wchar_t* path, CVekString& error);

@@ -63,25 +63,37 @@ public:
 
     /// Takes the chain over.
     CUniqResbuf(resbuf* chain) : m_chain(chain) {}
-    CUniqResbuf(CUniqResbuf&& other) noexcept : m_chain(other.release()) {}
+    CUniqResbuf(CUniqResbuf&& other) noexcept : CVekObj() { exchange(other); }
     ~CUniqResbuf() override { vekRelRb(m_chain); }
     CUniqResbuf& operator=(CUniqResbuf other) noexcept
     {
-        std::swap(m_chain, other.m_chain);
+        exchange(other);
         return *this;
     }
 
     operator resbuf*() const { return m_chain; }
     resbuf* operator->() const { return m_chain; }
 
-    /// Adds a chain at the end and takes it over.
+    /// Adds a chain at the end and takes it over. It goes on from where the last addition ended, so that a chain is
+    /// built in linear time; nodes up to there may be changed by hand meanwhile, but not taken out.
     void append(resbuf* chain);
 
     /// Gives the chain to the caller.
-    resbuf* release() { return std::exchange(m_chain, nullptr); }
+    resbuf* release()
+    {
+        m_last = nullptr;
+        return std::exchange(m_chain, nullptr);
+    }
 
 private:
+    void exchange(CUniqResbuf& other) noexcept
+    {
+        std::swap(m_chain, other.m_chain);
+        std::swap(m_last, other.m_last);
+    }
+
     resbuf* m_chain = nullptr;
+    resbuf* m_last = nullptr; ///< a node near the end; null to begin at the first one
 };
 
 /// One node of the given type with the number as its value. A type that holds no number gives null.

@@ -74,7 +74,8 @@ public:
 
     int ColorTabLenGet() const { return colorTab.len(); }
 
-    /// The entry of colour mode 1 to 14; a default colour for one that is not in the table.
+    /// The entry of colour mode 1 to 14; a default colour for one that is not in the table. Below 1 the array rules go
+    /// on: 0 reads the last entry of the table.
     const CVekColor& colorTabGet(int mode) const;
 
     /// The items whose path begins with the given one, ascending.
@@ -110,8 +111,8 @@ public:
     bool hatchSet(const Stack& stack, const VEK::CHatchProp& prop);
     bool cModeSet(const Stack& stack, unsigned mode);
 
-    /// Changes a flag of a group: 1 shows, 2 hides, 3 counts in the extents, 4 does not, 5 sets and 6 clears the
-    /// outline, 7 sets and 8 clears the full window, 9 sets and 10 clears transparency. Recomputes the extents.
+    /// Changes a flag of a group and recomputes the extents.
+    /// @param code a `VekPropCode`; any other number changes nothing
     /// @return whether any item matched
     bool propSet(const Stack& stack, int code);
 

@@ -31,6 +31,20 @@ enum VekItemFlag : unsigned {
 
 inline constexpr int itemColorModeShift = 8;
 
+/// What `CVekGDX::propSet` and `redraw` change. The numbers are fixed: callers use them.
+enum VekPropCode : int {
+    propShow = 1,
+    propHide = 2,
+    propExt = 3, ///< counts in the extents
+    propNoExt = 4,
+    propOutline = 5,
+    propNoOutline = 6,
+    propFullWindow = 7,
+    propNoFullWindow = 8,
+    propTransparent = 9,
+    propNotTransparent = 10
+};
+
 namespace VEK
 {
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <initializer_list>
 #include <memory>
 #include <type_traits>
 #include <utility>
@@ -35,7 +36,8 @@ protected:
 };
 
 /// Whether values of a type may move as bytes, left behind without a destructor: where they are trivial, and where the
-/// type says so of itself by `using MovesAsBytes = T`. A class derived from such a type does not inherit that.
+/// type says so of itself by `using MovesAsBytes = T`. It also says then that its copy and its assignment store the
+/// same. A class derived from such a type does not inherit that.
 template <class T>
 inline constexpr bool kVekMovesAsBytes = std::is_trivially_copyable_v<T> || requires
 {
@@ -50,10 +52,14 @@ inline constexpr bool kVekMovesAsBytes = std::is_trivially_copyable_v<T> || requ
 ///
 /// The shared default element reads as a default again at the next such access, whatever was written to it.
 ///
-/// Growth doubles the capacity and moves the elements; none is copied. Elements that fall behind the length stay
-/// built and keep their memory for later elements. Where memory is not to be had the array stays as it was.
+/// What comes in is assigned to its slot, by copies of arrays too: an element holds what its assignment takes over.
 ///
-/// @tparam T a value with a default constructor and assignment.
+/// Growth doubles the capacity and moves the elements, or assigns those whose move may throw to new slots; none is made
+/// by its copy constructor. Elements that fall behind the length stay built and keep their memory for later elements.
+/// Where memory is not to be had the array stays as it was; see `<vek/values/memory.h>`.
+///
+/// @tparam T a value with a default constructor and assignment. An exception of its own passes through; the array stays
+///         sound.
 template <class T>
 class CVekArrayTempl : public CVekArray
 {
@@ -61,13 +67,17 @@ public:
     using MovesAsBytes = CVekArrayTempl; ///< see `kVekMovesAsBytes`
 
     CVekArrayTempl() = default;
-    CVekArrayTempl(const CVekArrayTempl& other) : CVekArray() { append(other.m_data, other.m_length); }
-    CVekArrayTempl(CVekArrayTempl&& other) noexcept : CVekArray() { swap(other); }
+    CVekArrayTempl(std::initializer_list<T> values) : CVekArrayTempl()
+    {
+        append(values.begin(), static_cast<unsigned>(values.size()));
+    }
+    CVekArrayTempl(const CVekArrayTempl& other) : CVekArrayTempl() { append(other.m_data, other.m_length); }
+    CVekArrayTempl(CVekArrayTempl&& other) noexcept : CVekArray() { exchange(other); }
     ~CVekArrayTempl() override { release(); }
 
     CVekArrayTempl& operator=(const CVekArrayTempl& other)
     {
-        if (this != &other) {
+        if (this != &other && room(other.m_length)) {
             m_length = 0;
             append(other.m_data, other.m_length);
         }
@@ -75,7 +85,7 @@ public:
     }
     CVekArrayTempl& operator=(CVekArrayTempl&& other) noexcept
     {
-        swap(other);
+        exchange(other);
         return *this;
     }
 
@@ -166,7 +176,7 @@ public:
     CVekArrayTempl& operator+=(CVekArrayTempl&& other)
     {
         if (m_length == 0) {
-            swap(other);
+            exchange(other);
         } else if (this != &other && ensure(std::size_t{m_length} + other.m_length)) {
             for (T& value : other)
                 put(std::move(value));
@@ -179,15 +189,19 @@ public:
     /// Sorts ascending by `<`.
     void sort() { std::sort(begin(), end()); }
 
-    /// Reverses the order.
-    void revert() { std::reverse(begin(), end()); }
+    /// Reverses the order, and the direction of what has one.
+    void revert()
+    {
+        std::reverse(begin(), end());
+        revertElements();
+    }
 
+    /// Exchanges the contents, with what either array holds beside its elements.
     void swap(CVekArrayTempl& other) noexcept
     {
-        std::swap(m_capacity, other.m_capacity);
-        std::swap(m_length, other.m_length);
-        std::swap(m_built, other.m_built);
-        std::swap(m_data, other.m_data);
+        exchange(other);
+        if (!swapRest(other))
+            other.swapRest(*this);
     }
 
     bool operator==(const CVekArrayTempl& other) const
@@ -200,9 +214,41 @@ public:
     const T* begin() const { return m_data; }
     const T* end() const { return m_data + m_length; }
 
+protected:
+    /// Exchanges the elements alone.
+    void exchange(CVekArrayTempl& other) noexcept
+    {
+        std::swap(m_capacity, other.m_capacity);
+        std::swap(m_length, other.m_length);
+        std::swap(m_built, other.m_built);
+        std::swap(m_data, other.m_data);
+    }
+
+    /// What a derived class adds to `revert`, behind the exchange of places.
+    virtual void revertElements() {}
+
+    /// What a derived class adds to `swap`.
+    /// @return false when there is nothing
+    virtual bool swapRest(CVekArrayTempl&) noexcept { return false; }
+
 private:
-    /// Bytes also move where moving would copy: no element type of this system points into itself.
-    static constexpr bool kBytes = kVekMovesAsBytes<T> || !std::is_nothrow_move_constructible_v<T>;
+    /// Whether a fresh slot may be made by a copy, since that stores what an assignment to a default would.
+    static constexpr bool kCopies = kVekMovesAsBytes<T>;
+
+    /// A block under construction, given back when an element's class throws.
+    struct Block {
+        T* data;
+        unsigned built = 0;
+
+        explicit Block(std::size_t size) : data(static_cast<T*>(CVekObj::operator new[](size))) {}
+        Block(const Block&) = delete;
+        Block& operator=(const Block&) = delete;
+        ~Block()
+        {
+            std::destroy_n(data, built);
+            CVekObj::operator delete[](data);
+        }
+    };
 
     int normalized(int index) const
     {
@@ -232,23 +278,34 @@ private:
     template <class V>
     void put(V&& value)
     {
-        if (m_length < m_built)
+        if (m_length < m_built) {
             m_data[m_length] = std::forward<V>(value);
-        else
-            ::new (static_cast<void*>(m_data + m_built++)) T(std::forward<V>(value));
+        } else if constexpr (kCopies) {
+            ::new (static_cast<void*>(m_data + m_built)) T(std::forward<V>(value));
+            ++m_built;
+        } else {
+            ::new (static_cast<void*>(m_data + m_built)) T();
+            m_data[m_built++] = std::forward<V>(value);
+        }
         ++m_length;
     }
 
     /// Appends copies; `count` together with the length is a length that an array has.
     void append(const T* values, unsigned count)
     {
-        if (m_length + count > m_capacity && !relocate(m_length + count)) // a copy takes what it needs, not more
+        if (!room(m_length + count))
             return;
-        const unsigned assigned = std::min(count, m_built - m_length);
-        std::copy_n(values, assigned, m_data + m_length);
-        std::uninitialized_copy_n(values + assigned, count - assigned, m_data + m_length + assigned);
+        T* to = m_data + m_length;
+        const unsigned used = std::min(count, m_built - m_length);
+        std::copy_n(values, used, to);
+        if constexpr (kCopies) {
+            std::uninitialized_copy_n(values + used, count - used, to + used);
+            m_built = std::max(m_built, m_length + count);
+        } else {
+            build(m_length + count);
+            std::copy_n(values + used, count - used, to + used);
+        }
         m_length += count;
-        m_built = std::max(m_built, m_length);
     }
 
     void build(unsigned count)
@@ -259,22 +316,33 @@ private:
 
     bool ensure(std::size_t wanted) { return wanted <= m_capacity || relocate(grownCapacity(m_capacity, wanted)); }
 
+    /// Room for a copy, which takes what it needs and not more.
+    bool room(unsigned count) { return count <= m_capacity || relocate(count); }
+
     bool relocate(unsigned capacity)
     {
         const std::size_t size = sizeof(T) * std::size_t{capacity};
-        if constexpr (kBytes) { // the system moves the pages of a large block without touching them
-            void* block = capacity ? CVekObj::resize(static_cast<void*>(m_data), size) : nullptr;
+        if (capacity == 0)
+            return false;
+        if constexpr (kVekMovesAsBytes<T>) { // the system moves the pages of a large block without touching them
+            void* block = CVekObj::resize(static_cast<void*>(m_data), size);
             if (!block)
                 return false;
             m_data = static_cast<T*>(block);
         } else {
-            T* block = capacity ? static_cast<T*>(CVekObj::operator new[](size)) : nullptr;
-            if (!block)
+            Block block(size);
+            if (!block.data)
                 return false;
-            std::uninitialized_move_n(m_data, m_built, block);
-            std::destroy_n(m_data, m_built);
-            CVekObj::operator delete[](m_data);
-            m_data = block;
+            if constexpr (std::is_nothrow_move_constructible_v<T>) {
+                std::uninitialized_move_n(m_data, m_built, block.data);
+                block.built = m_built;
+            } else {
+                for (; block.built < m_built; ++block.built) {
+                    ::new (static_cast<void*>(block.data + block.built)) T();
+                }
+                std::move(m_data, m_data + m_built, block.data);
+            }
+            std::swap(m_data, block.data); // the old one goes
         }
         m_capacity = capacity;
         return true;

@@ -11,6 +11,8 @@
 class VEK_API CVekColor : public CVekObj
 {
 public:
+    using MovesAsBytes = CVekColor; ///< see `kVekMovesAsBytes`
+
     CVekColor() = default;
 
     short colorIndex() const { return m_index; }

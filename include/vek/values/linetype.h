@@ -29,6 +29,8 @@ namespace VEK
 class VEK_API CHatchProp : public CVekObj
 {
 public:
+    using MovesAsBytes = CHatchProp; ///< see `kVekMovesAsBytes`
+
     CVekString name;      ///< pattern name
     double angle = 0.0;   ///< radians
     double scale = 1.0;   ///< factor on all lengths of the pattern

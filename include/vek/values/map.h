@@ -15,6 +15,8 @@ public:
     struct Place {
         unsigned block = 0;
         unsigned slot = 0;
+
+        bool operator==(const Place&) const = default;
     };
 
     int len() const { return m_starts.empty() ? 0 : static_cast<int>(m_starts.back()); }
@@ -32,8 +34,14 @@ public:
     /// The place behind the last record.
     Place end() const;
 
+    /// The place behind one that has a record.
+    Place next(Place place) const;
+
     int indexOf(Place place) const;
-    void insert(Place place, void* record);
+
+    /// @return false, with nothing changed, when the memory is not to be had
+    bool insert(Place place, void* record) noexcept;
+
     void erase(Place place);
     void clear();
     void swap(CVekMapOrder& other) noexcept;
@@ -46,20 +54,35 @@ private:
 };
 
 /// Sorted map: heap records of a key and a value, ascending by `<` of the keys. The address of a value stays valid
-/// until its record is removed. A copy is deep.
+/// until its record is removed. A copy is deep. Where memory is not to be had the map stays as it was, and a copy is
+/// empty; see `<vek/values/memory.h>`.
 template <class K, class V>
 class CVekMapTempl : public CVekObj
 {
+    template <class R>
+    class Walk;
+
 public:
+    /// What stands in the map: `for (auto& [key, value] : map)` walks through it in the order of the keys. Entering or
+    /// removing a record ends the walk.
+    struct Record {
+        const K key;
+        V value;
+
+        static void* operator new(std::size_t size) noexcept { return CVekObj::operator new(size); }
+        static void operator delete(void* block) noexcept { CVekObj::operator delete(block); }
+    };
+
     CVekMapTempl() = default;
-    CVekMapTempl(const CVekMapTempl& other) : CVekObj() { addAll(other); }
+    CVekMapTempl(const CVekMapTempl& other) : CVekMapTempl() { addAll(other); }
     CVekMapTempl(CVekMapTempl&& other) noexcept { m_order.swap(other.m_order); }
     ~CVekMapTempl() override { removeAll(); }
     CVekMapTempl& operator=(const CVekMapTempl& other)
     {
         if (this != &other) {
-            removeAll();
-            addAll(other);
+            CVekMapTempl copy;
+            if (copy.addAll(other))
+                m_order.swap(copy.m_order);
         }
         return *this;
     }
@@ -91,30 +114,34 @@ public:
     }
     const V* get(const K& key) const { return const_cast<CVekMapTempl*>(this)->get(key); }
 
-    /// The value of a key; an absent key is entered with a default value.
+    /// The value of a key; an absent key is entered with a default value. A shared default value where the memory is
+    /// not to be had.
     V& operator[](const K& key)
     {
         const CVekMapOrder::Place place = m_order.lowerBound(&key, less);
-        Record* record = hit(place, key);
-        if (!record) {
-            record = new Record{key, V()};
-            m_order.insert(place, record);
-        }
-        return record->value;
+        if (Record* there = hit(place, key))
+            return there->value;
+        const unsigned long shortages = VEK::memoryShortages();
+        Record* record = new Record{key, V()};
+        if (record && VEK::memoryShortages() == shortages && m_order.insert(place, record))
+            return record->value;
+        delete record;
+        return outsideValue();
     }
 
     /// The key of a number below `len()`; a default key outside.
     const K& keyAt(int index) const
     {
         const Record* record = static_cast<const Record*>(m_order.at(index));
-        return record ? record->key : outside().key;
+        static const K outside{};
+        return record ? record->key : outside;
     }
 
     /// The value of a number below `len()`; a shared default value outside.
     V& valueAt(int index)
     {
         Record* record = static_cast<Record*>(m_order.at(index));
-        return record ? record->value : outside().value;
+        return record ? record->value : outsideValue();
     }
     const V& valueAt(int index) const { return const_cast<CVekMapTempl*>(this)->valueAt(index); }
 
@@ -134,15 +161,34 @@ public:
     /// Removes all records.
     void removeAll()
     {
-        for (int i = 0; i < len(); ++i)
-            delete static_cast<Record*>(m_order.at(i));
+        for (Record& record : *this)
+            delete &record;
         m_order.clear();
     }
 
+    auto begin() { return Walk<Record>(m_order, {}); }
+    auto end() { return Walk<Record>(m_order, m_order.end()); }
+    auto begin() const { return Walk<const Record>(m_order, {}); }
+    auto end() const { return Walk<const Record>(m_order, m_order.end()); }
+
 private:
-    struct Record {
-        K key;
-        V value;
+    template <class R>
+    class Walk
+    {
+    public:
+        Walk(const CVekMapOrder& order, CVekMapOrder::Place place) : m_order(&order), m_place(place) {}
+
+        R& operator*() const { return *static_cast<R*>(m_order->at(m_place)); }
+        Walk& operator++()
+        {
+            m_place = m_order->next(m_place);
+            return *this;
+        }
+        bool operator==(const Walk& other) const { return m_place == other.m_place; }
+
+    private:
+        const CVekMapOrder* m_order;
+        CVekMapOrder::Place m_place;
     };
 
     static bool less(const void* record, const void* key)
@@ -156,17 +202,28 @@ private:
         return record && record->key == key ? record : nullptr;
     }
 
-    void addAll(const CVekMapTempl& other)
+    /// Copies all records into this map, which must be empty and stays so where the memory is not to be had.
+    bool addAll(const CVekMapTempl& other)
     {
-        for (int i = 0; i < other.len(); ++i)
-            m_order.insert(m_order.end(), new Record(*static_cast<const Record*>(other.m_order.at(i))));
+        const unsigned long shortages = VEK::memoryShortages();
+        for (const Record& record : other) {
+            Record* copy = new Record(record);
+            if (!copy || !m_order.insert(m_order.end(), copy)) {
+                delete copy;
+                break;
+            }
+        }
+        const bool complete = VEK::memoryShortages() == shortages;
+        if (!complete)
+            removeAll();
+        return complete;
     }
 
-    static Record& outside()
+    static V& outsideValue()
     {
-        static Record record{};
-        record = Record{};
-        return record;
+        static V value{};
+        value = V{};
+        return value;
     }
 
     CVekMapOrder m_order;

@@ -12,6 +12,8 @@
 class VEK_API CVekMatrix3d : public CVekObj
 {
 public:
+    using MovesAsBytes = CVekMatrix3d; ///< see `kVekMovesAsBytes`
+
     using Rows = double[4][4];
 
     constexpr CVekMatrix3d() = default;
@@ -33,17 +35,17 @@ public:
     CVekMatrix3d& setToTranslation(const CVekVector3d& by);
     CVekMatrix3d& setToScaling(double factor, const CVekPoint3d& centre);
 
-    /// A rotation about the axis through `centre`, counter-clockwise seen against the axis; a zero axis gives the
-    /// identity.
+    /// A rotation about the axis through `centre`, counter-clockwise seen against the axis; an axis without a
+    /// direction, zero or not finite, gives the identity.
     CVekMatrix3d& setToRotation(double angle, const CVekVector3d& axis, const CVekPoint3d& centre);
 
-    /// A mirroring at the plane; a zero normal gives the identity.
+    /// A mirroring at the plane; a normal without a direction gives the identity.
     CVekMatrix3d& setToMirroring(const CVekPlane& plane);
 
     /// From the plane through the origin with that normal to the world. The x axis of the plane is chosen by the
     /// arbitrary axis rule of the published DXF reference: the world's y axis cross the normal where the normal is
-    /// within 1/64 of the world's z axis in x and y, the world's z axis cross the normal otherwise. A zero normal
-    /// gives the identity.
+    /// within 1/64 of the world's z axis in x and y, the world's z axis cross the normal otherwise. A normal
+    /// without a direction gives the identity.
     CVekMatrix3d& setToPlaneToWorld(const CVekVector3d& normal);
 
     /// Axes into columns 0, 1, 2 and the origin into column 3, as they are given.
@@ -56,13 +58,16 @@ public:
     /// Column 3.
     CVekVector3d translation() const { return {m_rows[0][3], m_rows[1][3], m_rows[2][3]}; }
 
-    /// Inverts in place, or gives the inverse. A matrix that has none (its determinant is zero or no number)
-    /// becomes the identity.
+    /// Inverts in place, or gives the inverse, whatever the lengths of the axes. A matrix that has none (its axes lie
+    /// in one plane, or the numbers are no finite ones, here or in the inverse) becomes the identity.
     CVekMatrix3d& invert();
     CVekMatrix3d inverse() const;
 
-    /// Determinant of the linear part; negative when the transformation mirrors.
+    /// Determinant of the linear part; of very short or long axes it is 0 or infinite, in spite of an inverse.
     double determinant() const;
+
+    /// Whether the transformation mirrors, whatever the lengths of the axes.
+    bool mirrors() const;
 
     static const CVekMatrix3d kIdentity;
 
@@ -73,7 +78,7 @@ private:
 inline CVekPoint3d CVekPoint3d::operator*(const CVekMatrix3d& m) const
 {
     const CVekMatrix3d::Rows& r = m;
-    const auto row = [&](int i) { return r[i][0] * m_xyz[0] + r[i][1] * m_xyz[1] + r[i][2] * m_xyz[2] + r[i][3]; };
+    const auto row = [&](int i) { return r[i][0] * x + r[i][1] * y + r[i][2] * z + r[i][3]; };
     return {row(0), row(1), row(2)};
 }
 inline CVekPoint3d& CVekPoint3d::operator*=(const CVekMatrix3d& m)
@@ -83,6 +88,10 @@ inline CVekPoint3d& CVekPoint3d::operator*=(const CVekMatrix3d& m)
 inline CVekVector3d CVekVector3d::operator*(const CVekMatrix3d& m) const
 {
     const CVekMatrix3d::Rows& r = m;
-    const auto row = [&](int i) { return r[i][0] * m_xyz[0] + r[i][1] * m_xyz[1] + r[i][2] * m_xyz[2]; };
+    const auto row = [&](int i) { return r[i][0] * x + r[i][1] * y + r[i][2] * z; };
     return {row(0), row(1), row(2)};
+}
+inline CVekVector3d& CVekVector3d::operator*=(const CVekMatrix3d& m)
+{
+    return *this = *this * m;
 }

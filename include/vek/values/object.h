@@ -2,7 +2,7 @@
 /// The root of all value classes.
 #pragma once
 
-#include <vek/export.h>
+#include <vek/values/memory.h>
 
 #include <cstddef>
 #include <new>
@@ -10,7 +10,8 @@
 /// Root class without state. It gives every value a virtual destructor, and allocation functions that live inside
 /// the library, so that what one module allocates another one may delete.
 ///
-/// The allocation functions never throw: a `new` expression whose memory is not to be had gives null.
+/// The allocation functions never throw: a `new` expression whose memory is not to be had gives null, and the shortage
+/// counts; see `<vek/values/memory.h>`.
 class VEK_API CVekObj
 {
 public:

@@ -10,32 +10,37 @@
 class CVekMatrix3d;
 class CVekVector3d;
 
+/// The coordinates by their number.
+template <class T>
+inline constexpr double T::*kVekAxes[3] = {&T::x, &T::y, &T::z};
+
 /// A point: three coordinates. A matrix moves it as a whole, translation included.
 class VEK_API CVekPoint3d : public CVekObj
 {
 public:
     using MovesAsBytes = CVekPoint3d; ///< see `kVekMovesAsBytes`
 
-    constexpr CVekPoint3d() = default;
-    constexpr CVekPoint3d(double x, double y, double z) : m_xyz{x, y, z} {}
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
 
-    CVekPoint3d& set(double x, double y, double z)
+    constexpr CVekPoint3d() = default;
+    constexpr CVekPoint3d(double xValue, double yValue, double zValue) : x(xValue), y(yValue), z(zValue) {}
+
+    CVekPoint3d& set(double xValue, double yValue, double zValue)
     {
-        m_xyz[0] = x;
-        m_xyz[1] = y;
-        m_xyz[2] = z;
+        x = xValue;
+        y = yValue;
+        z = zValue;
         return *this;
     }
 
-    /// Coordinate 0, 1 or 2.
-    constexpr double& operator[](int axis) { return m_xyz[axis]; }
-    constexpr double operator[](int axis) const { return m_xyz[axis]; }
+    /// Coordinate 0, 1 or 2: the fields by number.
+    constexpr double& operator[](int axis) { return this->*kVekAxes<CVekPoint3d>[axis]; }
+    constexpr double operator[](int axis) const { return this->*kVekAxes<CVekPoint3d>[axis]; }
 
     /// Exact comparison; for a tolerance compare `distanceTo`.
-    bool operator==(const CVekPoint3d& other) const
-    {
-        return m_xyz[0] == other.m_xyz[0] && m_xyz[1] == other.m_xyz[1] && m_xyz[2] == other.m_xyz[2];
-    }
+    bool operator==(const CVekPoint3d& other) const { return x == other.x && y == other.y && z == other.z; }
     bool operator!=(const CVekPoint3d& other) const { return !(*this == other); }
 
     /// The vector from `other` to this point.
@@ -55,69 +60,75 @@ public:
     CVekVector3d asVector() const;
 
     static const CVekPoint3d kOrigin;
-
-private:
-    double m_xyz[3] = {0.0, 0.0, 0.0};
 };
 
 /// A vector: a direction with a length. A matrix acts on it by its linear part, without the translation.
 class VEK_API CVekVector3d : public CVekObj
 {
 public:
-    constexpr CVekVector3d() = default;
-    constexpr CVekVector3d(double x, double y, double z) : m_xyz{x, y, z} {}
+    using MovesAsBytes = CVekVector3d; ///< see `kVekMovesAsBytes`
 
-    CVekVector3d& set(double x, double y, double z)
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+
+    constexpr CVekVector3d() = default;
+    constexpr CVekVector3d(double xValue, double yValue, double zValue) : x(xValue), y(yValue), z(zValue) {}
+
+    CVekVector3d& set(double xValue, double yValue, double zValue)
     {
-        m_xyz[0] = x;
-        m_xyz[1] = y;
-        m_xyz[2] = z;
+        x = xValue;
+        y = yValue;
+        z = zValue;
         return *this;
     }
 
-    /// Component 0, 1 or 2.
-    constexpr double& operator[](int axis) { return m_xyz[axis]; }
-    constexpr double operator[](int axis) const { return m_xyz[axis]; }
+    /// Component 0, 1 or 2: the fields by number.
+    constexpr double& operator[](int axis) { return this->*kVekAxes<CVekVector3d>[axis]; }
+    constexpr double operator[](int axis) const { return this->*kVekAxes<CVekVector3d>[axis]; }
 
     /// The same three numbers as a point.
-    CVekPoint3d asPoint() const { return {m_xyz[0], m_xyz[1], m_xyz[2]}; }
+    CVekPoint3d asPoint() const { return {x, y, z}; }
 
     /// Two vectors are equal when no component differs by more than `tol`.
     bool operator==(const CVekVector3d& other) const;
     bool operator!=(const CVekVector3d& other) const { return !(*this == other); }
 
-    CVekVector3d operator+(const CVekVector3d& b) const
-    {
-        return {m_xyz[0] + b.m_xyz[0], m_xyz[1] + b.m_xyz[1], m_xyz[2] + b.m_xyz[2]};
-    }
-    CVekVector3d operator-(const CVekVector3d& b) const
-    {
-        return {m_xyz[0] - b.m_xyz[0], m_xyz[1] - b.m_xyz[1], m_xyz[2] - b.m_xyz[2]};
-    }
-    CVekVector3d operator-() const { return {-m_xyz[0], -m_xyz[1], -m_xyz[2]}; }
-    CVekVector3d operator*(double factor) const { return {m_xyz[0] * factor, m_xyz[1] * factor, m_xyz[2] * factor}; }
+    CVekVector3d operator+(const CVekVector3d& b) const { return {x + b.x, y + b.y, z + b.z}; }
+    CVekVector3d operator-(const CVekVector3d& b) const { return {x - b.x, y - b.y, z - b.z}; }
+    CVekVector3d operator-() const { return {-x, -y, -z}; }
+    CVekVector3d operator*(double factor) const { return {x * factor, y * factor, z * factor}; }
 
     /// The cross product.
     CVekVector3d operator*(const CVekVector3d& b) const
     {
-        return {m_xyz[1] * b.m_xyz[2] - m_xyz[2] * b.m_xyz[1], m_xyz[2] * b.m_xyz[0] - m_xyz[0] * b.m_xyz[2],
-                m_xyz[0] * b.m_xyz[1] - m_xyz[1] * b.m_xyz[0]};
+        return {y * b.z - z * b.y, z * b.x - x * b.z, x * b.y - y * b.x};
     }
 
     /// The linear part of `m` times the vector.
     CVekVector3d operator*(const CVekMatrix3d& m) const;
 
-    /// The scalar product.
-    double dot(const CVekVector3d& b) const
-    {
-        return m_xyz[0] * b.m_xyz[0] + m_xyz[1] * b.m_xyz[1] + m_xyz[2] * b.m_xyz[2];
-    }
+    CVekVector3d& operator+=(const CVekVector3d& b) { return set(x + b.x, y + b.y, z + b.z); }
+    CVekVector3d& operator-=(const CVekVector3d& b) { return set(x - b.x, y - b.y, z - b.z); }
+    CVekVector3d& operator*=(double factor) { return set(x * factor, y * factor, z * factor); }
+    CVekVector3d& operator*=(const CVekMatrix3d& m);
 
-    /// Brings the length to 1 in place; a zero vector stays.
+    /// The scalar product.
+    double dot(const CVekVector3d& b) const { return x * b.x + y * b.y + z * b.z; }
+
+    /// Brings the length to 1 in place, however long or short the vector is; a zero vector and one that is not finite
+    /// stay.
     CVekVector3d& normalize();
 
+    /// Whether the length is 1, within rounding.
+    bool isUnit() const { return std::fabs(dot(*this) - 1.0) <= 1e-14; }
+
     /// The length. A plain square root, which every system rounds alike, unlike `hypot`.
-    double abs() const { return std::sqrt(dot(*this)); }
+    double abs() const
+    {
+        const double square = dot(*this);
+        return square > kLeastSquare && square < kGreatestSquare ? std::sqrt(square) : farAbs();
+    }
 
     static const CVekVector3d kXAxis;
     static const CVekVector3d kYAxis;
@@ -127,7 +138,10 @@ public:
     static double tol;
 
 private:
-    double m_xyz[3] = {0.0, 0.0, 0.0};
+    static constexpr double kLeastSquare = 1e-280; ///< squares outside these lose digits, or all
+    static constexpr double kGreatestSquare = 1e300;
+
+    double farAbs() const;
 };
 
 /// A plane, by a point on it and its normal.
@@ -146,15 +160,15 @@ private:
 
 inline CVekVector3d CVekPoint3d::operator-(const CVekPoint3d& other) const
 {
-    return {m_xyz[0] - other.m_xyz[0], m_xyz[1] - other.m_xyz[1], m_xyz[2] - other.m_xyz[2]};
+    return {x - other.x, y - other.y, z - other.z};
 }
 inline CVekPoint3d CVekPoint3d::operator+(const CVekVector3d& by) const
 {
-    return {m_xyz[0] + by[0], m_xyz[1] + by[1], m_xyz[2] + by[2]};
+    return {x + by.x, y + by.y, z + by.z};
 }
 inline CVekPoint3d CVekPoint3d::operator-(const CVekVector3d& by) const
 {
-    return {m_xyz[0] - by[0], m_xyz[1] - by[1], m_xyz[2] - by[2]};
+    return {x - by.x, y - by.y, z - by.z};
 }
 inline CVekPoint3d& CVekPoint3d::operator+=(const CVekVector3d& by)
 {
@@ -170,7 +184,7 @@ inline double CVekPoint3d::distanceTo(const CVekPoint3d& other) const
 }
 inline CVekVector3d CVekPoint3d::asVector() const
 {
-    return {m_xyz[0], m_xyz[1], m_xyz[2]};
+    return {x, y, z};
 }
 
 namespace VEK
@@ -179,11 +193,11 @@ namespace VEK
 /// Minimum and maximum of each coordinate.
 inline CVekPoint3d p_min(const CVekPoint3d& a, const CVekPoint3d& b)
 {
-    return {b[0] < a[0] ? b[0] : a[0], b[1] < a[1] ? b[1] : a[1], b[2] < a[2] ? b[2] : a[2]};
+    return {b.x < a.x ? b.x : a.x, b.y < a.y ? b.y : a.y, b.z < a.z ? b.z : a.z};
 }
 inline CVekPoint3d p_max(const CVekPoint3d& a, const CVekPoint3d& b)
 {
-    return {b[0] > a[0] ? b[0] : a[0], b[1] > a[1] ? b[1] : a[1], b[2] > a[2] ? b[2] : a[2]};
+    return {b.x > a.x ? b.x : a.x, b.y > a.y ? b.y : a.y, b.z > a.z ? b.z : a.z};
 }
 
 /// The point at a distance in a direction of the xy plane, and the vector of a direction and length.

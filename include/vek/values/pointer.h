@@ -2,7 +2,7 @@
 /// Owners of heap objects.
 #pragma once
 
-#include <vek/export.h>
+#include <vek/values/object.h>
 
 #include <mutex>
 #include <utility>
@@ -14,7 +14,7 @@ namespace VEK
 /// What shared pointers have in common: the index of an entry in one table of the process, which holds a reference
 /// count and the pointer. It is the one type of the library that threads may use at a time: different holders of one
 /// object may live in different threads, though one holder belongs to one thread at a time.
-class VEK_API CPtrMap
+class VEK_API CPtrMap : public CVekObj
 {
 public:
     struct Data {
@@ -25,7 +25,7 @@ public:
 
     CPtrMap() = default;
     CPtrMap(const CPtrMap& other);
-    CPtrMap(CPtrMap&& other) noexcept : m_index(std::exchange(other.m_index, -1)) {}
+    CPtrMap(CPtrMap&& other) noexcept : CVekObj(), m_index(std::exchange(other.m_index, -1)) {}
     CPtrMap& operator=(const CPtrMap&) = delete;
 
     /// Number of holders of the entry; 0 without one.
@@ -34,20 +34,20 @@ public:
     /// The pointer; null without an entry and after a release through any holder.
     void* ptr() const;
 
+    /// Takes a new entry with one reference. Each call makes an entry of its own: hand a raw pointer to one holder, and
+    /// copy that holder to share.
+    /// @return false, with the object still the caller's, for null, for a holder that has an entry already, and when
+    /// the memory is not to be had
+    bool newRef(void* object);
+
+    /// Lets go of the entry; the holder has none from then on.
+    /// @return the pointer when this was its last holder, which the caller then deletes; otherwise null
+    void* decrRef();
+
     static std::vector<Data>& m_DataArr; ///< the table; guarded by `m_CrSec`, and never destroyed
     static std::mutex& m_CrSec;
 
 protected:
-    ~CPtrMap() = default; // the derived holder has let go of the entry
-
-    /// Takes a new entry with one reference; null takes none. Each call makes an entry of its own: hand a raw
-    /// pointer to one holder, and copy that holder to share.
-    void newRef(void* object);
-
-    /// Lets go of the entry.
-    /// @return the pointer when this was its last holder, which the caller then deletes; otherwise null
-    void* decrRef();
-
     /// Takes the pointer out of the table, so that every holder reads null and nobody deletes it.
     void* releasePtr();
 
@@ -57,16 +57,22 @@ private:
     friend void swapEntries(CPtrMap& a, CPtrMap& b) noexcept { std::swap(a.m_index, b.m_index); }
 };
 
-/// A holder that shares an object with its copies; the last one deletes it. It takes a raw pointer over.
+/// A holder that shares an object with its copies; the last one deletes it. It takes a raw pointer over, and deletes it
+/// at once where the memory for its entry is not to be had.
 template <class T>
 class CSharedPointer : public CPtrMap
 {
 public:
     CSharedPointer() = default;
-    CSharedPointer(T* object) { newRef(object); }
+    CSharedPointer(std::nullptr_t) {}
+    explicit CSharedPointer(T* object)
+    {
+        if (!newRef(object))
+            delete object;
+    }
     CSharedPointer(const CSharedPointer& other) = default;
     CSharedPointer(CSharedPointer&& other) noexcept = default;
-    ~CSharedPointer() { delete static_cast<T*>(decrRef()); }
+    ~CSharedPointer() override { delete static_cast<T*>(decrRef()); }
     CSharedPointer& operator=(CSharedPointer other) noexcept
     {
         swapEntries(*this, other);
@@ -80,16 +86,18 @@ public:
     T* release() { return static_cast<T*>(releasePtr()); }
 };
 
-/// The sole owner of an object. It takes a raw pointer over.
+/// The sole owner of an object. It takes a raw pointer over. The operations of shared pointers are there as well,
+/// without an entry in the table: nobody else counts.
 template <class T>
-class CUniqPointer
+class CUniqPointer : public CVekObj
 {
 public:
     CUniqPointer() = default;
-    CUniqPointer(T* object) : m_object(object) {}
-    CUniqPointer(CUniqPointer&& other) noexcept : m_object(other.release()) {}
+    CUniqPointer(std::nullptr_t) {}
+    explicit CUniqPointer(T* object) : m_object(object) {}
+    CUniqPointer(CUniqPointer&& other) noexcept : CVekObj(), m_object(other.release()) {}
     CUniqPointer(const CUniqPointer&) = delete;
-    ~CUniqPointer() { delete m_object; }
+    ~CUniqPointer() override { delete m_object; }
     CUniqPointer& operator=(CUniqPointer other) noexcept
     {
         std::swap(m_object, other.m_object);
@@ -98,6 +106,22 @@ public:
 
     operator T*() const { return m_object; }
     T* operator->() const { return m_object; }
+
+    int refCount() const { return m_object ? 1 : 0; }
+    T* ptr() const { return m_object; }
+
+    /// Takes an object over.
+    /// @return false, with the object still the caller's, for null and for an owner that has one already
+    bool newRef(T* object)
+    {
+        if (!object || m_object)
+            return false;
+        m_object = object;
+        return true;
+    }
+
+    /// Gives the object to the caller, who then deletes it.
+    T* decrRef() { return release(); }
 
     /// Gives the object to the caller.
     T* release() { return std::exchange(m_object, nullptr); }

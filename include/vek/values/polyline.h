@@ -71,7 +71,8 @@ public:
 };
 
 /// A polyline: segments, and the normal of the plane in which its arcs lie, z at start. Consecutive segments need not
-/// touch; a list of separate dashes travels as one polyline.
+/// touch; a list of separate dashes travels as one polyline. An assignment through a reference to the base, which knows
+/// of no normal, takes the segments alone.
 ///
 /// A `CVekArrayTempl<CVekVertexArray>` is a region: element 0 the outer boundary, the others holes.
 class VEK_API CVekVertexArray : public CVekArrayTempl<CVekVertex>
@@ -81,9 +82,17 @@ public:
 
     CVekVertexArray() = default;
     CVekVertexArray(const CVekVertex& vertex) { append(vertex); }
+    CVekVertexArray(std::initializer_list<CVekVertex> vertices) : CVekArrayTempl<CVekVertex>(vertices) {}
+
+    /// An open polyline straight through the points.
+    CVekVertexArray(std::initializer_list<CVekPoint3d> points)
+    {
+        throughPoints(points.begin(), static_cast<int>(points.size()), false);
+    }
 
     /// Appends the segments of another polyline. An empty polyline takes over the other's normal, and so does a
-    /// straight one where the other has arcs; arcs about the opposite normal are appended with their bulge turned.
+    /// straight one where the other has arcs. Arcs about the opposite normal are appended with their bulge turned, arcs
+    /// of a plane that is inclined to this one's as fine chords, like those of `transformBy`.
     CVekVertexArray& operator+=(const CVekVertexArray& other);
 
     /// Segments and normal alike, compared exactly.
@@ -101,8 +110,8 @@ public:
     /// @param closed adds a segment from the last point to the first, unless they coincide
     CVekVertexArray& fromPoints(const CVekPoint3dArray& points, bool closed);
 
-    /// The points along the polyline: the first start, and each segment's end; where a segment does not begin at the
-    /// end of the one before it, its start as well.
+    /// The points along the polyline, none where the memory is not to be had: the first start, and each segment's end;
+    /// where a segment does not begin at the end of the one before it, its start as well.
     /// @param arcs whether arcs are stepped; false gives the segment ends only
     /// @param tolerance greatest distance between chord and arc, in the polyline's unit. An arc has one chord at least
     ///        for each quarter turn and 4096 at most, which is also what a tolerance of 0, below 0 or NaN gives
@@ -126,6 +135,11 @@ public:
     /// Reverses the direction: order, ends and bulges.
     CVekVertexArray& revert();
 
+    /// Exchanges segments and normals. A plain list of segments has no normal: what comes from one has its arcs about
+    /// z.
+    void swap(CVekVertexArray& other) noexcept;
+    using CVekArrayTempl<CVekVertex>::swap;
+
     /// Splits the segment at the index in two at the point, so that the polyline grows by one. Where the point is an
     /// end of the segment, or is not on it, the segment stays one.
     /// @return whether it was split
@@ -142,7 +156,13 @@ public:
     /// The same without the points.
     bool intersectWith(const CVekVertexArray& other, unsigned mode) const;
 
+protected:
+    void revertElements() override;
+    bool swapRest(CVekArrayTempl<CVekVertex>& other) noexcept override;
+
 private:
+    CVekVertexArray& throughPoints(const CVekPoint3d* points, int count, bool closed);
+
     CVekVector3d m_normal{0.0, 0.0, 1.0};
 };
 

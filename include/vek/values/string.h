@@ -7,10 +7,13 @@
 #include <cwchar>
 
 /// A wide string value. The text ends at its first terminator; it is one pointer, and an empty string holds no
-/// memory. `wchar_t` is a UTF-16 unit on Windows and a code point elsewhere; lengths and indices count `wchar_t`.
+/// memory. Where memory is not to be had it stays as it was. `wchar_t` is a UTF-16 unit on Windows and a code point
+/// elsewhere; lengths and indices count `wchar_t`.
 class VEK_API CVekString : public CVekObj
 {
 public:
+    using MovesAsBytes = CVekString; ///< see `kVekMovesAsBytes`
+
     CVekString() = default;
     CVekString(const CVekString& other) : CVekString(other.text(), other.length()) {}
     CVekString(CVekString&& other) noexcept : CVekObj(), m_text(std::exchange(other.m_text, nullptr)) {}
@@ -80,8 +83,8 @@ public:
     void makeLower();
 
     /// `printf`-style; the result replaces the string. `%%s` and `%%c` take wide text and characters in every build,
-    /// `%%hs` takes narrow text. The arguments may point into this very string. Where the format is wrong or the
-    /// memory is not to be had the string becomes empty.
+    /// `%%hs` takes narrow text. The arguments may point into this very string. Where the format is wrong the string
+    /// becomes empty.
     CVekString& format(const wchar_t* form, ...);
 
     /// Turns the escape sequences `\U+XXXX` and `\uXXXX`, each of four hexadecimal digits, into the characters. A
@@ -123,10 +126,11 @@ namespace VEK
 
 /// Splits a text at any of the delimiter characters into `parts`, which is emptied first.
 /// @param keepEmpty whether empty parts between, before and behind delimiters count
-/// @return whether there is any part
+/// @return whether there is any part; none where the memory is not to be had
 VEK_API bool strTok(CVekArrayTempl<CVekString>& parts, const wchar_t* text, const wchar_t* delimiters, bool keepEmpty);
 
-/// Joins the parts with the separator between them; a null separator counts as empty.
+/// Joins the parts with the separator between them; a null separator counts as empty. Here and below the result is
+/// empty where the memory is not to be had.
 VEK_API CVekString implode(const CVekArrayTempl<CVekString>& parts, const wchar_t* separator);
 
 /// UTF-8 of a wide text, and the wide text of UTF-8. What is not valid in the source becomes U+FFFD.

@@ -2,6 +2,8 @@
 #include <vek/data/item.h>
 #include <vek/data/resbuf.h>
 
+#include "core/values/whole.h"
+
 #include <algorithm>
 
 namespace VEK
@@ -21,37 +23,46 @@ bool readObject(const CVekDataItem* item, const CVekDataKey* key, T& value)
 {
     const CVekDataItem* leaf = item ? item->getItem(key) : nullptr;
     const T* stored = leaf ? leaf->peek<T>() : nullptr;
-    if (stored)
-        value = *stored;
-    return stored != nullptr;
+    if (!stored)
+        return false;
+    const unsigned long shortages = memoryShortages();
+    T copy(*stored);
+    if (memoryShortages() != shortages)
+        return false;
+    value = std::move(copy);
+    return true;
 }
 
-/// Takes the value by value: it may stand in what the path replaces.
+/// Copies the value first: it may stand in what the path replaces.
 template <class T>
-bool write(CVekDataItem* item, const CVekDataKey* key, T value)
+bool write(CVekDataItem* item, const CVekDataKey* key, const T& value)
 {
-    CVekDataItem* leaf = item ? item->makeItem(key) : nullptr;
-    return leaf && leaf->put<T>(std::move(value));
+    CVekDataItem leaf;
+    const bool copied = whole(false, [&] { return leaf.put<T>(value); });
+    CVekDataItem* place = item && copied ? item->makeItem(key) : nullptr;
+    if (place)
+        *place = std::move(leaf);
+    return place != nullptr;
 }
 
 template <class T>
 bool setList(CVekDataItem* item, const wchar_t* key, const T& value)
 {
-    if (!item)
+    CUniqResbuf chain(mkResbuf(value)); // before anything changes that key and value may stand in
+    if (!item || !chain)
         return false;
     if (!key || !*key)
-        return item->setData(mkResbuf(value), false);
-    CVekDataDir* dir = item->mkDir();
-    CUniqResbuf chain(mkResbuf(value));
-    const CVekDataKey path(key);
-    if (!dir)
-        return false;
-    if (!chain || chain->restype == rbNil) {
-        dir->remove(&path);
-        return true;
+        return item->setData(chain.release(), false);
+    if (chain->restype != rbNil) {
+        CVekDataItem list;
+        CVekDataItem* place = list.setData(chain.release(), false) ? item->makeItem(key) : nullptr;
+        if (place)
+            *place = std::move(list);
+        return place != nullptr;
     }
-    const CSharedPointer<CVekDataItem> leaf(new CVekDataItem);
-    return leaf && leaf->setData(chain.release(), false) && dir->insertItem(&path, leaf, false);
+    if (item->isDir())
+        item->remove(key);
+    return item->mkDir() != nullptr;
 }
 
 } // namespace
@@ -97,7 +108,9 @@ bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, double (*rows
 
 bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const wchar_t* value)
 {
-    return write(item, key, CVekString(value));
+    const unsigned long shortages = memoryShortages();
+    const CVekString text(value);
+    return memoryShortages() == shortages && write(item, key, text);
 }
 
 bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const double (*rows)[4])

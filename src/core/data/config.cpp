@@ -33,14 +33,19 @@ bool cfgSet(const CVekDataKey* key, const wchar_t* value)
 {
     if (!key || !key->isText())
         return false;
+    CVekDataItem text; // before the key makes a directory of what the value may stand in
+    if (!dataItemSet(&text, nullptr, value))
+        return false;
     CVekDataDir* dir = cfgMgrPtr()->getCfgRoot(*key);
     if (!dir)
         return false;
-    if (!key->next())
-        return dataItemSet(dir->makeItem(key), nullptr, value);
     CVekDataKey root;
     root = *key;
-    return dataItemSet(dir->makeDir(&root), key->next(), value);
+    CVekDataItem* item = key->next() ? dir->makeDir(&root) : dir->makeItem(key);
+    CVekDataItem* place = item ? item->makeItem(key->next()) : nullptr;
+    if (place)
+        *place = std::move(text);
+    return place != nullptr;
 }
 
 bool cfgSet(const CVekDataKey* key, const CVekString& value)
@@ -56,7 +61,7 @@ CCfgBackup::~CCfgBackup()
         CVekDataItem* item = saved.whole ? tree : saved.existed ? tree->makeItem(saved.path) : nullptr;
         if (item)
             *item = std::move(saved.state);
-        else
+        else if (!saved.existed)
             tree->remove(saved.path);
     }
 }
@@ -65,6 +70,7 @@ void CCfgBackup::attach(const wchar_t* path)
 {
     if (!m_restore)
         return;
+    const unsigned long shortages = memoryShortages();
     Saved saved;
     saved.path = path;
     saved.whole = !path;
@@ -79,7 +85,8 @@ void CCfgBackup::attach(const wchar_t* path)
             break;
         }
     }
-    m_saved.append(std::move(saved));
+    if (memoryShortages() == shortages)
+        m_saved.append(std::move(saved));
 }
 
 } // namespace VEK

@@ -7,7 +7,7 @@ CVekDataItem* CVekDataDir::getItem(const CVekDataKey* key) const
     const CVekDataDir* dir = this;
     CVekDataItem* item = nullptr;
     for (; key && !key->isEmpty(); key = key->next()) {
-        item = dir ? dir->child(DataName::of(*key)) : nullptr;
+        item = dir && key->type() != CVekDataKey::keyLost ? dir->child(DataName::of(*key)) : nullptr;
         if (!item)
             return nullptr;
         dir = item->getDir();
@@ -17,7 +17,7 @@ CVekDataItem* CVekDataDir::getItem(const CVekDataKey* key) const
 
 CVekDataItem* CVekDataDir::makeItem(const CVekDataKey* key)
 {
-    return key && !key->isEmpty() ? makePath(*key) : nullptr;
+    return key && !key->isEmpty() ? m_owner->makeWay(nullptr, key) : nullptr;
 }
 
 CVekDataItem* CVekDataDir::makeDir(const CVekDataKey* key)
@@ -48,7 +48,7 @@ void CVekDataDir::removeAll()
         CVekDataItem* last = dir->m_children.at(dir->m_children.places() - 1);
         if (last->m_shared.refCount() == 1) { // nobody else holds it: it dies here as the others do
             last->m_shared.release();
-            last->m_shared = {};
+            last->m_shared = nullptr;
         }
         CVekDataDir* below = last->m_shared ? nullptr : last->getDir();
         if (below && !below->isEmpty()) {
@@ -77,7 +77,8 @@ CVekDataItem* CVekDataDir::insertCopy(const CVekDataKey* key, const CVekDataItem
 {
     if (!key || key->isEmpty())
         return nullptr;
-    VEK::CUniqPointer<CVekDataItem> copy(new CVekDataItem(item)); // before anything changes that it may stand in
+    // Before anything changes that it may stand in.
+    VEK::CUniqPointer<CVekDataItem> copy(item ? item->clone() : new CVekDataItem);
     CVekDataItem* stored = copy ? store(*key, copy) : nullptr;
     if (stored)
         copy.release();
@@ -100,38 +101,31 @@ CVekDataItem* CVekDataDir::makeChild(const DataName& name, CVekDataKey::keyType 
         return nullptr;
     fresh->m_key.m_type = type;
     fresh->m_key.m_number = name.number;
-    if (name.text)
-        fresh->m_key.m_text = CVekString(name.text, name.length);
+    if (name.text) {
+        CVekString text(name.text, name.length);
+        if (text.len() != static_cast<int>(name.length))
+            return nullptr;
+        fresh->m_key.m_text = std::move(text);
+    }
     fresh->m_parent = this;
     return m_children.append(fresh) ? fresh.release() : nullptr;
-}
-
-CVekDataItem* CVekDataDir::makePath(const CVekDataKey& key)
-{
-    CVekDataDir* dir = this;
-    CVekDataItem* item = nullptr;
-    for (const CVekDataKey* at = &key; at && dir; at = at->next()) {
-        item = dir->makeChild(DataName::of(*at), at->type());
-        dir = item && at->next() ? item->mkDir() : nullptr;
-        if (!dir && at->next())
-            return nullptr;
-    }
-    return item;
 }
 
 /// Puts an item without a parent in the place that a path names.
 CVekDataItem* CVekDataDir::store(const CVekDataKey& key, CVekDataItem* item)
 {
-    CVekDataItem* old = makePath(key);
+    CVekDataItem* old = makeItem(&key);
     if (!old)
         return nullptr;
     CVekDataDir* dir = old->m_parent;
-    item->m_key = old->m_key;
+    std::swap(item->m_key.m_type, old->m_key.m_type);
+    std::swap(item->m_key.m_number, old->m_key.m_number);
+    std::swap(item->m_key.m_text, old->m_key.m_text);
     item->m_parent = dir;
     dir->m_children.replace(old->m_slot, item);
     old->m_parent = nullptr;
     if (old->m_shared)
-        old->m_shared = {};
+        old->m_shared = nullptr;
     else
         delete old;
     return item;

@@ -3,6 +3,8 @@
 #include <vek/data/iterator.h>
 #include <vek/host.h>
 
+#include "core/values/whole.h"
+
 namespace VEK
 {
 
@@ -26,21 +28,28 @@ CVekDataItem* CDtaFilePointer::root() const
 
 bool CDtaFilePointer::set(const CVekDataItem* item, const CVekDataKey* key)
 {
-    CVekDataItem copy(item); // before the path changes anything that the item may stand in
+    // Before the path changes anything that the item may stand in.
+    const CUniqPointer<CVekDataItem> copy(item ? item->clone() : new CVekDataItem);
+    if (!copy)
+        return false;
     CVekDataItem* top = m_tree->makeItem(&m_way);
     CVekDataItem* place = top ? top->makeItem(key) : nullptr;
     if (place)
-        *place = std::move(copy);
+        *place = std::move(*copy);
     return place != nullptr;
 }
 
 bool CDtaFilePointer::dir(CVekArrayTempl<CVekDataKey>& keys, const CVekDataKey* key) const
 {
-    keys.setLogicalLength(0);
     const CVekDataItem* item = fileItem(this, key);
-    for (CDataIterator child(item); !child.done(); child.next())
-        keys.append(*child->getKey());
-    return item && item->isDir();
+    const unsigned long shortages = memoryShortages();
+    keys = whole(CVekArrayTempl<CVekDataKey>(), [&] {
+        CVekArrayTempl<CVekDataKey> found;
+        for (CDataIterator child(item); !child.done(); child.next())
+            found.append(*child->getKey());
+        return found;
+    });
+    return item && item->isDir() && memoryShortages() == shortages;
 }
 
 CDtaFilePointer* CDtaFilePointer::lobjGet(const CVekDataKey* key, bool) const
@@ -59,10 +68,8 @@ CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CAdsName& na
     if (type != vekDtaDrawing)
         return dtaOpen(type, mode, key, item);
     const CSharedPointer<CVekDataItem> tree = vekAppPtr()->dataObject(name);
-    CDtaFilePointer* file = tree ? new CDtaFilePointer(tree, CVekDataKey()) : nullptr;
-    if (file && item)
-        file->set(item, key);
-    return file;
+    CUniqPointer<CDtaFilePointer> file(tree ? new CDtaFilePointer(tree, CVekDataKey()) : nullptr);
+    return file && (!item || file->set(item, key)) ? file.release() : nullptr;
 }
 
 CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long, const CVekDataKey* key, const CVekDataItem* item)
@@ -70,10 +77,8 @@ CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long, const CVekDataKey* key,
     if (type != vekDtaMemory)
         return nullptr;
     const CSharedPointer<CVekDataItem> tree(new CVekDataItem(CVekDataItem::directory));
-    CDtaFilePointer* file = tree ? new CDtaFilePointer(tree, CVekDataKey()) : nullptr;
-    if (file && item)
-        file->set(item, key);
-    return file;
+    CUniqPointer<CDtaFilePointer> file(tree && tree->isDir() ? new CDtaFilePointer(tree, CVekDataKey()) : nullptr);
+    return file && (!item || file->set(item, key)) ? file.release() : nullptr;
 }
 
 CVekDataItem* fileItem(const CDtaFilePointer* file, const CVekDataKey* key)

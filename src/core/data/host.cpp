@@ -1,6 +1,6 @@
 #include <vek/host.h>
 
-#include <exception>
+#include "core/values/whole.h"
 
 namespace
 {
@@ -38,6 +38,25 @@ std::wstring upperOf(const wchar_t* name)
     return static_cast<const wchar_t*>(text);
 }
 
+/// Enters a copy of a value into a table, or removes it; nothing changes where the memory is not to be had.
+template <class Map, class NameOf>
+void enter(Map& map, NameOf&& nameOf, const typename Map::mapped_type& value, bool remove)
+{
+    const unsigned long shortages = VEK::memoryShortages();
+    try {
+        const std::wstring name = nameOf();
+        typename Map::mapped_type copy(value);
+        if (VEK::memoryShortages() != shortages)
+            return;
+        if (remove)
+            map.erase(name);
+        else
+            map[name] = std::move(copy);
+    } catch (const std::bad_alloc&) {
+        VEK::memoryShort();
+    }
+}
+
 } // namespace
 
 VEK::CSharedPointer<CVekDataItem> CVekApp::dataObject(const VEK::CAdsName&)
@@ -68,26 +87,38 @@ bool CVekLocalApp::imageObject(CVekGDX* gdx, CVekDataItem* object, CVekDataItem*
 
 void CVekLocalApp::hatchPatternGet(const wchar_t* name, VekPatternLines& lines)
 {
-    const auto pattern = m_patterns.find(upperOf(name));
-    lines = pattern == m_patterns.end() ? VekPatternLines() : pattern->second;
+    lines = VEK::whole(VekPatternLines(), [&] {
+        const auto pattern = m_patterns.find(upperOf(name));
+        return pattern == m_patterns.end() ? VekPatternLines() : pattern->second;
+    });
 }
 
 void CVekLocalApp::viewMatrix(const wchar_t* name, CVekMatrix3d& matrix)
 {
-    const auto view = m_views.find(textOf(name));
-    if (view != m_views.end())
-        matrix = view->second;
+    matrix = VEK::whole(CVekMatrix3d(matrix), [&] {
+        const auto view = m_views.find(textOf(name));
+        return view == m_views.end() ? matrix : view->second;
+    });
 }
 
 bool CVekLocalApp::namedDataObject(VEK::CAdsName& name, const wchar_t* kind, bool create)
 {
+    const wchar_t* sought = kind ? kind : L"";
     std::size_t number = 0;
-    while (number < m_objects.size() && m_objects[number].kind != textOf(kind))
+    while (number < m_objects.size() && m_objects[number].kind != sought)
         ++number;
     if (number == m_objects.size()) {
         if (!create)
             return false;
-        m_objects.push_back({textOf(kind), new CVekDataItem(CVekDataItem::directory)});
+        try {
+            DataObject object{sought, VEK::CSharedPointer<CVekDataItem>(new CVekDataItem(CVekDataItem::directory))};
+            if (!object.tree || !object.tree->isDir())
+                return false;
+            m_objects.push_back(std::move(object));
+        } catch (const std::bad_alloc&) {
+            VEK::memoryShort();
+            return false;
+        }
     }
     name = VEK::CAdsName(static_cast<long long>(number) + 1, 0);
     return true;
@@ -95,10 +126,10 @@ bool CVekLocalApp::namedDataObject(VEK::CAdsName& name, const wchar_t* kind, boo
 
 int CVekLocalApp::callFunction(const wchar_t* name, resbuf* arguments, VEK::CUniqResbuf& result)
 {
-    const auto function = m_functions.find(textOf(name));
-    if (function == m_functions.end())
-        return VEK::kHostError;
     try {
+        const auto function = m_functions.find(textOf(name));
+        if (function == m_functions.end())
+            return VEK::kHostError;
         const Function callee = function->second; // it may enter another one in its own place
         return callee(arguments, result);
     } catch (...) {
@@ -115,10 +146,8 @@ VEK::CSharedPointer<CVekDataItem> CVekLocalApp::dataObject(const VEK::CAdsName& 
 
 void CVekLocalApp::hatchPatternSet(const wchar_t* name, const VekPatternLines& lines)
 {
-    if (lines.len() == 0)
-        m_patterns.erase(upperOf(name));
-    else
-        m_patterns[upperOf(name)] = lines;
+    enter(
+        m_patterns, [&] { return upperOf(name); }, lines, lines.len() == 0);
 }
 
 bool CVekLocalApp::hatchPatternFile(const wchar_t* path, CVekString& error)
@@ -132,13 +161,12 @@ bool CVekLocalApp::hatchPatternFile(const wchar_t* path, CVekString& error)
 
 void CVekLocalApp::viewMatrixSet(const wchar_t* name, const CVekMatrix3d& matrix)
 {
-    m_views[textOf(name)] = matrix;
+    enter(
+        m_views, [&] { return textOf(name); }, matrix, false);
 }
 
 void CVekLocalApp::functionSet(const wchar_t* name, Function function)
 {
-    if (function)
-        m_functions[textOf(name)] = std::move(function);
-    else
-        m_functions.erase(textOf(name));
+    enter(
+        m_functions, [&] { return textOf(name); }, function, !function);
 }

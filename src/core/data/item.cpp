@@ -2,6 +2,7 @@
 #include <vek/data/item.h>
 
 #include "core/data/kinds.h"
+#include "core/values/whole.h"
 
 #include <cwchar>
 #include <limits>
@@ -54,8 +55,7 @@ CVekDataItem::CVekDataItem(int kind)
 
 CVekDataItem::CVekDataItem(const CVekDataItem* source)
 {
-    if (source)
-        copyTree(*source);
+    copyFrom(source);
 }
 
 CVekDataItem::CVekDataItem(CVekDataItem&& other) noexcept : CVekObj()
@@ -80,7 +80,8 @@ CVekDataItem& CVekDataItem::operator=(CVekDataItem&& other) noexcept
 
 CVekDataItem* CVekDataItem::clone() const
 {
-    return new CVekDataItem(this);
+    VEK::CUniqPointer<CVekDataItem> copy(new CVekDataItem);
+    return copy && copy->copyFrom(this) ? copy.release() : nullptr;
 }
 
 CVekDataDir* CVekDataItem::getDir() const
@@ -91,10 +92,11 @@ CVekDataDir* CVekDataItem::getDir() const
 CVekDataDir* CVekDataItem::mkDir()
 {
     if (!isDir()) {
-        clear();
-        m_value.object = new CVekDataDir(this);
-        if (!m_value.object)
+        CVekDataDir* dir = new CVekDataDir(this);
+        if (!dir)
             return nullptr;
+        clear();
+        m_value.object = dir;
         m_kind = DataKind::directory;
     }
     return getDir();
@@ -121,20 +123,51 @@ CVekDataItem* CVekDataItem::getItem(const wchar_t* path) const
     return const_cast<CVekDataItem*>(item);
 }
 
-CVekDataItem* CVekDataItem::makeItem(const wchar_t* path)
+/// Makes what a path lacks, given as a text or as a key. A leaf on the way keeps its value until all of it is there:
+/// the path may be its text, and the tree stays as it was when the memory ends. Null then.
+CVekDataItem* CVekDataItem::makeWay(const wchar_t* path, const CVekDataKey* key)
 {
+    CVekDataItem contents;          // of the leaf that becomes a directory
+    CVekDataItem* former = nullptr; // that leaf
+    CVekDataItem* fresh = nullptr;  // the first new child of a directory that stands
     CVekDataItem* item = this;
-    while (item && path) {
+    while (item && (path || key)) {
+        if (!item->isDir() && !former && !fresh) {
+            former = item;
+            item = &contents;
+        }
         CVekDataDir* dir = item->mkDir();
-        if (!dir)
-            return nullptr;
-        if (CVekDataItem* exact = dir->child({path, static_cast<unsigned>(std::wcslen(path)), 0}))
-            return exact;
         DataName name;
-        path = firstName(path, name);
-        item = dir->makeChild(name, CVekDataKey::keyText);
+        CVekDataKey::keyType nameType = CVekDataKey::keyText;
+        item = dir && path ? dir->child({path, static_cast<unsigned>(std::wcslen(path)), 0}) : nullptr;
+        if (item)
+            break;
+        if (key) {
+            name = DataName::of(*key);
+            nameType = key->type();
+            key = key->next();
+        } else {
+            path = firstName(path, name);
+        }
+        if (!dir || nameType == CVekDataKey::keyLost)
+            break;
+        const int before = dir->len();
+        item = dir->makeChild(name, nameType);
+        if (!former && !fresh && dir->len() != before)
+            fresh = item;
+    }
+    if (!item) {
+        if (fresh)
+            fresh->m_parent->letGo(fresh);
+    } else if (former) {
+        *former = std::move(contents);
     }
     return item;
+}
+
+CVekDataItem* CVekDataItem::makeItem(const wchar_t* path)
+{
+    return makeWay(path, nullptr);
 }
 
 CVekDataItem* CVekDataItem::makeDir(const wchar_t* path)
@@ -153,10 +186,7 @@ CVekDataItem* CVekDataItem::getItem(const CVekDataKey* key) const
 
 CVekDataItem* CVekDataItem::makeItem(const CVekDataKey* key)
 {
-    if (!key || key->isEmpty())
-        return this;
-    CVekDataDir* dir = mkDir();
-    return dir ? dir->makeItem(key) : nullptr;
+    return makeWay(nullptr, key && !key->isEmpty() ? key : nullptr);
 }
 
 void CVekDataItem::remove(const wchar_t* path)
@@ -182,7 +212,7 @@ void CVekDataItem::takeOver(CVekDataItem& other)
 }
 
 /// Copies the value of a leaf; this item must be empty.
-void CVekDataItem::copyLeaf(const CVekDataItem& source)
+bool CVekDataItem::copyLeaf(const CVekDataItem& source)
 {
     switch (source.m_kind) {
 #define VEK_COPY(T, kind)                                                                                              \
@@ -191,13 +221,25 @@ void CVekDataItem::copyLeaf(const CVekDataItem& source)
 #undef VEK_COPY
     default: m_value = source.m_value; break;
     }
-    if (!isObject(source.m_kind) || m_value.object)
+    const bool good = !isObject(source.m_kind) || m_value.object;
+    if (good)
         m_kind = source.m_kind;
+    return good;
+}
+
+/// Copies a subtree, or nothing when it is missing, into this item, which must be empty.
+/// @return false, with the item still empty, when the memory is not to be had
+bool CVekDataItem::copyFrom(const CVekDataItem* source)
+{
+    const bool good = VEK::whole(false, [&] { return !source || copyTree(*source); });
+    if (!good)
+        clear();
+    return good;
 }
 
 /// Copies a subtree into this item, which must be empty. The way is found by parents and places, so that a tree of any
 /// depth needs no stack. Where the memory is not to be had the copy ends early.
-void CVekDataItem::copyTree(const CVekDataItem& source)
+bool CVekDataItem::copyTree(const CVekDataItem& source)
 {
     const CVekDataItem* from = &source;
     CVekDataItem* to = this;
@@ -206,12 +248,13 @@ void CVekDataItem::copyTree(const CVekDataItem& source)
         const CVekDataItem* next = nullptr;
         if (dir) {
             if (!to->mkDir())
-                return;
+                return false;
             unsigned first = 0;
             next = dir->children().from(first);
             to = next ? to : to->getParent();
         } else {
-            to->copyLeaf(*from);
+            if (!to->copyLeaf(*from))
+                return false;
             to = to->getParent();
         }
         while (!next && from != &source) {
@@ -222,11 +265,11 @@ void CVekDataItem::copyTree(const CVekDataItem& source)
             }
         }
         if (!next)
-            return;
+            return true;
         from = next;
         to = to->getDir()->makeChild(DataName::of(from->m_key), from->m_key.type());
         if (!to)
-            return;
+            return false;
     }
 }
 
@@ -356,10 +399,11 @@ bool CVekDataItem::put(T value)
     } else if (m_kind == kKindOf<T>) {
         *static_cast<T*>(m_value.object) = std::move(value);
     } else {
-        clear();
-        m_value.object = new T(std::move(value));
-        if (!m_value.object)
+        T* object = new T(std::move(value));
+        if (!object)
             return false;
+        clear();
+        m_value.object = object;
     }
     m_kind = kKindOf<T>;
     return true;

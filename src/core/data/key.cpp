@@ -15,18 +15,36 @@ CVekDataKey& CVekDataKey::operator=(const CVekDataKey& other)
 {
     m_type = other.m_type;
     m_number = other.m_number;
-    m_text = other.m_text;
+    setText(other.m_text);
     m_next.reset(); // last: other may be the rest of this very path
     return *this;
 }
 
 CVekDataKey& CVekDataKey::set(const wchar_t* text)
 {
-    m_text = text; // first: the text may be this key's own
     m_type = text ? keyText : keyNone;
+    setText(text);
     m_number = 0;
     m_next.reset();
     return *this;
+}
+
+/// Stores the text of the first element, which may be its own.
+void CVekDataKey::setText(const wchar_t* text)
+{
+    const unsigned long shortages = VEK::memoryShortages();
+    m_text = text;
+    if (VEK::memoryShortages() != shortages)
+        m_type = keyLost;
+}
+
+/// A new element behind this one; null, with this one lost, where the memory is not to be had.
+CVekDataKey* CVekDataKey::grow()
+{
+    m_next.reset(new CVekDataKey);
+    if (!m_next)
+        m_type = keyLost;
+    return m_next.get();
 }
 
 CVekDataKey& CVekDataKey::append(const CVekDataKey& tail)
@@ -37,15 +55,13 @@ CVekDataKey& CVekDataKey::append(const CVekDataKey& tail)
     const CVekDataKey* last = end; // tail may be this very path
     for (const CVekDataKey* from = &tail; from && from->m_type != keyNone; from = from->next()) {
         const bool done = from == last;
-        if (end->m_type != keyNone) {
-            end->m_next.reset(new CVekDataKey);
-            end = end->m_next.get();
-        }
+        if (end->m_type != keyNone)
+            end = end->grow();
         if (!end)
             break;
         end->m_type = from->m_type;
         end->m_number = from->m_number;
-        end->m_text = from->m_text;
+        end->setText(from->m_text);
         if (done)
             break;
     }
@@ -73,17 +89,12 @@ CVekDataKey& CVekDataKey::build(const Part* parts, std::size_t count)
         const bool wantsText = type == keyText || type == keyText2;
         if ((!wantsText && type != keyInt) || value.isNumber == wantsText || (wantsText && !value.text))
             break;
-        if (end) {
-            end->m_next.reset(new CVekDataKey);
-            end = end->m_next.get();
-        } else {
-            end = &path;
-        }
+        end = end ? end->grow() : &path;
         if (!end)
             break;
         end->m_type = static_cast<keyType>(type);
         if (wantsText)
-            end->m_text = value.text;
+            end->setText(value.text);
         else
             end->m_number = value.number;
     }

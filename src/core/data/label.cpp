@@ -1,7 +1,10 @@
 #include <vek/data/label.h>
 #include <vek/data/text.h>
 
+#include "core/values/whole.h"
+
 #include <cwchar>
+#include <optional>
 
 namespace VEK
 {
@@ -71,46 +74,55 @@ const wchar_t* chosen(const wchar_t* language)
 
 const wchar_t* label_set(CVekString& label, const wchar_t* text, const wchar_t* language)
 {
-    const CVekString id(chosen(language));
-    if (std::wcspbrk(id, L"\\:"))
-        return label;
-    const CVekString own(text); // it may be part of the label
-    Sections sections;
-    if (isMulti(label))
-        sections = sectionsOf(label);
-    else if (!label.isNull())
-        sections.append({msgLangSet(nullptr), label});
-    int index = indexOf(sections, id);
-    if (own.isNull()) {
-        if (index >= 0)
-            sections.removeAt(index);
-    } else if (index >= 0) {
-        sections[index].text = own;
-    } else {
-        sections.append({id, own});
-    }
-    label = labelOf(sections);
+    using Made = std::optional<CVekString>;
+    Made made = whole(Made(), [&]() -> Made {
+        const CVekString id(chosen(language));
+        if (std::wcspbrk(id, L"\\:"))
+            return {};
+        Sections sections;
+        if (isMulti(label))
+            sections = sectionsOf(label);
+        else if (!label.isNull())
+            sections.append({msgLangSet(nullptr), label});
+        const int index = indexOf(sections, id);
+        if (!text || !*text) {
+            if (index >= 0)
+                sections.removeAt(index);
+        } else if (index >= 0) {
+            sections[index].text = text;
+        } else {
+            sections.append({id, text});
+        }
+        return labelOf(sections);
+    });
+    if (made)
+        label = std::move(*made);
     return label;
 }
 
 bool label_get(CVekString& out, const wchar_t* label, const wchar_t* language, bool anyLanguage)
 {
-    if (!label || !*label)
-        return false;
-    if (!isMulti(label)) {
-        out = label;
-        return true;
-    }
-    const Sections sections = sectionsOf(label);
-    int index = indexOf(sections, chosen(language));
-    if (index < 0 && anyLanguage)
-        index = indexOf(sections, msgLangSet(nullptr));
-    if (index < 0 && anyLanguage && sections.len() > 0)
-        index = 0;
-    if (index < 0)
-        return false;
-    out = sections[index].text;
-    return true;
+    CVekString found;
+    const bool good = whole(false, [&] {
+        if (!label || !*label)
+            return false;
+        if (!isMulti(label)) {
+            found = label;
+            return true;
+        }
+        const Sections sections = sectionsOf(label);
+        int index = indexOf(sections, chosen(language));
+        if (index < 0 && anyLanguage)
+            index = indexOf(sections, msgLangSet(nullptr));
+        if (index < 0 && anyLanguage && sections.len() > 0)
+            index = 0;
+        if (index >= 0)
+            found = sections[index].text;
+        return index >= 0;
+    });
+    if (good)
+        out = std::move(found);
+    return good;
 }
 
 } // namespace VEK

@@ -1,6 +1,7 @@
 #include <vek/data/dir.h>
 
 #include "core/data/chain.h"
+#include "core/values/whole.h"
 
 namespace VEK
 {
@@ -86,7 +87,7 @@ bool fromRb(Regions& value, resbuf*& chain, int)
 {
     CChainReader in(chain);
     Regions regions;
-    if (!in.read(regions))
+    if (!whole(false, [&] { return in.read(regions); }))
         return false;
     value = std::move(regions);
     chain = const_cast<resbuf*>(in.at());
@@ -100,15 +101,14 @@ bool CVekDataItem::setData(resbuf* chain, bool)
     const VEK::CUniqResbuf owner(chain);
     VEK::CChainReader in(chain);
     CVekDataItem contents;
-    bool good = false;
-    if (!chain || in.isEntry()) {
-        good = contents.mkDir() && VEK::readEntries(in, contents);
-    } else if (VEK::beginsDirectory(in)) {
+    const bool good = VEK::whole(false, [&] {
+        if (!chain || in.isEntry())
+            return contents.mkDir() && VEK::readEntries(in, contents);
+        if (!VEK::beginsDirectory(in))
+            return in.readLeaf(contents);
         in.skip(VEK::rbListBegin);
-        good = contents.mkDir() && VEK::readEntries(in, contents) && in.skip(VEK::rbListEnd);
-    } else {
-        good = in.readLeaf(contents);
-    }
+        return contents.mkDir() && VEK::readEntries(in, contents) && in.skip(VEK::rbListEnd);
+    });
     if (!good || in.at())
         return false;
     *this = std::move(contents);

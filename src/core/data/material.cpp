@@ -4,6 +4,8 @@
 #include <vek/data/material.h>
 #include <vek/host.h>
 
+#include "core/values/whole.h"
+
 namespace VEK
 {
 
@@ -64,11 +66,14 @@ void readEdges(const CVekDataItem& material, CMatProp& prop)
 
 void CMatMgr::matDrawAll(CVekArrayTempl<CVekString>& keys, bool drawingOnly) const
 {
-    keys.setLogicalLength(0);
-    const CSharedPointer<CVekDataItem> drawing = drawingMaterials();
-    if (!drawingOnly)
-        listKeys(keys, cfg_get(L"*MAT*"), drawing);
-    listKeys(keys, drawing, nullptr);
+    keys = whole(CVekArrayTempl<CVekString>(), [&] {
+        CVekArrayTempl<CVekString> found;
+        const CSharedPointer<CVekDataItem> drawing = drawingMaterials();
+        if (!drawingOnly)
+            listKeys(found, cfg_get(L"*MAT*"), drawing);
+        listKeys(found, drawing, nullptr);
+        return found;
+    });
 }
 
 bool CMatMgr::propGet(const wchar_t* key, CMatProp& prop) const
@@ -79,11 +84,16 @@ bool CMatMgr::propGet(const wchar_t* key, CMatProp& prop) const
         material = childOf(cfg_get(L"*MAT*"), key);
     if (!material)
         return false;
-    prop = CMatProp();
-    dataGet(material, L"SUBS", prop.subKeys);
-    readPhys(*material, prop);
-    readEdges(*material, prop);
-    return true;
+    CMatProp found;
+    const bool good = whole(false, [&] {
+        dataGet(material, L"SUBS", found.subKeys);
+        readPhys(*material, found);
+        readEdges(*material, found);
+        return true;
+    });
+    if (good)
+        prop = std::move(found);
+    return good;
 }
 
 CVekString CMatMgr::matLabel(const wchar_t* key, const wchar_t* language) const

@@ -27,8 +27,10 @@ CVekDataItem::CVekDataItem(const CVekDataItem& other) : CVekDataItem(&other) {}
 
 CVekDataItem& CVekDataItem::operator=(const CVekDataItem& other) // NOLINT(bugprone-unhandled-self-assignment)
 {
-    CVekDataItem copy(&other); // before anything goes: other may stand below this item or above it
-    clear();
-    takeOver(copy);
+    CVekDataItem copy;
+    if (copy.copyFrom(&other)) { // before anything goes: other may stand below this item or above it
+        clear();
+        takeOver(copy);
+    }
     return *this;
 }

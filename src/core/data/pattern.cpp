@@ -1,10 +1,10 @@
 #include <vek/data/pattern.h>
 
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
 
 #include <charconv>
 #include <cmath>
-#include <exception>
 
 namespace VEK
 {
@@ -167,26 +167,32 @@ bool report(CVekString& error, const std::wstring& name, const std::string& caus
 bool hatchPatternsRead(CVekArrayTempl<CHatchPattern>& patterns, const char* bytes, std::size_t size,
                        const wchar_t* name, CVekString& error)
 {
-    try {
-        Reader reader(patterns);
-        if (reader.read(std::string_view(bytes, bytes ? size : 0)))
-            return true;
-        return report(error, nameOf(name) + L':' + std::to_wstring(reader.line()), reader.cause());
-    } catch (const std::exception&) {
-        return report(error, nameOf(name), "there is not enough memory");
+    CVekArrayTempl<CHatchPattern> read;
+    CVekString fault;
+    const bool complete = whole(false, [&] {
+        Reader reader(read);
+        if (!reader.read(std::string_view(bytes, bytes ? size : 0)))
+            report(fault, nameOf(name) + L':' + std::to_wstring(reader.line()), reader.cause());
+        return true;
+    });
+    if (!complete || !patterns.reserve(patterns.len() + read.len())) {
+        error = CVekString(name) + L": there is not enough memory";
+        return false;
     }
+    patterns += std::move(read);
+    if (fault.isNull())
+        return true;
+    error = std::move(fault);
+    return false;
 }
 
 bool hatchPatternsLoad(CVekArrayTempl<CHatchPattern>& patterns, const wchar_t* path, CVekString& error)
 {
-    try {
-        std::string bytes;
-        if (!platform::readFile(platform::pathOf(nameOf(path)), bytes))
-            return report(error, nameOf(path), "the file cannot be read");
+    std::string bytes;
+    if (whole(false, [&] { return platform::readFile(platform::pathOf(nameOf(path)), bytes); }))
         return hatchPatternsRead(patterns, bytes.data(), bytes.size(), path, error);
-    } catch (const std::exception&) {
-        return report(error, nameOf(path), "the file cannot be read");
-    }
+    error = CVekString(path) + L": the file cannot be read";
+    return false;
 }
 
 } // namespace VEK

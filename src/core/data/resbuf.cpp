@@ -51,10 +51,10 @@ resbuf* chainOf(const T& value)
 
 void CUniqResbuf::append(resbuf* chain)
 {
-    if (m_chain)
-        lastOf(m_chain)->rbnext = chain;
-    else
-        m_chain = chain;
+    m_last = lastOf(m_last ? m_last : m_chain);
+    (m_last ? m_last->rbnext : m_chain) = chain;
+    if (chain)
+        m_last = chain;
 }
 
 resbuf* mkResbuf(int value, short restype)

@@ -2,6 +2,7 @@
 #include <vek/data/text.h>
 
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
 
 namespace fs = std::filesystem;
 
@@ -58,8 +59,10 @@ const wchar_t* msgLangSet(const wchar_t* language)
     Languages& all = languages();
     const int before = all.present;
     if (language && *language) {
+        const unsigned long shortages = memoryShortages();
         all.text[1 - before] = language;
-        all.present = 1 - before;
+        if (memoryShortages() == shortages)
+            all.present = 1 - before;
     }
     return all.text[before];
 }
@@ -81,11 +84,17 @@ void filePathSet(const CVekArrayTempl<CVekString>& list)
 
 bool fileFind(CVekString& out, const wchar_t* name)
 {
-    try {
-        return name && *name && findFile(out, name);
-    } catch (const std::exception&) { // a name that is no path, or no memory
-        return false;
-    }
+    CVekString found;
+    const bool good = whole(false, [&] {
+        try {
+            return name && *name && findFile(found, name);
+        } catch (const fs::filesystem_error&) { // a name that is no path
+            return false;
+        }
+    });
+    if (good)
+        out = std::move(found);
+    return good;
 }
 
 } // namespace VEK

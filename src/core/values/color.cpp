@@ -88,8 +88,9 @@ void CVekColor::setOleColor(unsigned long colorRef)
 
 void CVekColor::setNames(const wchar_t* colorName, const wchar_t* bookName)
 {
+    const CVekString book(bookName); // either may be a name of this colour
     m_colorName = colorName;
-    m_bookName = bookName;
+    m_bookName = book;
 }
 
 bool CVekColor::operator==(const CVekColor& other) const

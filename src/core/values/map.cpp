@@ -1,6 +1,7 @@
 #include <vek/values/map.h>
 
 #include <algorithm>
+#include <new>
 
 CVekMapOrder::Place CVekMapOrder::lowerBound(const void* key, bool (*less)(const void*, const void*)) const
 {
@@ -41,24 +42,46 @@ int CVekMapOrder::indexOf(Place place) const
     return static_cast<int>((place.block ? m_starts[place.block - 1] : 0) + place.slot);
 }
 
-void CVekMapOrder::insert(Place place, void* record)
+CVekMapOrder::Place CVekMapOrder::next(Place place) const
 {
-    if (m_blocks.empty()) {
-        m_blocks.emplace_back();
-        m_starts.push_back(0);
+    ++place.slot;
+    if (place.slot == m_blocks[place.block].size() && place.block + 1 < m_blocks.size())
+        return {place.block + 1, 0};
+    return place;
+}
+
+bool CVekMapOrder::insert(Place place, void* record) noexcept
+try {
+    if (m_blocks.size() == m_blocks.capacity()) { // first all that may fail
+        m_blocks.reserve(2 * m_blocks.size() + 1);
+        m_starts.reserve(2 * m_blocks.size() + 1);
     }
-    std::vector<void*>& records = m_blocks[place.block];
-    records.insert(records.begin() + place.slot, record);
+    if (m_blocks.empty()) {
+        m_blocks.emplace_back(1, record);
+        m_starts.push_back(1);
+        return true;
+    }
+    std::vector<void*>* records = &m_blocks[place.block];
+    if (records->size() == kBlock) {
+        // A block that is full and grows at its end keeps its records: keys often arrive in ascending order.
+        const unsigned kept = place.slot == kBlock ? kBlock : kBlock / 2;
+        std::vector<void*> tail;
+        tail.reserve(kBlock);
+        tail.assign(records->begin() + kept, records->end());
+        records->resize(kept);
+        m_starts.insert(m_starts.begin() + place.block, m_starts[place.block] - (kBlock - kept));
+        m_blocks.insert(m_blocks.begin() + place.block + 1, std::move(tail));
+        if (place.slot > kept || kept == kBlock)
+            place = {place.block + 1, place.slot - kept};
+        records = &m_blocks[place.block];
+    }
+    records->insert(records->begin() + place.slot, record);
     for (auto end = m_starts.begin() + place.block; end != m_starts.end(); ++end)
         ++*end;
-    if (records.size() <= kBlock)
-        return;
-    // A block that overflows at its end keeps nearly all of its records: keys often arrive in ascending order.
-    const std::size_t kept = place.slot + 1 == records.size() ? kBlock : kBlock / 2;
-    std::vector<void*> tail(records.begin() + static_cast<std::ptrdiff_t>(kept), records.end());
-    records.resize(kept);
-    m_starts.insert(m_starts.begin() + place.block, m_starts[place.block] - static_cast<unsigned>(tail.size()));
-    m_blocks.insert(m_blocks.begin() + place.block + 1, std::move(tail));
+    return true;
+} catch (const std::bad_alloc&) {
+    VEK::memoryShort();
+    return false;
 }
 
 void CVekMapOrder::erase(Place place)

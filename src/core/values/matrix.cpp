@@ -2,6 +2,32 @@
 
 #include <algorithm>
 
+namespace
+{
+
+/// The axes of a matrix, very short and long ones scaled by a power of two so that products of them keep their digits.
+struct ScaledAxes {
+    CVekVector3d axis[3];
+    int exponent[3] = {0, 0, 0}; ///< what was taken out
+
+    explicit ScaledAxes(const CVekMatrix3d& m)
+    {
+        for (int i = 0; i < 3; ++i) {
+            CVekVector3d& a = axis[i] = m.axis(i);
+            const double size = std::max({std::fabs(a.x), std::fabs(a.y), std::fabs(a.z)});
+            constexpr double kShort = 1e-60;
+            if ((size > kShort && size < 1.0 / kShort) || size == 0.0 || !std::isfinite(size))
+                continue;
+            exponent[i] = std::ilogb(size);
+            a.set(std::scalbn(a.x, -exponent[i]), std::scalbn(a.y, -exponent[i]), std::scalbn(a.z, -exponent[i]));
+        }
+    }
+
+    double determinant() const { return axis[0].dot(axis[1] * axis[2]); }
+};
+
+} // namespace
+
 constinit const CVekMatrix3d CVekMatrix3d::kIdentity;
 
 CVekMatrix3d CVekMatrix3d::operator*(const CVekMatrix3d& b) const
@@ -55,7 +81,7 @@ CVekMatrix3d& CVekMatrix3d::setToRotation(double angle, const CVekVector3d& axis
 {
     setToIdentity();
     CVekVector3d n = axis;
-    if (!(n.normalize().abs() > 0.0))
+    if (!n.normalize().isUnit())
         return *this;
     const double s = std::sin(angle);
     const double c = std::cos(angle);
@@ -75,7 +101,7 @@ CVekMatrix3d& CVekMatrix3d::setToMirroring(const CVekPlane& plane)
 {
     setToIdentity();
     CVekVector3d n = plane.normal();
-    if (!(n.normalize().abs() > 0.0))
+    if (!n.normalize().isUnit())
         return *this;
     const double distance = plane.point().asVector().dot(n);
     for (int row = 0; row < 3; ++row) {
@@ -89,7 +115,7 @@ CVekMatrix3d& CVekMatrix3d::setToMirroring(const CVekPlane& plane)
 CVekMatrix3d& CVekMatrix3d::setToPlaneToWorld(const CVekVector3d& normal)
 {
     CVekVector3d z = normal;
-    if (!(z.normalize().abs() > 0.0))
+    if (!z.normalize().isUnit())
         return setToIdentity();
     constexpr double kNearZ = 1.0 / 64.0;
     const bool nearZ = std::fabs(z[0]) < kNearZ && std::fabs(z[1]) < kNearZ;
@@ -128,20 +154,28 @@ CVekMatrix3d& CVekMatrix3d::invert()
     return *this = inverse();
 }
 
+bool CVekMatrix3d::mirrors() const
+{
+    return ScaledAxes(*this).determinant() < 0.0;
+}
+
 CVekMatrix3d CVekMatrix3d::inverse() const
 {
-    CVekMatrix3d result;
-    const double det = determinant();
+    const ScaledAxes scaled(*this);
+    const double det = scaled.determinant();
     if (!std::isnormal(det))
-        return result;
+        return {};
     // The rows of the inverse are the cross products of the axes over the determinant.
+    CVekMatrix3d result;
     for (int row = 0; row < 3; ++row) {
-        const CVekVector3d cross = axis((row + 1) % 3) * axis((row + 2) % 3);
+        const CVekVector3d cross = scaled.axis[(row + 1) % 3] * scaled.axis[(row + 2) % 3];
         for (int column = 0; column < 3; ++column)
-            result.m_rows[row][column] = cross[column] / det;
+            result.m_rows[row][column] = std::scalbn(cross[column] / det, -scaled.exponent[row]);
     }
     const CVekVector3d moved = translation() * result;
     for (int row = 0; row < 3; ++row)
         result.m_rows[row][3] = -moved[row];
-    return result;
+    const double* numbers = result.m_rows[0];
+    return std::all_of(numbers, numbers + 12, [](double number) { return std::isfinite(number); }) ? result
+                                                                                                   : CVekMatrix3d();
 }

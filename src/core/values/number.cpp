@@ -1,5 +1,7 @@
 #include <vek/values/units.h>
 
+#include "core/values/whole.h"
+
 #include <algorithm>
 #include <charconv>
 #include <climits>
@@ -188,6 +190,29 @@ private:
     const wchar_t* m_at;
 };
 
+double typedNumber(const wchar_t* text)
+{
+    Reader reader(text);
+    reader.skipBlanks();
+    const double sign = reader.sign();
+    reader.skipBlanks();
+    double value = 0.0;
+    if (!reader.mixedNumber(value))
+        return 0.0;
+    reader.skipBlanks();
+    if (!isPrime(reader.ahead()) || isPrime(reader.ahead(1))) // two primes mean inches
+        return sign * value;
+    reader.skip();
+    reader.skipBlanks();
+    if (isMinus(reader.ahead()))
+        reader.skip();
+    reader.skipBlanks();
+    double inches = 0.0;
+    reader.mixedNumber(inches);
+    constexpr double kInchesPerFoot = 12.0;
+    return sign * (value * kInchesPerFoot + inches);
+}
+
 } // namespace
 
 double VEK::nan()
@@ -209,32 +234,16 @@ int VEK::atoi(const wchar_t* text)
 
 double VEK::atof(const wchar_t* text)
 {
-    Reader reader(text);
-    reader.skipBlanks();
-    const double sign = reader.sign();
-    double value = 0.0;
-    return reader.plainNumber(value) ? sign * value : 0.0;
+    return VEK::whole(0.0, [&] {
+        Reader reader(text);
+        reader.skipBlanks();
+        const double sign = reader.sign();
+        double value = 0.0;
+        return reader.plainNumber(value) ? sign * value : 0.0;
+    });
 }
 
 double vekAtoF(const wchar_t* text)
 {
-    Reader reader(text);
-    reader.skipBlanks();
-    const double sign = reader.sign();
-    reader.skipBlanks();
-    double value = 0.0;
-    if (!reader.mixedNumber(value))
-        return 0.0;
-    reader.skipBlanks();
-    if (!isPrime(reader.ahead()) || isPrime(reader.ahead(1))) // two primes mean inches
-        return sign * value;
-    reader.skip();
-    reader.skipBlanks();
-    if (isMinus(reader.ahead()))
-        reader.skip();
-    reader.skipBlanks();
-    double inches = 0.0;
-    reader.mixedNumber(inches);
-    constexpr double kInchesPerFoot = 12.0;
-    return sign * (value * kInchesPerFoot + inches);
+    return VEK::whole(0.0, [&] { return typedNumber(text); });
 }

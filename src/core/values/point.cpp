@@ -10,21 +10,45 @@ constinit double CVekVector3d::tol = 1e-10;
 
 bool CVekVector3d::operator==(const CVekVector3d& other) const
 {
-    for (int i = 0; i < 3; ++i) {
-        if (!(std::fabs(m_xyz[i] - other.m_xyz[i]) <= tol))
-            return false;
-    }
-    return true;
+    const auto alike = [](double a, double b) { return std::fabs(a - b) <= tol; };
+    return alike(x, other.x) && alike(y, other.y) && alike(z, other.z);
+}
+
+namespace
+{
+
+/// Brings the greatest component to between 1 and 2 by a power of two, which loses nothing.
+/// @return the exponent of the power that was taken out; the vector stays where it has no direction
+int scaleDown(CVekVector3d& v)
+{
+    const double size = std::fmax(std::fabs(v.x), std::fmax(std::fabs(v.y), std::fabs(v.z)));
+    if (size == 0.0 || !std::isfinite(v.x) || !std::isfinite(v.y) || !std::isfinite(v.z))
+        return 0;
+    const int exponent = std::ilogb(size);
+    v.set(std::scalbn(v.x, -exponent), std::scalbn(v.y, -exponent), std::scalbn(v.z, -exponent));
+    return exponent;
+}
+
+} // namespace
+
+double CVekVector3d::farAbs() const
+{
+    CVekVector3d scaled = *this;
+    const int exponent = scaleDown(scaled);
+    return std::scalbn(std::sqrt(scaled.dot(scaled)), exponent);
 }
 
 CVekVector3d& CVekVector3d::normalize()
 {
-    const double length = abs();
-    if (length > 0.0) {
-        for (double& component : m_xyz)
-            component /= length;
+    double square = dot(*this);
+    if (!(square > kLeastSquare && square < kGreatestSquare)) {
+        scaleDown(*this);
+        square = dot(*this);
+        if (!(square >= 1.0 && square < kGreatestSquare))
+            return *this;
     }
-    return *this;
+    const double length = std::sqrt(square);
+    return set(x / length, y / length, z / length);
 }
 
 namespace VEK

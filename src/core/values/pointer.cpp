@@ -1,5 +1,7 @@
 #include <vek/values/pointer.h>
 
+#include <new>
+
 namespace
 {
 
@@ -34,7 +36,7 @@ std::mutex& VEK::CPtrMap::m_CrSec = tableGuard();
 namespace VEK
 {
 
-CPtrMap::CPtrMap(const CPtrMap& other) : m_index(other.m_index)
+CPtrMap::CPtrMap(const CPtrMap& other) : CVekObj(), m_index(other.m_index)
 {
     if (m_index < 0)
         return;
@@ -58,20 +60,26 @@ void* CPtrMap::ptr() const
     return entryAt(m_index).ptr;
 }
 
-void CPtrMap::newRef(void* object)
+bool CPtrMap::newRef(void* object)
 {
-    if (!object)
-        return;
+    if (!object || m_index >= 0)
+        return false;
     const Guard guard(tableGuard());
-    if (g_firstFree < 0) {
-        m_index = static_cast<int>(table().size());
-        table().push_back({1, object});
-        return;
+    if (g_firstFree >= 0) {
+        m_index = g_firstFree;
+        Data& entry = entryAt(m_index);
+        g_firstFree = entry.nextFree;
+        entry = {1, object};
+        return true;
     }
-    m_index = g_firstFree;
-    Data& entry = entryAt(m_index);
-    g_firstFree = entry.nextFree;
-    entry = {1, object};
+    try {
+        table().push_back({1, object});
+    } catch (const std::bad_alloc&) {
+        memoryShort();
+        return false;
+    }
+    m_index = static_cast<int>(table().size()) - 1;
+    return true;
 }
 
 void* CPtrMap::decrRef()

@@ -1,4 +1,5 @@
 #include "core/values/stepping.h"
+#include "core/values/whole.h"
 
 #include <vek/values/polyline.h>
 
@@ -24,15 +25,7 @@ bool same(const CVekVector3d& a, const CVekVector3d& b)
 bool makeUnit(CVekVector3d& v)
 {
     constexpr double kRounding = 2e-15; // a vector that was brought to 1 before stays as it is, to the last bit
-    if (std::fabs(v.dot(v) - 1.0) <= kRounding)
-        return true;
-    const double size = std::max({std::fabs(v[0]), std::fabs(v[1]), std::fabs(v[2])});
-    if (!(size > 0.0) || !std::isfinite(size))
-        return false;
-    const CVekVector3d scaled{v[0] / size, v[1] / size, v[2] / size};
-    const double length = std::sqrt(scaled.dot(scaled));
-    v.set(scaled[0] / length, scaled[1] / length, scaled[2] / length);
-    return true;
+    return std::fabs(v.dot(v) - 1.0) <= kRounding || v.normalize().isUnit();
 }
 
 /// What a matrix does to the arcs of a plane.
@@ -50,7 +43,7 @@ struct PlaneImage {
         const double yy = y.dot(y);
         const double limit = kAlike * std::max(xx, yy);
         alike = std::fabs(xx - yy) <= limit && std::fabs(x.dot(y)) <= limit;
-        mirrors = m.determinant() < 0.0;
+        mirrors = m.mirrors();
         // The normal goes along by the linear part, except where that shears it out of its right angle to the plane or
         // flattens it: then the arcs need the plane's own normal, on the same side.
         normal = from * m;
@@ -77,25 +70,25 @@ int fineChords(const CVekVertex& vertex)
 
 } // namespace
 
-CVekVertexArray VEK::plane::inFineChords(const CVekVertexArray& polyline, int from)
+CVekVertexArray VEK::plane::inFineChords(const CVekVertexArray& polyline)
 {
-    int count = from;
-    for (const CVekVertex* v = polyline.begin() + from; v != polyline.end(); ++v)
-        count += fineChords(*v);
+    int count = 0;
+    for (const CVekVertex& vertex : polyline)
+        count += fineChords(vertex);
     CVekVertexArray straight;
     straight.setNormal(polyline.normal());
-    straight.reserve(count);
-    for (const CVekVertex* v = polyline.begin(); v != polyline.end(); ++v) {
-        const SpaceArc arc(*v, polyline.normal());
-        if (v - polyline.begin() < from || !arc.bend.isArc()) {
-            straight.append(*v);
-            straight[-1].bulge = 0.0;
+    if (!straight.reserve(count))
+        return straight;
+    for (const CVekVertex& vertex : polyline) {
+        const SpaceArc arc(vertex, polyline.normal());
+        CVekVertex chord(vertex);
+        chord.bulge = 0.0;
+        if (!arc.bend.isArc()) {
+            straight.append(chord);
             continue;
         }
-        CVekVertex chord(*v);
-        chord.bulge = 0.0;
         chord.end = chord.start;
-        arc.step(fineChords(*v), [&](const CVekPoint3d& point) {
+        arc.step(fineChords(vertex), [&](const CVekPoint3d& point) {
             chord.start = std::exchange(chord.end, point);
             straight.append(chord);
         });
@@ -106,18 +99,24 @@ CVekVertexArray VEK::plane::inFineChords(const CVekVertexArray& polyline, int fr
 CVekVertexArray& CVekVertexArray::operator+=(const CVekVertexArray& other)
 {
     const int before = len();
-    const bool differ = other.len() > 0 && !same(m_normal, other.m_normal);
-    if (differ && before == 0)
-        m_normal = other.m_normal;
-    const CVekVector3d otherNormal = other.m_normal;
-    CVekArrayTempl<CVekVertex>::operator+=(other);
-    if (differ && before > 0 && plane::hasArcs(other)) {
-        if (same(m_normal, -otherNormal)) {
-            for (CVekVertex* v = begin() + before; v != end(); ++v)
-                v->bulge = 0.0 - v->bulge;
-        } else if (std::none_of(begin(), begin() + before, [](const CVekVertex& v) { return v.bulge != 0.0; })) {
-            m_normal = otherNormal;
+    const CVekVector3d otherNormal = other.m_normal; // other may be this polyline
+    const bool bends = !same(m_normal, otherNormal) && plane::hasArcs(other);
+    const bool bothBend = bends && plane::hasArcs(*this);
+    if (bothBend) {
+        const CVekVector3d aside = m_normal * otherNormal;
+        if (!(aside.dot(aside) <= kAlike * kAlike)) {
+            CVekArrayTempl<CVekVertex>::operator+=(plane::inFineChords(other));
+            return *this;
         }
+    }
+    CVekArrayTempl<CVekVertex>::operator+=(other);
+    if (len() == before)
+        return *this;
+    if (before == 0 || (bends && !bothBend)) {
+        m_normal = otherNormal;
+    } else if (bothBend && m_normal.dot(otherNormal) < 0.0) {
+        for (CVekVertex* v = begin() + before; v != end(); ++v)
+            v->bulge = 0.0 - v->bulge;
     }
     return *this;
 }
@@ -129,40 +128,29 @@ bool CVekVertexArray::operator==(const CVekVertexArray& other) const
 
 CVekVertexArray& CVekVertexArray::transformBy(const CVekMatrix3d& m)
 {
-    CVekVertex* v = begin();
-    for (; v != end() && v->bulge == 0.0; ++v) {
-        v->start *= m;
-        v->end *= m;
-    }
-    if (v == end()) {
-        CVekVector3d normal = m_normal * m;
-        if (makeUnit(normal))
-            m_normal = normal;
-        return *this;
-    }
-
-    const PlaneImage image(m, m_normal);
-    if (image.alike) {
-        for (; v != end(); ++v) {
-            v->start *= m;
-            v->end *= m;
-            if (image.mirrors)
-                v->bulge = 0.0 - v->bulge;
-        }
-        m_normal = image.normal;
-        return *this;
-    }
-
-    const int done = static_cast<int>(v - begin());
-    CVekVertexArray straight = plane::inFineChords(*this, done);
-    for (v = straight.begin() + done; v != straight.end(); ++v) {
-        v->start *= m;
-        v->end *= m;
-    }
+    const bool bends = plane::hasArcs(*this);
     CVekVector3d normal = m_normal * m;
+    bool mirrors = false;
+    if (bends) {
+        const PlaneImage image(m, m_normal);
+        if (image.alike) {
+            normal = image.normal;
+            mirrors = image.mirrors;
+        } else {
+            CVekVertexArray straight = plane::inFineChords(*this);
+            if (straight.len() == 0)
+                return *this;
+            exchange(straight);
+        }
+    }
+    for (CVekVertex& v : *this) {
+        v.start *= m;
+        v.end *= m;
+        if (mirrors)
+            v.bulge = 0.0 - v.bulge;
+    }
     if (makeUnit(normal))
         m_normal = normal;
-    swap(straight);
     return *this;
 }
 
@@ -184,17 +172,18 @@ CVekVertexArray& CVekVertexArray::move(const CVekVector3d& by)
 
 CVekVertexArray& CVekVertexArray::fromPoints(const CVekPoint3dArray& points, bool closed)
 {
-    setLogicalLength(0);
-    const int count = points.len();
-    if (count == 0)
+    return throughPoints(points.begin(), points.len(), closed);
+}
+
+CVekVertexArray& CVekVertexArray::throughPoints(const CVekPoint3d* points, int count, bool closed)
+{
+    if (!reserve(count))
         return *this;
-    const CVekPoint3d* at = points.begin();
-    const bool closing = closed && !plane::meets(at[count - 1], at[0]);
-    reserve(count);
+    setLogicalLength(0);
     for (int i = 1; i < count; ++i)
-        append(CVekVertex(at[i - 1], at[i]));
-    if (closing)
-        append(CVekVertex(at[count - 1], at[0]));
+        append(CVekVertex(points[i - 1], points[i]));
+    if (closed && count > 0 && !plane::meets(points[count - 1], points[0]))
+        append(CVekVertex(points[count - 1], points[0]));
     return *this;
 }
 
@@ -208,9 +197,12 @@ CVekPoint3dArray CVekVertexArray::pts(bool arcs, double tolerance) const
                 count += plane::SpaceArc(v, m_normal).chords(tolerance) - 1;
         }
     }
-    points.reserve(count);
-    plane::forEachPoint(*this, arcs, tolerance, [&](const CVekPoint3d& point) { points.append(point); });
-    return points;
+    // Only a polyline with gaps has more points than that.
+    return VEK::whole(CVekPoint3dArray(), [&] {
+        points.reserve(count);
+        plane::forEachPoint(*this, arcs, tolerance, [&](const CVekPoint3d& point) { points.append(point); });
+        return std::move(points);
+    });
 }
 
 bool CVekVertexArray::extents(CVekPoint3d& min, CVekPoint3d& max) const
@@ -257,12 +249,31 @@ void CVekVertexArray::setNormal(const CVekVector3d& normal)
 
 CVekVertexArray& CVekVertexArray::revert()
 {
-    std::reverse(begin(), end());
+    CVekArrayTempl<CVekVertex>::revert();
+    return *this;
+}
+
+void CVekVertexArray::revertElements()
+{
     for (CVekVertex& v : *this) {
         std::swap(v.start, v.end);
         v.bulge = 0.0 - v.bulge; // a straight segment keeps a plain zero
     }
-    return *this;
+}
+
+void CVekVertexArray::swap(CVekVertexArray& other) noexcept
+{
+    exchange(other);
+    std::swap(m_normal, other.m_normal);
+}
+
+bool CVekVertexArray::swapRest(CVekArrayTempl<CVekVertex>& other) noexcept
+{
+    CVekVector3d normal = CVekVector3d::kZAxis;
+    if (CVekVertexArray* polyline = dynamic_cast<CVekVertexArray*>(&other))
+        normal = std::exchange(polyline->m_normal, m_normal);
+    m_normal = normal;
+    return true;
 }
 
 bool CVekVertexArray::breakVertex(int index, const CVekPoint3d& point)

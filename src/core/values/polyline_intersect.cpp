@@ -1,5 +1,6 @@
 #include "core/values/intersect.h"
 #include "core/values/stepping.h"
+#include "core/values/whole.h"
 
 #include <vek/values/polyline.h>
 
@@ -154,7 +155,7 @@ public:
         const bool parallel = aslant.dot(aslant) <= kParallel * kParallel;
         if (!parallel && VEK::plane::hasArcs(other)) {
             if (VEK::plane::hasArcs(own)) { // the others, seen aslant, are none
-                m_chords = VEK::plane::inFineChords(other, 0);
+                m_chords = VEK::plane::inFineChords(other);
                 m_other = &m_chords;
             } else {
                 m_plane = Plane(other.normal());
@@ -271,33 +272,33 @@ void appendDistinct(CVekPoint3dArray& result, const std::vector<Hit>& hits)
 } // namespace
 
 bool CVekVertexArray::intersectWith(CVekPoint3dArray& result, const CVekVertexArray& other, unsigned mode) const
-try {
-    std::vector<Hit> hits;
-    const Encounter encounter(*this, other);
-    encounter.visit(mode == 0, [&](int index, const Meetings& found) {
-        for (int i = 0; i < found.count; ++i)
-            hits.push_back({index, found.points[i].a, encounter.lift(index, found.points[i])});
-        return true;
+{
+    result = VEK::whole(CVekPoint3dArray(), [&] {
+        std::vector<Hit> hits;
+        const Encounter encounter(*this, other);
+        encounter.visit(mode == 0, [&](int index, const Meetings& found) {
+            for (int i = 0; i < found.count; ++i)
+                hits.push_back({index, found.points[i].a, encounter.lift(index, found.points[i])});
+            return true;
+        });
+        std::sort(hits.begin(), hits.end());
+        if (mode == 0 && hits.size() > 1)
+            hits.resize(1);
+        CVekPoint3dArray points;
+        appendDistinct(points, hits);
+        return points;
     });
-    std::sort(hits.begin(), hits.end());
-    if (mode == 0 && hits.size() > 1)
-        hits.resize(1);
-    result.setLogicalLength(0);
-    appendDistinct(result, hits);
     return result.len() > 0;
-} catch (const std::bad_alloc&) {
-    result.setLogicalLength(0);
-    return false;
 }
 
 bool CVekVertexArray::intersectWith(const CVekVertexArray& other, unsigned) const
-try {
-    bool any = false;
-    Encounter(*this, other).visit(true, [&](int, const Meetings&) {
-        any = true;
-        return false;
+{
+    return VEK::whole(false, [&] {
+        bool any = false;
+        Encounter(*this, other).visit(true, [&](int, const Meetings&) {
+            any = true;
+            return false;
+        });
+        return any;
     });
-    return any;
-} catch (const std::bad_alloc&) {
-    return false;
 }

@@ -158,7 +158,8 @@ void forEachPoint(const CVekVertexArray& polyline, bool arcs, double tolerance, 
     forEachPoint(polyline, arcs, tolerance, out, out);
 }
 
-/// A copy whose arcs from a segment on are replaced by chords within 1e-4 of their radius, for what cannot keep them.
-CVekVertexArray inFineChords(const CVekVertexArray& polyline, int from);
+/// A copy whose arcs are replaced by chords within 1e-4 of their radius, for what cannot keep them; empty where the
+/// memory is not to be had.
+CVekVertexArray inFineChords(const CVekVertexArray& polyline);
 
 } // namespace VEK::plane

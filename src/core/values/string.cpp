@@ -1,6 +1,7 @@
 #include <vek/values/string.h>
 
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
 
 #include <cstdarg>
 #include <cstring>
@@ -24,8 +25,10 @@ Header* headerOf(wchar_t* text)
 
 wchar_t* newText(unsigned capacity)
 {
-    if (capacity > kMaxLength)
+    if (capacity > kMaxLength) {
+        VEK::memoryShort();
         return nullptr;
+    }
     void* block = CVekObj::operator new[](sizeof(Header) + (std::size_t{capacity} + 1) * sizeof(wchar_t));
     if (!block)
         return nullptr;
@@ -186,8 +189,12 @@ CVekString& CVekString::assign(const wchar_t* source, unsigned count)
 CVekString& CVekString::append(const wchar_t* source, unsigned count)
 {
     const unsigned old = length();
-    if (count == 0 || count > kMaxLength - old)
+    if (count == 0)
         return *this;
+    if (count > kMaxLength - old) {
+        VEK::memoryShort();
+        return *this;
+    }
     const bool own = m_text && source >= m_text && source <= m_text + old;
     const std::size_t offset = own ? static_cast<std::size_t>(source - m_text) : 0;
     if (!room(old + count))
@@ -239,16 +246,22 @@ int CVekString::replace(const wchar_t* what, const wchar_t* with)
     const unsigned count = lengthOf(what);
     if (count == 0 || find(what) < 0)
         return 0;
-    CVekString result;
     int hits = 0;
-    int from = 0;
-    for (int at = find(what); at >= 0; at = find(what, from), ++hits) {
-        result.append(m_text + from, static_cast<unsigned>(at - from));
-        result += with;
-        from = at + static_cast<int>(count);
-    }
-    result.append(m_text + from, length() - static_cast<unsigned>(from));
-    std::swap(m_text, result.m_text);
+    CVekString replaced = VEK::whole(CVekString(), [&] {
+        CVekString result;
+        int from = 0;
+        for (int at = find(what); at >= 0; at = find(what, from), ++hits) {
+            result.append(m_text + from, static_cast<unsigned>(at - from));
+            result += with;
+            from = at + static_cast<int>(count);
+        }
+        result.append(m_text + from, length() - static_cast<unsigned>(from));
+        result.room(1); // a text that is there has a block, even where all of it went
+        return result;
+    });
+    if (!replaced.m_text)
+        return 0;
+    std::swap(m_text, replaced.m_text);
     return hits;
 }
 
@@ -306,18 +319,23 @@ CVekString& CVekString::format(const wchar_t* form, ...)
     // this system comes near.
     constexpr unsigned kFirst = 256;
     constexpr unsigned kLast = 1u << 24;
-    const std::wstring wide = wideFormat(form ? form : L"");
     CVekString result;
-    for (unsigned size = kFirst; size <= kLast; size *= 4) {
-        wchar_t* buffer = result.GetBuffer(size);
-        if (!buffer)
-            break;
-        std::va_list arguments;
-        va_start(arguments, form);
-        const int written = std::vswprintf(buffer, size, wide.c_str(), arguments);
-        va_end(arguments);
-        if (written >= 0 && static_cast<unsigned>(written) < size)
-            return *this = CVekString(buffer, static_cast<unsigned>(written));
+    try {
+        const std::wstring wide = wideFormat(form ? form : L"");
+        for (unsigned size = kFirst; size <= kLast; size *= 4) {
+            wchar_t* buffer = result.GetBuffer(size);
+            if (!buffer)
+                return *this;
+            std::va_list arguments;
+            va_start(arguments, form);
+            const int written = std::vswprintf(buffer, size, wide.c_str(), arguments);
+            va_end(arguments);
+            if (written >= 0 && static_cast<unsigned>(written) < size)
+                return assign(buffer, lengthOf(buffer));
+        }
+    } catch (const std::bad_alloc&) {
+        VEK::memoryShort();
+        return *this;
     }
     return *this = CVekString();
 }
@@ -326,24 +344,29 @@ void CVekString::unEscapeWideChar()
 {
     if (find(L'\\') < 0)
         return;
-    std::wstring result;
-    for (const wchar_t* c = text(); *c;) {
+    // The characters are never longer than their escape sequences, so they take their place from the left on.
+    wchar_t* to = m_text;
+    for (const wchar_t* c = m_text; *c;) {
         const int unit = escapeAt(c);
         if (unit <= 0) {
-            result += *c++;
+            *to++ = *c++;
             continue;
         }
         c += c[1] == L'u' ? 6 : 7;
         const int low = isHighSurrogate(unit) ? escapeAt(c) : -1;
-        if (isLowSurrogate(low)) {
+        const bool pair = isLowSurrogate(low);
+        if (pair)
             c += c[1] == L'u' ? 6 : 7;
-            const int code = 0x10000 + (unit - 0xD800) * 0x400 + (low - 0xDC00);
-            VEK::platform::appendCodePoint(result, static_cast<char32_t>(code));
+        if (pair && sizeof(wchar_t) > 2) {
+            *to++ = static_cast<wchar_t>(0x10000 + (unit - 0xD800) * 0x400 + (low - 0xDC00));
         } else {
-            result += static_cast<wchar_t>(unit);
+            *to++ = static_cast<wchar_t>(unit);
+            if (pair)
+                *to++ = static_cast<wchar_t>(low);
         }
     }
-    assign(result.data(), static_cast<unsigned>(result.size()));
+    *to = L'\0';
+    headerOf(m_text)->length = static_cast<unsigned>(to - m_text);
 }
 
 CVekString operator+(const CVekString& a, const CVekString& b)
@@ -371,45 +394,53 @@ namespace VEK
 
 bool strTok(CVekArrayTempl<CVekString>& parts, const wchar_t* text, const wchar_t* delimiters, bool keepEmpty)
 {
-    CVekArrayTempl<CVekString> found;
-    const wchar_t* from = text ? text : L"";
-    while (text) {
-        const std::size_t count = std::wcscspn(from, delimiters ? delimiters : L"");
-        if (count || keepEmpty)
-            found.append(CVekString(from, static_cast<unsigned>(count)));
-        from += count;
-        if (!*from)
-            break;
-        ++from;
-    }
-    parts = std::move(found);
+    parts = whole(CVekArrayTempl<CVekString>(), [&] {
+        CVekArrayTempl<CVekString> found;
+        const wchar_t* from = text ? text : L"";
+        while (text) {
+            const std::size_t count = std::wcscspn(from, delimiters ? delimiters : L"");
+            if (count || keepEmpty)
+                found.append(CVekString(from, static_cast<unsigned>(count)));
+            from += count;
+            if (!*from)
+                break;
+            ++from;
+        }
+        return found;
+    });
     return parts.len() > 0;
 }
 
 CVekString implode(const CVekArrayTempl<CVekString>& parts, const wchar_t* separator)
 {
-    CVekString joinedText;
-    for (int i = 0; i < parts.len(); ++i) {
-        if (i > 0)
-            joinedText += separator;
-        joinedText += parts[i];
-    }
-    return joinedText;
+    return whole(CVekString(), [&] {
+        CVekString joined;
+        for (int i = 0; i < parts.len(); ++i) {
+            if (i > 0)
+                joined += separator;
+            joined += parts[i];
+        }
+        return joined;
+    });
 }
 
 CVekArrayTempl<char> toUtf8(const wchar_t* text)
 {
-    const std::string utf8 = platform::utf8Of(text ? text : L"");
-    CVekArrayTempl<char> bytes;
-    if (bytes.setLogicalLength(static_cast<int>(utf8.size())) > 0)
-        std::memcpy(bytes.begin(), utf8.data(), utf8.size());
-    return bytes;
+    return whole(CVekArrayTempl<char>(), [&] {
+        const std::string utf8 = platform::utf8Of(text ? text : L"");
+        CVekArrayTempl<char> bytes;
+        if (bytes.setLogicalLength(static_cast<int>(utf8.size())) > 0)
+            std::memcpy(bytes.begin(), utf8.data(), utf8.size());
+        return bytes;
+    });
 }
 
 CVekString fromUtf8(const char* text, unsigned length)
 {
-    const std::wstring wide = platform::wideOf(std::string_view(text, text ? length : 0));
-    return CVekString(wide.data(), static_cast<unsigned>(wide.size()));
+    return whole(CVekString(), [&] {
+        const std::wstring wide = platform::wideOf(std::string_view(text, text ? length : 0));
+        return CVekString(wide.data(), static_cast<unsigned>(wide.size()));
+    });
 }
 
 } // namespace VEK

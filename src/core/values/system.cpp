@@ -1,6 +1,7 @@
 #include <vek/values/system.h>
 
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
 
 namespace platform = VEK::platform;
 
@@ -30,57 +31,77 @@ namespace VEK
 
 bool execute(const wchar_t* command, unsigned long timeout, bool show)
 {
-    return platform::launch(viewOf(command), timeout, show);
+    return whole(false, [&] { return platform::launch(viewOf(command), timeout, show); });
 }
 
 bool regRead(const wchar_t* key, const wchar_t* name, unsigned long& value)
 {
-    return !keyOf(key).empty() && platform::settingRead(keyOf(key), viewOf(name), value);
+    return whole(false, [&] { return !keyOf(key).empty() && platform::settingRead(keyOf(key), viewOf(name), value); });
 }
 
 bool regRead(const wchar_t* key, const wchar_t* name, CVekString& value)
 {
-    std::wstring text;
-    if (keyOf(key).empty() || !platform::settingRead(keyOf(key), viewOf(name), text))
-        return false;
-    value = text.c_str();
-    return true;
+    CVekString read;
+    const bool good = whole(false, [&] {
+        std::wstring text;
+        if (keyOf(key).empty() || !platform::settingRead(keyOf(key), viewOf(name), text))
+            return false;
+        read = text.c_str();
+        return true;
+    });
+    if (good)
+        value = std::move(read);
+    return good;
 }
 
 bool regWrite(const wchar_t* key, const wchar_t* name, unsigned long value)
 {
-    return !keyOf(key).empty() && platform::settingWrite(keyOf(key), viewOf(name), value);
+    return whole(false, [&] { return !keyOf(key).empty() && platform::settingWrite(keyOf(key), viewOf(name), value); });
 }
 
 bool regWrite(const wchar_t* key, const wchar_t* name, const wchar_t* value)
 {
-    return !keyOf(key).empty() && platform::settingWrite(keyOf(key), viewOf(name), viewOf(value));
+    return whole(
+        false, [&] { return !keyOf(key).empty() && platform::settingWrite(keyOf(key), viewOf(name), viewOf(value)); });
 }
 
 bool regAppKey(CVekString& key, const wchar_t* text)
 {
-    CVekString whole = kMakerKey;
-    if (text && *text) {
-        whole += L'\\';
-        whole += text;
-    }
-    key = std::move(whole); // only now, since `text` may be the key itself
-    return true;
+    CVekString path;
+    const bool good = whole(false, [&] {
+        path = kMakerKey;
+        if (text && *text) {
+            path += L'\\';
+            path += text;
+        }
+        return true;
+    });
+    if (good)
+        key = std::move(path); // only now, since `text` may be the key itself
+    return good;
 }
 
 bool appFileName(CVekString& result, const wchar_t* family, const wchar_t* module, const wchar_t* ending)
 {
-    CVekString lowerEnding = ending;
-    lowerEnding.makeLower();
-    CVekString name = family;
-    name += kRelease;
-    name += module;
-    name += L'.';
-    name += lowerEnding;
-    const std::filesystem::path path = platform::modulePath().parent_path() / platform::pathOf(viewOf(name));
-    result = platform::textOf(path).c_str();
-    std::error_code error;
-    return std::filesystem::is_regular_file(path, error);
+    CVekString name;
+    bool there = false;
+    const bool good = whole(false, [&] {
+        CVekString lowerEnding = ending;
+        lowerEnding.makeLower();
+        name = family;
+        name += kRelease;
+        name += module;
+        name += L'.';
+        name += lowerEnding;
+        const std::filesystem::path path = platform::modulePath().parent_path() / platform::pathOf(viewOf(name));
+        name = platform::textOf(path).c_str();
+        std::error_code error;
+        there = std::filesystem::is_regular_file(path, error);
+        return true;
+    });
+    if (good)
+        result = std::move(name);
+    return good && there;
 }
 
 } // namespace VEK

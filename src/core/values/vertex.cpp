@@ -26,7 +26,7 @@ CVekVertex& CVekVertex::transformBy(const CVekMatrix3d& m)
 {
     start *= m;
     end *= m;
-    if (bulge != 0.0 && m.determinant() < 0.0)
+    if (bulge != 0.0 && m.mirrors())
         bulge = -bulge;
     return *this;
 }

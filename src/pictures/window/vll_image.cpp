@@ -6,7 +6,6 @@ namespace
 {
 
 constexpr int kLineMode = 6; ///< colour mode of the polylines, whose entry of the colour table is the contrast colour
-constexpr unsigned kShow = 1, kHide = 2, kCount = 3, kDoNotCount = 4; // codes of propSet
 
 CVekArrayTempl<int> pathOf(int number)
 {
@@ -80,8 +79,8 @@ bool CVekVllImage::setDrawBase(bool flag)
 {
     const bool before = drawBase;
     drawBase = flag;
-    gdx.propSet(pathOf(0), drawBase ? kShow : kHide);
-    gdx.propSet(pathOf(0), drawBase ? kCount : kDoNotCount);
+    gdx.propSet(pathOf(0), drawBase ? propShow : propHide);
+    gdx.propSet(pathOf(0), drawBase ? propExt : propNoExt);
     zoomExtents();
     repaint();
     return before;

@@ -1,0 +1,95 @@
+/// @file
+/// Memory that ends: the n-th allocation fails, alone or with all that follow it.
+///
+/// A program with this header is linked with `--wrap=malloc,--wrap=realloc`, so that the linker leads the library's own
+/// allocations here as well. It stands in one source of a program.
+#pragma once
+
+#include <vek/values/memory.h>
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <new>
+
+class FailingMemory
+{
+public:
+    FailingMemory(long number, bool lasting) : m_number(number), m_lasting(lasting) {}
+
+    /// Runs a job while the memory ends.
+    template <class Job>
+    auto during(Job&& job)
+    {
+        const struct Armed {
+            explicit Armed(FailingMemory* memory) { s_armed = memory; }
+            ~Armed() { s_armed = nullptr; }
+        } armed(this);
+        return job();
+    }
+
+    /// Whether an allocation was refused so far.
+    bool failed() const { return m_failed; }
+
+    /// Runs a check with every allocation failing in turn, until none is left to fail.
+    /// @param check gets a `FailingMemory&` and calls its `during` once
+    template <class Check>
+    static void forEveryAllocation(Check&& check)
+    {
+        for (const bool lasting : {false, true}) {
+            int rounds = 0;
+            for (bool more = true; more; ++rounds) {
+                SCOPED_TRACE(testing::Message() << "allocation " << rounds << (lasting ? " and all behind it" : ""));
+                FailingMemory memory(rounds, lasting);
+                check(memory);
+                more = memory.failed();
+            }
+            EXPECT_GT(rounds, 1) << "nothing was allocated";
+        }
+    }
+
+    static bool refuses()
+    {
+        if (!s_armed || s_armed->m_number-- > 0)
+            return false;
+        const bool refused = s_armed->m_lasting || !s_armed->m_failed;
+        s_armed->m_failed = true;
+        return refused;
+    }
+
+private:
+    static inline FailingMemory* s_armed = nullptr;
+
+    long m_number;
+    bool m_lasting;
+    bool m_failed = false;
+};
+
+extern "C" void* __real_malloc(std::size_t size);
+extern "C" void* __real_realloc(void* block, std::size_t size);
+extern "C" void* __wrap_malloc(std::size_t size)
+{
+    return FailingMemory::refuses() ? nullptr : __real_malloc(size);
+}
+extern "C" void* __wrap_realloc(void* block, std::size_t size)
+{
+    return FailingMemory::refuses() ? nullptr : __real_realloc(block, size);
+}
+
+void* operator new(std::size_t size)
+{
+    if (void* block = std::malloc(size ? size : 1))
+        return block;
+    throw std::bad_alloc();
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    return std::malloc(size ? size : 1);
+}
+void operator delete(void* block) noexcept
+{
+    std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept
+{
+    std::free(block);
+}
