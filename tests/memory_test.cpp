@@ -40,7 +40,8 @@ struct Values {
         for (const int number : numbers)
             all += CVekString().format(L"%d ", number);
         for (const CVekVertex& v : polyline)
-            all += CVekString().format(L"%g %g %g %g/", v.start.x, v.end.y, v.end.z, v.bulge);
+            all += CVekString().format(L"%g %g %g/", v.start.x, v.end.y, v.bulge);
+        all += CVekString().format(L"%g;", polyline.normal().y);
         for (const CVekPoint3d& p : points)
             all += CVekString().format(L"%g ", p.x);
         all += CVekString().format(L"%d", shared ? 1 : 0);
@@ -81,6 +82,8 @@ TEST(Memory, ValuesStayOrChangeAsAWhole)
     const CVekArrayTempl<int> more{9, 8, 7, 6, 5, 4, 3, 2, 1};
     const CVekString another(L"another key");
     const CVekVertexArray upright = arcs({0, 1, 0});
+    CVekVertexArray slanted = arcs({0, 1, 1});
+    slanted += slanted;
     const std::function<void(Values&)> jobs[] = {
         [](Values& v) { v.text += L"and so much more that a new block is wanted for all of it"; },
         [](Values& v) { v.text.replace(L".", L" a longer text that stands for a point "); },
@@ -96,6 +99,7 @@ TEST(Memory, ValuesStayOrChangeAsAWhole)
                 v.map = std::move(copy);
         },
         [&](Values& v) { v.polyline += upright; },
+        [&](Values& v) { v.polyline = slanted; },
         [](Values& v) {
             CVekMatrix3d stretch;
             stretch[0][0] = 3.0;

@@ -115,25 +115,23 @@ TEST(AutoPrecision, KeepsTheFinenessOfMillimetres)
         Vek::lUnit unit;
         Vek::lFormat format;
         int expected;
-    } cases[] = {
-        {2, Vek::unitMillimetre, Vek::formatDecimal, 2},
-        {3, Vek::unitMillimetre, Vek::formatFractional, 3},
-        {12, Vek::unitMillimetre, Vek::formatDecimal, 12},
-        {2, Vek::unitCurrent, Vek::formatDecimal, 2},
-        {2, Vek::unitCentimetre, Vek::formatDecimal, 3},
-        {2, Vek::unitMetre, Vek::formatDecimal, 5},
-        {2, Vek::unitKilometre, Vek::formatScientific, 8},
-        {4, Vek::unitKilometre, Vek::formatDecimal, 8},
-        {2, Vek::unitInch, Vek::formatDecimal, 4}, // 0.001 in are 0.0254 mm, coarser than 0.01 mm
-        {2, Vek::unitInch, Vek::formatEngineering, 4},
-        {0, Vek::unitInch, Vek::formatFractional, 5}, // 1/16 in is 1.6 mm, 1/32 in is 0.8 mm
-        {1, Vek::unitFoot, Vek::formatArchitectural, 8},
-        {2, Vek::unitMicron, Vek::formatDecimal, 0},
-        {5, Vek::unitMicron, Vek::formatDecimal, 2},
-        {2, Vek::unitNone, Vek::formatDecimal, 2},
-        {0, Vek::unitParsec, Vek::formatDecimal, 8},
-        {INT_MAX, Vek::unitParsec, Vek::formatDecimal, 8},
-    };
+    } cases[] = {{2, Vek::unitMillimetre, Vek::formatDecimal, 2},
+                 {3, Vek::unitMillimetre, Vek::formatFractional, 3},
+                 {12, Vek::unitMillimetre, Vek::formatDecimal, 12},
+                 {2, Vek::unitCurrent, Vek::formatDecimal, 2},
+                 {2, Vek::unitCentimetre, Vek::formatDecimal, 3},
+                 {2, Vek::unitMetre, Vek::formatDecimal, 5},
+                 {2, Vek::unitKilometre, Vek::formatScientific, 8},
+                 {4, Vek::unitKilometre, Vek::formatDecimal, 8},
+                 {2, Vek::unitInch, Vek::formatDecimal, 4}, // 0.001 in are 0.0254 mm, coarser than 0.01 mm
+                 {2, Vek::unitInch, Vek::formatEngineering, 4},
+                 {0, Vek::unitInch, Vek::formatFractional, 5}, // 1/16 in is 1.6 mm, 1/32 in is 0.8 mm
+                 {1, Vek::unitFoot, Vek::formatArchitectural, 8},
+                 {2, Vek::unitMicron, Vek::formatDecimal, 0},
+                 {5, Vek::unitMicron, Vek::formatDecimal, 2},
+                 {2, Vek::unitNone, Vek::formatDecimal, 2},
+                 {0, Vek::unitParsec, Vek::formatDecimal, 8},
+                 {INT_MAX, Vek::unitParsec, Vek::formatDecimal, 8}};
     for (const auto& c : cases)
         EXPECT_EQ(autoPrec(c.precision, c.unit, c.format), c.expected) << c.precision << ' ' << c.unit;
 }

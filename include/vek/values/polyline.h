@@ -84,6 +84,18 @@ public:
     CVekVertexArray(const CVekVertex& vertex) { append(vertex); }
     CVekVertexArray(std::initializer_list<CVekVertex> vertices) : CVekArrayTempl<CVekVertex>(vertices) {}
 
+    CVekVertexArray(const CVekVertexArray&) = default;
+    CVekVertexArray(CVekVertexArray&&) noexcept = default;
+    ~CVekVertexArray() override = default;
+    CVekVertexArray& operator=(const CVekVertexArray& other)
+    {
+        CVekArrayTempl<CVekVertex>::operator=(other);
+        if (len() == other.len()) // otherwise the memory was not to be had
+            m_normal = other.m_normal;
+        return *this;
+    }
+    CVekVertexArray& operator=(CVekVertexArray&&) noexcept = default;
+
     /// An open polyline straight through the points.
     CVekVertexArray(std::initializer_list<CVekPoint3d> points)
     {

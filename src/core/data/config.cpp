@@ -10,8 +10,12 @@ CVekDataDir* CConfig::getCfgRoot(const wchar_t*)
 
 CConfig* cfgMgrPtr()
 {
-    static CConfig* const manager = new CConfig; // other objects of the process may ask it at their end
-    return manager;
+    static union Kept { // without an end: other objects of the process may ask it at theirs
+        CConfig manager;
+        Kept() : manager() {}
+        ~Kept() {}
+    } kept;
+    return &kept.manager;
 }
 
 CVekDataItem* cfg_get(const wchar_t* path)

@@ -20,8 +20,12 @@ public:
 
 CVekApp* noApp()
 {
-    static CVekApp* const app = new CNoApp; // objects of the process may ask it at their end
-    return app;
+    static union Kept { // without an end: objects of the process may ask it at theirs
+        CNoApp app;
+        Kept() : app() {}
+        ~Kept() {}
+    } kept;
+    return &kept.app;
 }
 
 CVekApp* installed = nullptr;
