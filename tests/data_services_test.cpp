@@ -124,8 +124,7 @@ TEST_F(HostTest, CallsFunctionsByName)
 
 TEST_F(HostTest, GivesWhatWasEntered)
 {
-    VekPatternLines lines;
-    lines[0].append(45.0);
+    const VekPatternLines lines{{45.0}};
     app.hatchPatternSet(L"ANSI31", lines);
     VekPatternLines found;
     app.hatchPatternGet(L"ansi31", found);
@@ -150,8 +149,7 @@ TEST(NoHost, ReportsFailure)
 {
     CVekApp* app = vekAppPtr();
     EXPECT_EQ(app->defaultUnit(), 2);
-    VekPatternLines lines;
-    lines[0].append(1.0);
+    VekPatternLines lines{{1.0}};
     app->hatchPatternGet(L"ANSI31", lines);
     EXPECT_EQ(lines.len(), 0);
     VEK::CAdsName name;
@@ -231,10 +229,7 @@ TEST_F(ConfigTest, FindsFilesAndHelp)
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "vek_find_test";
     std::filesystem::create_directories(folder / "sub");
     std::ofstream(folder / "Kontur.chm") << "x";
-    CVekArrayTempl<CVekString> folders;
-    folders.append(CVekString(L"no such folder"));
-    folders.append(CVekString(folder.wstring().c_str()));
-    VEK::filePathSet(folders);
+    VEK::filePathSet({L"no such folder", folder.wstring().c_str()});
     CVekString path(L"before");
     EXPECT_FALSE(VEK::fileFind(path, L"Nichts.sld"));
     EXPECT_FALSE(VEK::fileFind(path, L"sub"));
@@ -303,8 +298,7 @@ TEST_F(ConfigTest, HoldsMaterials)
 {
     CVekDataItem* library = VEK::cfg_dir_make(L"*MAT*");
     VEK::dataSet(library, L"ALU\\LABEL", L"\\de:Aluminium\\en:Aluminium alloy");
-    CVekArrayTempl<CVekString> subs;
-    subs.append(CVekString(L"ALU_6060"));
+    const CVekArrayTempl<CVekString> subs{L"ALU_6060"};
     VEK::dataSet(library, L"ALU\\SUBS", subs);
     VEK::dataSet(library, L"ALU\\PHYS", L"ALU_6060");
     VEK::dataSet(library, L"ALU_6060\\SUB", true);

@@ -57,7 +57,10 @@ TEST(DataTree, AgreesWithAPlainListUnderRandomChanges)
         const int number = static_cast<int>(random() % 400);
         CVekString name;
         name.format(L"K%d", number);
-        const CVekDataKey key = number % 2 ? CVekDataKey(5003, number, 0) : CVekDataKey(name);
+        const short type = number % 3 == 1 ? CVekDataKey::keyText : CVekDataKey::keyText2;
+        const CVekDataKey key = number % 3 == 0 ? CVekDataKey(5003, 200 - number, 0)
+                                : number == 1   ? CVekDataKey(L"")
+                                                : CVekDataKey(type, name, 0);
         const auto there =
             std::find_if(model.begin(), model.end(), [&](const Model& entry) { return entry.key == key; });
         // Growing and shrinking in turn, so that the table appears, is rebuilt and loses its gaps.

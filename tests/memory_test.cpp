@@ -23,6 +23,7 @@ CVekVertexArray arcs(const CVekVector3d& normal)
 struct Values {
     CVekString text = L"a.b";
     CVekArrayTempl<int> numbers{1, 2, 3};
+    CVekArrayTempl<int> others{4, 5};
     CVekArrayTempl<CVekString> texts{L"one", L"two"};
     CVekMapTempl<CVekString, CVekString> map;
     CVekVertexArray polyline = arcs({0, 0, 1});
@@ -37,8 +38,10 @@ struct Values {
         CVekString all = text + L"|" + VEK::implode(texts, L",") + L"|" + color.colorName() + color.bookName();
         for (const auto& [key, value] : map)
             all += key + L"=" + value + L";";
-        for (const int number : numbers)
-            all += CVekString().format(L"%d ", number);
+        for (const CVekArrayTempl<int>* list : {&numbers, &others}) {
+            for (const int number : *list)
+                all += CVekString().format(L"%d ", number);
+        }
         for (const CVekVertex& v : polyline)
             all += CVekString().format(L"%g %g %g/", v.start.x, v.end.y, v.bulge);
         all += CVekString().format(L"%g;", polyline.normal().y);
@@ -90,6 +93,7 @@ TEST(Memory, ValuesStayOrChangeAsAWhole)
         [](Values& v) { v.text.format(L"%s and %s", L"first", L"second"); },
         [](Values& v) { v.numbers += v.numbers; },
         [&](Values& v) { v.numbers = more; },
+        [](Values& v) { v.numbers += std::move(v.others); },
         [](Values& v) { v.numbers[20] = 0; },
         [&](Values& v) { v.map[another]; },
         [](Values& v) {

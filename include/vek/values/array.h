@@ -172,17 +172,21 @@ public:
         return *this;
     }
 
-    /// Appends all elements of another array by moving them; the other one is empty afterwards.
+    /// Appends all elements of another array by moving them; the other one is empty afterwards, except where the memory
+    /// was not to be had.
     CVekArrayTempl& operator+=(CVekArrayTempl&& other)
     {
+        if (this == &other)
+            return *this;
         if (m_length == 0) {
             exchange(other);
-        } else if (this != &other && ensure(std::size_t{m_length} + other.m_length)) {
+        } else if (ensure(std::size_t{m_length} + other.m_length)) {
             for (T& value : other)
                 put(std::move(value));
+        } else {
+            return *this;
         }
-        if (this != &other)
-            other.m_length = 0;
+        other.m_length = 0;
         return *this;
     }
 

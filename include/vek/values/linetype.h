@@ -10,6 +10,7 @@ class VEK_API CVekLineParm : public CVekObj
 {
 public:
     explicit CVekLineParm(const CVekArrayTempl<double>& dashes) : m_dashes(dashes) {}
+    CVekLineParm(std::initializer_list<double> dashes) : m_dashes(dashes) {}
     CVekLineParm(double first, double second)
     {
         m_dashes.append(first);
