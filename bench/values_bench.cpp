@@ -9,8 +9,9 @@
 namespace
 {
 
-/// As large as a display item, and it counts its copies.
+/// As large as a display item, and moved like one; it counts its copies.
 struct Large {
+    using MovesAsBytes = Large;
     static inline long copies = 0;
 
     double payload[64] = {};
