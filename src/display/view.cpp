@@ -1,3 +1,5 @@
+#include "core/geometry/view_direction.h"
+
 #include <vek/display/view.h>
 #include <vek/geometry.h>
 
@@ -25,18 +27,7 @@ CVekMatrix3d getViewMtx(CVekPoint3d min, CVekPoint3d max, int height, int width,
 
 CVekVector3d vek_gdx_view_vdir_get(const wchar_t* keyword)
 {
-    static constexpr struct {
-        const wchar_t* keyword;
-        double x, y, z;
-    } kDirections[] = {{L"P", 0, 0, 1},  {L"N", 0, 1, 0},   {L"S", 0, -1, 0},  {L"O", -1, 0, 0},
-                       {L"W", 1, 0, 0}, // against the sign of the corners below
-                       {L"NO", 1, 1, 1}, {L"NW", -1, 1, 1}, {L"SO", 1, -1, 1}, {L"SW", -1, -1, 1}};
-    const CVekString wanted = keyword;
-    for (const auto& row : kDirections) {
-        if (wanted == row.keyword)
-            return {row.x, row.y, row.z};
-    }
-    return {};
+    return VEK::detail::viewDirection(keyword);
 }
 
 CVekVertexArray vek_g_vl_mtx_view(const CVekVertexArray& vl, const CVekVector3d& direction, const CVekPoint3d& point,

@@ -1,3 +1,5 @@
+#include "core/geometry/view_direction.h"
+
 #include <vek/geometry/view.h>
 
 #include <cmath>
@@ -7,16 +9,6 @@ namespace VEK
 {
 namespace
 {
-
-struct NamedView {
-    const wchar_t* name;
-    CVekVector3d direction;
-};
-
-const NamedView kNamedViews[] = {
-    {L"P", {0, 0, 1}}, {L"N", {0, 1, 0}},  {L"S", {0, -1, 0}},  {L"O", {-1, 0, 0}},  {L"W", {1, 0, 0}},
-    {L"E", {1, 0, 0}}, {L"NO", {1, 1, 1}}, {L"NW", {-1, 1, 1}}, {L"SO", {1, -1, 1}}, {L"SW", {-1, -1, 1}},
-};
 
 /// Sine of the angle to the vertical below which a direction counts as vertical.
 constexpr double kVertical = 1e-9;
@@ -41,13 +33,26 @@ CVekMatrix3d g_mtx_view(const CVekVector3d& direction, const CVekPoint3d& point,
     return toView ? m.invert() : m;
 }
 
+CVekVector3d detail::viewDirection(const wchar_t* name)
+{
+    static constexpr struct {
+        const wchar_t* name;
+        double x, y, z;
+    } kViews[] = {{L"P", 0, 0, 1},  {L"N", 0, 1, 0},   {L"S", 0, -1, 0},  {L"O", -1, 0, 0},
+                  {L"W", 1, 0, 0}, // against the sign of the corners below
+                  {L"NO", 1, 1, 1}, {L"NW", -1, 1, 1}, {L"SO", 1, -1, 1}, {L"SW", -1, -1, 1}};
+    for (const auto& view : kViews) {
+        if (name && std::wcscmp(name, view.name) == 0)
+            return {view.x, view.y, view.z};
+    }
+    return {};
+}
+
 CVekMatrix3d g_mtx_view_dir(const wchar_t* name, const CVekPoint3d& point)
 {
-    for (const NamedView& view : kNamedViews) {
-        if (name && std::wcscmp(name, view.name) == 0)
-            return g_mtx_view(view.direction, point, true);
-    }
-    return g_mtx_view(CVekVector3d::kZAxis, point, true);
+    if (name && std::wcscmp(name, L"E") == 0)
+        return g_mtx_view(CVekVector3d::kXAxis, point, true);
+    return g_mtx_view(detail::viewDirection(name), point, true); // no direction counts as the plan
 }
 
 CVekVertex& g_vx_xy(CVekVertex& vertex)
