@@ -1,4 +1,3 @@
-#include "core/geometry/meets.h"
 #include "core/geometry/part.h"
 
 #include <vek/geometry/polyline.h>
@@ -150,7 +149,8 @@ CVekArrayTempl<CVekVertexArray> vl_measure(CVekVertexArray vl, double scale, CVe
         for (const CVekVertex& vertex : run)
             total += detail::Segment(vertex, run.normal()).length();
     }
-    if (!(total * static_cast<double>(scaled.entries.size()) <= kMaxEntries * scaled.period) && scaled.period > 0.0)
+    const double periods = scaled.period > 0.0 ? total / scaled.period : 0.0;
+    if (!std::isfinite(total) || !(periods * static_cast<double>(scaled.entries.size()) <= kMaxEntries))
         return runs;
     for (const CVekVertexArray& run : runs)
         measureRun(run, scaled, pieces);
