@@ -8,5 +8,6 @@
 
 #include <vek/geometry/outline.h>
 #include <vek/geometry/polyline.h>
+#include <vek/geometry/prepared_region.h>
 #include <vek/geometry/region.h>
 #include <vek/geometry/view.h>

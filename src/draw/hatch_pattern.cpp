@@ -217,7 +217,7 @@ void Family::findCovered(const HatchRows& rows)
 {
     const double from = m_dashes.isGiven() ? m_dashes.firstStart() : 0.0;
     const double to = m_dashes.isGiven() ? m_dashes.lastEnd(2.0 * m_half) : 2.0 * m_half;
-    m_covers = rows.hangsTogether();
+    m_covers = rows.isContinuous();
     for (const long long line : {m_lowest, m_highest})
         m_covers = m_covers && start(line) + from < rows.box().min.x - rows.tolerance() &&
                    start(line) + to > rows.box().max.x + rows.tolerance();

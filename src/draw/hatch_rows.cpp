@@ -1,8 +1,8 @@
 #include "draw/hatch_rows.h"
 
-#include "core/geometry/crossing.h"
-#include "core/geometry/meets.h"
+#include "core/values/crossing.h"
 #include "core/values/intersect.h"
+#include "core/values/stepping.h"
 
 namespace VEK::detail
 {
@@ -48,7 +48,6 @@ void HatchRows::addContour(const CVekVertexArray& contour, std::uint32_t number,
     const auto turned = [=](const CVekPoint3d& p) {
         return plane::Vec{p[0] * cosine + p[1] * sine, p[1] * cosine - p[0] * sine};
     };
-    const auto same = [](plane::Vec a, plane::Vec b) { return meets({a.x, a.y, 0.0}, {b.x, b.y, 0.0}); };
     plane::Vec first, end; // of the chain so far
     const CVekPoint3d* before = nullptr;
     plane::Box box{};
@@ -57,7 +56,7 @@ void HatchRows::addContour(const CVekVertexArray& contour, std::uint32_t number,
         plane::Vec start = end;
         if (!before || *before != vertex.start) {
             const plane::Vec own = turned(vertex.start);
-            if (!before || !same(end, own))
+            if (!before || !plane::meets(end, own))
                 start = own;
         }
         if (&vertex == contour.begin())
@@ -65,7 +64,7 @@ void HatchRows::addContour(const CVekVertexArray& contour, std::uint32_t number,
         box.add(start);
         const bool isPoint = vertex.start[0] == vertex.end[0] && vertex.start[1] == vertex.end[1];
         if (number == 0 && (before ? start != end : isPoint))
-            m_hangsTogether = false;
+            m_isContinuous = false;
         if (isPoint) { // makes a cut and bounds nothing
             addSide(start, start, number);
             continue;
@@ -89,7 +88,7 @@ void HatchRows::addContour(const CVekVertexArray& contour, std::uint32_t number,
     if (contour.len() == 0)
         return;
     if (before)
-        addSide(end, first, number).isBridge = !same(end, first);
+        addSide(end, first, number).isBridge = !plane::meets(end, first);
     if (number == 0)
         m_box = box;
     if (m_all.max.x < m_all.min.x)
@@ -295,7 +294,6 @@ void HatchRows::takeStretches()
     m_hasStretches = true;
     m_outer.clear();
     m_inside.clear();
-    int blocked = 0;
     double from = -HUGE_VAL;
     const auto judge = [](std::vector<Stretch>& stretches, bool isIn, double place) {
         const bool wasIn = !stretches.empty() && stretches.back().to == HUGE_VAL;
@@ -306,22 +304,14 @@ void HatchRows::takeStretches()
     };
     const auto piece = [&](double to) {
         if (to - from > m_tolerance) {
-            const bool isInOuter = m_standing[0].within || m_standing[0].along > 0;
-            judge(m_outer, isInOuter, from);
-            judge(m_inside, isInOuter && blocked == 0, from);
+            judge(m_outer, m_standing.isInOuter(), from);
+            judge(m_inside, m_standing.isInside(), from);
         }
         from = to;
     };
     for (const Cut& event : m_isPlain ? m_found : m_events) {
         piece(event.x);
-        Standing& standing = m_standing[event.contour];
-        const auto blocks = [&] { return event.contour > 0 && standing.within && standing.along == 0; };
-        blocked -= blocks();
-        if (event.step == kPass)
-            standing.within = !standing.within;
-        else
-            standing.along += event.step;
-        blocked += blocks();
+        m_standing.apply(event.contour, event.step);
     }
     piece(HUGE_VAL);
 }

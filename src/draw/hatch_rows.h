@@ -1,6 +1,7 @@
 /// A region cut by many parallel lines, from the lowest to the highest.
 #pragma once
 
+#include "core/geometry/standing.h"
 #include "core/values/arc.h"
 
 #include <vek/values/polyline.h>
@@ -32,8 +33,8 @@ public:
     /// The box around the outer contour.
     const plane::Box& box() const { return m_box; }
 
-    /// Whether the outer contour hangs together, so that every row between its lowest and highest point meets it.
-    bool hangsTogether() const { return m_hangsTogether; }
+    /// Whether the outer contour has no gap, so that every row between its lowest and highest point meets it.
+    bool isContinuous() const { return m_isContinuous; }
 
     /// Lays the rows: row number n lies at `height` + n * `step`, and there is none below `lowest` or above `highest`.
     /// @param step above 0
@@ -79,19 +80,11 @@ private:
         std::uint32_t last = 0;
     };
 
-    static constexpr int kPass = 0;
-
     /// What happens at a place of a row.
     struct Cut {
         double x;
         std::uint32_t contour;
-        int step = kPass; ///< or 1 and -1 where a stretch along the contour begins and ends
-    };
-
-    /// Where a place stands to a contour.
-    struct Standing {
-        bool within = false;
-        int along = 0; ///< number of stretches of its boundary that run here
+        int step = plane::Standing::kPass;
     };
 
     void addContour(const CVekVertexArray& contour, std::uint32_t number, double turn);
@@ -105,7 +98,7 @@ private:
     double m_tolerance = 0.0;
     plane::Box m_box{};                         ///< of the outer contour
     plane::Box m_all{{0.0, 0.0}, {-1.0, -1.0}}; ///< of all contours; inside out without any
-    bool m_hangsTogether = true;
+    bool m_isContinuous = true;
     std::vector<Side> m_sides;
 
     double m_height = 0.0;
@@ -124,7 +117,7 @@ private:
     std::vector<Stretch> m_pieces;
     std::vector<Stretch> m_outer;
     std::vector<Stretch> m_inside;
-    std::vector<Standing> m_standing; ///< one for each contour, while the stretches are taken
+    plane::Standing m_standing; ///< while the stretches are taken
 };
 
 } // namespace VEK::detail

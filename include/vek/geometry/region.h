@@ -4,7 +4,10 @@
 /// A region is a list of polylines: element 0 is the outer contour, the others are holes in it. A list without
 /// elements, or with an empty outer contour, contains nothing. The boundary, that of the holes too, belongs to the
 /// region. The winding of contours carries no meaning; an open contour counts as closed by a straight segment. All
-/// of it happens in the xy plane: z of the contours is not looked at.
+/// of it happens in the xy plane: z of the contours is not looked at. Arcs may lie about a normal that points down;
+/// where it points aside, fine chords take their place.
+///
+/// Who asks one region several times keeps a `CPreparedRegion`.
 #pragma once
 
 #include <vek/values/polyline.h>
@@ -26,7 +29,8 @@ VEK_API void regionOrient(CVekArrayTempl<CVekVertexArray>& region, const CVekVec
 /// The cuts are exact on arcs, and arcs stay arcs. Pieces end only where the polyline changes between inside and
 /// outside and at its own breaks; a mere touch does not cut. What runs along the boundary is inside. Pieces keep z,
 /// tags and normal of the polyline. Nothing shorter than the point tolerance is cut off, but a segment without length
-/// that stands in the polyline, a dot, goes with the place where it lies. A polyline with arcs lies parallel to xy.
+/// that stands in the polyline, a dot, goes with the place where it lies. Of a polyline whose arcs do not lie parallel
+/// to xy the pieces are of fine chords.
 /// @param inside true keeps what is inside, false the rest
 VEK_API CVekArrayTempl<CVekVertexArray> vl_punch(CVekVertexArray vl, const CVekVertexArray& contour, bool inside);
 
@@ -37,9 +41,16 @@ VEK_API CVekArrayTempl<CVekVertexArray> vl_punch_reg(CVekVertexArray vl, const C
 /// Whether a point lies in the region: 1 inside or on the boundary, 0 outside.
 VEK_API int g_vll_pt_inside(const CVekArrayTempl<CVekVertexArray>& region, const CVekPoint3d& point);
 
-/// Prepares loose polylines for `g_vll_regions`: runs that meet end to end are joined to closed contours, and what
-/// cannot bound anything is dropped: segments without length, contours without area, runs that stay open, and
-/// contours that are there twice.
+/// Prepares loose polylines for `g_vll_regions`: closed contours stay as they are, and out of the segments of the
+/// others come the faces that they part the plane into, so that cells which share walls have each a contour of their
+/// own.
+///
+/// Segments belong together where their ends meet; those that cross elsewhere are not parted there. What cannot bound
+/// anything is dropped: segments without length, contours without area, what leads to an open end, and contours that
+/// are there twice. A face that meets itself in a point gives its outer contour there, and what hangs in it its own
+/// ones. The contours of faces run counter-clockwise from their leftmost point; which they are depends on neither the
+/// order nor the directions of the segments.
+/// @return in the order of their first segments in the list
 VEK_API CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVertexArray>& vll);
 
 /// Sorts closed contours that do not cross into regions.

@@ -11,14 +11,6 @@ namespace
 /// Chords of one arc that a caller can ask for; a number beyond it would only fill the memory.
 constexpr int kMaxExplode = 1000000;
 
-/// Sine of the angle to xy below which a plane counts as parallel to it.
-constexpr double kLevel = 1e-9;
-
-bool hasArcs(const CVekVertexArray& vl)
-{
-    return std::any_of(vl.begin(), vl.end(), [](const CVekVertex& vertex) { return vertex.bulge != 0.0; });
-}
-
 template <class Count>
 CVekVertexArray chordsOf(const CVekVertexArray& vl, Count&& count)
 {
@@ -41,20 +33,22 @@ bool liesLevel(const CVekVector3d& normal, const CVekMatrix3d& m)
 {
     CVekMatrix3d frame;
     frame.setToPlaneToWorld(normal);
-    const CVekVector3d n = (frame.axis(0) * m) * (frame.axis(1) * m);
-    return n[0] * n[0] + n[1] * n[1] <= kLevel * kLevel * n[2] * n[2];
+    return plane::isLevel((frame.axis(0) * m) * (frame.axis(1) * m));
 }
 
 } // namespace
 
 int vx_split_dif(const CVekVertex& vertex, double dif)
 {
-    return detail::Segment(vertex, CVekVector3d::kZAxis).chordCount(dif);
+    // In whatever plane the arc lies: a lone vertex does not tell, and the chord is as long from anywhere.
+    const double chord = vertex.start.distanceTo(vertex.end);
+    const plane::Bend bend(vertex.bulge, chord);
+    return bend.isArc() ? plane::chordCount(0.5 * chord / std::fabs(bend.sine), bend.sweep, dif) : 1;
 }
 
 CVekVertexArray vl_split_dif(CVekVertexArray vl, double dif)
 {
-    if (!hasArcs(vl))
+    if (!plane::hasArcs(vl))
         return vl;
     return chordsOf(vl, [dif](const detail::Segment& arc) { return arc.chordCount(dif); });
 }
@@ -66,7 +60,7 @@ CVekVertexArray g_vl_expl(const CVekVertexArray& vl, int n)
 
 CVekVertexArray g_vl_proje_mtx_orig(CVekVertexArray vl, const CVekMatrix3d& m, double tolerance)
 {
-    if (hasArcs(vl) && !liesLevel(vl.normal(), m))
+    if (plane::hasArcs(vl) && !liesLevel(vl.normal(), m))
         vl = vl_split_dif(std::move(vl), tolerance);
     vl.transformBy(m);
     const bool turned = vl.normal()[2] < 0.0;

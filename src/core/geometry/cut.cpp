@@ -1,4 +1,3 @@
-#include "core/geometry/meets.h"
 #include "core/geometry/part.h"
 
 #include <vek/geometry/polyline.h>
@@ -24,7 +23,7 @@ std::optional<Place> placeOf(const CVekVertexArray& vl, const CVekPoint3d& point
     for (int i = 0; i < vl.len(); ++i) {
         const detail::Segment segment(vl[i], vl.normal());
         const double t = segment.parameter(point);
-        if (detail::meets(point, segment.at(t)))
+        if (plane::meets(point, segment.at(t)))
             return Place{i, t};
     }
     return {};
@@ -37,7 +36,7 @@ CVekVertexArray g_vl_cut(CVekVertexArray vl, const CVekPoint3d& from, const CVek
     CVekVertexArray cut;
     std::optional<Place> first = placeOf(vl, from);
     std::optional<Place> last = placeOf(vl, to);
-    if (!first || !last || detail::meets(from, to))
+    if (!first || !last || plane::meets(from, to))
         return cut;
     const CVekPoint3d* firstPoint = &from;
     const CVekPoint3d* lastPoint = &to;
@@ -55,7 +54,7 @@ CVekVertexArray g_vl_cut(CVekVertexArray vl, const CVekPoint3d& from, const CVek
             part.start = *firstPoint;
         if (ends)
             part.end = *lastPoint;
-        if ((starts || ends) && detail::meets(part.start, part.end) && std::fabs(part.bulge) < 1.0)
+        if ((starts || ends) && plane::meets(part.start, part.end) && std::fabs(part.bulge) < 1.0)
             continue;
         cut.append(part);
     }

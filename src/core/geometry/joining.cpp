@@ -1,12 +1,14 @@
 #include "core/geometry/area.h"
-#include "core/geometry/meets.h"
 #include "core/geometry/part.h"
 
 #include <vek/geometry/polyline.h>
 #include <vek/geometry/region.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <new>
+#include <numbers>
 #include <numeric>
 #include <set>
 #include <unordered_map>
@@ -96,145 +98,196 @@ struct IdentityHash {
     }
 };
 
+/// An order of points that comes from nothing but where they lie.
+bool before(const CVekPoint3d& a, const CVekPoint3d& b)
+{
+    for (int axis = 0; axis < 3; ++axis) {
+        if (a[axis] != b[axis])
+            return a[axis] < b[axis];
+    }
+    return false;
+}
+
 /// A loose segment, an edge of the graph whose nodes are the numbered points.
 struct Edge {
     CVekVertex vertex;
     CVekVector3d normal;
     int from, to;
     int order; ///< of the run that it comes from
-    bool used = false;
 
-    int other(int node) const { return node == from ? to : from; }
+    /// The segment in the other direction, or in its own one.
+    CVekVertex directed(bool back) const
+    {
+        CVekVertex own = vertex;
+        if (back) {
+            std::swap(own.start, own.end);
+            own.bulge = -own.bulge;
+        }
+        return own;
+    }
 };
 
-/// Takes closed contours out of loose segments.
-class Loops
+/// The faces of the plane graph of loose segments: what they part the plane into, but for the endless rest.
+///
+/// Each edge is gone along in both directions, with the face at its left. At a node a face goes on along the edge that
+/// comes next by angle. Neither the order nor the directions of the segments come into it.
+class Faces
 {
 public:
-    Loops(std::vector<Edge>& edges, int nodes) : m_edges(edges), m_begins(size(nodes) + 1), m_onPath(size(nodes), -1)
+    Faces(const std::vector<Edge>& edges, int nodes)
+        : m_edges(edges), m_begins(size(nodes) + 1), m_isUsed(2 * edges.size()), m_onPath(size(nodes), -1)
     {
         for (const Edge& edge : edges) {
             ++m_begins[size(edge.from)];
             ++m_begins[size(edge.to)];
         }
-        m_degrees.assign(m_begins.begin(), m_begins.end() - 1);
         std::partial_sum(m_begins.begin(), m_begins.end(), m_begins.begin());
-        m_atNodes.resize(2 * edges.size());
-        for (std::size_t i = edges.size(); i-- > 0;) {
-            m_atNodes[--m_begins[size(edges[i].from)]] = i;
-            m_atNodes[--m_begins[size(edges[i].to)]] = i;
-        }
+        m_ways.resize(2 * edges.size());
+        for (Way way = m_ways.size(); way-- > 0;)
+            m_ways[--m_begins[size(start(way))]] = way;
         dropDeadEnds();
-        m_next.assign(m_begins.begin(), m_begins.end() - 1);
+        m_clockwise.resize(m_ways.size());
+        for (std::size_t node = 0; node + 1 < m_begins.size(); ++node)
+            sortByAngle(m_begins[node], m_begins[node + 1]);
     }
 
-    /// Calls `found(contour, order)` for each.
+    /// Calls `found(contour, order)` for each, its contour counter-clockwise from its leftmost point.
     template <class Found>
     void find(Found&& found)
     {
-        for (Edge& first : m_edges) {
-            if (first.used)
-                continue;
-            int node = first.from;
-            m_onPath[size(node)] = 0;
-            std::size_t edge = static_cast<std::size_t>(&first - m_edges.data());
-            while (edge != kNoEdge || !m_path.empty()) {
-                if (edge == kNoEdge) { // a dead end after all
-                    m_onPath[size(node)] = -1;
-                    node = m_path.back().from;
-                    m_path.pop_back();
-                } else {
-                    m_edges[edge].used = true;
-                    m_path.push_back({edge, node});
-                    node = m_edges[edge].other(node);
-                    if (m_onPath[size(node)] >= 0)
-                        takeLoop(m_onPath[size(node)], found);
-                    else
-                        m_onPath[size(node)] = static_cast<int>(m_path.size());
-                }
-                edge = nextEdge(node);
+        for (Way first = 0; first < m_isUsed.size(); ++first) {
+            for (Way way = first; !m_isUsed[way]; way = next(way)) {
+                m_isUsed[way] = 1;
+                m_onPath[size(start(way))] = static_cast<int>(m_path.size());
+                m_path.push_back(way);
+                const int begin = m_onPath[size(end(way))];
+                if (begin >= 0) // a face that meets itself in a node is taken apart there
+                    takeLoop(size(begin), found);
             }
-            m_onPath[size(node)] = -1;
+            m_path.clear();
         }
     }
 
 private:
-    static constexpr std::size_t kNoEdge = static_cast<std::size_t>(-1);
-
-    struct Step {
-        std::size_t edge;
-        int from;
-    };
+    /// An edge in one direction: twice its number, one more against the direction of its segment.
+    using Way = std::size_t;
 
     static std::size_t size(int number) { return static_cast<std::size_t>(number); }
+    const Edge& edge(Way way) const { return m_edges[way / 2]; }
+    int start(Way way) const { return way % 2 ? edge(way).to : edge(way).from; }
+    int end(Way way) const { return start(way ^ 1); }
 
     /// What ends where nothing else begins is no part of a contour, and neither is what leads only there.
     void dropDeadEnds()
     {
+        std::vector<std::size_t> degrees(m_begins.size() - 1);
         std::vector<int> ends;
-        for (std::size_t node = 0; node < m_degrees.size(); ++node) {
-            if (m_degrees[node] == 1)
+        for (std::size_t node = 0; node < degrees.size(); ++node) {
+            degrees[node] = m_begins[node + 1] - m_begins[node];
+            if (degrees[node] == 1)
                 ends.push_back(static_cast<int>(node));
         }
         while (!ends.empty()) {
-            const int node = ends.back();
+            const std::size_t node = size(ends.back());
             ends.pop_back();
-            for (std::size_t i = m_begins[size(node)]; i < m_begins[size(node) + 1]; ++i) {
-                Edge& edge = m_edges[m_atNodes[i]];
-                if (edge.used)
+            for (std::size_t i = m_begins[node]; i < m_begins[node + 1]; ++i) {
+                const Way way = m_ways[i];
+                if (m_isUsed[way])
                     continue;
-                edge.used = true;
-                const int other = edge.other(node);
-                if (--m_degrees[size(other)] == 1)
-                    ends.push_back(other);
+                m_isUsed[way] = m_isUsed[way ^ 1] = 1;
+                if (--degrees[size(end(way))] == 1)
+                    ends.push_back(end(way));
             }
         }
     }
 
-    std::size_t nextEdge(int node)
+    /// Where a way has gone to at a distance from its start, as seen from there: all ways out of a node are compared at
+    /// one distance, since those that leave it as tangents part only on their way.
+    static CVekVector3d leaving(const plane::SpaceArc& arc, double distance)
     {
-        for (std::size_t& next = m_next[size(node)]; next < m_begins[size(node) + 1]; ++next) {
-            if (!m_edges[m_atNodes[next]].used)
-                return m_atNodes[next];
-        }
-        return kNoEdge;
+        if (!arc.bend.isArc())
+            return arc.end - arc.start;
+        const double half = std::asin(std::min(1.0, 0.5 * distance / arc.radius()));
+        return arc.at(std::min(1.0, 2.0 * half / std::fabs(arc.bend.sweep))) - arc.start;
     }
+
+    /// How far from its start a way gets before it can come back.
+    static double reach(const plane::SpaceArc& arc)
+    {
+        return std::fabs(arc.bend.sweep) > std::numbers::pi ? 2.0 * arc.radius() : arc.length;
+    }
+
+    void sortByAngle(std::size_t begin, std::size_t end)
+    {
+        std::vector<Out>& outs = m_outs;
+        outs.clear();
+        double distance = HUGE_VAL;
+        for (std::size_t i = begin; i < end; ++i) {
+            if (m_isUsed[m_ways[i]])
+                continue;
+            const Edge& own = edge(m_ways[i]);
+            outs.push_back({plane::SpaceArc(own.directed(m_ways[i] % 2), own.normal), m_ways[i], 0.0});
+            distance = std::min(distance, 0.5 * reach(outs.back().arc));
+        }
+        for (Out& out : outs) {
+            const CVekVector3d to = leaving(out.arc, distance);
+            out.angle = std::atan2(to[1], to[0]);
+        }
+        std::sort(outs.begin(), outs.end(), [](const Out& a, const Out& b) {
+            return a.angle != b.angle ? a.angle < b.angle : before(a.arc.at(0.5), b.arc.at(0.5));
+        });
+        for (std::size_t i = 0; i < outs.size(); ++i)
+            m_clockwise[outs[i].way] = outs[i > 0 ? i - 1 : outs.size() - 1].way;
+    }
+
+    Way next(Way way) const { return m_clockwise[way ^ 1]; }
 
     template <class Found>
-    void takeLoop(int begin, Found&& found)
+    void takeLoop(std::size_t begin, Found&& found)
     {
         CVekVertexArray contour;
-        const CVekVector3d normal = m_edges[m_path[size(begin)].edge].normal;
+        int order = edge(m_path[begin]).order;
+        const auto first =
+            std::min_element(m_path.begin() + static_cast<std::ptrdiff_t>(begin), m_path.end(), [&](Way a, Way b) {
+                return before(edge(a).directed(a % 2).start, edge(b).directed(b % 2).start);
+            });
+        std::rotate(m_path.begin() + static_cast<std::ptrdiff_t>(begin), first, m_path.end());
+        const auto bent = std::find_if(m_path.begin() + static_cast<std::ptrdiff_t>(begin), m_path.end(),
+                                       [&](Way way) { return edge(way).vertex.bulge != 0.0; });
+        const CVekVector3d normal = edge(bent == m_path.end() ? m_path[begin] : *bent).normal;
         contour.setNormal(normal);
-        int order = m_edges[m_path[size(begin)].edge].order;
-        for (std::size_t i = size(begin); i < m_path.size(); ++i) {
-            const Edge& edge = m_edges[m_path[i].edge];
-            CVekVertex vertex = edge.vertex;
-            if (edge.from != m_path[i].from) {
-                std::swap(vertex.start, vertex.end);
-                vertex.bulge = -vertex.bulge;
-            }
-            if (edge.normal.dot(normal) < 0.0)
+        contour.reserve(static_cast<int>(m_path.size() - begin));
+        for (std::size_t i = begin; i < m_path.size(); ++i) {
+            const Edge& own = edge(m_path[i]);
+            CVekVertex vertex = own.directed(m_path[i] % 2);
+            if (own.normal.dot(normal) < 0.0)
                 vertex.bulge = -vertex.bulge;
             if (contour.len() > 0)
                 vertex.start = contour[-1].end;
             contour.append(vertex);
-            order = std::min(order, edge.order);
-            if (i > size(begin))
-                m_onPath[size(m_path[i].from)] = -1;
+            order = std::min(order, own.order);
+            m_onPath[size(start(m_path[i]))] = -1;
         }
         contour[-1].end = contour[0].start;
-        m_path.resize(size(begin));
-        found(std::move(contour), order);
+        m_path.resize(begin);
+        if (detail::signedArea(contour, CVekVector3d::kZAxis) > 0.0) // else the rest around it
+            found(std::move(contour), order);
     }
 
-    std::vector<Edge>& m_edges;
-    std::vector<std::size_t> m_begins;  ///< of each node in the list of edges at nodes
-    std::vector<std::size_t> m_atNodes; ///< the edges at the first node, at the second, ...
-    std::vector<std::size_t> m_degrees;
-    std::vector<std::size_t> m_next; ///< of each node, the edge to try next
-    std::vector<int> m_onPath;       ///< of each node, its place on the path
-    std::vector<Step> m_path;
+    struct Out {
+        plane::SpaceArc arc;
+        Way way;
+        double angle;
+    };
+
+    const std::vector<Edge>& m_edges;
+    std::vector<std::size_t> m_begins; ///< of each node in the list of ways
+    std::vector<Way> m_ways;           ///< those out of the first node, out of the second, ...
+    std::vector<Way> m_clockwise;      ///< of each way, the one out of the same node that is next clockwise
+    std::vector<char> m_isUsed;        ///< of each way
+    std::vector<int> m_onPath;         ///< of each node, its place on the path
+    std::vector<Way> m_path;
+    std::vector<Out> m_outs;
 };
 
 /// A run without segments that have no length or no finite numbers; those that remain meet exactly.
@@ -256,7 +309,7 @@ CVekVertexArray cleaned(const CVekVertexArray& run, double tolerance)
 } // namespace
 
 CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVertexArray>& vll)
-{
+try {
     double size = 0.0;
     for (const CVekVertexArray& vl : vll) {
         for (const CVekVertex& vertex : vl) {
@@ -294,11 +347,16 @@ CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVer
             }
         }
     }
-    Loops(edges, numbers.count()).find([&](CVekVertexArray&& contour, int first) {
+    Faces(edges, numbers.count()).find([&](CVekVertexArray&& contour, int first) {
         contours.push_back({first, std::move(contour)});
     });
-    std::stable_sort(contours.begin(), contours.end(),
-                     [](const Ordered& a, const Ordered& b) { return a.order < b.order; });
+    std::stable_sort(contours.begin(), contours.end(), [](const Ordered& a, const Ordered& b) {
+        if (a.order != b.order)
+            return a.order < b.order;
+        // Faces of which one and the same segment is the first.
+        const CVekVertex &first = a.contour[0], &second = b.contour[0];
+        return first.start != second.start ? before(first.start, second.start) : before(first.end, second.end);
+    });
 
     CVekArrayTempl<CVekVertexArray> prepared;
     std::set<std::vector<Identity>> there;
@@ -320,6 +378,8 @@ CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVer
             prepared.append(std::move(ordered.contour));
     }
     return prepared;
+} catch (const std::bad_alloc&) {
+    return {};
 }
 
 } // namespace VEK

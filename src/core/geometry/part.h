@@ -22,26 +22,10 @@ public:
         return std::sqrt(along * along + m_arc.rise.dot(m_arc.rise));
     }
 
-    CVekPoint3d at(double t) const
-    {
-        if (t == 0.0 || t == 1.0)
-            return t == 0.0 ? m_arc.start : m_arc.end;
-        return m_arc.at(t);
-    }
+    CVekPoint3d at(double t) const { return m_arc.at(t); }
 
-    /// The parameter of the nearest point of the segment.
-    double parameter(const CVekPoint3d& p) const
-    {
-        const CVekVector3d q = p - m_arc.start;
-        if (m_arc.bend.isArc()) {
-            const double square = m_arc.length * m_arc.length;
-            return plane::Arc({}, {1.0, 0.0}, m_vertex->bulge)
-                .parameter({q.dot(m_arc.chord) / square, q.dot(m_arc.left) / square});
-        }
-        const CVekVector3d chord = m_arc.end - m_arc.start;
-        const double square = chord.dot(chord);
-        return square > 0.0 ? std::clamp(q.dot(chord) / square, 0.0, 1.0) : 0.0;
-    }
+    /// The parameter of the nearest point of the segment; of an arc, nearest as seen along the normal.
+    double parameter(const CVekPoint3d& p) const { return m_arc.parameter(p); }
 
     /// The part between two parameters, with the tag of the whole.
     CVekVertex part(double from, double to) const
@@ -58,17 +42,7 @@ public:
     /// Appends the segment as `count` equal chords, or as it is where it is straight.
     void appendChords(CVekVertexArray& chords, int count) const
     {
-        CVekVertex chord = *m_vertex;
-        chord.bulge = 0.0;
-        if (!m_arc.bend.isArc()) {
-            chords.append(chord);
-            return;
-        }
-        m_arc.step(count, [&](const CVekPoint3d& end) {
-            chord.end = end;
-            chords.append(chord);
-            chord.start = end;
-        });
+        plane::appendChords(chords, *m_vertex, m_arc, count);
     }
 
     int chordCount(double tolerance) const { return m_arc.chords(tolerance); }

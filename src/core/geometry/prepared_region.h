@@ -1,12 +1,9 @@
 /// A region made ready for being cut many times.
 #pragma once
 
-#include "core/geometry/crossing.h"
-
-#include <vek/values/polyline.h>
-
-#include <cstdint>
-#include <vector>
+#include "core/geometry/contour_tree.h"
+#include "core/geometry/standing.h"
+#include "core/values/stepping.h"
 
 namespace VEK::plane
 {
@@ -16,14 +13,6 @@ struct Span {
     double from;
     double to;
 };
-
-/// A segment of a polyline as the xy plane shows it. About a normal that points down its bulge turns the other way.
-inline Arc flatArc(const CVekVertex& vertex, const CVekVector3d& normal)
-{
-    return {{vertex.start[0], vertex.start[1]},
-            {vertex.end[0], vertex.end[1]},
-            normal[2] < 0.0 ? -vertex.bulge : vertex.bulge};
-}
 
 /// A region made ready once for many cuts and questions: a cut costs what it crosses and little more, not the whole
 /// contour. It keeps no reference to the polylines it was made of, and its scratch memory from one call to the next; so
@@ -35,107 +24,72 @@ inline Arc flatArc(const CVekVertex& vertex, const CVekVector3d& normal)
 class PreparedRegion
 {
 public:
-    explicit PreparedRegion(const CVekArrayTempl<CVekVertexArray>& region);
-    explicit PreparedRegion(const CVekVertexArray& contour);
+    explicit PreparedRegion(const CVekArrayTempl<CVekVertexArray>& region)
+        : PreparedRegion(region.begin(), region.len())
+    {
+    }
+    explicit PreparedRegion(const CVekVertexArray& contour) : PreparedRegion(&contour, 1) {}
 
     bool inside(Vec p);
 
     /// Whether a point lies on the boundary of a contour.
-    bool onBoundary(Vec p) const;
+    bool onBoundary(Vec p) const
+    {
+        bool touches = false;
+        m_contours.visitTouched(p, [&](std::uint32_t) { touches = true; });
+        return touches;
+    }
 
     /// The stretches of a segment that lie inside, in order and apart from one another; none is shorter than the
     /// tolerance unless the segment is. What is outside lies between them. They stand until the next call.
     const std::vector<Span>& spans(const Arc& segment);
 
-    /// Where the parallel to the y axis through a point meets a contour.
-    struct Hit {
-        double y;
-        std::uint32_t contour;
-        bool rightwards; ///< the contour runs towards +x there
-    };
-
-    /// Looks down from a point past one contour, which it does not see.
-    /// @param touching receives what lies at the point's own height, within the tolerance; emptied first
-    /// @param next the highest of what lies below
-    /// @return whether there is a next one
-    bool lookDown(Vec p, std::uint32_t past, std::vector<Hit>& touching, Hit& next) const;
-
-    double tolerance() const { return m_tolerance; }
-
 private:
-    /// A point of a contour, with the bulge of the segment to the next one.
-    struct Link {
-        Vec point;
-        double bulge = 0.0;
-    };
-
-    /// Consecutive segments of one contour.
-    struct Leaf {
-        std::uint32_t first;
-        std::uint32_t count;
-        std::uint32_t contour;
-    };
-
-    static constexpr int kPass = 0;
-
-    /// What happens at a place along a segment.
+    /// What happens at a place along a segment; the step is that of `Standing`.
     struct Event {
         double t;
         std::uint32_t contour;
-        int step; ///< `kPass`, or 1 and -1 where a stretch along the contour begins and ends
+        int step;
     };
 
-    /// Where a place stands to a contour.
-    struct Standing {
-        bool listed = false; ///< among the touched
-        bool within = false;
-        int along = 0; ///< number of stretches of its boundary that run here
-    };
+    /// Contours that a walk looks at: those that are set aside, or all others.
+    enum class Walk { others, setAside };
 
-    void prepare(const CVekVertexArray* contours, int count);
-    bool addContour(const CVekVertexArray& contour, std::uint32_t number);
-    void addLeaves(std::uint32_t first, std::uint32_t number);
-    void sortLeaves();
-    void buildTree();
-    /// Leaves that lie higher come first, more or less.
-    template <class Meets, class Visit>
-    void visit(Meets&& meets, Visit&& visitLeaf) const;
-    template <class Pass>
-    double visitPassages(const Leaf& leaf, const Carrier& carrier, Pass&& pass) const;
+    static constexpr int kAnyContour = -1;
 
-    bool isInside() const { return (m_standing[0].within || m_standing[0].along > 0) && m_blocked == 0; }
-    void apply(std::uint32_t contour, int step);
-    void reset();
-    template <class Touch>
-    void visitTouched(Vec p, Touch&& touch) const;
+    PreparedRegion(const CVekVertexArray* contours, int count);
+
     bool isFarOutside(Vec p) const;
-    void goTo(Vec p, int only = -1);
-    void dropAnchor(Vec p);
+    bool takesPart(std::uint32_t contour, Walk walk) const
+    {
+        return (m_isSetAside[contour] != 0) == (walk == Walk::setAside);
+    }
+    void findTouched(Vec p, std::vector<std::uint32_t>& touched) const;
+    void goTo(Vec p, Walk walk);
+    void keepKnown(Vec p);
 
     void gather(const Arc& segment);
-    void addStretches(const Arc& segment, const Leaf& leaf, const Carrier& carrier);
+    void addStretches(const Arc& segment, const ContourTree::Leaf& leaf, const Carrier& carrier);
     Span longestFree(int contour) const;
-    double placeIn(const Span& free, const Arc& segment) const;
+    double placeOff(const Arc& segment, std::uint32_t contour, const Span& free);
+    void judge(const Arc& segment, double place, Walk walk);
     void findStart(const Arc& segment);
     void sweep(double length);
 
-    std::vector<Link> m_links;
-    std::vector<Leaf> m_leaves;
-    std::vector<Box> m_boxes;            ///< of the leaves, then of each level of the tree above them
-    std::vector<std::uint32_t> m_levels; ///< where each level begins in the boxes
-    double m_tolerance = 0.0;
-
+    ContourTree m_contours;
+    Standing m_standing;
     std::vector<Event> m_events;
-    std::vector<Standing> m_standing;     ///< one for each contour
-    std::vector<std::uint32_t> m_touched; ///< contours whose standing may be other than at start
-    int m_blocked = 0;                    ///< holes that the present place lies in
+    std::vector<Span> m_spans;
+
+    // Contours that need a place of their own to be judged from.
+    std::vector<char> m_isSetAside; ///< one for each contour
+    std::vector<std::uint32_t> m_open;
+    std::vector<std::uint32_t> m_touched;
 
     // A place that lies on no boundary, from which the next one is often not far.
-    Vec m_anchor;
-    std::vector<std::uint32_t> m_anchorWithin; ///< the contours around it
-    bool m_anchored = false;
-
-    std::vector<Span> m_spans;
+    Vec m_known;
+    std::vector<std::uint32_t> m_knownWithin; ///< the contours around it
+    bool m_isKnown = false;
 };
 
 } // namespace VEK::plane

@@ -1,8 +1,10 @@
-#include "core/geometry/meets.h"
 #include "core/geometry/part.h"
 #include "core/geometry/prepared_region.h"
 
+#include <vek/geometry/prepared_region.h>
 #include <vek/geometry/region.h>
+
+#include <new>
 
 namespace VEK
 {
@@ -69,8 +71,10 @@ private:
     bool m_reachesEnd = false;
 };
 
-Pieces punch(const CVekVertexArray& vl, plane::PreparedRegion region, bool inside)
+Pieces cut(plane::PreparedRegion& region, const CVekVertexArray& polyline, bool inside)
 {
+    const plane::Levelled level(polyline);
+    const CVekVertexArray& vl = *level;
     Pieces pieces;
     const int count = vl.len();
     for (int first = 0; first < count;) {
@@ -79,33 +83,61 @@ Pieces punch(const CVekVertexArray& vl, plane::PreparedRegion region, bool insid
         do {
             run.add(vl[i], region.spans(plane::flatArc(vl[i], vl.normal())));
             ++i;
-        } while (i < count && detail::meets(vl[i - 1].end, vl[i].start));
-        if (detail::meets(vl[i - 1].end, vl[first].start))
+        } while (i < count && plane::meets(vl[i - 1].end, vl[i].start));
+        if (plane::meets(vl[i - 1].end, vl[first].start))
             run.close();
         first = i;
     }
     return pieces;
 }
 
+template <class Contours>
+std::unique_ptr<plane::PreparedRegion> prepared(const Contours& contours)
+try {
+    return std::make_unique<plane::PreparedRegion>(contours);
+} catch (const std::bad_alloc&) {
+    return nullptr;
+}
+
 } // namespace
+
+CPreparedRegion::CPreparedRegion(const CVekArrayTempl<CVekVertexArray>& region) : m_region(prepared(region)) {}
+CPreparedRegion::CPreparedRegion(const CVekVertexArray& contour) : m_region(prepared(contour)) {}
+CPreparedRegion::~CPreparedRegion() = default;
+CPreparedRegion::CPreparedRegion(CPreparedRegion&& other) noexcept = default;
+CPreparedRegion& CPreparedRegion::operator=(CPreparedRegion&& other) noexcept = default;
+
+bool CPreparedRegion::isInside(const CVekPoint3d& point)
+try {
+    return m_region && m_region->inside({point[0], point[1]});
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
+Pieces CPreparedRegion::punch(const CVekVertexArray& vl, bool inside)
+try {
+    return m_region ? cut(*m_region, vl, inside) : Pieces();
+} catch (const std::bad_alloc&) {
+    return {};
+}
 
 // NOLINTBEGIN(performance-unnecessary-value-param): callers hand the polyline over by value
 CVekArrayTempl<CVekVertexArray> vl_punch(CVekVertexArray vl, const CVekVertexArray& contour, bool inside)
 {
-    return punch(vl, plane::PreparedRegion(contour), inside);
+    return CPreparedRegion(contour).punch(vl, inside);
 }
 
 CVekArrayTempl<CVekVertexArray> vl_punch_reg(CVekVertexArray vl, const CVekArrayTempl<CVekVertexArray>& region,
                                              bool inside)
 {
-    return punch(vl, plane::PreparedRegion(region), inside);
+    return CPreparedRegion(region).punch(vl, inside);
 }
 
 // NOLINTEND(performance-unnecessary-value-param)
 
 int g_vll_pt_inside(const CVekArrayTempl<CVekVertexArray>& region, const CVekPoint3d& point)
 {
-    return plane::PreparedRegion(region).inside({point[0], point[1]}) ? 1 : 0;
+    return CPreparedRegion(region).isInside(point) ? 1 : 0;
 }
 
 } // namespace VEK

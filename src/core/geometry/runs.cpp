@@ -1,4 +1,4 @@
-#include "core/geometry/meets.h"
+#include "core/values/stepping.h"
 
 #include <vek/geometry/polyline.h>
 
@@ -11,7 +11,7 @@ CVekArrayTempl<CVekVertexArray> vl_to_vll(CVekVertexArray vl)
     const int count = vl.len();
     int first = 0;
     for (int i = 1; i <= count; ++i) {
-        if (i < count && detail::meets(vl[i - 1].end, vl[i].start))
+        if (i < count && plane::meets(vl[i - 1].end, vl[i].start))
             continue;
         CVekVertexArray& run = runs[runs.len()];
         if (i - first == count) {

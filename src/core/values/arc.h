@@ -42,6 +42,11 @@ struct Box {
         min = {std::min(min.x, p.x), std::min(min.y, p.y)};
         max = {std::max(max.x, p.x), std::max(max.y, p.y)};
     }
+    void add(const Box& b)
+    {
+        add(b.min);
+        add(b.max);
+    }
     void grow(double by)
     {
         min = {min.x - by, min.y - by};
@@ -51,6 +56,9 @@ struct Box {
     {
         return min.x <= b.max.x && b.min.x <= max.x && min.y <= b.max.y && b.min.y <= max.y;
     }
+    bool holds(Vec p) const { return meets({p, p}); }
+    Vec centre() const { return (min + max) * 0.5; }
+    Vec extent() const { return (max - min) * 0.5; } ///< from the centre to the corner
 };
 
 /// What a bulge says of an arc, whatever its chord. A straight segment has the sweep 0, sine 0 and cosine 1.

@@ -1,4 +1,4 @@
-#include "core/geometry/crossing.h"
+#include "core/values/crossing.h"
 
 namespace VEK::plane
 {

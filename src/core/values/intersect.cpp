@@ -1,5 +1,7 @@
 #include "core/values/intersect.h"
 
+#include "core/values/crossing.h"
+
 #include <utility>
 
 namespace VEK::plane
@@ -10,20 +12,19 @@ namespace
 
 /// A line or circle as the zeros of k |q|^2 + h q + f, scaled so that the slope there is 1: near it the form is the
 /// distance. k is half the curvature, so a line is no case of its own.
-struct Carrier {
+struct Form {
     double k = 0.0;
     Vec h;
     double f = 0.0;
 
     /// @param origin point from which q counts
-    Carrier(const Arc& arc, Vec origin)
+    Form(const Arc& arc, Vec origin)
     {
+        const Carrier carrier(arc);
         const double scale = 1.0 / arc.chordLength();
-        const Vec o = arc.start() - origin;
-        k = arc.bend().sine * scale;
-        const Vec slope = (arc.chord() * arc.bend().sine + arc.chord().left() * arc.bend().cosine) * -scale;
-        h = slope - o * (2.0 * k);
-        f = k * o.dot(o) - o.dot(slope);
+        k = carrier.sine() * scale;
+        h = carrier.slope(origin) * scale;
+        f = carrier(origin) * scale;
     }
 
     double form(Vec q) const { return k * q.dot(q) + h.dot(q) + f; }
@@ -107,8 +108,8 @@ private:
         const Arc& bent = aBendsMore ? m_a : m_b;
         const Arc& flat = aBendsMore ? m_b : m_a;
         m_origin = bent.start();
-        const Carrier c(bent, m_origin);
-        const Carrier d(flat, m_origin);
+        const Form c(bent, m_origin);
+        const Form d(flat, m_origin);
         if (c.k == 0.0) {
             const double across = d.h.dot(bent.chord());
             if (across != 0.0)

@@ -81,17 +81,12 @@ CVekVertexArray VEK::plane::inFineChords(const CVekVertexArray& polyline)
         return straight;
     for (const CVekVertex& vertex : polyline) {
         const SpaceArc arc(vertex, polyline.normal());
-        CVekVertex chord(vertex);
-        chord.bulge = 0.0;
         if (!arc.bend.isArc()) {
-            straight.append(chord);
+            straight.append(vertex);
+            straight[-1].bulge = 0.0;
             continue;
         }
-        chord.end = chord.start;
-        arc.step(fineChords(vertex), [&](const CVekPoint3d& point) {
-            chord.start = std::exchange(chord.end, point);
-            straight.append(chord);
-        });
+        plane::appendChords(straight, vertex, arc, fineChords(vertex));
     }
     return straight;
 }

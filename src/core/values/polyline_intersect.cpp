@@ -1,3 +1,4 @@
+#include "core/values/box_tree.h"
 #include "core/values/intersect.h"
 #include "core/values/stepping.h"
 #include "core/values/whole.h"
@@ -11,11 +12,11 @@ namespace
 
 using VEK::plane::Arc;
 using VEK::plane::Box;
+using VEK::plane::BoxTree;
 using VEK::plane::Meetings;
 using VEK::plane::Vec;
 
-constexpr int kFew = 4;  ///< segments up to which going through all of the other polyline is quicker than a tree
-constexpr int kLeaf = 8; ///< segments that a tree does not part any further
+constexpr int kFew = 4; ///< segments up to which going through all of the other polyline is quicker than a tree
 
 /// Sine of the angle up to which two planes count as parallel.
 constexpr double kParallel = 1e-9;
@@ -64,86 +65,6 @@ Box roughBox(Vec start, Vec end, double bulge)
     return box;
 }
 
-/// Boxes of segments, halved over and over by where they lie, so that those near a box are found by descending.
-class BoxTree
-{
-public:
-    template <class MakeArc>
-    BoxTree(int count, MakeArc makeArc)
-    {
-        m_items.reserve(count);
-        for (int i = 0; i < count; ++i) {
-            const Box box = makeArc(i).box();
-            if (std::isfinite(box.min.x) && std::isfinite(box.min.y) && std::isfinite(box.max.x) &&
-                std::isfinite(box.max.y)) // others meet nothing, and have no order
-                m_items.push_back({box, i});
-        }
-        std::size_t nodes = 1;
-        for (int least = kLeaf; least < count; least *= 2)
-            nodes = 2 * nodes + 1;
-        m_boxes.resize(nodes);
-        build(0, 0, m_items.size());
-    }
-
-    /// Hands the numbers of the segments whose box meets a box to `visit(number)` until that gives false.
-    template <class Visit>
-    bool visit(const Box& box, Visit&& visitNumber) const
-    {
-        return m_items.empty() || descend(0, 0, m_items.size(), box, visitNumber);
-    }
-
-private:
-    struct Item {
-        Box box;
-        int number;
-    };
-
-    bool isLeaf(std::size_t node) const { return 2 * node + 1 >= m_boxes.size(); }
-
-    void build(std::size_t node, std::size_t first, std::size_t last)
-    {
-        if (first == last)
-            return;
-        Box box = m_items[first].box;
-        for (std::size_t i = first; i < last; ++i) {
-            box.add(m_items[i].box.min);
-            box.add(m_items[i].box.max);
-        }
-        m_boxes[node] = box;
-        if (isLeaf(node))
-            return;
-        const std::size_t half = first + (last - first) / 2;
-        const bool wide = box.max.x - box.min.x > box.max.y - box.min.y;
-        std::nth_element(m_items.begin() + first, m_items.begin() + half, m_items.begin() + last,
-                         [wide](const Item& a, const Item& b) {
-                             return wide ? a.box.min.x + a.box.max.x < b.box.min.x + b.box.max.x
-                                         : a.box.min.y + a.box.max.y < b.box.min.y + b.box.max.y;
-                         });
-        build(2 * node + 1, first, half);
-        build(2 * node + 2, half, last);
-    }
-
-    template <class Visit>
-    bool descend(std::size_t node, std::size_t first, std::size_t last, const Box& box, Visit& visitNumber) const
-    {
-        if (first == last || !m_boxes[node].meets(box))
-            return true;
-        if (!isLeaf(node)) {
-            const std::size_t half = first + (last - first) / 2;
-            return descend(2 * node + 1, first, half, box, visitNumber) &&
-                   descend(2 * node + 2, half, last, box, visitNumber);
-        }
-        for (std::size_t i = first; i < last; ++i) {
-            if (m_items[i].box.meets(box) && !visitNumber(m_items[i].number))
-                return false;
-        }
-        return true;
-    }
-
-    std::vector<Item> m_items;
-    std::vector<Box> m_boxes; ///< the halves of node n are the nodes 2n + 1 and 2n + 2
-};
-
 /// The meetings of two polylines as seen along the normal of the first, or of the other where that one alone has arcs.
 class Encounter
 {
@@ -172,9 +93,15 @@ public:
         if (m_own.len() <= kFew) {
             visitEach([&](const Box& box, auto& visitNumber) { return scan(box, visitNumber); }, first, visitMeetings);
         } else {
-            const BoxTree tree(m_other->len(), [&](int i) { return otherArc(i); });
-            visitEach([&](const Box& box, auto& visitNumber) { return tree.visit(box, visitNumber); }, first,
-                      visitMeetings);
+            std::vector<int> numbers;
+            const BoxTree tree = treeOfOther(numbers);
+            const auto visitNear = [&](const Box& box, auto& visitNumber) {
+                bool goesOn = true;
+                tree.visit([&](const Box& other) { return goesOn && other.meets(box); },
+                           [&](std::uint32_t place, const Box&) { goesOn = visitNumber(numbers[place]); });
+                return goesOn;
+            };
+            visitEach(visitNear, first, visitMeetings);
         }
     }
 
@@ -184,6 +111,28 @@ public:
     }
 
 private:
+    /// @param numbers receives the number of the segment at each place of the tree
+    BoxTree treeOfOther(std::vector<int>& numbers) const
+    {
+        std::vector<Box> boxes;
+        std::vector<int> finite;
+        boxes.reserve(m_other->len());
+        finite.reserve(m_other->len());
+        for (int i = 0; i < m_other->len(); ++i) {
+            const Box box = otherArc(i).box();
+            if (!std::isfinite(box.min.x + box.min.y + box.max.x + box.max.y)) // meets nothing, and has no order
+                continue;
+            boxes.push_back(box);
+            finite.push_back(i);
+        }
+        BoxTree tree;
+        const std::vector<std::uint32_t> order = tree.build(std::move(boxes));
+        numbers.reserve(order.size());
+        for (const std::uint32_t i : order)
+            numbers.push_back(finite[i]);
+        return tree;
+    }
+
     Arc otherArc(int number) const { return m_plane.arc(m_other->begin()[number], m_turn); }
 
     template <class Near, class Visit>

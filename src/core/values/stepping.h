@@ -20,6 +20,15 @@ inline bool meets(const CVekPoint3d& a, const CVekPoint3d& b)
     return d.dot(d) <= tolerance * tolerance;
 }
 
+/// The same in the plane.
+inline bool meets(Vec a, Vec b)
+{
+    if (a == b)
+        return true;
+    const double tolerance = pointTol(std::max(std::fabs(a.x), std::fabs(a.y)));
+    return (b - a).dot(b - a) <= tolerance * tolerance;
+}
+
 inline bool hasArcs(const CVekVertexArray& polyline)
 {
     return std::any_of(polyline.begin(), polyline.end(), [](const CVekVertex& v) { return v.bulge != 0.0; });
@@ -120,6 +129,18 @@ struct SpaceArc {
     }
 };
 
+/// Appends a segment as `count` equal chords with its tag, or as one where it is straight.
+inline void appendChords(CVekVertexArray& chords, const CVekVertex& vertex, const SpaceArc& arc, int count)
+{
+    CVekVertex chord = vertex;
+    chord.bulge = 0.0;
+    arc.step(arc.bend.isArc() ? count : 1, [&](const CVekPoint3d& end) {
+        chord.end = end;
+        chords.append(chord);
+        chord.start = end;
+    });
+}
+
 /// Whether a segment stays within a tolerance of its chord, as far as that can be told quickly: every straight one, and
 /// an arc of up to a quarter turn, whose sagitta is half the chord times the bulge.
 inline bool isFlat(const CVekVertex& vertex, double tolerance)
@@ -161,5 +182,42 @@ void forEachPoint(const CVekVertexArray& polyline, bool arcs, double tolerance, 
 /// A copy whose arcs are replaced by chords within 1e-4 of their radius, for what cannot keep them; empty where the
 /// memory is not to be had.
 CVekVertexArray inFineChords(const CVekVertexArray& polyline);
+
+/// Whether a plane with this normal, of any length, lies parallel to xy, so that its arcs are arcs from above, too.
+inline bool isLevel(const CVekVector3d& normal)
+{
+    constexpr double kLevel = 1e-9; // sine of the angle to xy
+    return normal[0] * normal[0] + normal[1] * normal[1] <= kLevel * kLevel * normal[2] * normal[2];
+}
+
+/// A polyline for those who look at it from above: itself, or where its arcs lie aslant a copy of it in fine chords.
+class Levelled
+{
+public:
+    explicit Levelled(const CVekVertexArray& polyline) : m_polyline(&polyline)
+    {
+        if (isLevel(polyline.normal()) || !hasArcs(polyline))
+            return;
+        m_chords = inFineChords(polyline, 0);
+        m_polyline = &m_chords;
+    }
+    Levelled(const Levelled&) = delete;
+    Levelled& operator=(const Levelled&) = delete;
+
+    const CVekVertexArray& operator*() const { return *m_polyline; }
+    const CVekVertexArray* operator->() const { return m_polyline; }
+
+private:
+    const CVekVertexArray* m_polyline;
+    CVekVertexArray m_chords;
+};
+
+/// A segment of a level polyline as seen from above. About a normal that points down its bulge turns the other way.
+inline Arc flatArc(const CVekVertex& vertex, const CVekVector3d& normal)
+{
+    return {{vertex.start[0], vertex.start[1]},
+            {vertex.end[0], vertex.end[1]},
+            normal[2] < 0.0 ? -vertex.bulge : vertex.bulge};
+}
 
 } // namespace VEK::plane

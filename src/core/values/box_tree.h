@@ -1,0 +1,63 @@
+/// @file
+/// Boxes in a tree, so that those near a place are found without looking at all of them.
+#pragma once
+
+#include "core/values/arc.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace VEK::plane
+{
+
+/// Boxes that lie close together stand next to one another, and every few of them have a common box above them. A list
+/// of boxes has no further structure: no pointers, one block of memory.
+class BoxTree
+{
+public:
+    /// Takes over boxes without a coordinate that is no finite number.
+    /// @return their order in the tree: at each place the position that the box had. An owner that sorts what stands
+    ///     behind the boxes alike finds neighbours close together
+    std::vector<std::uint32_t> build(std::vector<Box> boxes);
+
+    bool isEmpty() const { return m_boxes.empty(); }
+
+    /// The box around all of them; only if there is any.
+    const Box& all() const { return m_boxes.back(); }
+
+    /// Calls `found(place, box)` for every box that passes `meets(box)` together with those above it.
+    template <class Meets, class Found>
+    void visit(Meets&& meets, Found&& found) const
+    {
+        struct Node {
+            std::uint32_t level, index;
+        };
+        if (isEmpty())
+            return;
+        Node stack[64]; // sixteen levels leave three nodes each waiting
+        int depth = 0;
+        stack[depth++] = {static_cast<std::uint32_t>(m_levels.size()) - 2, 0};
+        while (depth > 0) {
+            const Node node = stack[--depth];
+            const Box& box = m_boxes[m_levels[node.level] + node.index];
+            if (!meets(box)) // asked late: what was visited before may have settled it
+                continue;
+            if (node.level == 0) {
+                found(node.index, box);
+                continue;
+            }
+            const std::uint32_t count = m_levels[node.level] - m_levels[node.level - 1];
+            const std::uint32_t end = std::min((node.index + 1) * kFanOut, count);
+            for (std::uint32_t i = node.index * kFanOut; i < end; ++i)
+                stack[depth++] = {node.level - 1, i};
+        }
+    }
+
+private:
+    static constexpr std::uint32_t kFanOut = 4;
+
+    std::vector<Box> m_boxes;            ///< the given ones in their order, then those of each level above them
+    std::vector<std::uint32_t> m_levels; ///< where each level begins in the boxes
+};
+
+} // namespace VEK::plane
