@@ -1,47 +1,18 @@
-#include <vek/geometry.h>
+#include "shapes.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
-#include <numbers>
-#include <random>
-#include <vector>
+#include <array>
+#include <map>
+#include <numeric>
+#include <set>
 
 namespace
 {
 
+using namespace shapes;
+
 constexpr double kTol = 1e-6;
-
-using Polylines = CVekArrayTempl<CVekVertexArray>;
-using Regions = CVekArrayTempl<Polylines>;
-
-CVekVertex line(double x0, double y0, double x1, double y1, double bulge = 0.0)
-{
-    return {{x0, y0, 0.0}, {x1, y1, 0.0}, bulge};
-}
-
-CVekVertexArray rectangle(double x0, double y0, double x1, double y1)
-{
-    return VEK::vl_extrect(line(x0, y0, x1, y1), 0.0);
-}
-
-CVekVertexArray circle(double x, double y, double r)
-{
-    return VEK::g_outline(1, CVekVector3d(x, y, 0.0), [&] {
-        CVekArrayTempl<double> parameters;
-        parameters.append(2 * r);
-        return parameters;
-    }());
-}
-
-Polylines list(const std::vector<CVekVertexArray>& contours)
-{
-    Polylines array;
-    for (const CVekVertexArray& contour : contours)
-        array.append(contour);
-    return array;
-}
 
 /// The regions as positions of their contours in the list: the outer one first.
 std::vector<std::vector<int>> sorted(const Polylines& contours, unsigned long mode = 4)
@@ -95,22 +66,36 @@ TEST(GeometryRegions, ContoursThatTouch)
     EXPECT_EQ(sorted(list({notched, circle(5, 8, 1)})), (Wanted{{0}, {1}}));
 }
 
-TEST(GeometryRegions, DeepNestsAndWideFields)
+TEST(GeometryRegions, DeepNestsWhateverTheyShare)
 {
-    Polylines contours;
+    // Squares about one centre and in one corner, diamonds, circles that touch in one point; each the next one's hole.
     const int count = 1000;
-    for (int i = 0; i < count; ++i)
-        contours.append(rectangle(-i - 1, -i - 1, i + 1, i + 1));
-    const Regions nested = VEK::g_vll_regions(contours, 4);
-    ASSERT_EQ(nested.len(), count / 2);
-    for (const Polylines& region : nested)
-        EXPECT_EQ(region.len(), 2);
+    CVekVertexArray (*const makes[])(double) = {
+        [](double r) { return rectangle(-r, -r, r, r); }, [](double r) { return rectangle(0, 0, r, r); },
+        [](double r) { return regular(4, 0, 0, r); }, [](double r) { return circle(0, r, r); },
+        [](double r) { return circle(r, 0, r); }};
+    Random random(3);
+    for (const auto& make : makes) {
+        std::vector<CVekVertexArray> contours;
+        for (int i = 1; i <= count; ++i)
+            contours.push_back(random.redrawn(make(i)));
+        random.shuffle(contours);
+        const Regions nested = VEK::g_vll_regions(list(contours), 4);
+        ASSERT_EQ(nested.len(), count / 2);
+        for (const Polylines& region : nested) {
+            ASSERT_EQ(region.len(), 2);
+            const auto size = [&](const CVekVertexArray& vl) {
+                return VEK::vl_extmax(vl, 0.0)[1][1] / VEK::vl_extmax(make(1), 0.0)[1][1];
+            };
+            EXPECT_NEAR(size(region[0]) - size(region[1]), 1.0, kTol);
+        }
+    }
 }
 
 TEST(GeometryRegions, AgreeWithTestsOfEveryPair)
 {
-    std::mt19937 random(5);
-    const auto uniform = [&](double to) { return to * (static_cast<double>(random()) / 4294967296.0); };
+    Random random(5);
+    const auto uniform = [&](double to) { return random.uniform(0.0, to); };
     int holes = 0;
     for (int round = 0; round < 30; ++round) {
         // Circles and squares that do not cross: whatever would cross an earlier one is left out.
@@ -126,7 +111,7 @@ TEST(GeometryRegions, AgreeWithTestsOfEveryPair)
             if (!apart)
                 continue;
             discs.push_back(disc);
-            contours.append(circle(disc[0], disc[1], disc[2]));
+            contours.append(random.redrawn(circle(disc[0], disc[1], disc[2])));
         }
         const auto depth = [&](std::size_t i) {
             return std::count_if(discs.begin(), discs.end(), [&](const auto& other) {
@@ -206,46 +191,93 @@ TEST(GeometryPrepare, BranchesAndDoubleLinesDoNotMislead)
     const Polylines contours = VEK::vll_regions_prepare(loose);
     ASSERT_EQ(contours.len(), 1);
     EXPECT_EQ(contours[0].len(), 4);
-    // Two squares that touch at a corner are two.
-    loose = Polylines();
-    for (const CVekVertex& side : square) {
-        loose.append(side);
-        loose.append(CVekVertexArray(side).move({4, 4, 0}));
-    }
-    EXPECT_EQ(VEK::vll_regions_prepare(loose).len(), 2);
 }
 
-TEST(GeometryPrepare, ShuffledSidesOfManyContoursComeBackWhole)
+/// Loose segments of contours, in any order and direction, about normals that point up and down.
+Polylines scattered(Random& random, const std::vector<CVekVertexArray>& segments)
 {
-    std::mt19937 random(11);
-    std::vector<CVekVertexArray> sides;
-    const int count = 500;
-    double area = 0.0;
-    for (int i = 0; i < count; ++i) {
-        const int row = i / 25;
-        const double x = 10.0 * (i % 25), y = 10.0 * row;
-        const CVekVertexArray contour = i % 2 ? circle(x, y, 3) : rectangle(x, y, x + 4, y + 6);
-        area += i % 2 ? 9 * std::numbers::pi : 24;
-        for (const CVekVertex& side : contour) {
-            CVekVertexArray single = side;
-            sides.push_back(random() % 2 ? single : single.revert());
+    std::vector<CVekVertexArray> loose;
+    for (const CVekVertexArray& vl : segments) {
+        for (const CVekVertex& segment : vl)
+            loose.push_back(random.redrawn(segment));
+    }
+    random.shuffle(loose);
+    return list(loose);
+}
+
+/// Cells in a grid, with straight and bent walls between some of them. What lies within walls without a gap is a room.
+struct Floor {
+    static constexpr int kSize = 9; ///< with a border around that has no walls
+    std::vector<CVekVertexArray> walls;
+    int rooms[kSize * kSize]; ///< of each cell, the number of one cell of its room
+
+    explicit Floor(Random& random)
+    {
+        std::iota(std::begin(rooms), std::end(rooms), 0);
+        const auto isBorder = [](int cell) {
+            return std::min(cell % kSize, cell / kSize) == 0 || std::max(cell % kSize, cell / kSize) == kSize - 1;
+        };
+        const auto part = [&](int cell, int other, const CVekVertex& wall) {
+            if ((isBorder(cell) && isBorder(other)) || random.whole(4) == 0)
+                std::replace(std::begin(rooms), std::end(rooms), int(rooms[cell]), int(rooms[other]));
+            else
+                walls.push_back(wall);
+        };
+        for (int x = 0; x + 1 < kSize; ++x) {
+            for (int y = 0; y + 1 < kSize; ++y) {
+                const int cell = y * kSize + x;
+                part(cell, cell + 1, line(x + 1, y, x + 1, y + 1, random.pick({0, 0, 0.3, -0.3})));
+                part(cell, cell + kSize, line(x, y + 1, x + 1, y + 1, random.pick({0, 0, 0.3, -0.3})));
+            }
+        }
+        // The far border, which is one room with the near one.
+        for (int i = 0; i < kSize; ++i) {
+            std::replace(std::begin(rooms), std::end(rooms), int(rooms[i * kSize + kSize - 1]), int(rooms[0]));
+            std::replace(std::begin(rooms), std::end(rooms), int(rooms[kSize * (kSize - 1) + i]), int(rooms[0]));
         }
     }
-    for (std::size_t i = sides.size() - 1; i > 0; --i)
-        std::swap(sides[i], sides[random() % (i + 1)]);
-    const Polylines contours = VEK::vll_regions_prepare(list(sides));
-    ASSERT_EQ(contours.len(), count);
-    double found = 0.0;
-    for (const CVekVertexArray& contour : contours) {
-        EXPECT_TRUE(contour.isClosed() && contour.isContinuous());
-        const CVekPoint3dArray points = contour.pts(true, 1e-6);
-        double twice = 0.0;
-        for (int i = 1; i < points.len(); ++i)
-            twice += points[i - 1][0] * points[i][1] - points[i][0] * points[i - 1][1];
-        found += 0.5 * std::fabs(twice);
+};
+
+TEST(GeometryPrepare, RoomsOfAGridWhateverTheOrderOfItsWalls)
+{
+    Random random(17);
+    int found = 0;
+    for (int round = 0; round < 60; ++round) {
+        SCOPED_TRACE(round);
+        Floor floor(random);
+        CVekMatrix3d turn;
+        turn.setToRotation(random.pick({0, 0.7, pi}), CVekVector3d::kZAxis, {3, 3, 0});
+        for (CVekVertexArray& wall : floor.walls)
+            wall.transformBy(turn);
+        const Polylines contours = VEK::vll_regions_prepare(scattered(random, floor.walls));
+        const Polylines again = VEK::vll_regions_prepare(scattered(random, floor.walls));
+        EXPECT_EQ(contours.len(), again.len());
+        for (const CVekVertexArray& contour : contours) {
+            EXPECT_TRUE(contour.isClosed() && contour.isContinuous());
+            EXPECT_TRUE(std::any_of(again.begin(), again.end(),
+                                    [&](const auto& other) { return upright(other) == upright(contour); }));
+        }
+        // Each room has a contour of its own, the smallest around all of its cells; around the border there is none.
+        std::map<int, int> contourOf;
+        for (int cell = 0; cell < Floor::kSize * Floor::kSize; ++cell) {
+            const CVekPoint3d middle(cell % Floor::kSize + 0.5, cell / Floor::kSize + 0.5, 0);
+            int own = -1;
+            for (int i = 0; i < contours.len(); ++i) {
+                if (VEK::g_vll_pt_inside(list({contours[i]}), middle * turn) > 0 &&
+                    (own < 0 || std::fabs(areaOf(contours[i])) < std::fabs(areaOf(contours[own]))))
+                    own = i;
+            }
+            EXPECT_EQ(contourOf.try_emplace(floor.rooms[cell], own).first->second, own);
+        }
+        EXPECT_EQ(contourOf[floor.rooms[0]], -1);
+        std::set<int> distinct;
+        for (const auto& [room, contour] : contourOf)
+            distinct.insert(contour);
+        EXPECT_EQ(distinct.size(), contourOf.size());
+        EXPECT_EQ(contourOf.size(), static_cast<std::size_t>(contours.len()) + 1);
+        found += contours.len();
     }
-    EXPECT_NEAR(found, area, count * 20 * kTol);
-    EXPECT_EQ(VEK::g_vll_regions(contours, 4).len(), count);
+    EXPECT_GT(found, 500);
 }
 
 } // namespace

@@ -1,69 +1,17 @@
-#include <vek/geometry.h>
+#include "shapes.h"
+
 #include <vek/values/string.h>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
-#include <numbers>
-#include <vector>
 
 namespace
 {
 
-using std::numbers::pi;
+using namespace shapes;
 
 constexpr double kTol = 1e-9; // of everything computed from small numbers
-
-using Polylines = CVekArrayTempl<CVekVertexArray>;
-
-CVekArrayTempl<double> list(const std::vector<double>& values)
-{
-    CVekArrayTempl<double> array;
-    for (double value : values)
-        array.append(value);
-    return array;
-}
-
-CVekVertexArray path(std::initializer_list<CVekVertex> vertices)
-{
-    CVekVertexArray vl;
-    for (const CVekVertex& vertex : vertices)
-        vl.append(vertex);
-    return vl;
-}
-
-CVekVertex line(double x0, double y0, double x1, double y1, double bulge = 0.0)
-{
-    return {{x0, y0, 0.0}, {x1, y1, 0.0}, bulge};
-}
-
-double lengthOf(const CVekVertexArray& vl)
-{
-    double sum = 0.0;
-    for (const CVekVertex& vertex : vl)
-        sum += vertex.bulgLen();
-    return sum;
-}
-
-double lengthOf(const Polylines& vll)
-{
-    double sum = 0.0;
-    for (const CVekVertexArray& vl : vll)
-        sum += lengthOf(vl);
-    return sum;
-}
-
-/// Area by Green's theorem over fine chords.
-double areaOf(const CVekVertexArray& vl)
-{
-    const CVekPoint3dArray points = vl.pts(true, 1e-5);
-    double twice = 0.0;
-    for (int i = 1; i < points.len(); ++i)
-        twice += points[i - 1][0] * points[i][1] - points[i][0] * points[i - 1][1];
-    return 0.5 * twice;
-}
 
 void expectAt(const CVekPoint3d& p, double x, double y, double z = 0.0)
 {
@@ -181,30 +129,72 @@ TEST(GeometryWinding, OrientsClosedContoursAndLeavesOpenOnes)
 
 TEST(GeometryRuns, SplitAtBreaksInOrder)
 {
-    CVekVertexArray vl = path({line(0, 0, 1, 0), line(1, 0, 2, 0), line(3, 0, 4, 0), line(5, 0, 5, 0)});
-    vl.setNormal({0, 0, -1});
-    const Polylines runs = VEK::vl_to_vll(vl);
-    ASSERT_EQ(runs.len(), 3);
-    EXPECT_EQ(runs[0].len(), 2);
-    EXPECT_EQ(runs[1][0], vl[2]);
-    EXPECT_EQ(runs[2][0], vl[3]);
-    EXPECT_EQ(runs[1].normal(), vl.normal());
+    const CVekVertexArray vl = path({line(0, 0, 1, 0), line(1, 0, 2, 0), line(3, 0, 4, 0), line(5, 0, 5, 0)});
+    EXPECT_EQ(VEK::vl_to_vll(vl), list({path({vl[0], vl[1]}), vl[2], vl[3]}));
     EXPECT_EQ(VEK::vl_to_vll(CVekVertexArray()).len(), 0);
 }
 
-TEST(GeometryExtents, BoxInATurnedFrame)
+void expectSame(const Polylines& found, const Polylines& wanted)
 {
-    const CVekVertexArray half = path({line(1, 0, -1, 0, 1.0)});
-    const CVekPoint3dArray box = VEK::vl_extmax(half, 0.0);
-    ASSERT_EQ(box.len(), 2);
-    expectAt(box[0], -1, 0);
-    expectAt(box[1], 1, 1);
-    // Along 45 degrees: from the end at -1 to the far point of the arc, and across from the end at 1 to the same depth.
-    const CVekPoint3dArray turned = VEK::vl_extmax(half, pi / 4);
-    const double c = std::sqrt(0.5);
-    expectAt(turned[0], -c * c + c * c, -c * c - c * c);
-    expectAt(turned[1], c - c, c + c);
-    EXPECT_EQ(VEK::vl_extmax(CVekVertexArray(), 0.0).len(), 0);
+    ASSERT_EQ(found.len(), wanted.len());
+    for (int i = 0; i < found.len(); ++i) {
+        ASSERT_EQ(found[i].len(), wanted[i].len());
+        EXPECT_NEAR((found[i].normal() - wanted[i].normal()).abs(), 0.0, kTol);
+        for (int k = 0; k < found[i].len(); ++k) {
+            EXPECT_NEAR(found[i][k].start.distanceTo(wanted[i][k].start), 0.0, kTol);
+            EXPECT_NEAR(found[i][k].end.distanceTo(wanted[i][k].end), 0.0, kTol);
+            EXPECT_NEAR(found[i][k].bulge, wanted[i][k].bulge, kTol);
+            EXPECT_EQ(found[i][k].tag[0], wanted[i][k].tag[0]);
+        }
+    }
+}
+
+TEST(GeometrySpace, WhateverIsDoneToAPolylineGoesAlongWithItsPlane)
+{
+    // What is done in a plane anywhere in space is what is done in xy, brought there.
+    Random random(31);
+    for (int round = 0; round < 200; ++round) {
+        SCOPED_TRACE(round);
+        CVekVertexArray vl = random.walk(8, 10.0);
+        for (int i = 0; i < vl.len(); ++i)
+            vl[i].tag[0] = static_cast<unsigned char>(i);
+        if (random.coin())
+            vl.removeAt(1 + random.whole(6)); // a break
+        const CVekVertexArray flat = upright(vl);
+        const CVekPoint3d from = pointAt(flat[random.whole(3)], random.uniform(0.1, 0.9));
+        const CVekPoint3d to = pointAt(flat[3 + random.whole(4)], random.uniform(0.1, 0.9));
+        const double dash = random.uniform(0.5, 4), gap = random.uniform(0.5, 2), dif = random.uniform(0.01, 0.2);
+        const CVekMatrix3d m = random.motion();
+        const auto works = [&](const CVekVertexArray& own, const CVekPoint3d& a, const CVekPoint3d& b) {
+            Polylines all = VEK::vl_to_vll(own);
+            all += VEK::vl_measure(own, 2.0, CVekLineParm(numbers({dash, -gap, 0.0, -gap})));
+            all += list({VEK::vl_split_dif(own, dif), VEK::g_vl_expl(own, 3), VEK::g_vl_cut(own, a, b)});
+            return all;
+        };
+        Polylines wanted = works(vl, from, to);
+        EXPECT_GT(wanted.len(), 5);
+        for (CVekVertexArray& each : wanted)
+            each.transformBy(m);
+        const CVekVertexArray moved = vl.getTransformedCopy(m);
+        expectSame(works(moved, from * m, to * m), wanted);
+        vl.append(CVekVertex(vl[-1].end, vl[0].start));
+        const CVekVector3d axis = random.direction();
+        EXPECT_EQ(VEK::g_vl_orient(vl.getTransformedCopy(m), axis * m), VEK::g_vl_orient(vl, axis));
+
+        // The box in a turned frame, by fine chords.
+        const double angle = random.uniform(-4, 4), chord = 1e-4;
+        const CVekPoint3dArray box = VEK::vl_extmax(moved, angle);
+        const CVekVector3d axes[] = {VEK::polar(angle, 1.0), VEK::polar(angle + pi / 2, 1.0), CVekVector3d::kZAxis};
+        for (const CVekVector3d& along : axes) {
+            double least = HUGE_VAL, most = -HUGE_VAL;
+            for (const CVekPoint3d& p : moved.pts(true, chord)) {
+                least = std::min(least, p.asVector().dot(along));
+                most = std::max(most, p.asVector().dot(along));
+            }
+            EXPECT_NEAR(box[0].asVector().dot(along), least, 2 * chord);
+            EXPECT_NEAR(box[1].asVector().dot(along), most, 2 * chord);
+        }
+    }
 }
 
 TEST(GeometryExtents, RectangleAround)
@@ -217,29 +207,26 @@ TEST(GeometryExtents, RectangleAround)
     EXPECT_NEAR(areaOf(rectangle), 6.0, kTol);
     EXPECT_EQ(VEK::vl_extrect(half, -0.6).len(), 0);
     EXPECT_EQ(VEK::vl_extrect(CVekVertexArray(), 1.0).len(), 0);
+    EXPECT_EQ(VEK::vl_extmax(CVekVertexArray(), 0.0).len(), 0);
 }
 
-TEST(GeometryChords, StayWithinTheDifference)
+TEST(GeometryChords, AreThoseOfThePointsAlongAPolyline)
 {
-    EXPECT_EQ(VEK::vx_split_dif(line(0, 0, 9, 0), 0.1), 1);
-    for (double radius : {0.5, 10.0, 3000.0}) {
-        for (double bulge : {1.0, -0.3, 2.5}) {
-            const CVekVertex arc = line(-radius, 0, radius, 0, bulge);
-            const double r = radius * (1.0 + bulge * bulge) / (2.0 * std::fabs(bulge));
-            for (double dif : {0.01, 0.1}) {
-                const int n = VEK::vx_split_dif(arc, dif);
-                const auto sagitta = [&](int count) {
-                    return r * (1.0 - std::cos(2.0 * std::atan(std::fabs(bulge)) / count));
-                };
-                EXPECT_LE(sagitta(n), dif * (1.0 + kTol));
-                if (n > 4) {
-                    EXPECT_GT(sagitta(n - 1), dif);
-                }
-                EXPECT_EQ(VEK::g_vl_expl(arc, n), VEK::vl_split_dif(arc, dif));
-            }
+    Random random(29);
+    for (int round = 0; round < 100; ++round) {
+        const double dif = random.pick({0.01, 0.1, 0.0});
+        const double bulge = random.uniform(-2, 2);
+        const CVekVertex arc({0, 0, 0}, random.direction().asPoint() * random.motion(), random.coin() ? bulge : 0.0);
+        CVekVertexArray vl(arc);
+        vl.setNormal((arc.end - arc.start) * random.direction()); // its plane lies anywhere
+        const CVekPoint3dArray points = vl.pts(true, dif);
+        EXPECT_EQ(VEK::vx_split_dif(arc, dif), points.len() - 1);
+        for (const CVekVertexArray& chords : {VEK::vl_split_dif(vl, dif), VEK::g_vl_expl(vl, points.len() - 1)}) {
+            ASSERT_EQ(chords.len(), points.len() - 1);
+            for (int i = 0; i < chords.len(); ++i)
+                EXPECT_TRUE(chords[i] == CVekVertex(points[i], points[i + 1]));
         }
     }
-    EXPECT_EQ(VEK::vx_split_dif(line(0, 0, 9, 0, 1.0), 0.0), 4096);
 }
 
 TEST(GeometryChords, ReplaceArcsAndKeepTheRest)
@@ -274,45 +261,38 @@ TEST(GeometryCut, RunsInThePolylinesOwnDirection)
     EXPECT_EQ(VEK::g_vl_cut(vl, {1, 0, 0}, {1, 1, 0}).len(), 0);
 }
 
-struct Dash {
-    double from, to;
-};
-
-/// The stations of the dashes of a pattern on a straight run along x.
-std::vector<Dash> dashes(double length, std::initializer_list<double> pattern, double scale = 1.0)
+/// Compares the stations of the dashes of a pattern on a straight run along x.
+void expectDashes(double length, const std::vector<double>& pattern,
+                  const std::vector<std::pair<double, double>>& wanted, double scale = 1.0)
 {
-    std::vector<Dash> stations;
-    for (const CVekVertexArray& piece : VEK::vl_measure(line(0, 0, length, 0), scale, CVekLineParm(list(pattern)))) {
-        EXPECT_EQ(piece.len(), 1);
-        stations.push_back({piece[0].start[0], piece[0].end[0]});
-    }
-    return stations;
-}
-
-void expectDashes(const std::vector<Dash>& found, std::initializer_list<Dash> wanted)
-{
-    ASSERT_EQ(found.size(), wanted.size());
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-        EXPECT_NEAR(found[i].from, wanted.begin()[i].from, kTol);
-        EXPECT_NEAR(found[i].to, wanted.begin()[i].to, kTol);
+    const Polylines pieces = VEK::vl_measure(line(0, 0, length, 0), scale, CVekLineParm(numbers(pattern)));
+    ASSERT_EQ(pieces.len(), static_cast<int>(wanted.size()));
+    for (int i = 0; i < pieces.len(); ++i) {
+        EXPECT_EQ(pieces[i].len(), 1);
+        EXPECT_NEAR(pieces[i][0].start[0], wanted[static_cast<std::size_t>(i)].first, kTol);
+        EXPECT_NEAR(pieces[i][0].end[0], wanted[static_cast<std::size_t>(i)].second, kTol);
     }
 }
 
 TEST(GeometryMeasure, DashesGapsAndDots)
 {
-    expectDashes(dashes(10, {3, -1, 0, -1}), {{0, 3}, {4, 4}, {5, 8}, {9, 9}});
-    expectDashes(dashes(6.5, {3, -1, 0, -1}), {{0, 3}, {4, 4}, {5, 6.5}}); // the last dash is cut
-    expectDashes(dashes(10, {3, -1, 0, -1}, 2.0), {{0, 6}, {8, 8}});
-    expectDashes(dashes(5, {3, -2}), {{0, 3}});                       // none begins at the end
-    expectDashes(dashes(5, {0, -2.5}), {{0, 0}, {2.5, 2.5}, {5, 5}}); // but a dot counts there
-    expectDashes(dashes(0.3, {0, -0.1}), {{0, 0}, {0.1, 0.1}, {0.2, 0.2}, {0.3, 0.3}});
-    expectDashes(dashes(5, {-2, 1}), {{2, 3}});
-    expectDashes(dashes(5, {-2}), {});
-    expectDashes(dashes(5, {0, 0}), {{0, 0}});
-    expectDashes(dashes(5, {}), {{0, 5}});
-    expectDashes(dashes(5, {1, -1}, 0.0), {{0, 5}});
-    expectDashes(dashes(5, {1e-9, -1e-9}), {{0, 5}}); // too fine: solid
-    expectDashes(dashes(5, {1, -std::numeric_limits<double>::quiet_NaN()}), {{0, 5}});
+    expectDashes(10, {3, -1, 0, -1}, {{0, 3}, {4, 4}, {5, 8}, {9, 9}});
+    expectDashes(6.5, {3, -1, 0, -1}, {{0, 3}, {4, 4}, {5, 6.5}}); // the last dash is cut
+    expectDashes(10, {3, -1, 0, -1}, {{0, 6}, {8, 8}}, 2.0);
+    expectDashes(5, {3, -2}, {{0, 3}});                       // none begins at the end
+    expectDashes(5, {0, -2.5}, {{0, 0}, {2.5, 2.5}, {5, 5}}); // but a dot counts there
+    expectDashes(0.3, {0, -0.1}, {{0, 0}, {0.1, 0.1}, {0.2, 0.2}, {0.3, 0.3}});
+    expectDashes(5, {-2, 1}, {{2, 3}});
+    expectDashes(5, {-2}, {});
+    expectDashes(5, {0, 0}, {{0, 0}});
+    expectDashes(5, {}, {{0, 5}});
+    expectDashes(5, {1, -1}, {{0, 5}}, 0.0);
+    expectDashes(5, {1e-9, -1e-9}, {{0, 5}}); // too fine: solid
+    expectDashes(5, {1, -std::numeric_limits<double>::quiet_NaN()}, {{0, 5}});
+    const double most = std::numeric_limits<double>::max(), endless = HUGE_VAL;
+    EXPECT_EQ(VEK::vl_measure(line(0, 0, endless, 0), 1.0, CVekLineParm(most / 4, -most / 4)).len(), 1);
+    const CVekVertexArray there = path({line(0, 0, most / 2, 0), line(most / 2, 0, -most / 2, 0)});
+    EXPECT_EQ(VEK::vl_measure(there, 1.0, CVekLineParm(most / 8, -most / 8)).len(), 1); // too long to be added up
 }
 
 TEST(GeometryMeasure, DashesTurnCornersAndBendWithArcs)
@@ -379,7 +359,7 @@ TEST(GeometryOutline, EveryKindIsClosedAndOfItsArea)
     };
     for (const auto& shape : shapes) {
         SCOPED_TRACE(shape.kind);
-        const CVekVertexArray vl = VEK::g_outline(shape.kind, CVekVector3d(), list(shape.parameters));
+        const CVekVertexArray vl = VEK::g_outline(shape.kind, CVekVector3d(), numbers(shape.parameters));
         EXPECT_TRUE(vl.isClosed());
         EXPECT_TRUE(vl.isContinuous());
         for (const CVekVertex& vertex : vl)
@@ -391,7 +371,7 @@ TEST(GeometryOutline, EveryKindIsClosedAndOfItsArea)
 TEST(GeometryOutline, LiesAboutItsOriginAndMoves)
 {
     const auto box = [](int kind, const CVekPoint3d& offset, std::initializer_list<double> parameters) {
-        return VEK::vl_extmax(VEK::g_outline(kind, offset, list(parameters)), 0.0);
+        return VEK::vl_extmax(VEK::g_outline(kind, offset, numbers(parameters)), 0.0);
     };
     expectAt(box(2, {10, 20, 0}, {4, 6})[0], 8, 17);
     expectAt(box(17, {0, 0, 0}, {6, 8, 2, 1, 0})[1], 5, 4);
@@ -400,7 +380,7 @@ TEST(GeometryOutline, LiesAboutItsOriginAndMoves)
     expectAt(box(22, {0, 0, 0}, {-10.0})[0], -5, -5);
     expectAt(box(22, {0, 0, 0}, {-10.0})[1], 5, 0);
     // An L with a negative width stands on its right.
-    const CVekVertexArray mirrored = VEK::g_outline(13, CVekVector3d(), list({-5, 8, 1, 2, 0}));
+    const CVekVertexArray mirrored = VEK::g_outline(13, CVekVector3d(), numbers({-5, 8, 1, 2, 0}));
     EXPECT_TRUE(std::any_of(mirrored.begin(), mirrored.end(), [](const CVekVertex& vertex) {
         return vertex.start == CVekPoint3d(2.5, 4, 0); // the top of its upright leg
     }));
@@ -427,7 +407,7 @@ TEST(GeometryOutline, ImpossibleParametersGiveNothing)
         {1, {std::numeric_limits<double>::infinity()}},
     };
     for (const auto& [kind, parameters] : wrong)
-        EXPECT_EQ(VEK::g_outline(kind, CVekVector3d(), list(parameters)).len(), 0) << kind;
+        EXPECT_EQ(VEK::g_outline(kind, CVekVector3d(), numbers(parameters)).len(), 0) << kind;
 }
 
 } // namespace

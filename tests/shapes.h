@@ -118,6 +118,21 @@ inline double areaOf(const CVekVertexArray& vl)
     return 0.5 * twice;
 }
 
+/// Turns the normal of a polyline to its other side and leaves its shape.
+inline CVekVertexArray& turnNormal(CVekVertexArray& vl)
+{
+    vl.setNormal(-vl.normal());
+    for (CVekVertex& vertex : vl)
+        vertex.bulge = 0.0 - vertex.bulge;
+    return vl;
+}
+
+/// The same polyline about a normal that does not point down.
+inline CVekVertexArray upright(CVekVertexArray vl)
+{
+    return vl.normal()[2] < 0.0 ? turnNormal(vl) : vl;
+}
+
 /// A source of random shapes that is the same in every build: the library's distributions differ between systems.
 class Random
 {
@@ -156,6 +171,13 @@ public:
         return shift.setToTranslation(direction() * 10.0) * turn;
     }
 
+    /// A turn by half a right angle about some level axis through the origin.
+    CVekMatrix3d tilt()
+    {
+        CVekMatrix3d turn;
+        return turn.setToRotation(pi / 4, VEK::polar(uniform(-pi, pi), 1.0), CVekPoint3d::kOrigin);
+    }
+
     /// The same shape with its winding, its start and the side of its normal drawn anew.
     CVekVertexArray redrawn(CVekVertexArray contour)
     {
@@ -167,14 +189,6 @@ public:
         if (coin())
             turnNormal(vl);
         return vl;
-    }
-
-    /// Gives a polyline in the xy plane a normal that points down and leaves its shape.
-    static void turnNormal(CVekVertexArray& vl)
-    {
-        vl.setNormal(-vl.normal());
-        for (CVekVertex& vertex : vl)
-            vertex.bulge = -vertex.bulge;
     }
 
     /// A star-shaped contour about a point, a third of its sides bent; it does not meet itself.
