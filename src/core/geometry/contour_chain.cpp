@@ -10,24 +10,37 @@ bool appendChain(std::vector<Link>& links, const CVekVertexArray& contour)
     const Levelled level(contour);
     const std::size_t first = links.size();
     const double turn = level->normal()[2] < 0.0 ? -1.0 : 1.0; // as flatArc has it
+    const auto add = [&](const CVekPoint3d& point, double bulge) {
+        Link& link = links.emplace_back();
+        link.point.x = point[0];
+        link.point.y = point[1];
+        link.bulge = bulge;
+    };
+    const auto same = [](const CVekPoint3d& a, const CVekPoint3d& b) {
+        return (a[0] == b[0] && a[1] == b[1]) || meets(Vec{a[0], a[1]}, Vec{b[0], b[1]});
+    };
+    const CVekPoint3d* at = nullptr; // the end so far
+    const CVekPoint3d* start = nullptr;
     for (const CVekVertex& vertex : *level) {
-        const Vec start{vertex.start[0], vertex.start[1]}, end{vertex.end[0], vertex.end[1]};
-        if (!std::isfinite(start.x + start.y + end.x + end.y + vertex.bulge))
+        const double dx = vertex.end[0] - vertex.start[0], dy = vertex.end[1] - vertex.start[1];
+        if (!std::isfinite(vertex.start[0] + vertex.start[1] + vertex.end[0] + vertex.end[1] + vertex.bulge))
             return false;
-        if (!((end - start).abs() > 0.0))
+        if (!(dx * dx + dy * dy > 0.0))
             continue;
-        if (links.size() == first || !meets(links.back().point, start))
-            links.push_back({start});
-        links.back().bulge = turn * vertex.bulge;
-        links.push_back({end});
+        if (!at) {
+            start = at = &vertex.start;
+        } else if (!same(*at, vertex.start)) {
+            add(*at, 0.0);
+            at = &vertex.start;
+        }
+        add(*at, turn * vertex.bulge);
+        at = &vertex.end;
     }
-    if (links.size() == first)
+    if (!at)
         return true;
-    const Vec start = links[first].point;
-    if (meets(links.back().point, start) && links.size() > first + 2)
-        links.back().point = start;
-    else
-        links.push_back({start});
+    if (links.size() == first + 1 || !same(*at, *start))
+        add(*at, 0.0);
+    add(*start, 0.0);
     return true;
 }
 

@@ -150,7 +150,7 @@ CVekArrayTempl<CVekVertexArray> vl_measure(CVekVertexArray vl, double scale, CVe
             total += detail::Segment(vertex, run.normal()).length();
     }
     const double periods = scaled.period > 0.0 ? total / scaled.period : 0.0;
-    if (!std::isfinite(total) || !(periods * static_cast<double>(scaled.entries.size()) <= kMaxEntries))
+    if (!(periods * static_cast<double>(scaled.entries.size()) <= kMaxEntries)) // nor where the length is not finite
         return runs;
     for (const CVekVertexArray& run : runs)
         measureRun(run, scaled, pieces);

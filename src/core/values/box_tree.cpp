@@ -5,42 +5,32 @@ namespace VEK::plane
 namespace
 {
 
-/// Spreads 16 bits to the even places of 32.
-std::uint32_t spread(std::uint32_t bits)
-{
-    bits = (bits | bits << 8) & 0x00ff00ffu;
-    bits = (bits | bits << 4) & 0x0f0f0f0fu;
-    bits = (bits | bits << 2) & 0x33333333u;
-    return (bits | bits << 1) & 0x55555555u;
-}
+struct Item {
+    Vec centre;
+    std::uint32_t box;
+};
 
-/// The order of boxes along a curve that fills the plane.
-std::vector<std::uint32_t> orderOf(const std::vector<Box>& boxes)
+/// Parts items by where they lie, over and over, so that those under one node of the tree lie close together.
+/// @param most number of items under a node at the level below that of all these
+void sortByPlace(Item* first, Item* last, std::ptrdiff_t most, std::ptrdiff_t fanOut)
 {
-    Box all = boxes[0];
-    for (const Box& box : boxes)
-        all.add(box);
-    const auto cell = [](double at, double from, double to) {
-        const double place = (at - from) / (to - from) * 65535.0;
-        return place > 0.0 ? static_cast<std::uint32_t>(std::min(place, 65535.0)) : 0u;
-    };
-    struct Key {
-        std::uint32_t code;
-        std::uint32_t box;
-        bool operator<(const Key& other) const { return code < other.code; }
-    };
-    std::vector<Key> keys;
-    keys.reserve(boxes.size());
-    for (std::uint32_t i = 0; i < boxes.size(); ++i) {
-        const Vec c = boxes[i].centre();
-        keys.push_back({spread(cell(c.x, all.min.x, all.max.x)) | spread(cell(c.y, all.min.y, all.max.y)) << 1, i});
+    while (most > 1 && last - first > fanOut) { // their order under one node does not matter
+        if (last - first <= most) {
+            most /= fanOut;
+            continue;
+        }
+        Box all{first->centre, first->centre};
+        for (const Item* item = first; item != last; ++item)
+            all.add(item->centre);
+        // In the middle, but between two nodes.
+        Item* const middle = first + ((last - first) / most + 1) / 2 * most;
+        if (all.max.x - all.min.x > all.max.y - all.min.y)
+            std::nth_element(first, middle, last, [](const Item& a, const Item& b) { return a.centre.x < b.centre.x; });
+        else
+            std::nth_element(first, middle, last, [](const Item& a, const Item& b) { return a.centre.y < b.centre.y; });
+        sortByPlace(first, middle, most, fanOut);
+        first = middle;
     }
-    std::sort(keys.begin(), keys.end());
-    std::vector<std::uint32_t> order;
-    order.reserve(keys.size());
-    for (const Key& key : keys)
-        order.push_back(key.box);
-    return order;
 }
 
 } // namespace
@@ -51,7 +41,18 @@ std::vector<std::uint32_t> BoxTree::build(std::vector<Box> boxes)
     m_levels.clear();
     if (boxes.empty())
         return {};
-    std::vector<std::uint32_t> order = orderOf(boxes);
+    std::vector<Item> items;
+    items.reserve(boxes.size());
+    for (const Box& box : boxes)
+        items.push_back({box.centre(), static_cast<std::uint32_t>(items.size())});
+    std::ptrdiff_t most = 1;
+    while (most * kFanOut < static_cast<std::ptrdiff_t>(items.size()))
+        most *= kFanOut;
+    sortByPlace(items.data(), items.data() + items.size(), most, kFanOut);
+    std::vector<std::uint32_t> order;
+    order.reserve(items.size());
+    for (const Item& item : items)
+        order.push_back(item.box);
     m_boxes.reserve(boxes.size() * 4 / 3 + 16);
     for (const std::uint32_t i : order)
         m_boxes.push_back(boxes[i]);

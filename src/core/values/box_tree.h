@@ -32,24 +32,33 @@ public:
         struct Node {
             std::uint32_t level, index;
         };
-        if (isEmpty())
+        if (isEmpty() || !meets(all()))
             return;
+        const std::uint32_t top = static_cast<std::uint32_t>(m_levels.size()) - 2;
+        if (top == 0) {
+            found(0u, all());
+            return;
+        }
         Node stack[64]; // sixteen levels leave three nodes each waiting
         int depth = 0;
-        stack[depth++] = {static_cast<std::uint32_t>(m_levels.size()) - 2, 0};
+        stack[depth++] = {top, 0};
         while (depth > 0) {
             const Node node = stack[--depth];
-            const Box& box = m_boxes[m_levels[node.level] + node.index];
-            if (!meets(box)) // asked late: what was visited before may have settled it
-                continue;
-            if (node.level == 0) {
-                found(node.index, box);
+            const std::uint32_t level = node.level - 1;
+            const Box* const boxes = &m_boxes[m_levels[level]];
+            const std::uint32_t begin = node.index * kFanOut;
+            const std::uint32_t end = std::min(begin + kFanOut, m_levels[node.level] - m_levels[level]);
+            if (level == 0) {
+                for (std::uint32_t i = begin; i < end; ++i) {
+                    if (meets(boxes[i]))
+                        found(i, boxes[i]);
+                }
                 continue;
             }
-            const std::uint32_t count = m_levels[node.level] - m_levels[node.level - 1];
-            const std::uint32_t end = std::min((node.index + 1) * kFanOut, count);
-            for (std::uint32_t i = node.index * kFanOut; i < end; ++i)
-                stack[depth++] = {node.level - 1, i};
+            for (std::uint32_t i = end; i-- > begin;) { // so that what is found comes in the order of the tree
+                if (meets(boxes[i]))
+                    stack[depth++] = {level, i};
+            }
         }
     }
 
