@@ -127,7 +127,6 @@ TEST(GeometryPunchRandom, PiecesLieWhereTheyBelongAndAddUp)
 
 TEST(GeometryPunchRandom, WholeNumbersMeetVerticesAndSidesAllTheTime)
 {
-    // On a coarse grid cuts go through vertices and along sides as a rule.
     Random random(7);
     const auto grid = [&random] { return random.whole(7) - 3.0; };
     const auto bulge = [&random] { return random.pick({0, 0, 0, 1, -1, std::tan(pi / 8), -std::tan(pi / 8)}); };

@@ -145,7 +145,6 @@ public:
         m_ways.resize(2 * edges.size());
         for (Way way = m_ways.size(); way-- > 0;)
             m_ways[--m_begins[size(start(way))]] = way;
-        dropDeadEnds();
         m_clockwise.resize(m_ways.size());
         for (std::size_t node = 0; node + 1 < m_begins.size(); ++node)
             sortByAngle(m_begins[node], m_begins[node + 1]);
@@ -161,7 +160,7 @@ public:
                 m_onPath[size(start(way))] = static_cast<int>(m_path.size());
                 m_path.push_back(way);
                 const int begin = m_onPath[size(end(way))];
-                if (begin >= 0) // a face that meets itself in a node is taken apart there
+                if (begin >= 0) // a face that meets itself in a node is taken apart there; a dead end bounds nothing
                     takeLoop(size(begin), found);
             }
             m_path.clear();
@@ -176,30 +175,6 @@ private:
     const Edge& edge(Way way) const { return m_edges[way / 2]; }
     int start(Way way) const { return way % 2 ? edge(way).to : edge(way).from; }
     int end(Way way) const { return start(way ^ 1); }
-
-    /// What ends where nothing else begins is no part of a contour, and neither is what leads only there.
-    void dropDeadEnds()
-    {
-        std::vector<std::size_t> degrees(m_begins.size() - 1);
-        std::vector<int> ends;
-        for (std::size_t node = 0; node < degrees.size(); ++node) {
-            degrees[node] = m_begins[node + 1] - m_begins[node];
-            if (degrees[node] == 1)
-                ends.push_back(static_cast<int>(node));
-        }
-        while (!ends.empty()) {
-            const std::size_t node = size(ends.back());
-            ends.pop_back();
-            for (std::size_t i = m_begins[node]; i < m_begins[node + 1]; ++i) {
-                const Way way = m_ways[i];
-                if (m_isUsed[way])
-                    continue;
-                m_isUsed[way] = m_isUsed[way ^ 1] = 1;
-                if (--degrees[size(end(way))] == 1)
-                    ends.push_back(end(way));
-            }
-        }
-    }
 
     /// Where a way has gone to at a distance from its start, as seen from there: all ways out of a node are compared at
     /// one distance, since those that leave it as tangents part only on their way.
@@ -223,8 +198,6 @@ private:
         outs.clear();
         double distance = HUGE_VAL;
         for (std::size_t i = begin; i < end; ++i) {
-            if (m_isUsed[m_ways[i]])
-                continue;
             const Edge& own = edge(m_ways[i]);
             outs.push_back({plane::SpaceArc(own.directed(m_ways[i] % 2), own.normal), m_ways[i], 0.0});
             distance = std::min(distance, 0.5 * reach(outs.back().arc));
