@@ -198,7 +198,7 @@ public:
     {
         if (isLevel(polyline.normal()) || !hasArcs(polyline))
             return;
-        m_chords = inFineChords(polyline, 0);
+        m_chords = inFineChords(polyline);
         m_polyline = &m_chords;
     }
     Levelled(const Levelled&) = delete;
