@@ -11,17 +11,23 @@ foreach(name IN ITEMS window window_program window_dll)
 endforeach()
 target_link_libraries(vek_window_program INTERFACE vek_window)
 target_link_libraries(vek_window_dll INTERFACE vek_window)
+# <toolkit/user.h>, which is there whoever brings the classes
+target_include_directories(vek_window INTERFACE $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/toolkit/seams>
+                                                $<INSTALL_INTERFACE:include/vek-toolkit/seams>)
+install(DIRECTORY toolkit/seams DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit)
 if(MSVC)
   set(CMAKE_MFC_FLAG 2) # the compiler's classes in its own DLL
   target_compile_definitions(vek_window INTERFACE _AFXDLL)
 else()
-  file(GLOB sources CONFIGURE_DEPENDS toolkit/src/*.cpp toolkit/src/*.h toolkit/include/*.h toolkit/include/toolkit/*.h)
+  file(GLOB sources CONFIGURE_DEPENDS toolkit/src/*.cpp toolkit/src/*.h toolkit/include/*.h toolkit/include/toolkit/*.h
+       toolkit/seams/toolkit/*.h)
   add_library(vek_toolkit SHARED ${sources} toolkit/entry/dll_runtime.cpp)
   set_target_properties(vek_toolkit PROPERTIES PREFIX "" EXPORT_NAME toolkit RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
   target_compile_features(vek_toolkit PUBLIC cxx_std_20)
   target_compile_definitions(vek_toolkit PUBLIC UNICODE _UNICODE PRIVATE VEK_TOOLKIT_BUILDING)
   target_include_directories(vek_toolkit PUBLIC $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/toolkit/include>
                                                 $<INSTALL_INTERFACE:include/vek-toolkit>)
+  target_include_directories(vek_toolkit PRIVATE toolkit/seams)
   target_link_libraries(vek_toolkit PUBLIC comctl32 PRIVATE $<BUILD_INTERFACE:vek_options>)
   target_link_options(vek_toolkit PRIVATE -static) # as programs are linked: no runtime DLLs
   target_link_libraries(vek_window INTERFACE vek_toolkit)

@@ -37,11 +37,13 @@ public:
 
 protected:
     afx_msg LRESULT OnFail(WPARAM, LPARAM) { throw new Refused(exceptions); }
+    afx_msg void OnPaint() {}
     DECLARE_MESSAGE_MAP()
 };
 
 BEGIN_MESSAGE_MAP(Main, CWnd)
 ON_MESSAGE(kFail, &Main::OnFail)
+ON_WM_PAINT()
 END_MESSAGE_MAP()
 
 class App : public CWinApp
@@ -91,8 +93,15 @@ TEST(ToolkitApp, RunsUntilItsMainWindowEnds)
     ASSERT_TRUE(window.open());
     app.m_pMainWnd = &window;
     EXPECT_EQ(AfxGetMainWnd(), &window);
+    window.ShowWindow(SW_SHOWNOACTIVATE); // never validated: it wishes to be painted all the time
     EXPECT_EQ(app.Run(), 0);
     EXPECT_GE(app.idles, 1);
+    MSG message = {};
+    for (const auto& [kind, news] :
+         {std::pair{WM_PAINT, FALSE}, {WM_KEYDOWN, TRUE}, {WM_MOUSEMOVE, TRUE}, {WM_MOUSEMOVE, FALSE}}) {
+        message = {nullptr, static_cast<UINT>(kind), 0, 0, 0, {77, 78}};
+        EXPECT_EQ(app.IsIdleMessage(&message), news) << kind;
+    }
     EXPECT_EQ(window.m_hWnd, nullptr);
     EXPECT_EQ(app.m_pMainWnd, nullptr);
 }

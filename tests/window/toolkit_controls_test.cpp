@@ -1,7 +1,9 @@
 #include <afxcmn.h>
 #include <afxdlgs.h>
 
-#include <gtest/gtest.h>
+#include <afxtempl.h>
+
+#include "window/modal_queue.h"
 
 #include <memory>
 #include <string>
@@ -54,12 +56,14 @@ class Tree : public CTreeCtrl
 {
 public:
     Log log;
-    bool pass = false;
+    bool pass = false, deletes = false;
 
 protected:
-    BOOL OnSelect(NMHDR*, LRESULT*)
+    BOOL OnSelect(NMHDR* header, LRESULT*)
     {
         log.push_back("own");
+        if (std::exchange(deletes, false))
+            DeleteItem(reinterpret_cast<NMTREEVIEWW*>(header)->itemNew.hItem);
         return !pass;
     }
     DECLARE_MESSAGE_MAP()
@@ -153,9 +157,19 @@ TEST_F(ToolkitControls, ListsKeepRowsColumnsAndData)
     ASSERT_NE(list.GetHeaderCtrl(), nullptr);
     EXPECT_TRUE(list.GetHeaderCtrl()->GetItem(1, &item));
     EXPECT_EQ(item.fmt & HDF_JUSTIFYMASK, HDF_RIGHT);
-    EXPECT_EQ(list.GetHeaderCtrl(), CWnd::FromHandlePermanent(*list.GetHeaderCtrl()));
-    list.SetExtendedStyle(LVS_EX_FULLROWSELECT);
-    EXPECT_EQ(list.GetExtendedStyle(), DWORD(LVS_EX_FULLROWSELECT));
+    const auto plain = static_cast<CListCtrl*>(CWnd::FromHandle(::CreateWindowExW(
+        0, WC_LISTVIEWW, nullptr, WS_CHILD | LVS_REPORT, 0, 0, 90, 90, parent, nullptr, nullptr, nullptr)));
+    EXPECT_EQ(plain->InsertColumn(0, L"only"), 0);
+    EXPECT_EQ(plain->GetHeaderCtrl()->GetItemCount(), 1) << "a temporary object, used by cast";
+    list.SetExtendedStyle(LVS_EX_FULLROWSELECT | LVS_EX_CHECKBOXES);
+    EXPECT_EQ(list.GetExtendedStyle(), DWORD(LVS_EX_FULLROWSELECT | LVS_EX_CHECKBOXES));
+    EXPECT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM | LVIF_STATE, 1, L"c", LVIS_SELECTED, LVIS_SELECTED, 0, 55), 1);
+    EXPECT_EQ(list.GetItemText(1, 0), L"c");
+    EXPECT_EQ(list.GetItemData(1), 55u);
+    EXPECT_EQ(list.GetItemState(1, LVIS_SELECTED), UINT(LVIS_SELECTED));
+    EXPECT_EQ(list.GetItemData(2), 77u);
+    EXPECT_TRUE(list.SetCheck(2));
+    EXPECT_TRUE(list.GetCheck(2) && !list.GetCheck(1));
     EXPECT_TRUE(list.DeleteAllItems());
     EXPECT_EQ(list.GetItemCount(), 0);
 }
@@ -179,6 +193,9 @@ TEST_F(ToolkitControls, TreesSortAndTellOfSelection)
     EXPECT_EQ(tree.GetItemData(items[1]), 1u);
     EXPECT_EQ(tree.GetParentItem(items[1]), root);
     EXPECT_EQ(tree.GetParentItem(root), nullptr);
+    EXPECT_TRUE(tree.SetItem(items[1], TVIF_TEXT | TVIF_PARAM, L"one", 0, 0, 0, 0, 11));
+    EXPECT_EQ(tree.GetItemText(items[1]), L"one");
+    EXPECT_EQ(tree.GetItemData(items[1]), 11u);
 
     tree.log.clear();
     EXPECT_TRUE(tree.SelectItem(items[1]));
@@ -189,6 +206,10 @@ TEST_F(ToolkitControls, TreesSortAndTellOfSelection)
     tree.SelectItem(items[2]);
     EXPECT_EQ(parent.log, Log{"select 3"});
     tree.pass = false;
+    tree.deletes = true;
+    EXPECT_TRUE(tree.SelectItem(items[0]));
+    EXPECT_EQ(tree.GetCount(), 3u) << "the one selected has gone meanwhile";
+    tree.deletes = false;
     EXPECT_TRUE(tree.DeleteAllItems());
     EXPECT_EQ(tree.GetCount(), 0u);
 }
@@ -201,8 +222,13 @@ TEST_F(ToolkitControls, TabsAndImages)
     EXPECT_EQ(tabs.InsertItem(65535, L"two"), 1);
     EXPECT_EQ(tabs.SetCurSel(1), 0);
     EXPECT_EQ(tabs.GetCurSel(), 1);
+    EXPECT_EQ(tabs.InsertItem(TCIF_TEXT | TCIF_PARAM, 1, L"three", 0, 33), 1);
+    TCITEMW item = {};
+    item.mask = TCIF_PARAM;
+    EXPECT_TRUE(tabs.GetItem(1, &item));
+    EXPECT_EQ(item.lParam, 33);
     EXPECT_TRUE(tabs.DeleteItem(0));
-    EXPECT_EQ(tabs.GetItemCount(), 1);
+    EXPECT_EQ(tabs.GetItemCount(), 2);
 
     auto images = std::make_unique<CImageList>();
     ASSERT_TRUE(images->Create(16, 16, ILC_COLOR24 | ILC_MASK, 4, 4));
@@ -294,4 +320,37 @@ TEST(ToolkitFileDialog, PreparesTheSystemsRecord)
     EXPECT_EQ(dialog.GetFileName(), L"some.file.txt");
     EXPECT_EQ(dialog.GetFileTitle(), L"some.file");
     EXPECT_EQ(dialog.GetFileExt(), L"txt");
+    ModalQueue user;
+    for (const bool chosen : {true, false}) {
+        user.file([chosen](OPENFILENAMEW& request, bool save) {
+            EXPECT_FALSE(save);
+            wcscpy(request.lpstrFile, L"D:\\other");
+            return chosen;
+        });
+        EXPECT_EQ(dialog.DoModal(), chosen ? IDOK : IDCANCEL);
+    }
+    EXPECT_EQ(dialog.GetPathName(), L"D:\\other");
+}
+
+TEST(ToolkitMap, FindsWalksAndRemoves)
+{
+    CMap<UINT, UINT, CString, LPCTSTR> map;
+    CString text;
+    EXPECT_EQ(map.GetStartPosition(), nullptr);
+    for (UINT i = 0; i < 100; ++i)
+        map.SetAt(i, CString(L'x', static_cast<int>(i)));
+    EXPECT_TRUE(map.RemoveKey(40));
+    EXPECT_FALSE(map.RemoveKey(40) || map.Lookup(40, text) || map.PLookup(40) != nullptr);
+    EXPECT_TRUE(map.Lookup(41, text) && text.GetLength() == 41);
+    UINT sum = 0, key = 0;
+    for (POSITION at = map.GetStartPosition(); at != nullptr; sum += key)
+        map.GetNextAssoc(at, key, text);
+    for (const auto* pair = map.PGetFirstAssoc(); pair != nullptr; pair = map.PGetNextAssoc(pair))
+        sum += 10000;
+    EXPECT_EQ(sum, 99u * 100 / 2 - 40 + 990000);
+    map.RemoveAll();
+    EXPECT_TRUE(map.IsEmpty());
+    CMap<CString, LPCTSTR, double, double> byText;
+    byText[L"one"] = 1.5;
+    EXPECT_EQ(byText[CString(L"on") + L"e"], 1.5);
 }

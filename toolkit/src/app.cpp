@@ -1,6 +1,7 @@
 #include <afxwin.h>
 
 #include "thread_state.h"
+#include "user_seam.h"
 
 #include <cwchar>
 
@@ -11,18 +12,33 @@ CWinThread::CWinThread() : m_nThreadID(::GetCurrentThreadId()) {}
 
 int CWinThread::Run()
 {
-    LONG idle = 0;
-    MSG message;
+    LONG count = 0;
+    bool idle = true;
     for (;;) {
-        if (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
-            if (!PumpMessage())
-                return ExitInstance();
-            idle = 0;
-        } else if (!OnIdle(idle++)) {
-            ::WaitMessage();
-            idle = 0;
+        MSG message;
+        const bool waits = ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+        const bool busy = waits && IsIdleMessage(&message);
+        if (idle && !busy) {
+            idle = OnIdle(count++);
+            continue;
+        }
+        if (!PumpMessage())
+            return ExitInstance();
+        if (busy || !waits) {
+            idle = true;
+            count = 0;
         }
     }
+}
+
+BOOL CWinThread::IsIdleMessage(MSG* pMsg)
+{
+    return isNews(*pMsg);
+}
+
+CWnd* CWinThread::GetMainWnd()
+{
+    return m_pMainWnd == nullptr ? CWnd::GetActiveWindow() : m_pMainWnd;
 }
 
 int CWinThread::ExitInstance()
@@ -32,7 +48,7 @@ int CWinThread::ExitInstance()
 
 BOOL CWinThread::PreTranslateMessage(MSG* pMsg)
 {
-    CWnd* main = GetMainWnd();
+    CWnd* main = m_pMainWnd;
     if (CWnd::WalkPreTranslateTree(main == nullptr ? nullptr : main->m_hWnd, pMsg))
         return TRUE;
     if (main == nullptr || pMsg->hwnd == nullptr)
@@ -93,7 +109,7 @@ int CWinApp::DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT)
         owner = ::GetLastActivePopup(m_pMainWnd->m_hWnd);
     if ((nType & MB_ICONMASK) == 0)
         nType |= (nType & MB_TYPEMASK) <= MB_OKCANCEL ? MB_ICONEXCLAMATION : MB_ICONQUESTION;
-    return ::MessageBoxW(owner, lpszPrompt, m_pszAppName, nType);
+    return toolkit::messageBox(owner, lpszPrompt, m_pszAppName, nType);
 }
 
 void CWinApp::DoWaitCursor(int nCode)
@@ -134,7 +150,12 @@ CWinThread* AFXAPI AfxGetThread()
 CWnd* AFXAPI AfxGetMainWnd()
 {
     CWinThread* thread = AfxGetThread();
-    return thread == nullptr ? nullptr : thread->GetMainWnd();
+    if (thread == nullptr || thread->m_pMainWnd == nullptr) {
+        CWinApp* program = programState()->m_pCurrentWinApp;
+        if (program != nullptr && program->m_pMainWnd != nullptr && program->m_nThreadID == ::GetCurrentThreadId())
+            thread = program;
+    }
+    return thread == nullptr ? CWnd::GetActiveWindow() : thread->GetMainWnd();
 }
 
 LPCTSTR AFXAPI AfxGetAppName()
@@ -146,7 +167,7 @@ LPCTSTR AFXAPI AfxGetAppName()
 int AFXAPI AfxMessageBox(LPCTSTR lpszText, UINT nType, UINT nIDHelp)
 {
     CWinApp* app = AfxGetApp();
-    return app == nullptr ? ::MessageBoxW(::GetActiveWindow(), lpszText, L"", nType)
+    return app == nullptr ? toolkit::messageBox(::GetActiveWindow(), lpszText, L"", nType)
                           : app->DoMessageBox(lpszText, nType, nIDHelp);
 }
 

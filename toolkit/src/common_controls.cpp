@@ -1,5 +1,6 @@
 #include <afxcmn.h>
 
+#include "owner_drawn.h"
 #include "thread_state.h"
 
 IMPLEMENT_DYNCREATE(CImageList, CObject)
@@ -9,34 +10,29 @@ IMPLEMENT_DYNAMIC(CTreeCtrl, CWnd)
 IMPLEMENT_DYNAMIC(CTabCtrl, CWnd)
 IMPLEMENT_DYNAMIC(CStatusBarCtrl, CWnd)
 
+// A temporary object is a plain CWnd whatever it is cast to.
+static_assert(sizeof(CHeaderCtrl) == sizeof(CWnd) && sizeof(CListCtrl) == sizeof(CWnd) &&
+              sizeof(CTreeCtrl) == sizeof(CWnd) && sizeof(CTabCtrl) == sizeof(CWnd) &&
+              sizeof(CStatusBarCtrl) == sizeof(CWnd));
+
 CImageList* CImageList::FromHandlePermanent(HIMAGELIST hImageList)
 {
-    return threadState().imageLists.permanent(hImageList);
+    return permanentObject<CImageList>(hImageList);
 }
 
 CImageList* CImageList::FromHandle(HIMAGELIST hImageList)
 {
-    ThreadState& thread = threadState();
-    return thread.imageLists.object(hImageList, thread.level);
+    return objectOf<CImageList>(hImageList);
 }
 
 BOOL CImageList::Attach(HIMAGELIST hImageList)
 {
-    ASSERT(m_hImageList == nullptr);
-    if (hImageList == nullptr)
-        return FALSE;
-    m_hImageList = hImageList;
-    threadState().imageLists.enter(hImageList, this);
-    return TRUE;
+    return attachHandle(*this, m_hImageList, hImageList);
 }
 
 HIMAGELIST CImageList::Detach()
 {
-    const HIMAGELIST list = m_hImageList;
-    if (list != nullptr)
-        threadState().imageLists.remove(list, this);
-    m_hImageList = nullptr;
-    return list;
+    return detachHandle(*this, m_hImageList);
 }
 
 BOOL CImageList::Create(LPCTSTR lpszBitmapID, int cx, int nGrow, COLORREF crMask)
@@ -45,51 +41,12 @@ BOOL CImageList::Create(LPCTSTR lpszBitmapID, int cx, int nGrow, COLORREF crMask
                                          crMask, IMAGE_BITMAP, LR_CREATEDIBSECTION));
 }
 
-BOOL CHeaderCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_HEADERW, nullptr, dwStyle, rect, pParentWnd, nID);
-}
-
-BOOL CListCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_LISTVIEWW, nullptr, dwStyle, rect, pParentWnd, nID);
-}
-
-BOOL CTreeCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_TREEVIEWW, nullptr, dwStyle, rect, pParentWnd, nID);
-}
-
-BOOL CTabCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_TABCONTROLW, nullptr, dwStyle, rect, pParentWnd, nID);
-}
-
-BOOL CStatusBarCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(STATUSCLASSNAMEW, nullptr, dwStyle, rect, pParentWnd, nID);
-}
-
 namespace
 {
 
-template <class Control>
-bool ownerDrawn(Control& control, UINT message, LPARAM lParam)
+HIMAGELIST handleOf(const CImageList* list)
 {
-    if (message != WM_DRAWITEM)
-        return false;
-    control.DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
-    return true;
-}
-
-CImageList* listFrom(LRESULT handle)
-{
-    return CImageList::FromHandle(reinterpret_cast<HIMAGELIST>(handle));
-}
-
-LPARAM handleOf(const CImageList* list)
-{
-    return list == nullptr ? 0 : reinterpret_cast<LPARAM>(list->GetSafeHandle());
+    return list == nullptr ? nullptr : list->GetSafeHandle();
 }
 
 /// Reads a text whose length is not told beforehand: `read` fills a buffer and gives the length that it took.
@@ -110,30 +67,50 @@ CString textBy(Read read)
 
 BOOL CHeaderCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    return ownerDrawn(*this, message, lParam) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    return drawnByOwner(*this, message, lParam, pResult) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
 
 BOOL CListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    return ownerDrawn(*this, message, lParam) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    return drawnByOwner(*this, message, lParam, pResult) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
 
 BOOL CTabCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    return ownerDrawn(*this, message, lParam) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    return drawnByOwner(*this, message, lParam, pResult) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
 
 // Lists
 
 CImageList* CListCtrl::SetImageList(CImageList* pImageList, int nImageList)
 {
-    return listFrom(SendMessage(LVM_SETIMAGELIST, static_cast<WPARAM>(nImageList), handleOf(pImageList)));
+    return CImageList::FromHandle(ask<HIMAGELIST>(LVM_SETIMAGELIST, nImageList, handleOf(pImageList)));
 }
 
 CImageList* CListCtrl::GetImageList(int nImageList) const
 {
-    return listFrom(SendMessage(LVM_GETIMAGELIST, static_cast<WPARAM>(nImageList)));
+    return CImageList::FromHandle(ask<HIMAGELIST>(LVM_GETIMAGELIST, nImageList));
 }
+
+namespace
+{
+
+LVITEMW listItem(UINT mask, int row, int column, LPCTSTR text = nullptr, int image = 0, UINT state = 0,
+                 UINT stateMask = 0, LPARAM data = 0)
+{
+    LVITEMW item = {};
+    item.mask = mask;
+    item.iItem = row;
+    item.iSubItem = column;
+    item.state = state;
+    item.stateMask = stateMask;
+    item.pszText = const_cast<LPTSTR>(text);
+    item.iImage = image;
+    item.lParam = data;
+    return item;
+}
+
+} // namespace
 
 BOOL CListCtrl::SetItem(int nItem, int nSubItem, UINT nMask, LPCTSTR lpszItem, int nImage, UINT nState, UINT nStateMask,
                         LPARAM lParam)
@@ -144,36 +121,26 @@ BOOL CListCtrl::SetItem(int nItem, int nSubItem, UINT nMask, LPCTSTR lpszItem, i
 BOOL CListCtrl::SetItem(int nItem, int nSubItem, UINT nMask, LPCTSTR lpszItem, int nImage, UINT nState, UINT nStateMask,
                         LPARAM lParam, int nIndent)
 {
-    LVITEMW item = {};
-    item.mask = nMask;
-    item.iItem = nItem;
-    item.iSubItem = nSubItem;
-    item.state = nState;
-    item.stateMask = nStateMask;
-    item.pszText = const_cast<LPTSTR>(lpszItem);
-    item.iImage = nImage;
-    item.lParam = lParam;
+    LVITEMW item = listItem(nMask, nItem, nSubItem, lpszItem, nImage, nState, nStateMask, lParam);
     item.iIndent = nIndent;
     return SetItem(&item);
 }
 
+int CListCtrl::InsertItem(UINT nMask, int nItem, LPCTSTR lpszItem, UINT nState, UINT nStateMask, int nImage,
+                          LPARAM lParam)
+{
+    const LVITEMW item = listItem(nMask, nItem, 0, lpszItem, nImage, nState, nStateMask, lParam);
+    return InsertItem(&item);
+}
+
 int CListCtrl::InsertItem(int nItem, LPCTSTR lpszItem)
 {
-    LVITEMW item = {};
-    item.mask = LVIF_TEXT;
-    item.iItem = nItem;
-    item.pszText = const_cast<LPTSTR>(lpszItem);
-    return InsertItem(&item);
+    return InsertItem(LVIF_TEXT, nItem, lpszItem, 0, 0, 0, 0);
 }
 
 int CListCtrl::InsertItem(int nItem, LPCTSTR lpszItem, int nImage)
 {
-    LVITEMW item = {};
-    item.mask = LVIF_TEXT | LVIF_IMAGE;
-    item.iItem = nItem;
-    item.pszText = const_cast<LPTSTR>(lpszItem);
-    item.iImage = nImage;
-    return InsertItem(&item);
+    return InsertItem(LVIF_TEXT | LVIF_IMAGE, nItem, lpszItem, 0, 0, nImage, 0);
 }
 
 POSITION CListCtrl::GetFirstSelectedItemPosition() const
@@ -191,14 +158,13 @@ int CListCtrl::GetNextSelectedItem(POSITION& pos) const
 BOOL CListCtrl::GetItemRect(int nItem, LPRECT lpRect, UINT nCode) const
 {
     lpRect->left = static_cast<LONG>(nCode);
-    return static_cast<BOOL>(
-        SendMessage(LVM_GETITEMRECT, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(lpRect)));
+    return ask<BOOL>(LVM_GETITEMRECT, nItem, lpRect);
 }
 
 BOOL CListCtrl::GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref) const
 {
     CRect rect(nArea, iSubItem, 0, 0);
-    if (!SendMessage(LVM_GETSUBITEMRECT, static_cast<WPARAM>(iItem), reinterpret_cast<LPARAM>(&rect)))
+    if (!ask(LVM_GETSUBITEMRECT, iItem, &rect))
         return FALSE;
     ref = rect;
     return TRUE;
@@ -231,26 +197,15 @@ int CListCtrl::InsertColumn(int nCol, LPCTSTR lpszColumnHeading, int nFormat, in
     return InsertColumn(nCol, &column);
 }
 
-CEdit* CListCtrl::EditLabel(int nItem)
-{
-    return static_cast<CEdit*>(
-        FromHandle(reinterpret_cast<HWND>(SendMessage(LVM_EDITLABELW, static_cast<WPARAM>(nItem)))));
-}
-
-CHeaderCtrl* CListCtrl::GetHeaderCtrl() const
-{
-    const HWND header = reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER));
-    if (header != nullptr && m_header.m_hWnd == nullptr && FromHandlePermanent(header) == nullptr)
-        m_header.SubclassWindow(header);
-    return static_cast<CHeaderCtrl*>(FromHandle(header));
-}
-
 BOOL CListCtrl::SetItemState(int nItem, UINT nState, UINT nMask)
 {
-    LVITEMW item = {};
-    item.state = nState;
-    item.stateMask = nMask;
+    LVITEMW item = listItem(LVIF_STATE, nItem, 0, nullptr, 0, nState, nMask);
     return SetItemState(nItem, &item);
+}
+
+BOOL CListCtrl::SetCheck(int nItem, BOOL fCheck)
+{
+    return SetItemState(nItem, static_cast<UINT>(INDEXTOSTATEIMAGEMASK(fCheck ? 2 : 1)), LVIS_STATEIMAGEMASK);
 }
 
 CString CListCtrl::GetItemText(int nItem, int nSubItem) const
@@ -260,27 +215,20 @@ CString CListCtrl::GetItemText(int nItem, int nSubItem) const
 
 int CListCtrl::GetItemText(int nItem, int nSubItem, LPTSTR lpszText, int nLen) const
 {
-    LVITEMW item = {};
-    item.iSubItem = nSubItem;
-    item.pszText = lpszText;
+    LVITEMW item = listItem(LVIF_TEXT, nItem, nSubItem, lpszText);
     item.cchTextMax = nLen;
-    return static_cast<int>(SendMessage(LVM_GETITEMTEXTW, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(&item)));
+    return ask<int>(LVM_GETITEMTEXTW, nItem, &item);
 }
 
 BOOL CListCtrl::SetItemText(int nItem, int nSubItem, LPCTSTR lpszText)
 {
-    LVITEMW item = {};
-    item.iSubItem = nSubItem;
-    item.pszText = const_cast<LPTSTR>(lpszText);
-    return static_cast<BOOL>(
-        SendMessage(LVM_SETITEMTEXTW, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(&item)));
+    const LVITEMW item = listItem(LVIF_TEXT, nItem, nSubItem, lpszText);
+    return ask<BOOL>(LVM_SETITEMTEXTW, nItem, &item);
 }
 
 DWORD_PTR CListCtrl::GetItemData(int nItem) const
 {
-    LVITEMW item = {};
-    item.mask = LVIF_PARAM;
-    item.iItem = nItem;
+    LVITEMW item = listItem(LVIF_PARAM, nItem, 0);
     GetItem(&item);
     return static_cast<DWORD_PTR>(item.lParam);
 }
@@ -294,31 +242,45 @@ BOOL CListCtrl::SetItemData(int nItem, DWORD_PTR dwData)
 
 CImageList* CTreeCtrl::SetImageList(CImageList* pImageList, UINT nImageList)
 {
-    return listFrom(SendMessage(TVM_SETIMAGELIST, nImageList, handleOf(pImageList)));
+    return CImageList::FromHandle(ask<HIMAGELIST>(TVM_SETIMAGELIST, nImageList, handleOf(pImageList)));
 }
 
 CImageList* CTreeCtrl::GetImageList(UINT nImageList) const
 {
-    return listFrom(SendMessage(TVM_GETIMAGELIST, nImageList));
+    return CImageList::FromHandle(ask<HIMAGELIST>(TVM_GETIMAGELIST, nImageList));
 }
 
 namespace
 {
 
-TVITEMW treeItem(HTREEITEM handle, UINT mask)
+TVITEMW treeItem(HTREEITEM handle, UINT mask, LPCTSTR text = nullptr, int image = 0, int selectedImage = 0,
+                 UINT state = 0, UINT stateMask = 0, LPARAM data = 0)
 {
     TVITEMW item = {};
-    item.mask = TVIF_HANDLE | mask;
+    item.mask = mask;
     item.hItem = handle;
+    item.pszText = const_cast<LPTSTR>(text);
+    item.iImage = image;
+    item.iSelectedImage = selectedImage;
+    item.state = state;
+    item.stateMask = stateMask;
+    item.lParam = data;
     return item;
 }
 
 } // namespace
 
+BOOL CTreeCtrl::SetItem(HTREEITEM hItem, UINT nMask, LPCTSTR lpszItem, int nImage, int nSelectedImage, UINT nState,
+                        UINT nStateMask, LPARAM lParam)
+{
+    TVITEMW item = treeItem(hItem, nMask | TVIF_HANDLE, lpszItem, nImage, nSelectedImage, nState, nStateMask, lParam);
+    return SetItem(&item);
+}
+
 CString CTreeCtrl::GetItemText(HTREEITEM hItem) const
 {
     return textBy([&](LPTSTR buffer, int room) {
-        TVITEMW item = treeItem(hItem, TVIF_TEXT);
+        TVITEMW item = treeItem(hItem, TVIF_HANDLE | TVIF_TEXT);
         item.pszText = buffer;
         item.cchTextMax = room;
         return GetItem(&item) ? static_cast<int>(wcslen(item.pszText)) : 0;
@@ -327,14 +289,12 @@ CString CTreeCtrl::GetItemText(HTREEITEM hItem) const
 
 BOOL CTreeCtrl::SetItemText(HTREEITEM hItem, LPCTSTR lpszItem)
 {
-    TVITEMW item = treeItem(hItem, TVIF_TEXT);
-    item.pszText = const_cast<LPTSTR>(lpszItem);
-    return SetItem(&item);
+    return SetItem(hItem, TVIF_TEXT, lpszItem, 0, 0, 0, 0, 0);
 }
 
 BOOL CTreeCtrl::GetItemImage(HTREEITEM hItem, int& nImage, int& nSelectedImage) const
 {
-    TVITEMW item = treeItem(hItem, TVIF_IMAGE | TVIF_SELECTEDIMAGE);
+    TVITEMW item = treeItem(hItem, TVIF_HANDLE | TVIF_IMAGE | TVIF_SELECTEDIMAGE);
     if (!GetItem(&item))
         return FALSE;
     nImage = item.iImage;
@@ -344,44 +304,40 @@ BOOL CTreeCtrl::GetItemImage(HTREEITEM hItem, int& nImage, int& nSelectedImage) 
 
 BOOL CTreeCtrl::SetItemImage(HTREEITEM hItem, int nImage, int nSelectedImage)
 {
-    TVITEMW item = treeItem(hItem, TVIF_IMAGE | TVIF_SELECTEDIMAGE);
-    item.iImage = nImage;
-    item.iSelectedImage = nSelectedImage;
-    return SetItem(&item);
+    return SetItem(hItem, TVIF_IMAGE | TVIF_SELECTEDIMAGE, nullptr, nImage, nSelectedImage, 0, 0, 0);
 }
 
 UINT CTreeCtrl::GetItemState(HTREEITEM hItem, UINT nStateMask) const
 {
-    return static_cast<UINT>(SendMessage(TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(hItem), nStateMask));
+    return ask<UINT>(TVM_GETITEMSTATE, hItem, nStateMask);
 }
 
 BOOL CTreeCtrl::SetItemState(HTREEITEM hItem, UINT nState, UINT nStateMask)
 {
-    TVITEMW item = treeItem(hItem, TVIF_STATE);
-    item.state = nState;
-    item.stateMask = nStateMask;
-    return SetItem(&item);
+    return SetItem(hItem, TVIF_STATE, nullptr, 0, 0, nState, nStateMask, 0);
+}
+
+BOOL CTreeCtrl::SetCheck(HTREEITEM hItem, BOOL fCheck)
+{
+    return SetItemState(hItem, static_cast<UINT>(INDEXTOSTATEIMAGEMASK(fCheck ? 2 : 1)), TVIS_STATEIMAGEMASK);
 }
 
 DWORD_PTR CTreeCtrl::GetItemData(HTREEITEM hItem) const
 {
-    TVITEMW item = treeItem(hItem, TVIF_PARAM);
+    TVITEMW item = treeItem(hItem, TVIF_HANDLE | TVIF_PARAM);
     GetItem(&item);
     return static_cast<DWORD_PTR>(item.lParam);
 }
 
 BOOL CTreeCtrl::SetItemData(HTREEITEM hItem, DWORD_PTR dwData)
 {
-    TVITEMW item = treeItem(hItem, TVIF_PARAM);
-    item.lParam = static_cast<LPARAM>(dwData);
-    return SetItem(&item);
+    return SetItem(hItem, TVIF_PARAM, nullptr, 0, 0, 0, 0, static_cast<LPARAM>(dwData));
 }
 
 BOOL CTreeCtrl::GetItemRect(HTREEITEM hItem, LPRECT lpRect, BOOL bTextOnly) const
 {
     *reinterpret_cast<HTREEITEM*>(lpRect) = hItem;
-    return static_cast<BOOL>(
-        SendMessage(TVM_GETITEMRECT, static_cast<WPARAM>(bTextOnly), reinterpret_cast<LPARAM>(lpRect)));
+    return ask<BOOL>(TVM_GETITEMRECT, bTextOnly, lpRect);
 }
 
 HTREEITEM CTreeCtrl::InsertItem(UINT nMask, LPCTSTR lpszItem, int nImage, int nSelectedImage, UINT nState,
@@ -390,13 +346,7 @@ HTREEITEM CTreeCtrl::InsertItem(UINT nMask, LPCTSTR lpszItem, int nImage, int nS
     TVINSERTSTRUCTW insert = {};
     insert.hParent = hParent;
     insert.hInsertAfter = hInsertAfter;
-    insert.item.mask = nMask;
-    insert.item.pszText = const_cast<LPTSTR>(lpszItem);
-    insert.item.iImage = nImage;
-    insert.item.iSelectedImage = nSelectedImage;
-    insert.item.state = nState;
-    insert.item.stateMask = nStateMask;
-    insert.item.lParam = lParam;
+    insert.item = treeItem(nullptr, nMask, lpszItem, nImage, nSelectedImage, nState, nStateMask, lParam);
     return InsertItem(&insert);
 }
 
@@ -426,37 +376,39 @@ HTREEITEM CTreeCtrl::HitTest(CPoint pt, UINT* pFlags) const
 
 CImageList* CTabCtrl::SetImageList(CImageList* pImageList)
 {
-    return listFrom(SendMessage(TCM_SETIMAGELIST, 0, handleOf(pImageList)));
+    return CImageList::FromHandle(ask<HIMAGELIST>(TCM_SETIMAGELIST, 0, handleOf(pImageList)));
 }
 
 CImageList* CTabCtrl::GetImageList() const
 {
-    return listFrom(SendMessage(TCM_GETIMAGELIST));
+    return CImageList::FromHandle(ask<HIMAGELIST>(TCM_GETIMAGELIST));
+}
+
+LONG CTabCtrl::InsertItem(UINT nMask, int nItem, LPCTSTR lpszItem, int nImage, LPARAM lParam)
+{
+    TCITEMW item = {};
+    item.mask = nMask;
+    item.pszText = const_cast<LPTSTR>(lpszItem);
+    item.iImage = nImage;
+    item.lParam = lParam;
+    return InsertItem(nItem, &item);
 }
 
 LONG CTabCtrl::InsertItem(int nItem, LPCTSTR lpszItem)
 {
-    TCITEMW item = {};
-    item.mask = TCIF_TEXT;
-    item.pszText = const_cast<LPTSTR>(lpszItem);
-    return InsertItem(nItem, &item);
+    return InsertItem(TCIF_TEXT, nItem, lpszItem, 0, 0);
 }
 
 LONG CTabCtrl::InsertItem(int nItem, LPCTSTR lpszItem, int nImage)
 {
-    TCITEMW item = {};
-    item.mask = TCIF_TEXT | TCIF_IMAGE;
-    item.pszText = const_cast<LPTSTR>(lpszItem);
-    item.iImage = nImage;
-    return InsertItem(nItem, &item);
+    return InsertItem(TCIF_TEXT | TCIF_IMAGE, nItem, lpszItem, nImage, 0);
 }
 
 CString CStatusBarCtrl::GetText(int nPane, int* pType) const
 {
     CString text;
-    const LRESULT length = SendMessage(SB_GETTEXTLENGTHW, static_cast<WPARAM>(nPane));
-    SendMessage(SB_GETTEXTW, static_cast<WPARAM>(nPane),
-                reinterpret_cast<LPARAM>(text.GetBufferSetLength(LOWORD(length))));
+    const LRESULT length = ask(SB_GETTEXTLENGTHW, nPane);
+    ask(SB_GETTEXTW, nPane, text.GetBufferSetLength(LOWORD(length)));
     if (pType != nullptr)
         *pType = HIWORD(length);
     return text;

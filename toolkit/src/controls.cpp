@@ -1,5 +1,7 @@
 #include <afxwin.h>
 
+#include "owner_drawn.h"
+
 IMPLEMENT_DYNAMIC(CStatic, CWnd)
 IMPLEMENT_DYNAMIC(CButton, CWnd)
 IMPLEMENT_DYNAMIC(CEdit, CWnd)
@@ -7,86 +9,34 @@ IMPLEMENT_DYNAMIC(CListBox, CWnd)
 IMPLEMENT_DYNAMIC(CComboBox, CWnd)
 IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
 
+// A temporary object is a plain CWnd whatever it is cast to.
+static_assert(sizeof(CStatic) == sizeof(CWnd) && sizeof(CButton) == sizeof(CWnd) && sizeof(CEdit) == sizeof(CWnd) &&
+              sizeof(CListBox) == sizeof(CWnd) && sizeof(CComboBox) == sizeof(CWnd) &&
+              sizeof(CScrollBar) == sizeof(CWnd));
+
 CScrollBar* AfxScrollBar(LPARAM window)
 {
     return static_cast<CScrollBar*>(CWnd::FromHandle(reinterpret_cast<HWND>(window)));
 }
 
-BOOL CStatic::Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_STATICW, lpszText, dwStyle, rect, pParentWnd, nID);
-}
-
-BOOL CButton::Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_BUTTONW, lpszCaption, dwStyle, rect, pParentWnd, nID);
-}
-
-BOOL CEdit::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_EDITW, nullptr, dwStyle, rect, pParentWnd, nID);
-}
-
-BOOL CListBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_LISTBOXW, nullptr, dwStyle, rect, pParentWnd, nID);
-}
-
-BOOL CComboBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_COMBOBOXW, nullptr, dwStyle, rect, pParentWnd, nID);
-}
-
-BOOL CScrollBar::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
-{
-    return CWnd::Create(WC_SCROLLBARW, nullptr, dwStyle, rect, pParentWnd, nID);
-}
-
 BOOL CStatic::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    if (message != WM_DRAWITEM)
-        return CWnd::OnChildNotify(message, wParam, lParam, pResult);
-    DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
-    return TRUE;
+    return drawnByOwner(*this, message, lParam, pResult) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
 
 BOOL CButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    if (message != WM_DRAWITEM)
-        return CWnd::OnChildNotify(message, wParam, lParam, pResult);
-    DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
-    return TRUE;
+    return drawnByOwner(*this, message, lParam, pResult) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
-
-namespace
-{
-
-/// The messages of a box that its owner draws, to the box's own members. False for other messages.
-template <class Box>
-bool ownerDrawn(Box& box, UINT message, LPARAM lParam, LRESULT* result)
-{
-    switch (message) {
-    case WM_DRAWITEM: box.DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)); return true;
-    case WM_MEASUREITEM: box.MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)); return true;
-    case WM_DELETEITEM: box.DeleteItem(reinterpret_cast<LPDELETEITEMSTRUCT>(lParam)); return true;
-    case WM_COMPAREITEM:
-        if (result != nullptr)
-            *result = box.CompareItem(reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam));
-        return true;
-    default: return false;
-    }
-}
-
-} // namespace
 
 BOOL CListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    return ownerDrawn(*this, message, lParam, pResult) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    return drawnByOwner(*this, message, lParam, pResult) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
 
 BOOL CComboBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    return ownerDrawn(*this, message, lParam, pResult) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    return drawnByOwner(*this, message, lParam, pResult) || CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
 
 void CListBox::GetText(int nIndex, CString& rString) const
@@ -97,7 +47,7 @@ void CListBox::GetText(int nIndex, CString& rString) const
 
 UINT CListBox::ItemFromPoint(CPoint pt, BOOL& bOutside) const
 {
-    const LRESULT found = SendMessage(LB_ITEMFROMPOINT, 0, MAKELPARAM(pt.x, pt.y));
+    const LRESULT found = ask(LB_ITEMFROMPOINT, 0, MAKELPARAM(pt.x, pt.y));
     bOutside = HIWORD(found) != 0;
     return LOWORD(found);
 }

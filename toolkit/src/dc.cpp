@@ -11,44 +11,32 @@ CDC::~CDC()
 
 CDC* CDC::FromHandle(HDC hDC)
 {
-    ThreadState& thread = threadState();
-    return thread.contexts.object(hDC, thread.level);
+    return objectOf<CDC>(hDC);
 }
 
 BOOL CDC::Attach(HDC hDC)
 {
-    ASSERT(m_hDC == nullptr);
-    if (hDC == nullptr)
+    if (!attachHandle(*this, m_hDC, hDC))
         return FALSE;
-    m_hDC = hDC;
-    threadState().contexts.enter(hDC, this);
     SetAttribDC(hDC);
     return TRUE;
 }
 
 HDC CDC::Detach()
 {
-    const HDC handle = m_hDC;
-    if (handle != nullptr)
-        threadState().contexts.remove(handle, this);
     ReleaseAttribDC();
-    m_hDC = nullptr;
-    return handle;
+    return detachHandle(*this, m_hDC);
 }
 
 void CDC::SetOutputDC(HDC hDC)
 {
     ReleaseOutputDC();
-    m_hDC = hDC;
-    if (hDC != nullptr)
-        threadState().contexts.enter(hDC, this);
+    attachHandle(*this, m_hDC, hDC);
 }
 
 void CDC::ReleaseOutputDC()
 {
-    if (m_hDC != nullptr)
-        threadState().contexts.remove(m_hDC, this);
-    m_hDC = nullptr;
+    detachHandle(*this, m_hDC);
 }
 
 BOOL CDC::DeleteDC()

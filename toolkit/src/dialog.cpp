@@ -1,6 +1,9 @@
 #include <afxwin.h>
 
+#include "user_seam.h"
 #include "window_hook.h"
+
+#include <cstring>
 
 IMPLEMENT_DYNAMIC(CDialog, CWnd)
 
@@ -12,12 +15,30 @@ END_MESSAGE_MAP()
 namespace
 {
 
-INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM, LPARAM)
+/// Whether the template leaves the place of the dialog to others.
+bool leavesPlace(LPCDLGTEMPLATE source)
+{
+    const auto words = reinterpret_cast<const WORD*>(source);
+    const bool extended = words[0] == 1 && words[1] == 0xFFFF;
+    const WORD* const style = extended ? words + 6 : words;
+    const WORD* const place = extended ? words + 9 : words + 5;
+    const DWORD placed = DS_ABSALIGN | DS_CENTER | DS_CENTERMOUSE | WS_CHILD;
+    return (MAKELONG(style[0], style[1]) & placed) == 0 && place[0] == 0 && place[1] == 0;
+}
+
+/// @param unplaced points to the hook that saw the window's first place when the template leaves it open, else null
+INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM, LPARAM unplaced)
 {
     if (message != WM_INITDIALOG)
         return FALSE;
     CDialog* dialog = DYNAMIC_DOWNCAST(CDialog, CWnd::FromHandlePermanent(window));
-    return dialog == nullptr || dialog->OnInitDialog();
+    const BOOL setsFocus = dialog == nullptr || dialog->OnInitDialog();
+    const auto hook = reinterpret_cast<const WindowHook*>(unplaced);
+    CRect rect;
+    if (hook != nullptr && ::GetWindowRect(window, &rect) && !::IsWindowVisible(window) &&
+        rect.TopLeft() == hook->place())
+        dialog->CenterWindow();
+    return setsFocus;
 }
 
 LPCDLGTEMPLATE templateOf(LPCTSTR name, HINSTANCE module)
@@ -74,15 +95,17 @@ BOOL CDialog::Create(LPCTSTR lpszTemplateName, CWnd* pParentWnd)
     return createFrom(templateOf(lpszTemplateName, module), parent == nullptr ? nullptr : parent->m_hWnd, module);
 }
 
-BOOL CDialog::CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, void*)
+BOOL CDialog::CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, void* lpDialogInit)
 {
+    m_lpDialogInit = lpDialogInit;
     const CWnd* parent = pParentWnd == nullptr ? AfxGetMainWnd() : pParentWnd;
     return createFrom(lpDialogTemplate, parent == nullptr ? nullptr : parent->m_hWnd, AfxGetResourceHandle());
 }
 
-BOOL CDialog::InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, void*)
+BOOL CDialog::InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, void* lpDialogInit)
 {
     m_lpDialogTemplate = lpDialogTemplate;
+    m_lpDialogInit = lpDialogInit;
     if (pParentWnd != nullptr)
         m_pParentWnd = pParentWnd;
     return TRUE;
@@ -96,7 +119,8 @@ BOOL CDialog::createFrom(LPCDLGTEMPLATE source, HWND parent, HINSTANCE module)
     bool bound = false;
     {
         WindowHook hook(this);
-        window = ::CreateDialogIndirectParamW(module, source, parent, dialogProc, 0);
+        window = ::CreateDialogIndirectParamW(module, source, parent, dialogProc,
+                                              leavesPlace(source) ? reinterpret_cast<LPARAM>(&hook) : 0);
         bound = hook.bound();
     }
     if (!bound)
@@ -110,8 +134,17 @@ INT_PTR CDialog::DoModal()
         m_lpszTemplateName == nullptr ? AfxGetResourceHandle() : AfxFindResourceHandle(m_lpszTemplateName, RT_DIALOG);
     const LPCDLGTEMPLATE source =
         m_lpszTemplateName == nullptr ? m_lpDialogTemplate : templateOf(m_lpszTemplateName, module);
-    if (source == nullptr)
+    toolkit::User* user = toolkit::userInPlace();
+    if (source == nullptr || (user != nullptr && !user->dialogOpens(*this)))
         return -1;
+    const int result = runModal(source, module);
+    if (user != nullptr)
+        user->dialogEnded(*this, result);
+    return result;
+}
+
+int CDialog::runModal(LPCDLGTEMPLATE source, HINSTANCE module)
+{
     HWND top = nullptr;
     const CWnd* owner = GetSafeOwner(m_pParentWnd, &top);
     const HWND parent = owner == nullptr ? nullptr : owner->m_hWnd;
@@ -141,7 +174,8 @@ void CDialog::EndDialog(int nResult)
 
 BOOL CDialog::OnInitDialog()
 {
-    if (UpdateData(FALSE))
+    if ((m_lpszTemplateName != nullptr ? ExecuteDlgInit(m_lpszTemplateName) : ExecuteDlgInit(m_lpDialogInit)) &&
+        UpdateData(FALSE))
         return TRUE;
     EndDialog(-1);
     return FALSE;
@@ -174,4 +208,33 @@ BOOL CDialog::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pH
     CWinApp* app = AfxGetApp();
     return (parent != nullptr && parent->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) ||
            (app != nullptr && app->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo));
+}
+
+BOOL CWnd::ExecuteDlgInit(LPCTSTR lpszResourceName)
+{
+    const HINSTANCE module = AfxFindResourceHandle(lpszResourceName, RT_DIALOG);
+    const HRSRC resource = ::FindResourceW(module, lpszResourceName, RT_DLGINIT);
+    return resource == nullptr || ExecuteDlgInit(::LockResource(::LoadResource(module, resource)));
+}
+
+BOOL CWnd::ExecuteDlgInit(LPVOID lpResource)
+{
+    // Each row: the id of the control, a message, the length of a text in the ANSI code page, the text. 0 ends the
+    // list.
+    const auto word = [at = static_cast<const BYTE*>(lpResource)](size_t offset) {
+        WORD value;
+        std::memcpy(&value, at + offset, sizeof value); // rows stand at odd places, too
+        return value;
+    };
+    for (size_t at = 0; lpResource != nullptr && word(at) != 0;) {
+        const HWND control = ::GetDlgItem(m_hWnd, word(at));
+        const UINT message = word(at + 2); // LB_ADDSTRING and CB_ADDSTRING have the numbers of old systems
+        const size_t length = static_cast<size_t>(MAKELONG(word(at + 4), word(at + 6)));
+        const CString row(static_cast<const char*>(lpResource) + at + 8);
+        at += 8 + length;
+        const UINT add = message == 0x0401 ? LB_ADDSTRING : message == 0x0403 ? CB_ADDSTRING : 0;
+        if (add != 0 && ::SendMessageW(control, add, 0, reinterpret_cast<LPARAM>(row.GetString())) < 0)
+            return FALSE;
+    }
+    return TRUE;
 }

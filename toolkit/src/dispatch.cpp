@@ -59,32 +59,15 @@ END_MESSAGE_MAP()
 namespace
 {
 
-struct Call {
-    CWnd* window;
-    MSG message;
-    LRESULT result;
-};
-
-void run(void* context)
-{
-    const auto call = static_cast<Call*>(context);
-    call->result = call->window->WindowProc(call->message.message, call->message.wParam, call->message.lParam);
-}
-
-void failed(void* context, CException* exception)
-{
-    const auto call = static_cast<Call*>(context);
-    CWinThread* thread = AfxGetThread();
-    call->result = thread == nullptr || exception == nullptr
-                       ? AfxProcessWndProcException(exception, &call->message)
-                       : thread->ProcessWndProcException(exception, &call->message);
-    if (exception != nullptr)
-        exception->Delete();
-}
-
 bool asksForColours(UINT message)
 {
     return message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
+}
+
+/// What controls tell while UpdateData fills or reads them is no doing of the user's, and reaches no handler.
+bool isExchanging(HWND window)
+{
+    return threadState().exchanging == window;
 }
 
 /// The message that stands in maps for this one.
@@ -106,20 +89,30 @@ LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPara
         return ::DefWindowProcW(hWnd, message, wParam, lParam);
     ThreadState& thread = threadState();
     const DWORD point = ::GetMessagePos();
-    Call call = {window,
-                 {hWnd,
-                  message,
-                  wParam,
-                  lParam,
-                  static_cast<DWORD>(::GetMessageTime()),
-                  {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))}},
-                 0};
-    const MSG before = std::exchange(thread.message, call.message);
-    AFX_MANAGE_STATE(window->m_pModuleState);
+    const MSG now = {hWnd,
+                     message,
+                     wParam,
+                     lParam,
+                     static_cast<DWORD>(::GetMessageTime()),
+                     {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))}};
+    const MSG before = std::exchange(thread.message, now);
     // The handler may delete the window's object: nothing behind this line touches it.
-    window->m_pModuleState->m_pfnGuard(run, failed, &call);
+    const LRESULT result = guarded(window->m_pModuleState, now, [window, message, wParam, lParam] {
+        return window->WindowProc(message, wParam, lParam);
+    });
     thread.message = before;
-    return call.result;
+    return result;
+}
+
+LRESULT resultOfException(CException* exception, const MSG& message)
+{
+    CWinThread* thread = AfxGetThread();
+    const LRESULT result = thread == nullptr || exception == nullptr
+                               ? AfxProcessWndProcException(exception, &message)
+                               : thread->ProcessWndProcException(exception, &message);
+    if (exception != nullptr)
+        exception->Delete();
+    return result;
 }
 
 LRESULT AFXAPI AfxProcessWndProcException(CException* e, const MSG* pMsg)
@@ -181,6 +174,8 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
 {
     const HWND control = reinterpret_cast<HWND>(lParam);
+    if (control != nullptr && isExchanging(m_hWnd))
+        return TRUE;
     if (control != nullptr && ReflectLastMsg(control))
         return TRUE;
     return OnCmdMsg(LOWORD(wParam), control == nullptr ? CN_COMMAND : HIWORD(wParam), nullptr, nullptr);
@@ -189,6 +184,8 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
 BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult)
 {
     NMHDR* header = reinterpret_cast<NMHDR*>(lParam);
+    if (isExchanging(m_hWnd))
+        return TRUE;
     if (ReflectLastMsg(header->hwndFrom, pResult))
         return TRUE;
     AFX_NOTIFY notice = {pResult, header};

@@ -1,11 +1,36 @@
 #include <afxwin.h>
 
+#include "thread_state.h"
+#include "user_seam.h"
+
+#include <cfloat>
 #include <cmath>
 #include <cwchar>
+#include <limits>
+#include <string>
+
+namespace
+{
+
+/// Marks the window that exchanges values, for the life of this object.
+class Exchanging
+{
+public:
+    explicit Exchanging(HWND window) : m_before(std::exchange(threadState().exchanging, window)) {}
+    ~Exchanging() { threadState().exchanging = m_before; }
+    Exchanging(const Exchanging&) = delete;
+    Exchanging& operator=(const Exchanging&) = delete;
+
+private:
+    HWND m_before;
+};
+
+} // namespace
 
 BOOL CWnd::UpdateData(BOOL bSaveAndValidate)
 {
     CDataExchange exchange(this, bSaveAndValidate);
+    const Exchanging deaf(m_hWnd);
     try {
         DoDataExchange(&exchange);
         return TRUE;
@@ -17,26 +42,28 @@ BOOL CWnd::UpdateData(BOOL bSaveAndValidate)
 
 HWND CDataExchange::PrepareCtrl(int nIDC)
 {
-    m_last = ::GetDlgItem(m_pDlgWnd->m_hWnd, nIDC);
-    m_lastIsEdit = false;
-    if (m_last == nullptr)
+    const HWND control = ::GetDlgItem(m_pDlgWnd->m_hWnd, nIDC);
+    if (control == nullptr)
         AfxThrowNotSupportedException();
-    return m_last;
+    m_idLastControl = nIDC;
+    m_bEditLastControl = FALSE;
+    return control;
 }
 
 HWND CDataExchange::PrepareEditCtrl(int nIDC)
 {
-    PrepareCtrl(nIDC);
-    m_lastIsEdit = true;
-    return m_last;
+    const HWND control = PrepareCtrl(nIDC);
+    m_bEditLastControl = TRUE;
+    return control;
 }
 
 void CDataExchange::Fail()
 {
-    if (m_bSaveAndValidate && m_last != nullptr) {
-        ::SetFocus(m_last);
-        if (m_lastIsEdit)
-            ::SendMessageW(m_last, EM_SETSEL, 0, -1);
+    if (m_bSaveAndValidate && m_idLastControl != 0) {
+        const HWND control = ::GetDlgItem(m_pDlgWnd->m_hWnd, m_idLastControl);
+        ::SetFocus(control);
+        if (m_bEditLastControl)
+            ::SendMessageW(control, EM_SETSEL, 0, -1);
     }
     AfxThrowUserException();
 }
@@ -44,41 +71,125 @@ void CDataExchange::Fail()
 namespace
 {
 
-[[noreturn]] void refuse(CDataExchange* exchange, const CString& text)
+template <class Value>
+CString written(Value value)
 {
-    AfxMessageBox(text, MB_ICONEXCLAMATION);
+    if constexpr (std::is_floating_point_v<Value>) {
+        CString text;
+        text.Format(L"%.*g", std::numeric_limits<Value>::digits10, static_cast<double>(value));
+        return text;
+    } else {
+        return std::to_wstring(value).c_str();
+    }
+}
+
+[[noreturn]] void refuse(CDataExchange* exchange, UINT text, const CString& first = CString(),
+                         const CString& second = CString())
+{
+    CString told = toolkit::userText(text);
+    told.Replace(L"%1", first);
+    told.Replace(L"%2", second);
+    AfxMessageBox(told, MB_ICONEXCLAMATION, text);
     exchange->Fail();
 }
 
 CString textOf(HWND control)
 {
     CString text;
-    CWnd::FromHandle(control)->GetWindowText(text);
+    const int length = ::GetWindowTextLengthW(control);
+    text.ReleaseBuffer(::GetWindowTextW(control, text.GetBufferSetLength(length), length + 1));
     return text;
 }
 
-bool onlyBlanksFrom(const wchar_t* text)
+/// A text set anew would move the caret and mark the field as changed.
+void show(HWND control, const CString& text)
 {
-    return text[wcsspn(text, L" \t")] == L'\0';
+    if (textOf(control) != text)
+        ::SetWindowTextW(control, text);
 }
 
-/// A whole number between bounds; anything else is refused.
-long long wholeNumber(CDataExchange* exchange, HWND control, long long low, long long high)
+template <class Value>
+void exchangeNumber(CDataExchange* exchange, int id, Value& value)
 {
+    const HWND control = exchange->PrepareEditCtrl(id);
+    if (!exchange->m_bSaveAndValidate) {
+        show(control, written(value));
+        return;
+    }
+    using Bounds = std::numeric_limits<Value>;
     const CString text = textOf(control);
     wchar_t* end = nullptr;
+    bool inside = false;
+    Value read = 0;
     errno = 0;
-    const long long value = wcstoll(text, &end, 10);
-    if (end == text.GetString() || !onlyBlanksFrom(end) || errno != 0 || value < low || value > high)
-        refuse(exchange, L"Please enter an integer.");
-    return value;
+    if constexpr (std::is_floating_point_v<Value>) {
+        const double number = std::wcstod(text, &end);
+        inside = std::fabs(number) <= static_cast<double>(Bounds::max()); // which no NaN is
+        read = static_cast<Value>(inside ? number : 0);
+    } else if constexpr (std::is_signed_v<Value>) {
+        const long long number = std::wcstoll(text, &end, 10);
+        inside = errno == 0 && number >= Bounds::min() && number <= Bounds::max();
+        read = static_cast<Value>(number);
+    } else {
+        const unsigned long long number = std::wcstoull(text, &end, 10);
+        inside = errno == 0 && number <= Bounds::max() && text.Find(L'-') < 0;
+        read = static_cast<Value>(number);
+    }
+    if (!inside || end == text.GetString() || end[wcsspn(end, L" \t")] != L'\0')
+        refuse(exchange, std::is_floating_point_v<Value> ? AFX_IDP_PARSE_REAL
+                         : std::is_signed_v<Value>       ? AFX_IDP_PARSE_INT
+                         : sizeof(Value) == 1            ? AFX_IDP_PARSE_BYTE
+                                                         : AFX_IDP_PARSE_UINT);
+    value = read;
 }
 
-CString written(const wchar_t* format, double value)
+template <class Value>
+void checkBounds(CDataExchange* exchange, Value value, Value low, Value high)
 {
-    CString text;
-    text.Format(format, value);
-    return text;
+    if (exchange->m_bSaveAndValidate && !(value >= low && value <= high))
+        refuse(exchange, std::is_floating_point_v<Value> ? AFX_IDP_PARSE_REAL_RANGE : AFX_IDP_PARSE_INT_RANGE,
+               written(low), written(high));
+}
+
+void exchangeIndex(CDataExchange* exchange, int id, int& index, UINT get, UINT set)
+{
+    const HWND control = exchange->PrepareCtrl(id);
+    if (exchange->m_bSaveAndValidate)
+        index = static_cast<int>(::SendMessageW(control, get, 0, 0));
+    else
+        ::SendMessageW(control, set, static_cast<WPARAM>(index), 0);
+}
+
+/// Selects the row that `find` finds for a text. False when there is none.
+bool selectRow(HWND control, const CString& text, UINT find, UINT select)
+{
+    const LRESULT row =
+        ::SendMessageW(control, find, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.GetString()));
+    if (row >= 0)
+        ::SendMessageW(control, select, static_cast<WPARAM>(row), 0);
+    return row >= 0;
+}
+
+void exchangeListString(CDataExchange* exchange, int id, CString& value, UINT find)
+{
+    const HWND control = exchange->PrepareCtrl(id);
+    if (!exchange->m_bSaveAndValidate) {
+        selectRow(control, value, find, LB_SETCURSEL);
+        return;
+    }
+    const int row = static_cast<int>(::SendMessageW(control, LB_GETCURSEL, 0, 0));
+    value.Empty();
+    if (row >= 0)
+        static_cast<CListBox*>(CWnd::FromHandle(control))->GetText(row, value);
+}
+
+void exchangeComboString(CDataExchange* exchange, int id, CString& value, UINT find)
+{
+    const HWND control = exchange->PrepareCtrl(id);
+    if (exchange->m_bSaveAndValidate)
+        value = textOf(control);
+    else if (!selectRow(control, value, find, CB_SETCURSEL))
+        show(control, value);
 }
 
 } // namespace
@@ -89,37 +200,45 @@ void AFXAPI DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl)
         AfxThrowNotSupportedException();
 }
 
+void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, BYTE& value)
+{
+    exchangeNumber(pDX, nIDC, value);
+}
+void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, short& value)
+{
+    exchangeNumber(pDX, nIDC, value);
+}
 void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, int& value)
 {
-    const HWND control = pDX->PrepareEditCtrl(nIDC);
-    if (pDX->m_bSaveAndValidate)
-        value = static_cast<int>(wholeNumber(pDX, control, INT_MIN, INT_MAX));
-    else
-        ::SetWindowTextW(control, std::to_wstring(value).c_str());
+    exchangeNumber(pDX, nIDC, value);
 }
-
 void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, UINT& value)
 {
-    const HWND control = pDX->PrepareEditCtrl(nIDC);
-    if (pDX->m_bSaveAndValidate)
-        value = static_cast<UINT>(wholeNumber(pDX, control, 0, UINT_MAX));
-    else
-        ::SetWindowTextW(control, std::to_wstring(value).c_str());
+    exchangeNumber(pDX, nIDC, value);
 }
-
+void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, long& value)
+{
+    exchangeNumber(pDX, nIDC, value);
+}
+void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, DWORD& value)
+{
+    exchangeNumber(pDX, nIDC, value);
+}
+void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, LONGLONG& value)
+{
+    exchangeNumber(pDX, nIDC, value);
+}
+void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, ULONGLONG& value)
+{
+    exchangeNumber(pDX, nIDC, value);
+}
+void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, float& value)
+{
+    exchangeNumber(pDX, nIDC, value);
+}
 void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, double& value)
 {
-    const HWND control = pDX->PrepareEditCtrl(nIDC);
-    if (!pDX->m_bSaveAndValidate) {
-        ::SetWindowTextW(control, written(L"%.15g", value));
-        return;
-    }
-    const CString text = textOf(control);
-    wchar_t* end = nullptr;
-    const double read = wcstod(text, &end);
-    if (end == text.GetString() || !onlyBlanksFrom(end) || !std::isfinite(read))
-        refuse(pDX, L"Please enter a number.");
-    value = read;
+    exchangeNumber(pDX, nIDC, value);
 }
 
 void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, CString& value)
@@ -128,7 +247,15 @@ void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, CString& value)
     if (pDX->m_bSaveAndValidate)
         value = textOf(control);
     else
-        ::SetWindowTextW(control, value);
+        show(control, value);
+}
+
+void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, LPTSTR value, int nMaxLen)
+{
+    CString text(value);
+    DDX_Text(pDX, nIDC, text);
+    if (pDX->m_bSaveAndValidate && nMaxLen > 0)
+        lstrcpynW(value, text, nMaxLen);
 }
 
 void AFXAPI DDX_Check(CDataExchange* pDX, int nIDC, int& value)
@@ -137,7 +264,7 @@ void AFXAPI DDX_Check(CDataExchange* pDX, int nIDC, int& value)
     if (pDX->m_bSaveAndValidate)
         value = static_cast<int>(::SendMessageW(control, BM_GETCHECK, 0, 0));
     else
-        ::SendMessageW(control, BM_SETCHECK, static_cast<WPARAM>(value), 0);
+        ::SendMessageW(control, BM_SETCHECK, value < 0 || value > 2 ? 0 : static_cast<WPARAM>(value), 0);
 }
 
 void AFXAPI DDX_Radio(CDataExchange* pDX, int nIDC, int& value)
@@ -160,44 +287,87 @@ void AFXAPI DDX_Radio(CDataExchange* pDX, int nIDC, int& value)
 
 void AFXAPI DDX_LBIndex(CDataExchange* pDX, int nIDC, int& index)
 {
-    const HWND control = pDX->PrepareCtrl(nIDC);
-    if (pDX->m_bSaveAndValidate)
-        index = static_cast<int>(::SendMessageW(control, LB_GETCURSEL, 0, 0));
-    else
-        ::SendMessageW(control, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    exchangeIndex(pDX, nIDC, index, LB_GETCURSEL, LB_SETCURSEL);
 }
-
 void AFXAPI DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index)
 {
+    exchangeIndex(pDX, nIDC, index, CB_GETCURSEL, CB_SETCURSEL);
+}
+
+void AFXAPI DDX_LBString(CDataExchange* pDX, int nIDC, CString& value)
+{
+    exchangeListString(pDX, nIDC, value, LB_FINDSTRING);
+}
+void AFXAPI DDX_LBStringExact(CDataExchange* pDX, int nIDC, CString& value)
+{
+    exchangeListString(pDX, nIDC, value, LB_FINDSTRINGEXACT);
+}
+void AFXAPI DDX_CBString(CDataExchange* pDX, int nIDC, CString& value)
+{
+    exchangeComboString(pDX, nIDC, value, CB_FINDSTRING);
+}
+void AFXAPI DDX_CBStringExact(CDataExchange* pDX, int nIDC, CString& value)
+{
+    exchangeComboString(pDX, nIDC, value, CB_FINDSTRINGEXACT);
+}
+
+void AFXAPI DDX_Scroll(CDataExchange* pDX, int nIDC, int& value)
+{
     const HWND control = pDX->PrepareCtrl(nIDC);
     if (pDX->m_bSaveAndValidate)
-        index = static_cast<int>(::SendMessageW(control, CB_GETCURSEL, 0, 0));
+        value = ::GetScrollPos(control, SB_CTL);
     else
-        ::SendMessageW(control, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+        ::SetScrollPos(control, SB_CTL, value, TRUE);
 }
 
+void AFXAPI DDV_MinMaxByte(CDataExchange* pDX, BYTE value, BYTE minVal, BYTE maxVal)
+{
+    checkBounds(pDX, value, minVal, maxVal);
+}
+void AFXAPI DDV_MinMaxShort(CDataExchange* pDX, short value, short minVal, short maxVal)
+{
+    checkBounds(pDX, value, minVal, maxVal);
+}
 void AFXAPI DDV_MinMaxInt(CDataExchange* pDX, int value, int minVal, int maxVal)
 {
-    if (!pDX->m_bSaveAndValidate || (value >= minVal && value <= maxVal))
-        return;
-    CString text;
-    text.Format(L"Please enter an integer between %d and %d.", minVal, maxVal);
-    refuse(pDX, text);
+    checkBounds(pDX, value, minVal, maxVal);
 }
-
+void AFXAPI DDV_MinMaxLong(CDataExchange* pDX, long value, long minVal, long maxVal)
+{
+    checkBounds(pDX, value, minVal, maxVal);
+}
+void AFXAPI DDV_MinMaxUInt(CDataExchange* pDX, UINT value, UINT minVal, UINT maxVal)
+{
+    checkBounds(pDX, value, minVal, maxVal);
+}
+void AFXAPI DDV_MinMaxDWord(CDataExchange* pDX, DWORD value, DWORD minVal, DWORD maxVal)
+{
+    checkBounds(pDX, value, minVal, maxVal);
+}
+void AFXAPI DDV_MinMaxLongLong(CDataExchange* pDX, LONGLONG value, LONGLONG minVal, LONGLONG maxVal)
+{
+    checkBounds(pDX, value, minVal, maxVal);
+}
+void AFXAPI DDV_MinMaxULongLong(CDataExchange* pDX, ULONGLONG value, ULONGLONG minVal, ULONGLONG maxVal)
+{
+    checkBounds(pDX, value, minVal, maxVal);
+}
+void AFXAPI DDV_MinMaxFloat(CDataExchange* pDX, const float& value, float minVal, float maxVal)
+{
+    checkBounds(pDX, value, minVal, maxVal);
+}
 void AFXAPI DDV_MinMaxDouble(CDataExchange* pDX, const double& value, double minVal, double maxVal)
 {
-    if (!pDX->m_bSaveAndValidate || (value >= minVal && value <= maxVal))
-        return;
-    refuse(pDX,
-           L"Please enter a number between " + written(L"%.15g", minVal) + L" and " + written(L"%.15g", maxVal) + L".");
+    checkBounds(pDX, value, minVal, maxVal);
 }
 
 void AFXAPI DDV_MaxChars(CDataExchange* pDX, const CString& value, int nChars)
 {
-    if (!pDX->m_bSaveAndValidate || value.GetLength() <= nChars)
-        return;
-    CString text;
-    text.Format(L"Please enter no more than %d characters.", nChars);
-    refuse(pDX, text);
+    if (pDX->m_bSaveAndValidate) {
+        if (value.GetLength() > nChars)
+            refuse(pDX, AFX_IDP_PARSE_STRING_SIZE, written(nChars));
+    } else if (pDX->m_bEditLastControl && pDX->m_idLastControl != 0) {
+        ::SendDlgItemMessageW(pDX->m_pDlgWnd->m_hWnd, pDX->m_idLastControl, EM_LIMITTEXT, static_cast<WPARAM>(nChars),
+                              0);
+    }
 }

@@ -1,4 +1,5 @@
 #include <afxdlgs.h>
+#include <toolkit/user.h>
 
 IMPLEMENT_DYNAMIC(CCommonDialog, CDialog)
 IMPLEMENT_DYNAMIC(CFileDialog, CCommonDialog)
@@ -26,7 +27,7 @@ INT_PTR CFileDialog::DoModal()
     const CWnd* owner = GetSafeOwner(m_pParentWnd);
     if (m_ofn.hwndOwner == nullptr && owner != nullptr)
         m_ofn.hwndOwner = owner->m_hWnd;
-    return (m_bOpenFileDialog ? ::GetOpenFileNameW(&m_ofn) : ::GetSaveFileNameW(&m_ofn)) ? IDOK : IDCANCEL;
+    return toolkit::chooseFile(m_ofn, !m_bOpenFileDialog) ? IDOK : IDCANCEL;
 }
 
 CString CFileDialog::GetFileName() const

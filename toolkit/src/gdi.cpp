@@ -38,8 +38,7 @@ CGdiObject::~CGdiObject()
 
 CGdiObject* CGdiObject::FromHandle(HGDIOBJ hObject)
 {
-    ThreadState& thread = threadState();
-    return thread.objects.object(hObject, thread.level, [hObject] { return objectFor(hObject); });
+    return objectOf<CGdiObject>(hObject, [hObject] { return objectFor(hObject); });
 }
 
 void CGdiObject::DeleteTempMap()
@@ -49,21 +48,12 @@ void CGdiObject::DeleteTempMap()
 
 BOOL CGdiObject::Attach(HGDIOBJ hObject)
 {
-    ASSERT(m_hObject == nullptr);
-    if (hObject == nullptr)
-        return FALSE;
-    m_hObject = hObject;
-    threadState().objects.enter(hObject, this);
-    return TRUE;
+    return attachHandle(*this, m_hObject, hObject);
 }
 
 HGDIOBJ CGdiObject::Detach()
 {
-    const HGDIOBJ handle = m_hObject;
-    if (handle != nullptr)
-        threadState().objects.remove(handle, this);
-    m_hObject = nullptr;
-    return handle;
+    return detachHandle(*this, m_hObject);
 }
 
 BOOL CGdiObject::DeleteObject()

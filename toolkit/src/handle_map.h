@@ -1,5 +1,5 @@
 // Which object stands for a handle, in one thread. A permanent object has entered itself and takes itself out; a
-// temporary one belongs to the map, which forgets it when the program is idle.
+// temporary one belongs to the map, which forgets it when told that nobody can still hold it.
 #pragma once
 
 #include <algorithm>
@@ -38,17 +38,11 @@ public:
         Object* owner = permanent(handle);
         if (owner != nullptr)
             return owner;
-        if (m_temporary.size() >= m_full)
-            forgetDead();
         Temporary& slot = m_temporary[handle];
         if (slot.object == nullptr)
             slot = {make(), level};
         hold(*slot.object, handle); // this and alive() are found by the object's class, see thread_state.h
         return slot.object.get();
-    }
-    Object* object(Handle handle, int level)
-    {
-        return object(handle, level, [] { return std::make_unique<Object>(); });
     }
     /// Drops the temporary objects made at this level of modal loops or deeper; those from before the loop began may
     /// still be held by a function that waits for its end.
@@ -56,6 +50,16 @@ public:
     {
         drop([level](const Temporary& each) { return each.level >= level; });
     }
+
+    /// Whether it is time to look for temporary objects whose handles are no more: in a program with a message loop of
+    /// its own nobody tells when it is idle.
+    bool isFull() const { return m_temporary.size() >= m_full; }
+    void forgetDead()
+    {
+        drop([](const Temporary& each) { return !alive(*each.object); });
+        putOff();
+    }
+    void putOff() { m_full = std::max<size_t>(kRoom, 2 * m_temporary.size()); }
 
 private:
     struct Temporary {
@@ -75,15 +79,9 @@ private:
             it = m_temporary.erase(it);
         }
     }
-    /// In a program with a message loop of its own nobody tells when it is idle.
-    void forgetDead()
-    {
-        drop([](const Temporary& each) { return !alive(*each.object); });
-        m_full = std::max<size_t>(kRoom, 2 * m_temporary.size());
-    }
 
     static constexpr size_t kRoom = 256;
     std::unordered_map<Handle, Object*> m_permanent;
     std::unordered_map<Handle, Temporary> m_temporary;
-    size_t m_full = kRoom; ///< time to look for those whose handles are no more
+    size_t m_full = kRoom;
 };

@@ -6,27 +6,17 @@ IMPLEMENT_DYNCREATE(CMenu, CObject)
 
 CMenu* CMenu::FromHandle(HMENU hMenu)
 {
-    ThreadState& thread = threadState();
-    return thread.menus.object(hMenu, thread.level);
+    return objectOf<CMenu>(hMenu);
 }
 
 BOOL CMenu::Attach(HMENU hMenu)
 {
-    ASSERT(m_hMenu == nullptr);
-    if (hMenu == nullptr)
-        return FALSE;
-    m_hMenu = hMenu;
-    threadState().menus.enter(hMenu, this);
-    return TRUE;
+    return attachHandle(*this, m_hMenu, hMenu);
 }
 
 HMENU CMenu::Detach()
 {
-    const HMENU menu = m_hMenu;
-    if (menu != nullptr)
-        threadState().menus.remove(menu, this);
-    m_hMenu = nullptr;
-    return menu;
+    return detachHandle(*this, m_hMenu);
 }
 
 BOOL CMenu::DestroyMenu()

@@ -2,34 +2,17 @@
 #include <afxwin.h>
 
 #include "thread_state.h"
-
-namespace
-{
-
-/// One more loop inside the others, for the life of this object: temporary objects of the outer ones stay.
-class Level
-{
-public:
-    Level() { ++threadState().level; }
-    ~Level()
-    {
-        threadState().forgetTemporary();
-        --threadState().level;
-    }
-    Level(const Level&) = delete;
-    Level& operator=(const Level&) = delete;
-};
-
-} // namespace
+#include "user_seam.h"
 
 BOOL CWnd::WalkPreTranslateTree(HWND hWndStop, MSG* pMsg)
 {
-    for (HWND window = pMsg->hwnd; window != nullptr; window = ::GetParent(window)) {
+    for (HWND window = pMsg->hwnd; window != nullptr; window = window == hWndStop ? nullptr : ::GetParent(window)) {
         CWnd* object = FromHandlePermanent(window);
-        if (object != nullptr && object->PreTranslateMessage(pMsg))
+        BOOL taken = object != nullptr; // and stays so after an exception
+        if (object != nullptr)
+            guarded(object->m_pModuleState, *pMsg, [&] { return taken = object->PreTranslateMessage(pMsg); });
+        if (taken)
             return TRUE;
-        if (window == hWndStop)
-            break;
     }
     return FALSE;
 }
@@ -49,31 +32,39 @@ BOOL CWnd::PreTranslateInput(LPMSG lpMsg)
 
 int CWnd::RunModalLoop(DWORD dwFlags)
 {
-    const Level level;
+    const ModalLevel level;
     const HWND parent = ::GetParent(m_hWnd);
+    const bool tellsParent = (dwFlags & MLF_NOIDLEMSG) == 0 && parent != nullptr;
     bool show = (dwFlags & MLF_SHOWONIDLE) != 0 && (GetStyle() & WS_VISIBLE) == 0;
-    bool tellParent = (dwFlags & MLF_NOIDLEMSG) == 0 && parent != nullptr;
+    bool idle = true;
+    toolkit::User* user = toolkit::userInPlace();
+    CDialog* unanswered = user == nullptr ? nullptr : DYNAMIC_DOWNCAST(CDialog, this);
     const bool prepared = std::exchange(m_modalSoon, false);
     m_modal = m_modal || !prepared;
-    MSG message;
     while (ContinueModal() && m_hWnd != nullptr) {
-        if (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
-            if (!AfxPumpMessage()) {
-                ::PostQuitMessage(static_cast<int>(threadState().quitCode)); // for the loop outside
-                m_modal = false;
-                return -1;
-            }
-            tellParent = (dwFlags & MLF_NOIDLEMSG) == 0 && parent != nullptr;
-        } else if (show) {
+        MSG message;
+        const bool waits = ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+        // A window that never validates itself wishes to be painted for ever, which must not keep the loop busy.
+        const bool busy = waits && isNews(message);
+        if (!busy && show) {
             show = false;
             ShowWindow(SW_SHOWNORMAL);
             UpdateWindow();
-        } else if (tellParent) {
-            tellParent = false;
-            ::SendMessageW(parent, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
-        } else {
+        } else if (!busy && unanswered != nullptr) {
+            user->dialogWaits(*std::exchange(unanswered, nullptr));
+        } else if (!busy && idle) {
+            idle = false;
             threadState().forgetTemporary();
+            if (tellsParent)
+                ::SendMessageW(parent, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
+        } else if (!waits) {
             ::WaitMessage();
+        } else if (AfxPumpMessage()) {
+            idle = idle || busy;
+        } else {
+            ::PostQuitMessage(static_cast<int>(threadState().quitCode)); // for the loop outside
+            m_modal = false;
+            return -1;
         }
     }
     const bool ended = !m_modal; // by EndModalLoop and not by the end of the window
@@ -103,11 +94,23 @@ BOOL pumpMessage(CWinThread* thread)
         threadState().quitCode = message.wParam;
         return FALSE;
     }
-    const BOOL taken =
-        thread == nullptr ? CWnd::WalkPreTranslateTree(nullptr, &message) : thread->PreTranslateMessage(&message);
+    BOOL taken = TRUE; // and stays so after an exception
+    if (thread == nullptr)
+        taken = CWnd::WalkPreTranslateTree(nullptr, &message);
+    else
+        guarded(thread->m_pModuleState, message, [&] { return taken = thread->PreTranslateMessage(&message); });
     if (!taken) {
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
     }
     return TRUE;
+}
+
+bool isNews(const MSG& message)
+{
+    constexpr UINT caretBlinks = 0x0118; // a timer of the system's own
+    if (message.message != WM_MOUSEMOVE && message.message != WM_NCMOUSEMOVE)
+        return message.message != WM_PAINT && message.message != caretBlinks;
+    CPoint& before = threadState().pointer;
+    return std::exchange(before, CPoint(message.pt)) != message.pt;
 }

@@ -7,14 +7,7 @@
 namespace
 {
 
-/// The program's state; a program that does not use the toolkit itself has only this one.
 AFX_MODULE_STATE* g_program = nullptr;
-
-AFX_MODULE_STATE* programState()
-{
-    static AFX_MODULE_STATE unknown(nullptr, &AfxRunGuarded);
-    return g_program == nullptr ? &unknown : g_program;
-}
 
 std::vector<CDynLinkLibrary*>& libraries()
 {
@@ -22,12 +15,26 @@ std::vector<CDynLinkLibrary*>& libraries()
     return all;
 }
 
-bool has(HINSTANCE module, LPCTSTR name, LPCTSTR type)
+} // namespace
+
+AFX_MODULE_STATE* programState()
 {
-    return ::FindResourceW(module, name, type) != nullptr;
+    static AFX_MODULE_STATE unknown(nullptr, &AfxRunGuarded);
+    return g_program == nullptr ? &unknown : g_program;
 }
 
-} // namespace
+HINSTANCE findModule(const std::function<bool(HINSTANCE)>& has)
+{
+    const HINSTANCE current = AfxGetResourceHandle(), program = programState()->m_hCurrentResourceHandle;
+    if (has(current))
+        return current;
+    const std::vector<CDynLinkLibrary*>& all = libraries();
+    for (auto library = all.rbegin(); library != all.rend(); ++library) {
+        if (has((*library)->m_hResource))
+            return (*library)->m_hResource;
+    }
+    return has(program) ? program : nullptr;
+}
 
 AFX_MODULE_STATE::AFX_MODULE_STATE(HINSTANCE instance, AFX_GUARD guard)
     : m_hCurrentInstanceHandle(instance == nullptr ? ::GetModuleHandleW(nullptr) : instance),
@@ -73,16 +80,9 @@ void AFXAPI AfxSetResourceHandle(HINSTANCE hInstResource)
 
 HINSTANCE AFXAPI AfxFindResourceHandle(LPCTSTR lpszResource, LPCTSTR lpszType)
 {
-    const HINSTANCE current = AfxGetResourceHandle();
-    if (has(current, lpszResource, lpszType))
-        return current;
-    const std::vector<CDynLinkLibrary*>& all = libraries();
-    for (auto library = all.rbegin(); library != all.rend(); ++library) {
-        if (has((*library)->m_hResource, lpszResource, lpszType))
-            return (*library)->m_hResource;
-    }
-    const HINSTANCE program = programState()->m_hCurrentResourceHandle;
-    return has(program, lpszResource, lpszType) ? program : current;
+    const HINSTANCE found =
+        findModule([=](HINSTANCE module) { return ::FindResourceW(module, lpszResource, lpszType) != nullptr; });
+    return found == nullptr ? AfxGetResourceHandle() : found;
 }
 
 IMPLEMENT_DYNAMIC(CDynLinkLibrary, CCmdTarget)

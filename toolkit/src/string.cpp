@@ -1,6 +1,6 @@
 #include <toolkit/string.h>
 
-#include <toolkit/state.h>
+#include "thread_state.h"
 
 #include <algorithm>
 #include <cwctype>
@@ -77,7 +77,8 @@ void CString::ReleaseBuffer(int nNewLength)
 
 BOOL CString::LoadString(UINT nID)
 {
-    return nID != 0 && LoadString(AfxFindResourceHandle(MAKEINTRESOURCE(nID / 16 + 1), RT_STRING), nID);
+    // A module has texts in blocks of 16, so that a block that is there may lack this one.
+    return nID != 0 && findModule([=, this](HINSTANCE module) { return LoadString(module, nID); }) != nullptr;
 }
 
 BOOL CString::LoadString(HINSTANCE hInst, UINT nID)

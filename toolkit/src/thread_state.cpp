@@ -32,7 +32,24 @@ void endThread()
     std::erase_if(all.states, [state](const auto& each) { return each.get() == state; });
 }
 
+/// A message of the lowest rank, so that the loop has had nothing better to do.
+void CALLBACK timeToForget(HWND, UINT, UINT_PTR, DWORD)
+{
+    ThreadState& thread = threadState();
+    thread.endTimer();
+    // Within a handler or a modal loop somebody may hold one still.
+    const bool held = thread.depth > 0 || thread.level > 0;
+    const auto look = [held](auto& map) { held ? map.putOff() : map.forgetDead(); };
+    std::apply([look](auto&... each) { (look(each), ...); }, thread.maps);
+}
+
 } // namespace
+
+void ThreadState::forgetDeadSoon()
+{
+    if (timer == 0)
+        timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, timeToForget);
+}
 
 ThreadState& threadState()
 {

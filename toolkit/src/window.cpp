@@ -2,6 +2,7 @@
 #include <afxwin.h>
 
 #include "thread_state.h"
+#include "user_seam.h"
 #include "window_hook.h"
 
 #include <algorithm>
@@ -21,33 +22,24 @@ CWnd::~CWnd()
 
 CWnd* CWnd::FromHandlePermanent(HWND hWnd)
 {
-    return threadState().windows.permanent(hWnd);
+    return permanentObject<CWnd>(hWnd);
 }
 
 CWnd* CWnd::FromHandle(HWND hWnd)
 {
-    ThreadState& thread = threadState();
-    return thread.windows.object(hWnd, thread.level);
+    return objectOf<CWnd>(hWnd);
 }
 
 BOOL CWnd::Attach(HWND hWndNew)
 {
-    ASSERT(m_hWnd == nullptr && FromHandlePermanent(hWndNew) == nullptr);
-    if (hWndNew == nullptr)
-        return FALSE;
-    m_hWnd = hWndNew;
-    threadState().windows.enter(hWndNew, this);
-    return TRUE;
+    ASSERT(FromHandlePermanent(hWndNew) == nullptr);
+    return attachHandle(*this, m_hWnd, hWndNew);
 }
 
 HWND CWnd::Detach()
 {
-    const HWND window = m_hWnd;
-    if (window != nullptr)
-        threadState().windows.remove(window, this);
-    m_hWnd = nullptr;
     m_toolTips = nullptr;
-    return window;
+    return detachHandle(*this, m_hWnd);
 }
 
 BOOL CWnd::SubclassWindow(HWND hWnd)
@@ -299,7 +291,7 @@ BOOL CWnd::GetScrollInfo(int nBar, LPSCROLLINFO info, UINT nMask)
 
 int CWnd::MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption, UINT nType)
 {
-    return ::MessageBoxW(m_hWnd, lpszText, lpszCaption == nullptr ? AfxGetAppName() : lpszCaption, nType);
+    return toolkit::messageBox(m_hWnd, lpszText, lpszCaption == nullptr ? AfxGetAppName() : lpszCaption, nType);
 }
 
 // Contexts of windows

@@ -46,6 +46,8 @@ LRESULT CALLBACK WindowHook::hook(int code, WPARAM wParam, LPARAM lParam)
     const HHOOK own = waiting->m_hook;
     const HWND created = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_CREATEWND && waiting->m_window != nullptr && !isInputMethod(created)) {
+        const CREATESTRUCTW* made = reinterpret_cast<CBT_CREATEWNDW*>(lParam)->lpcs;
+        waiting->m_place = CPoint(made->x, made->y);
         CWnd* window = std::exchange(waiting->m_window, nullptr);
         window->Attach(created);
         window->hookSubclass();

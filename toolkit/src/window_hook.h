@@ -12,11 +12,14 @@ public:
     WindowHook& operator=(const WindowHook&) = delete;
 
     bool bound() const { return m_window == nullptr; }
+    /// Where the system makes the window, in coordinates of its parent or, for one without, of the screen.
+    CPoint place() const { return m_place; }
 
 private:
     static LRESULT CALLBACK hook(int code, WPARAM wParam, LPARAM lParam);
 
     CWnd* m_window; ///< null once it has its handle
+    CPoint m_place;
     WindowHook* m_outer;
     HHOOK m_hook;
 };

@@ -1,4 +1,4 @@
-#include "core/platform/platform.h"
+#include "core/platform/outside.h"
 
 #include <algorithm>
 
@@ -65,14 +65,15 @@ bool launch(std::wstring_view text, unsigned long timeout, bool show)
     if (text.empty() || text.size() > kLongest)
         return false;
     if (isAddress(text))
-        return start({std::wstring(text), {}}, true, timeout, show);
-    const Command command = commandOf(text);
+        return outside({OutsideCall::What::document, std::wstring(text), {}, timeout, show});
+    Command command = commandOf(text);
     std::error_code error;
     const fs::file_status status = fs::status(pathOf(command.program), error);
     constexpr fs::perms kRunnable = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
     const bool isDocument =
         fs::is_directory(status) || (fs::exists(status) && (status.permissions() & kRunnable) == fs::perms::none);
-    return start(command, isDocument, timeout, show);
+    return outside({isDocument ? OutsideCall::What::document : OutsideCall::What::program, std::move(command.program),
+                    std::move(command.arguments), timeout, show});
 }
 
 } // namespace VEK::platform

@@ -102,10 +102,6 @@ Command commandOf(std::wstring_view text);
 /// @return whether it was started and, with a timeout, ended in time
 bool launch(std::wstring_view command, unsigned long timeout, bool show);
 
-/// What `launch` leaves to the system.
-/// @param isDocument whether the program is none, but a document, folder or address to be opened
-bool start(const Command& command, bool isDocument, unsigned long timeout, bool show);
-
 /// A setting of the user: a number or a text, by the name `name` below a key whose levels are parted by backslashes.
 /// Case does not matter in either. On Windows they live in the registry below HKEY_CURRENT_USER. Elsewhere they live in
 /// the file "vek/settings" of the user's configuration folder, $XDG_CONFIG_HOME or else ~/.config.

@@ -1,4 +1,4 @@
-#include "core/platform/platform.h"
+#include "core/platform/outside.h"
 
 #include <algorithm>
 #include <chrono>
@@ -109,15 +109,15 @@ std::wstring wideOfSystemCodePage(std::string_view bytes)
     return wideOfCodePage1252(bytes);
 }
 
-bool start(const Command& command, bool isDocument, unsigned long timeout, bool)
+bool startBySystem(const OutsideCall& call)
 {
-    std::vector<std::string> words = argumentsOf(command.arguments);
-    if (isDocument) {
+    std::vector<std::string> words = argumentsOf(call.text);
+    if (call.what == OutsideCall::What::document) {
         std::error_code error;
-        const fs::path path = fs::absolute(pathOf(command.program), error);
-        words = {"xdg-open", fs::exists(path, error) ? path.string() : utf8Of(command.program)};
+        const fs::path path = fs::absolute(pathOf(call.target), error);
+        words = {"xdg-open", fs::exists(path, error) ? path.string() : utf8Of(call.target)};
     } else {
-        words.insert(words.begin(), utf8Of(command.program));
+        words.insert(words.begin(), utf8Of(call.target));
     }
     std::vector<char*> argv;
     argv.reserve(words.size() + 1);
@@ -127,10 +127,10 @@ bool start(const Command& command, bool isDocument, unsigned long timeout, bool)
     pid_t process = 0;
     if (posix_spawnp(&process, argv[0], nullptr, nullptr, argv.data(), environ) != 0)
         return false;
-    if (timeout != 0 && endsWithin(process, timeout))
+    if (call.timeout != 0 && endsWithin(process, call.timeout))
         return true;
     leaveRunning(process);
-    return timeout == 0;
+    return call.timeout == 0;
 }
 
 } // namespace VEK::platform

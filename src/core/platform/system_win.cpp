@@ -1,5 +1,5 @@
 #include "core/platform/module_win.h"
-#include "core/platform/platform.h"
+#include "core/platform/outside.h"
 
 #include <windows.h>
 
@@ -77,19 +77,19 @@ std::wstring wideOfSystemCodePage(std::string_view bytes)
     return text;
 }
 
-bool start(const Command& command, bool, unsigned long timeout, bool show)
+bool startBySystem(const OutsideCall& call)
 {
     SHELLEXECUTEINFOW info{};
     info.cbSize = sizeof info;
     info.fMask = SEE_MASK_NOCLOSEPROCESS | SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
-    info.lpFile = command.program.c_str();
-    info.lpParameters = command.arguments.empty() ? nullptr : command.arguments.c_str();
-    info.nShow = show ? SW_SHOW : SW_HIDE;
+    info.lpFile = call.target.c_str();
+    info.lpParameters = call.text.empty() ? nullptr : call.text.c_str();
+    info.nShow = call.show ? SW_SHOW : SW_HIDE;
     if (!ShellExecuteExW(&info))
         return false;
     if (!info.hProcess)
         return true;
-    const bool ended = timeout == 0 || WaitForSingleObject(info.hProcess, timeout) == WAIT_OBJECT_0;
+    const bool ended = call.timeout == 0 || WaitForSingleObject(info.hProcess, call.timeout) == WAIT_OBJECT_0;
     CloseHandle(info.hProcess);
     return ended;
 }

@@ -1,6 +1,5 @@
 #include <vek/pictures/window/picture.h>
 
-#include "core/platform/message_box_win.h"
 #include "pictures/window/paint_buffer.h"
 #include "surfaces/window/clipboard.h"
 
@@ -28,11 +27,11 @@ IPicture* loadPictureFile(const wchar_t* path)
 }
 
 /// Tells what the system says of its last error.
-void tellError(HWND window, DWORD error)
+void tellError(CWnd& window, DWORD error)
 {
     wchar_t text[260] = {};
     FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0, text, 260, nullptr);
-    platform::messageBox(window, text, L"CPicture::LoadImage", MB_OK);
+    window.MessageBox(text, L"CPicture::LoadImage", MB_OK);
 }
 
 } // namespace
@@ -88,7 +87,7 @@ bool CPicture::LoadImage(const wchar_t* path)
         ::ReleaseDC(nullptr, screen);
         fit();
     } else if (const DWORD error = GetLastError()) {
-        tellError(m_hWnd, error);
+        tellError(*this, error);
     }
     if (m_hWnd)
         Invalidate();

@@ -31,12 +31,17 @@ class Ending : public PluginDialog
 public:
     using PluginDialog::PluginDialog;
 
+    HWND owner = nullptr;
+
     BOOL OnInitDialog() override
     {
         PluginDialog::OnInitDialog();
         CString text;
         text.LoadString(300);
-        EndDialog(text.GetLength());
+        owner = ::GetWindow(m_hWnd, GW_OWNER);
+        const auto count = [this](int id, UINT message) { return SendDlgItemMessage(id, message); };
+        EndDialog(
+            static_cast<int>(text.GetLength() + 100 * count(1001, CB_GETCOUNT) + 1000 * count(1002, LB_GETCOUNT)));
         return TRUE;
     }
 };
@@ -63,11 +68,14 @@ LRESULT PluginDialog::OnThrow(WPARAM, LPARAM)
     throw std::runtime_error("from the DLL");
 }
 
-INT_PTR runPlugin(CWnd* parent)
+INT_PTR runPlugin(CWnd* parent, HWND* owner)
 {
     AFX_MANAGE_STATE(AfxGetStaticModuleState());
     Ending dialog(parent);
-    return dialog.DoModal();
+    const INT_PTR result = dialog.DoModal();
+    if (owner != nullptr)
+        *owner = dialog.owner;
+    return result;
 }
 
 int pluginRuns()

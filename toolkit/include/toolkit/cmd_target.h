@@ -74,9 +74,13 @@ public:
     virtual BOOL PumpMessage();
     /// Called while no message waits, with a growing count, until it gives false. Ends temporary objects.
     virtual BOOL OnIdle(LONG lCount);
+    /// Whether OnIdle is called anew behind a message: not behind the wish of a window to be painted, the blinking of a
+    /// caret, or a message of a pointer that has not moved.
+    virtual BOOL IsIdleMessage(MSG* pMsg);
     /// Called for an exception that no handler caught; the result is that of the message. The exception is ended after.
     virtual LRESULT ProcessWndProcException(CException* e, const MSG* pMsg);
-    virtual CWnd* GetMainWnd() { return m_pMainWnd; }
+    /// The active window when the thread has no main window.
+    virtual CWnd* GetMainWnd();
 };
 
 class AFX_EXPORTED CWinApp : public CWinThread
@@ -147,6 +151,7 @@ public:
 /// @{
 AFX_EXPORTED CWinApp* AFXAPI AfxGetApp();
 AFX_EXPORTED CWinThread* AFXAPI AfxGetThread();
+/// That of the program when the module has none, else the active window.
 AFX_EXPORTED CWnd* AFXAPI AfxGetMainWnd();
 AFX_EXPORTED LPCTSTR AFXAPI AfxGetAppName();
 /// @}

@@ -11,23 +11,21 @@ class AFX_EXPORTED CStatic : public CWnd
 public:
     CStatic() = default;
 
-    BOOL Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID = 0xFFFF);
-    HICON SetIcon(HICON hIcon)
+    virtual BOOL Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID = 0xFFFF)
     {
-        return reinterpret_cast<HICON>(SendMessage(STM_SETICON, reinterpret_cast<WPARAM>(hIcon)));
+        return CWnd::Create(WC_STATICW, lpszText, dwStyle, rect, pParentWnd, nID);
     }
-    HICON GetIcon() const { return reinterpret_cast<HICON>(SendMessage(STM_GETICON)); }
-    HBITMAP SetBitmap(HBITMAP hBitmap)
-    {
-        return reinterpret_cast<HBITMAP>(SendMessage(STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(hBitmap)));
-    }
-    HBITMAP GetBitmap() const { return reinterpret_cast<HBITMAP>(SendMessage(STM_GETIMAGE, IMAGE_BITMAP)); }
+    HICON SetIcon(HICON hIcon) { return ask<HICON>(STM_SETICON, hIcon); }
+    HICON GetIcon() const { return ask<HICON>(STM_GETICON); }
+    HBITMAP SetBitmap(HBITMAP hBitmap) { return ask<HBITMAP>(STM_SETIMAGE, IMAGE_BITMAP, hBitmap); }
+    HBITMAP GetBitmap() const { return ask<HBITMAP>(STM_GETIMAGE, IMAGE_BITMAP); }
     HENHMETAFILE SetEnhMetaFile(HENHMETAFILE hMetaFile)
     {
-        return reinterpret_cast<HENHMETAFILE>(
-            SendMessage(STM_SETIMAGE, IMAGE_ENHMETAFILE, reinterpret_cast<LPARAM>(hMetaFile)));
+        return ask<HENHMETAFILE>(STM_SETIMAGE, IMAGE_ENHMETAFILE, hMetaFile);
     }
     virtual void DrawItem(LPDRAWITEMSTRUCT) {}
+
+protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };
 
@@ -38,24 +36,23 @@ class AFX_EXPORTED CButton : public CWnd
 public:
     CButton() = default;
 
-    BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
-    UINT GetState() const { return static_cast<UINT>(SendMessage(BM_GETSTATE)); }
-    void SetState(BOOL bHighlight) { SendMessage(BM_SETSTATE, static_cast<WPARAM>(bHighlight)); }
-    int GetCheck() const { return static_cast<int>(SendMessage(BM_GETCHECK)); }
-    void SetCheck(int nCheck) { SendMessage(BM_SETCHECK, static_cast<WPARAM>(nCheck)); }
+    virtual BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
+    {
+        return CWnd::Create(WC_BUTTONW, lpszCaption, dwStyle, rect, pParentWnd, nID);
+    }
+    UINT GetState() const { return ask<UINT>(BM_GETSTATE); }
+    void SetState(BOOL bHighlight) { ask(BM_SETSTATE, bHighlight); }
+    int GetCheck() const { return ask<int>(BM_GETCHECK); }
+    void SetCheck(int nCheck) { ask(BM_SETCHECK, nCheck); }
     UINT GetButtonStyle() const { return GetStyle() & BS_TYPEMASK; }
-    void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE) { SendMessage(BM_SETSTYLE, nStyle, bRedraw); }
-    HICON SetIcon(HICON hIcon)
-    {
-        return reinterpret_cast<HICON>(SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(hIcon)));
-    }
-    HICON GetIcon() const { return reinterpret_cast<HICON>(SendMessage(BM_GETIMAGE, IMAGE_ICON)); }
-    HBITMAP SetBitmap(HBITMAP hBitmap)
-    {
-        return reinterpret_cast<HBITMAP>(SendMessage(BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(hBitmap)));
-    }
-    void Click() { SendMessage(BM_CLICK); }
+    void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE) { ask(BM_SETSTYLE, nStyle, bRedraw); }
+    HICON SetIcon(HICON hIcon) { return ask<HICON>(BM_SETIMAGE, IMAGE_ICON, hIcon); }
+    HICON GetIcon() const { return ask<HICON>(BM_GETIMAGE, IMAGE_ICON); }
+    HBITMAP SetBitmap(HBITMAP hBitmap) { return ask<HBITMAP>(BM_SETIMAGE, IMAGE_BITMAP, hBitmap); }
+    void Click() { ask(BM_CLICK); }
     virtual void DrawItem(LPDRAWITEMSTRUCT) {}
+
+protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };
 
@@ -66,61 +63,46 @@ class AFX_EXPORTED CEdit : public CWnd
 public:
     CEdit() = default;
 
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
-    BOOL CanUndo() const { return static_cast<BOOL>(SendMessage(EM_CANUNDO)); }
-    int GetLineCount() const { return static_cast<int>(SendMessage(EM_GETLINECOUNT)); }
-    BOOL GetModify() const { return static_cast<BOOL>(SendMessage(EM_GETMODIFY)); }
-    void SetModify(BOOL bModified = TRUE) { SendMessage(EM_SETMODIFY, static_cast<WPARAM>(bModified)); }
-    void GetRect(LPRECT lpRect) const { SendMessage(EM_GETRECT, 0, reinterpret_cast<LPARAM>(lpRect)); }
-    DWORD GetSel() const { return static_cast<DWORD>(SendMessage(EM_GETSEL)); }
-    void GetSel(int& nStartChar, int& nEndChar) const
+    virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
     {
-        SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&nStartChar), reinterpret_cast<LPARAM>(&nEndChar));
+        return CWnd::Create(WC_EDITW, nullptr, dwStyle, rect, pParentWnd, nID);
     }
+    BOOL CanUndo() const { return ask<BOOL>(EM_CANUNDO); }
+    int GetLineCount() const { return ask<int>(EM_GETLINECOUNT); }
+    BOOL GetModify() const { return ask<BOOL>(EM_GETMODIFY); }
+    void SetModify(BOOL bModified = TRUE) { ask(EM_SETMODIFY, bModified); }
+    void GetRect(LPRECT lpRect) const { ask(EM_GETRECT, 0, lpRect); }
+    DWORD GetSel() const { return ask<DWORD>(EM_GETSEL); }
+    void GetSel(int& nStartChar, int& nEndChar) const { ask(EM_GETSEL, &nStartChar, &nEndChar); }
     void SetSel(int nStartChar, int nEndChar, BOOL bNoScroll = FALSE)
     {
-        SendMessage(EM_SETSEL, static_cast<WPARAM>(nStartChar), nEndChar);
+        ask(EM_SETSEL, nStartChar, nEndChar);
         if (!bNoScroll)
-            SendMessage(EM_SCROLLCARET);
+            ask(EM_SCROLLCARET);
     }
     void SetSel(DWORD dwSelection, BOOL bNoScroll = FALSE)
     {
         SetSel(static_cast<short>(LOWORD(dwSelection)), static_cast<short>(HIWORD(dwSelection)), bNoScroll);
     }
-    void ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo = FALSE)
-    {
-        SendMessage(EM_REPLACESEL, static_cast<WPARAM>(bCanUndo), reinterpret_cast<LPARAM>(lpszNewText));
-    }
-    void LimitText(int nChars = 0) { SendMessage(EM_LIMITTEXT, static_cast<WPARAM>(nChars)); }
-    void SetLimitText(UINT nMax) { SendMessage(EM_SETLIMITTEXT, nMax); }
-    UINT GetLimitText() const { return static_cast<UINT>(SendMessage(EM_GETLIMITTEXT)); }
-    BOOL SetReadOnly(BOOL bReadOnly = TRUE)
-    {
-        return static_cast<BOOL>(SendMessage(EM_SETREADONLY, static_cast<WPARAM>(bReadOnly)));
-    }
-    BOOL Undo() { return static_cast<BOOL>(SendMessage(EM_UNDO)); }
-    void EmptyUndoBuffer() { SendMessage(EM_EMPTYUNDOBUFFER); }
+    void ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo = FALSE) { ask(EM_REPLACESEL, bCanUndo, lpszNewText); }
+    void LimitText(int nChars = 0) { ask(EM_LIMITTEXT, nChars); }
+    void SetLimitText(UINT nMax) { ask(EM_SETLIMITTEXT, nMax); }
+    UINT GetLimitText() const { return ask<UINT>(EM_GETLIMITTEXT); }
+    BOOL SetReadOnly(BOOL bReadOnly = TRUE) { return ask<BOOL>(EM_SETREADONLY, bReadOnly); }
+    BOOL Undo() { return ask<BOOL>(EM_UNDO); }
+    void EmptyUndoBuffer() { ask(EM_EMPTYUNDOBUFFER); }
     void SetMargins(UINT nLeft, UINT nRight)
     {
-        SendMessage(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(nLeft, nRight));
+        ask(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(nLeft, nRight));
     }
-    int LineFromChar(int nIndex = -1) const
-    {
-        return static_cast<int>(SendMessage(EM_LINEFROMCHAR, static_cast<WPARAM>(nIndex)));
-    }
-    int LineIndex(int nLine = -1) const
-    {
-        return static_cast<int>(SendMessage(EM_LINEINDEX, static_cast<WPARAM>(nLine)));
-    }
-    int LineLength(int nLine = -1) const
-    {
-        return static_cast<int>(SendMessage(EM_LINELENGTH, static_cast<WPARAM>(nLine)));
-    }
-    void LineScroll(int nLines, int nChars = 0) { SendMessage(EM_LINESCROLL, static_cast<WPARAM>(nChars), nLines); }
-    void Cut() { SendMessage(WM_CUT); }
-    void Copy() { SendMessage(WM_COPY); }
-    void Paste() { SendMessage(WM_PASTE); }
-    void Clear() { SendMessage(WM_CLEAR); }
+    int LineFromChar(int nIndex = -1) const { return ask<int>(EM_LINEFROMCHAR, nIndex); }
+    int LineIndex(int nLine = -1) const { return ask<int>(EM_LINEINDEX, nLine); }
+    int LineLength(int nLine = -1) const { return ask<int>(EM_LINELENGTH, nLine); }
+    void LineScroll(int nLines, int nChars = 0) { ask(EM_LINESCROLL, nChars, nLines); }
+    void Cut() { ask(WM_CUT); }
+    void Copy() { ask(WM_COPY); }
+    void Paste() { ask(WM_PASTE); }
+    void Clear() { ask(WM_CLEAR); }
 };
 
 class AFX_EXPORTED CListBox : public CWnd
@@ -130,103 +112,60 @@ class AFX_EXPORTED CListBox : public CWnd
 public:
     CListBox() = default;
 
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
-    int GetCount() const { return static_cast<int>(SendMessage(LB_GETCOUNT)); }
-    int GetCurSel() const { return static_cast<int>(SendMessage(LB_GETCURSEL)); }
-    int SetCurSel(int nSelect) { return static_cast<int>(SendMessage(LB_SETCURSEL, static_cast<WPARAM>(nSelect))); }
-    DWORD_PTR GetItemData(int nIndex) const
+    virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
     {
-        return static_cast<DWORD_PTR>(SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(nIndex)));
+        return CWnd::Create(WC_LISTBOXW, nullptr, dwStyle, rect, pParentWnd, nID);
     }
-    int SetItemData(int nIndex, DWORD_PTR dwItemData)
-    {
-        return static_cast<int>(
-            SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(nIndex), static_cast<LPARAM>(dwItemData)));
-    }
-    void* GetItemDataPtr(int nIndex) const
-    {
-        return reinterpret_cast<void*>(SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(nIndex)));
-    }
+    int GetCount() const { return ask<int>(LB_GETCOUNT); }
+    int GetCurSel() const { return ask<int>(LB_GETCURSEL); }
+    int SetCurSel(int nSelect) { return ask<int>(LB_SETCURSEL, nSelect); }
+    DWORD_PTR GetItemData(int nIndex) const { return ask<DWORD_PTR>(LB_GETITEMDATA, nIndex); }
+    int SetItemData(int nIndex, DWORD_PTR dwItemData) { return ask<int>(LB_SETITEMDATA, nIndex, dwItemData); }
+    void* GetItemDataPtr(int nIndex) const { return ask<void*>(LB_GETITEMDATA, nIndex); }
     int SetItemDataPtr(int nIndex, void* pData) { return SetItemData(nIndex, reinterpret_cast<DWORD_PTR>(pData)); }
-    int GetTopIndex() const { return static_cast<int>(SendMessage(LB_GETTOPINDEX)); }
-    int SetTopIndex(int nIndex) { return static_cast<int>(SendMessage(LB_SETTOPINDEX, static_cast<WPARAM>(nIndex))); }
-    int GetItemHeight(int nIndex) const
-    {
-        return static_cast<int>(SendMessage(LB_GETITEMHEIGHT, static_cast<WPARAM>(nIndex)));
-    }
-    int SetItemHeight(int nIndex, UINT cyItemHeight)
-    {
-        return static_cast<int>(
-            SendMessage(LB_SETITEMHEIGHT, static_cast<WPARAM>(nIndex), static_cast<LPARAM>(cyItemHeight)));
-    }
-    int AddString(LPCTSTR lpszString)
-    {
-        return static_cast<int>(SendMessage(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(lpszString)));
-    }
-    int DeleteString(UINT nIndex) { return static_cast<int>(SendMessage(LB_DELETESTRING, nIndex)); }
-    int InsertString(int nIndex, LPCTSTR lpszString)
-    {
-        return static_cast<int>(
-            SendMessage(LB_INSERTSTRING, static_cast<WPARAM>(nIndex), reinterpret_cast<LPARAM>(lpszString)));
-    }
-    void ResetContent() { SendMessage(LB_RESETCONTENT); }
+    int GetTopIndex() const { return ask<int>(LB_GETTOPINDEX); }
+    int SetTopIndex(int nIndex) { return ask<int>(LB_SETTOPINDEX, nIndex); }
+    int GetItemHeight(int nIndex) const { return ask<int>(LB_GETITEMHEIGHT, nIndex); }
+    int SetItemHeight(int nIndex, UINT cyItemHeight) { return ask<int>(LB_SETITEMHEIGHT, nIndex, cyItemHeight); }
+    int AddString(LPCTSTR lpszString) { return ask<int>(LB_ADDSTRING, 0, lpszString); }
+    int DeleteString(UINT nIndex) { return ask<int>(LB_DELETESTRING, nIndex); }
+    int InsertString(int nIndex, LPCTSTR lpszString) { return ask<int>(LB_INSERTSTRING, nIndex, lpszString); }
+    void ResetContent() { ask(LB_RESETCONTENT); }
     int FindString(int nStartAfter, LPCTSTR lpszString) const
     {
-        return static_cast<int>(
-            SendMessage(LB_FINDSTRING, static_cast<WPARAM>(nStartAfter), reinterpret_cast<LPARAM>(lpszString)));
+        return ask<int>(LB_FINDSTRING, nStartAfter, lpszString);
     }
     int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const
     {
-        return static_cast<int>(
-            SendMessage(LB_FINDSTRINGEXACT, static_cast<WPARAM>(nIndexStart), reinterpret_cast<LPARAM>(lpszFind)));
+        return ask<int>(LB_FINDSTRINGEXACT, nIndexStart, lpszFind);
     }
-    int SelectString(int nStartAfter, LPCTSTR lpszString)
-    {
-        return static_cast<int>(
-            SendMessage(LB_SELECTSTRING, static_cast<WPARAM>(nStartAfter), reinterpret_cast<LPARAM>(lpszString)));
-    }
-    void SetHorizontalExtent(int cxExtent) { SendMessage(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(cxExtent)); }
-    int GetSel(int nIndex) const { return static_cast<int>(SendMessage(LB_GETSEL, static_cast<WPARAM>(nIndex))); }
-    int SetSel(int nIndex, BOOL bSelect = TRUE)
-    {
-        return static_cast<int>(SendMessage(LB_SETSEL, static_cast<WPARAM>(bSelect), nIndex));
-    }
-    int GetSelCount() const { return static_cast<int>(SendMessage(LB_GETSELCOUNT)); }
-    int GetSelItems(int nMaxItems, LPINT rgIndex) const
-    {
-        return static_cast<int>(
-            SendMessage(LB_GETSELITEMS, static_cast<WPARAM>(nMaxItems), reinterpret_cast<LPARAM>(rgIndex)));
-    }
+    int SelectString(int nStartAfter, LPCTSTR lpszString) { return ask<int>(LB_SELECTSTRING, nStartAfter, lpszString); }
+    void SetHorizontalExtent(int cxExtent) { ask(LB_SETHORIZONTALEXTENT, cxExtent); }
+    int GetSel(int nIndex) const { return ask<int>(LB_GETSEL, nIndex); }
+    int SetSel(int nIndex, BOOL bSelect = TRUE) { return ask<int>(LB_SETSEL, bSelect, nIndex); }
+    int GetSelCount() const { return ask<int>(LB_GETSELCOUNT); }
+    int GetSelItems(int nMaxItems, LPINT rgIndex) const { return ask<int>(LB_GETSELITEMS, nMaxItems, rgIndex); }
     int SelItemRange(BOOL bSelect, int nFirst, int nLast)
     {
-        return static_cast<int>(SendMessage(LB_SELITEMRANGE, static_cast<WPARAM>(bSelect), MAKELPARAM(nFirst, nLast)));
+        return ask<int>(LB_SELITEMRANGE, bSelect, MAKELPARAM(nFirst, nLast));
     }
-    int GetCaretIndex() const { return static_cast<int>(SendMessage(LB_GETCARETINDEX)); }
+    int GetCaretIndex() const { return ask<int>(LB_GETCARETINDEX); }
     int SetCaretIndex(int nIndex, BOOL bScroll = TRUE)
     {
-        return static_cast<int>(SendMessage(LB_SETCARETINDEX, static_cast<WPARAM>(nIndex), MAKELPARAM(bScroll, 0)));
+        return ask<int>(LB_SETCARETINDEX, nIndex, MAKELPARAM(bScroll, 0));
     }
-    int GetTextLen(int nIndex) const
-    {
-        return static_cast<int>(SendMessage(LB_GETTEXTLEN, static_cast<WPARAM>(nIndex)));
-    }
-    int GetText(int nIndex, LPTSTR lpszBuffer) const
-    {
-        return static_cast<int>(
-            SendMessage(LB_GETTEXT, static_cast<WPARAM>(nIndex), reinterpret_cast<LPARAM>(lpszBuffer)));
-    }
+    int GetTextLen(int nIndex) const { return ask<int>(LB_GETTEXTLEN, nIndex); }
+    int GetText(int nIndex, LPTSTR lpszBuffer) const { return ask<int>(LB_GETTEXT, nIndex, lpszBuffer); }
     void GetText(int nIndex, CString& rString) const;
-    int GetItemRect(int nIndex, LPRECT lpRect) const
-    {
-        return static_cast<int>(
-            SendMessage(LB_GETITEMRECT, static_cast<WPARAM>(nIndex), reinterpret_cast<LPARAM>(lpRect)));
-    }
+    int GetItemRect(int nIndex, LPRECT lpRect) const { return ask<int>(LB_GETITEMRECT, nIndex, lpRect); }
     UINT ItemFromPoint(CPoint pt, BOOL& bOutside) const;
     /// Called for a box that its owner draws.
     virtual void DrawItem(LPDRAWITEMSTRUCT) {}
     virtual void MeasureItem(LPMEASUREITEMSTRUCT) {}
     virtual int CompareItem(LPCOMPAREITEMSTRUCT) { return 0; }
     virtual void DeleteItem(LPDELETEITEMSTRUCT) {}
+
+protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };
 
@@ -237,102 +176,61 @@ class AFX_EXPORTED CComboBox : public CWnd
 public:
     CComboBox() = default;
 
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
-    int GetCount() const { return static_cast<int>(SendMessage(CB_GETCOUNT)); }
-    int GetCurSel() const { return static_cast<int>(SendMessage(CB_GETCURSEL)); }
-    int SetCurSel(int nSelect) { return static_cast<int>(SendMessage(CB_SETCURSEL, static_cast<WPARAM>(nSelect))); }
-    DWORD_PTR GetItemData(int nIndex) const
+    virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
     {
-        return static_cast<DWORD_PTR>(SendMessage(CB_GETITEMDATA, static_cast<WPARAM>(nIndex)));
+        return CWnd::Create(WC_COMBOBOXW, nullptr, dwStyle, rect, pParentWnd, nID);
     }
-    int SetItemData(int nIndex, DWORD_PTR dwItemData)
-    {
-        return static_cast<int>(
-            SendMessage(CB_SETITEMDATA, static_cast<WPARAM>(nIndex), static_cast<LPARAM>(dwItemData)));
-    }
-    void* GetItemDataPtr(int nIndex) const
-    {
-        return reinterpret_cast<void*>(SendMessage(CB_GETITEMDATA, static_cast<WPARAM>(nIndex)));
-    }
+    int GetCount() const { return ask<int>(CB_GETCOUNT); }
+    int GetCurSel() const { return ask<int>(CB_GETCURSEL); }
+    int SetCurSel(int nSelect) { return ask<int>(CB_SETCURSEL, nSelect); }
+    DWORD_PTR GetItemData(int nIndex) const { return ask<DWORD_PTR>(CB_GETITEMDATA, nIndex); }
+    int SetItemData(int nIndex, DWORD_PTR dwItemData) { return ask<int>(CB_SETITEMDATA, nIndex, dwItemData); }
+    void* GetItemDataPtr(int nIndex) const { return ask<void*>(CB_GETITEMDATA, nIndex); }
     int SetItemDataPtr(int nIndex, void* pData) { return SetItemData(nIndex, reinterpret_cast<DWORD_PTR>(pData)); }
-    int GetTopIndex() const { return static_cast<int>(SendMessage(CB_GETTOPINDEX)); }
-    int SetTopIndex(int nIndex) { return static_cast<int>(SendMessage(CB_SETTOPINDEX, static_cast<WPARAM>(nIndex))); }
-    int GetItemHeight(int nIndex) const
-    {
-        return static_cast<int>(SendMessage(CB_GETITEMHEIGHT, static_cast<WPARAM>(nIndex)));
-    }
-    int SetItemHeight(int nIndex, UINT cyItemHeight)
-    {
-        return static_cast<int>(
-            SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(nIndex), static_cast<LPARAM>(cyItemHeight)));
-    }
-    int AddString(LPCTSTR lpszString)
-    {
-        return static_cast<int>(SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(lpszString)));
-    }
-    int DeleteString(UINT nIndex) { return static_cast<int>(SendMessage(CB_DELETESTRING, nIndex)); }
-    int InsertString(int nIndex, LPCTSTR lpszString)
-    {
-        return static_cast<int>(
-            SendMessage(CB_INSERTSTRING, static_cast<WPARAM>(nIndex), reinterpret_cast<LPARAM>(lpszString)));
-    }
-    void ResetContent() { SendMessage(CB_RESETCONTENT); }
+    int GetTopIndex() const { return ask<int>(CB_GETTOPINDEX); }
+    int SetTopIndex(int nIndex) { return ask<int>(CB_SETTOPINDEX, nIndex); }
+    int GetItemHeight(int nIndex) const { return ask<int>(CB_GETITEMHEIGHT, nIndex); }
+    int SetItemHeight(int nIndex, UINT cyItemHeight) { return ask<int>(CB_SETITEMHEIGHT, nIndex, cyItemHeight); }
+    int AddString(LPCTSTR lpszString) { return ask<int>(CB_ADDSTRING, 0, lpszString); }
+    int DeleteString(UINT nIndex) { return ask<int>(CB_DELETESTRING, nIndex); }
+    int InsertString(int nIndex, LPCTSTR lpszString) { return ask<int>(CB_INSERTSTRING, nIndex, lpszString); }
+    void ResetContent() { ask(CB_RESETCONTENT); }
     int FindString(int nStartAfter, LPCTSTR lpszString) const
     {
-        return static_cast<int>(
-            SendMessage(CB_FINDSTRING, static_cast<WPARAM>(nStartAfter), reinterpret_cast<LPARAM>(lpszString)));
+        return ask<int>(CB_FINDSTRING, nStartAfter, lpszString);
     }
     int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const
     {
-        return static_cast<int>(
-            SendMessage(CB_FINDSTRINGEXACT, static_cast<WPARAM>(nIndexStart), reinterpret_cast<LPARAM>(lpszFind)));
+        return ask<int>(CB_FINDSTRINGEXACT, nIndexStart, lpszFind);
     }
-    int SelectString(int nStartAfter, LPCTSTR lpszString)
-    {
-        return static_cast<int>(
-            SendMessage(CB_SELECTSTRING, static_cast<WPARAM>(nStartAfter), reinterpret_cast<LPARAM>(lpszString)));
-    }
-    void SetHorizontalExtent(int cxExtent) { SendMessage(CB_SETHORIZONTALEXTENT, static_cast<WPARAM>(cxExtent)); }
-    DWORD GetEditSel() const { return static_cast<DWORD>(SendMessage(CB_GETEDITSEL)); }
+    int SelectString(int nStartAfter, LPCTSTR lpszString) { return ask<int>(CB_SELECTSTRING, nStartAfter, lpszString); }
+    void SetHorizontalExtent(int cxExtent) { ask(CB_SETHORIZONTALEXTENT, cxExtent); }
+    DWORD GetEditSel() const { return ask<DWORD>(CB_GETEDITSEL); }
     BOOL SetEditSel(int nStartChar, int nEndChar)
     {
-        return static_cast<BOOL>(SendMessage(CB_SETEDITSEL, 0, MAKELPARAM(nStartChar, nEndChar)));
+        return ask<BOOL>(CB_SETEDITSEL, 0, MAKELPARAM(nStartChar, nEndChar));
     }
-    BOOL LimitText(int nMaxChars)
-    {
-        return static_cast<BOOL>(SendMessage(CB_LIMITTEXT, static_cast<WPARAM>(nMaxChars)));
-    }
-    int GetLBTextLen(int nIndex) const
-    {
-        return static_cast<int>(SendMessage(CB_GETLBTEXTLEN, static_cast<WPARAM>(nIndex)));
-    }
-    int GetLBText(int nIndex, LPTSTR lpszText) const
-    {
-        return static_cast<int>(
-            SendMessage(CB_GETLBTEXT, static_cast<WPARAM>(nIndex), reinterpret_cast<LPARAM>(lpszText)));
-    }
+    BOOL LimitText(int nMaxChars) { return ask<BOOL>(CB_LIMITTEXT, nMaxChars); }
+    int GetLBTextLen(int nIndex) const { return ask<int>(CB_GETLBTEXTLEN, nIndex); }
+    int GetLBText(int nIndex, LPTSTR lpszText) const { return ask<int>(CB_GETLBTEXT, nIndex, lpszText); }
     void GetLBText(int nIndex, CString& rString) const;
-    void ShowDropDown(BOOL bShowIt = TRUE) { SendMessage(CB_SHOWDROPDOWN, static_cast<WPARAM>(bShowIt)); }
-    BOOL GetDroppedState() const { return static_cast<BOOL>(SendMessage(CB_GETDROPPEDSTATE)); }
-    void GetDroppedControlRect(LPRECT lprect) const
-    {
-        SendMessage(CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(lprect));
-    }
-    int GetDroppedWidth() const { return static_cast<int>(SendMessage(CB_GETDROPPEDWIDTH)); }
-    int SetDroppedWidth(UINT nWidth) { return static_cast<int>(SendMessage(CB_SETDROPPEDWIDTH, nWidth)); }
-    int SetExtendedUI(BOOL bExtended = TRUE)
-    {
-        return static_cast<int>(SendMessage(CB_SETEXTENDEDUI, static_cast<WPARAM>(bExtended)));
-    }
-    void Cut() { SendMessage(WM_CUT); }
-    void Copy() { SendMessage(WM_COPY); }
-    void Paste() { SendMessage(WM_PASTE); }
-    void Clear() { SendMessage(WM_CLEAR); }
+    void ShowDropDown(BOOL bShowIt = TRUE) { ask(CB_SHOWDROPDOWN, bShowIt); }
+    BOOL GetDroppedState() const { return ask<BOOL>(CB_GETDROPPEDSTATE); }
+    void GetDroppedControlRect(LPRECT lprect) const { ask(CB_GETDROPPEDCONTROLRECT, 0, lprect); }
+    int GetDroppedWidth() const { return ask<int>(CB_GETDROPPEDWIDTH); }
+    int SetDroppedWidth(UINT nWidth) { return ask<int>(CB_SETDROPPEDWIDTH, nWidth); }
+    int SetExtendedUI(BOOL bExtended = TRUE) { return ask<int>(CB_SETEXTENDEDUI, bExtended); }
+    void Cut() { ask(WM_CUT); }
+    void Copy() { ask(WM_COPY); }
+    void Paste() { ask(WM_PASTE); }
+    void Clear() { ask(WM_CLEAR); }
     /// Called for a box that its owner draws.
     virtual void DrawItem(LPDRAWITEMSTRUCT) {}
     virtual void MeasureItem(LPMEASUREITEMSTRUCT) {}
     virtual int CompareItem(LPCOMPAREITEMSTRUCT) { return 0; }
     virtual void DeleteItem(LPDELETEITEMSTRUCT) {}
+
+protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };
 
@@ -343,7 +241,10 @@ class AFX_EXPORTED CScrollBar : public CWnd
 public:
     CScrollBar() = default;
 
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+    virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
+    {
+        return CWnd::Create(WC_SCROLLBARW, nullptr, dwStyle, rect, pParentWnd, nID);
+    }
     int GetScrollPos() const { return ::GetScrollPos(m_hWnd, SB_CTL); }
     int SetScrollPos(int nPos, BOOL bRedraw = TRUE) { return ::SetScrollPos(m_hWnd, SB_CTL, nPos, bRedraw); }
     void GetScrollRange(LPINT lpMinPos, LPINT lpMaxPos) const { ::GetScrollRange(m_hWnd, SB_CTL, lpMinPos, lpMaxPos); }

@@ -1,8 +1,12 @@
 /// @file
-/// Dialogs made from templates, and the exchange of values between their controls and their members.
+/// Dialogs made from templates.
 #pragma once
 
 #include <toolkit/controls.h>
+#include <toolkit/exchange.h>
+
+/// The kind of resource that tells the first rows of a dialog's boxes.
+#define RT_DLGINIT MAKEINTRESOURCE(240)
 
 class AFX_EXPORTED CDialog : public CWnd
 {
@@ -17,7 +21,7 @@ public:
     ~CDialog() override;
 
     /// @name Modeless
-    /// The dialog lives until DestroyWindow; OnOK and OnCancel only hide it.
+    /// The dialog lives until DestroyWindow; OnOK and OnCancel only hide it. Without a parent the main window owns it.
     /// @{
     virtual BOOL Create(LPCTSTR lpszTemplateName, CWnd* pParentWnd = nullptr);
     virtual BOOL Create(UINT nIDTemplate, CWnd* pParentWnd = nullptr)
@@ -44,7 +48,9 @@ public:
     void SetDefID(UINT nID) { SendMessage(DM_SETDEFID, nID); }
     DWORD GetDefID() const { return static_cast<DWORD>(SendMessage(DM_GETDEFID)); }
 
-    /// Called before the dialog shows; fills the controls by UpdateData. False when it has set the focus itself.
+    /// Called before the dialog shows; fills the controls, from the resource RT_DLGINIT of the template's name and then
+    /// by UpdateData. False when it has set the focus itself. Behind it a dialog that nobody has placed, neither its
+    /// template nor a handler, moves over the middle of its owner.
     virtual BOOL OnInitDialog();
     BOOL PreTranslateMessage(MSG* pMsg) override;
     /// Commands that the dialog does not handle go to its parent, then to the application object.
@@ -57,51 +63,10 @@ protected:
 
     LPCTSTR m_lpszTemplateName = nullptr;
     LPCDLGTEMPLATE m_lpDialogTemplate = nullptr;
+    void* m_lpDialogInit = nullptr; ///< what RT_DLGINIT would hold, for a template in memory
     CWnd* m_pParentWnd = nullptr;
 
 private:
     BOOL createFrom(LPCDLGTEMPLATE source, HWND parent, HINSTANCE module);
+    int runModal(LPCDLGTEMPLATE source, HINSTANCE module);
 };
-
-/// One exchange of values. A routine prepares the control that it works on, and calls Fail for a value that it refuses:
-/// the control gets the focus, and UpdateData gives false.
-class AFX_EXPORTED CDataExchange
-{
-public:
-    CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate) : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd) {}
-
-    BOOL m_bSaveAndValidate; ///< from the controls to the members
-    CWnd* m_pDlgWnd;
-
-    HWND PrepareCtrl(int nIDC);
-    HWND PrepareEditCtrl(int nIDC);
-    [[noreturn]] void Fail();
-
-private:
-    HWND m_last = nullptr;
-    bool m_lastIsEdit = false;
-};
-
-/// @name Exchange
-/// @{
-/// Subclasses the control in the first exchange.
-AFX_EXPORTED void AFXAPI DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
-/// A number that does not read is told to the user and refused.
-AFX_EXPORTED void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, int& value);
-AFX_EXPORTED void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, UINT& value);
-AFX_EXPORTED void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, double& value);
-AFX_EXPORTED void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, CString& value);
-AFX_EXPORTED void AFXAPI DDX_Check(CDataExchange* pDX, int nIDC, int& value);
-/// The id is that of the first button, which has WS_GROUP; -1 stands for none.
-AFX_EXPORTED void AFXAPI DDX_Radio(CDataExchange* pDX, int nIDC, int& value);
-AFX_EXPORTED void AFXAPI DDX_LBIndex(CDataExchange* pDX, int nIDC, int& index);
-AFX_EXPORTED void AFXAPI DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index);
-/// @}
-
-/// @name Validation
-/// Follows the exchange of the same control. A value outside is told to the user and refused.
-/// @{
-AFX_EXPORTED void AFXAPI DDV_MinMaxInt(CDataExchange* pDX, int value, int minVal, int maxVal);
-AFX_EXPORTED void AFXAPI DDV_MinMaxDouble(CDataExchange* pDX, const double& value, double minVal, double maxVal);
-AFX_EXPORTED void AFXAPI DDV_MaxChars(CDataExchange* pDX, const CString& value, int nChars);
-/// @}

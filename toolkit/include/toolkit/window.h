@@ -18,7 +18,7 @@ struct CCreateContext;
 
 #define MLF_NOIDLEMSG 0x0001 ///< no WM_ENTERIDLE to the parent
 #define MLF_NOKICKIDLE 0x0002
-#define MLF_SHOWONIDLE 0x0004 ///< shows the window when no message waits
+#define MLF_SHOWONIDLE 0x0004 ///< shows the window when nothing waits but the wish of windows to be painted
 
 class AFX_EXPORTED CWnd : public CCmdTarget
 {
@@ -69,27 +69,14 @@ public:
     {
         return ::PostMessageW(m_hWnd, message, wParam, lParam);
     }
-    /// Handles the message by the maps first, then by default.
-    virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
-    /// False when no handler took the message.
-    virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
-    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
-    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    /// Called for what a control told its parent, before the parent handles it; true when that is enough.
-    virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     BOOL SendChildNotifyLastMsg(LRESULT* pResult = nullptr);
-    /// Hands the message at work back to the control that it came from.
-    static BOOL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = nullptr);
     virtual BOOL PreTranslateMessage(MSG* pMsg);
     BOOL PreTranslateInput(LPMSG lpMsg);
     /// Asks the window addressed and its parents, up to and with hWndStop, for PreTranslateMessage.
     static BOOL WalkPreTranslateTree(HWND hWndStop, MSG* pMsg);
     BOOL IsDialogMessage(LPMSG lpMsg) { return ::IsDialogMessageW(m_hWnd, lpMsg); }
-    static const MSG* GetCurrentMessage();
     void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, BOOL bDeep = TRUE,
                                   BOOL bOnlyPerm = FALSE);
-    virtual void PostNcDestroy() {}
     /// @}
 
     /// @name Modal loop
@@ -110,14 +97,11 @@ public:
     int GetWindowTextLength() const { return ::GetWindowTextLengthW(m_hWnd); }
     void SetFont(CFont* pFont, BOOL bRedraw = TRUE)
     {
-        SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(pFont == nullptr ? nullptr : HFONT(*pFont)), bRedraw);
+        ask(WM_SETFONT, pFont == nullptr ? nullptr : HFONT(*pFont), bRedraw);
     }
-    CFont* GetFont() const { return CFont::FromHandle(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT))); }
-    HICON SetIcon(HICON hIcon, BOOL bBigIcon)
-    {
-        return reinterpret_cast<HICON>(SendMessage(WM_SETICON, bBigIcon, reinterpret_cast<LPARAM>(hIcon)));
-    }
-    HICON GetIcon(BOOL bBigIcon) const { return reinterpret_cast<HICON>(SendMessage(WM_GETICON, bBigIcon)); }
+    CFont* GetFont() const { return CFont::FromHandle(ask<HFONT>(WM_GETFONT)); }
+    HICON SetIcon(HICON hIcon, BOOL bBigIcon) { return ask<HICON>(WM_SETICON, bBigIcon, hIcon); }
+    HICON GetIcon(BOOL bBigIcon) const { return ask<HICON>(WM_GETICON, bBigIcon); }
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, GWL_STYLE)); }
     DWORD GetExStyle() const { return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, GWL_EXSTYLE)); }
     /// True when a bit changed; flags other than 0 go to SetWindowPos, which keeps size, place and order.
@@ -202,8 +186,9 @@ public:
     /// The window without a parent and owner above this one.
     CWnd* GetTopLevelOwner() const;
     CWnd* GetTopLevelParent() const;
-    /// The window that a modal one should stand over: that given, else the main window with its popups, no child in any
-    /// case. `pWndTop` gets the enabled top window behind it, when that is another one.
+    /// The window that a modal one should stand over: that given, else the main window with its popups or, without one,
+    /// the active window; no child in any case. `pWndTop` gets the enabled top window behind it, when that is another
+    /// one.
     static CWnd* GetSafeOwner(CWnd* pParent = nullptr, HWND* pWndTop = nullptr);
     CWnd* GetWindow(UINT nCmd) const { return FromHandle(::GetWindow(m_hWnd, nCmd)); }
     CWnd* GetTopWindow() const { return FromHandle(::GetTopWindow(m_hWnd)); }
@@ -254,11 +239,14 @@ public:
     {
         return FromHandle(::GetNextDlgTabItem(m_hWnd, pWndCtl == nullptr ? nullptr : pWndCtl->m_hWnd, bPrevious));
     }
-    void GotoDlgCtrl(CWnd* pWndCtrl) { SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(pWndCtrl->m_hWnd), TRUE); }
+    void GotoDlgCtrl(CWnd* pWndCtrl) { ask(WM_NEXTDLGCTL, pWndCtrl->m_hWnd, TRUE); }
     /// Moves values between controls and members: from the controls when bSaveAndValidate. False when a value is
-    /// refused.
+    /// refused. What the controls tell meanwhile reaches no handler.
     BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
-    virtual void DoDataExchange(CDataExchange*) {}
+    /// Fills boxes of a dialog from the resource of its name, or from memory, that tells their first rows. False when
+    /// there is such a resource and a control refuses a row.
+    BOOL ExecuteDlgInit(LPCTSTR lpszResourceName);
+    BOOL ExecuteDlgInit(LPVOID lpResource);
     /// @}
 
     /// @name Scroll bars, timers, menus and the rest
@@ -296,8 +284,31 @@ protected:
     /// Before the window is made: EndModalLoop will then keep RunModalLoop from beginning.
     void setModal() { m_modal = m_modalSoon = true; }
 
+    /// A message to the window, taking and giving what its parameters and result stand for.
+    template <class Result = LRESULT, class First = int, class Second = int>
+    Result ask(UINT message, First first = 0, Second second = 0) const
+    {
+        return (Result)SendMessage(message, (WPARAM)first, (LPARAM)second); // the one cast that fits them all
+    }
+
     /// What the system, or the window's own class, does for the message at work.
     LRESULT Default();
+    /// Handles the message by the maps first, then by default.
+    virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    /// False when no handler took the message.
+    virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    /// Called for what a control told its parent, before the parent handles it; true when that is enough.
+    virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    /// Hands the message at work back to the control that it came from.
+    static BOOL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = nullptr);
+    static const MSG* GetCurrentMessage();
+    /// The last call to the object of a window: it may delete itself.
+    virtual void PostNcDestroy() {}
+    /// Override to exchange values between controls and members, by the DDX_ and DDV_ routines.
+    virtual void DoDataExchange(CDataExchange*) {}
 
     /// @name Handlers
     /// Each does what the system, or the window's own class, does.
@@ -380,6 +391,7 @@ private:
     std::shared_ptr<ToolTips> m_toolTips;
 
     friend class WindowHook;
+    friend LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 };
 
 /// The procedure of all windows that have an object.

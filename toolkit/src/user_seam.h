@@ -1,0 +1,15 @@
+// What the rest of the toolkit asks of the seam to the user.
+#pragma once
+
+#include <afxwin.h>
+#include <toolkit/user.h>
+
+namespace toolkit
+{
+
+/// The object in the user's place; null for the person at the screen.
+User* userInPlace();
+/// The text of one of the numbers AFX_IDP_, with %1 and %2 still to be filled in.
+CString userText(UINT id);
+
+} // namespace toolkit
