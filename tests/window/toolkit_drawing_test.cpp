@@ -1,7 +1,10 @@
 #include <afxext.h>
 
 #include <gtest/gtest.h>
-#include <psapi.h>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
 
 namespace
 {
@@ -60,44 +63,29 @@ TEST(ToolkitDrawing, FindsTheOwnerOfAHandle)
     EXPECT_EQ(CPen::FromHandle(nullptr), nullptr);
 }
 
-namespace
-{
-
-/// A new pen that is gone already, and the temporary object that stood for it.
-std::pair<HPEN, CPen*> deadPen(int i)
-{
-    const HPEN pen = ::CreatePen(PS_SOLID, 1, static_cast<COLORREF>(i));
-    CPen* object = CPen::FromHandle(pen);
-    EXPECT_EQ(static_cast<HPEN>(*object), pen);
-    ::DeleteObject(pen);
-    return {pen, object};
-}
-
-} // namespace
-
 TEST(ToolkitDrawing, ForgetsTemporaryObjectsOfDeadHandlesInTime)
 {
     const HBRUSH kept = ::CreateSolidBrush(0);
     CBrush* object = CBrush::FromHandle(kept);
-    const auto memory = [] {
-        PROCESS_MEMORY_COUNTERS_EX counters = {};
-        ::K32GetProcessMemoryInfo(::GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
-                                  sizeof counters);
-        return counters.PrivateUsage;
-    };
-    const SIZE_T before = memory();
-    for (int turn = 0; turn < 50; ++turn) { // of the message loop of a program that knows nothing of the toolkit
-        const auto [pen, held] = deadPen(0);
-        for (int i = 0; i < 4000; ++i)
-            deadPen(i);
-        EXPECT_EQ(static_cast<HPEN>(*held), pen) << "not while somebody may hold it";
-        MSG message;
-        for (const ULONGLONG end = ::GetTickCount64() + 25; ::GetTickCount64() < end; ::Sleep(1)) {
-            while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-                ::DispatchMessageW(&message);
-        }
+    std::vector<std::pair<HWND, CWnd*>> dead;
+    for (int i = 0; i < 1000; ++i) {
+        const HWND window =
+            ::CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+        dead.emplace_back(window, CWnd::FromHandle(window));
+        ::DestroyWindow(window);
     }
-    EXPECT_LT(memory(), before + 4 * 1024 * 1024) << "20 bytes for each that there was";
+    for (const auto& [window, held] : dead)
+        ASSERT_EQ(held->m_hWnd, window) << "not while somebody may hold it";
+    MSG message; // in the loop of a program that knows nothing of the toolkit
+    for (const ULONGLONG end = ::GetTickCount64() + 200; ::GetTickCount64() < end; ::Sleep(1)) {
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            ::DispatchMessageW(&message);
+    }
+    std::vector<std::unique_ptr<CWnd>> others; // take the places of some that have gone
+    for (int i = 0; i < 10; ++i)
+        others.push_back(std::make_unique<CWnd>());
+    const auto same = [](const auto& each) { return CWnd::FromHandle(each.first) == each.second; };
+    EXPECT_LT(std::count_if(dead.begin(), dead.end(), same), 1000);
     EXPECT_EQ(CBrush::FromHandle(kept), object) << "and not those of others";
     ::DeleteObject(kept);
 }

@@ -351,20 +351,3 @@ TEST(ToolkitWindow, GivesItsContextsBack)
     }
     window->DestroyWindow();
 }
-
-TEST(ToolkitModule, SwitchesStates)
-{
-    AFX_MODULE_STATE* program = AfxGetModuleState();
-    EXPECT_EQ(program, AfxGetStaticModuleState());
-    EXPECT_EQ(AfxGetInstanceHandle(), ::GetModuleHandleW(nullptr));
-    {
-        AFX_MODULE_STATE other(::GetModuleHandleW(L"vek_toolkit.dll"), &AfxRunGuarded);
-        AFX_MANAGE_STATE(&other);
-        EXPECT_EQ(AfxGetResourceHandle(), ::GetModuleHandleW(L"vek_toolkit.dll"));
-        AfxSetResourceHandle(nullptr);
-        EXPECT_EQ(AfxGetResourceHandle(), nullptr);
-        CWnd window;
-        EXPECT_EQ(window.m_pModuleState, &other);
-    }
-    EXPECT_EQ(AfxGetResourceHandle(), ::GetModuleHandleW(nullptr));
-}

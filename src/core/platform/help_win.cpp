@@ -32,8 +32,8 @@ static_assert(sizeof(Keyword) == 56 && sizeof(Popup) == 72);
 HWND htmlHelp(LPCWSTR file, UINT command, const void* record)
 {
     using Function = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
-    static const auto function = reinterpret_cast<Function>(
-        reinterpret_cast<void*>(GetProcAddress(LoadLibraryW(L"hhctrl.ocx"), "HtmlHelpW")));
+    static const auto function =
+        reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(LoadLibraryW(L"hhctrl.ocx"), "HtmlHelpW")));
     return function == nullptr ? nullptr : function(nullptr, file, command, reinterpret_cast<DWORD_PTR>(record));
 }
 

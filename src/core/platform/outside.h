@@ -1,6 +1,6 @@
 /// @file
-/// What leaves this process for the system: programs, documents and help. All of it passes here, so that tests, and hosts
-/// with rules of their own, can stand in the system's place.
+/// What leaves this process for the system: programs, documents and help. All of it passes here, so that tests, and
+/// hosts with rules of their own, can stand in the system's place.
 #pragma once
 
 #include "core/platform/platform.h"

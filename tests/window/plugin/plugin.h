@@ -29,8 +29,8 @@ protected:
 
 constexpr UINT kAsk = WM_APP + 1, kThrow = WM_APP + 2;
 
-/// Runs the dialog with the DLL's own resources. It ends itself: the length of a text of the DLL, 100 for each row of its
-/// combo box, 1000 for each of its list.
+/// Runs the dialog with the DLL's own resources. It ends itself: the length of a text of the DLL, 100 for each row of
+/// its combo box, 1000 for each of its list.
 PLUGIN_API INT_PTR runPlugin(CWnd* parent, HWND* owner = nullptr);
 /// How many times InitInstance has run, less ExitInstance.
 extern "C" PLUGIN_API int pluginRuns();
