@@ -9,6 +9,15 @@
 #include <string>
 #include <vector>
 
+/// Handles the messages that wait, keys by way of PreTranslateMessage. They may not end: a window that paints nothing
+/// stays invalid.
+inline void pumpWaiting()
+{
+    MSG message;
+    for (int i = 0; i < 200 && ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE); ++i)
+        AfxPumpMessage();
+}
+
 /// A dialog template in memory.
 class Template
 {

@@ -17,14 +17,6 @@
 #include <thread>
 #include <utility>
 
-/// Handles the messages that wait. They may not end: a window that paints nothing stays invalid.
-inline void pumpWaiting()
-{
-    MSG message;
-    for (int i = 0; i < 200 && ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE); ++i)
-        AfxPumpMessage();
-}
-
 /// What comes unexpectedly fails and is refused; what does not come fails at the end. What never ends, ends the
 /// program.
 class ModalQueue : public toolkit::User
