@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -80,12 +81,14 @@ TEST(DataPattern, WrongLinesAreNamedAndWhatStandsBeforeStays)
         {"*BAD, at the end", L"x.pat:3: the pattern has no lines"},
         {" * , nameless\n0,0,0,0,1\n", L"x.pat:3: a pattern without a name"},
     };
-    for (const auto& c : cases) {
-        const Outcome outcome = read(before + c.text);
-        EXPECT_FALSE(outcome.good) << c.text;
-        EXPECT_EQ(wide(outcome.error), c.error) << c.text;
-        ASSERT_EQ(outcome.patterns.len(), 1) << c.text;
-        EXPECT_EQ(outcome.patterns[0].name, L"GOOD");
+    for (const std::string end : {"\n", "\r\n", "\r"}) {
+        for (const auto& c : cases) {
+            const Outcome outcome = read(std::regex_replace(before + c.text, std::regex("\n"), end));
+            EXPECT_FALSE(outcome.good) << c.text;
+            EXPECT_EQ(wide(outcome.error), c.error) << c.text;
+            ASSERT_EQ(outcome.patterns.len(), 1) << c.text;
+            EXPECT_EQ(outcome.patterns[0].name, L"GOOD");
+        }
     }
     EXPECT_EQ(wide(read("0,0,0,0,1\n*A\n0,0,0,0,1").error), L"x.pat:1: a family of lines before the first pattern");
 }

@@ -3,8 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <random>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -183,32 +187,60 @@ TEST_F(ConfigTest, IsSetWhereItIsRead)
     EXPECT_TRUE(VEK::cfgMgrPtr()->getCfgRoot(L"*NEW*")->getItem(&root));
 }
 
+/// A path that a guard was told of comes back as it was then, or goes with what was not there of it; others stay.
 TEST_F(ConfigTest, IsPutBackByTheGuard)
 {
-    VEK::dataSet(VEK::cfg_dir_make(L"*T*"), L"A", 1);
-    {
-        VEK::CCfgBackup guard(true);
-        guard.attach(L"*T*\\A");
-        guard.attach(L"*U*\\B\\C");
-        VEK::dataSet(VEK::cfg_get(L"*T*"), L"A", 2);
-        VEK::dataSet(VEK::cfg_get(L"*T*"), L"KEPT", 3);
-        VEK::dataSet(VEK::cfg_dir_make(L"*U*"), L"B\\C", 4);
+    const std::wstring paths[] = {L"*T*", L"*T*\\A", L"*T*\\A\\B", L"*T*\\C", L"*U*\\B\\C", L"*U*"};
+    CVekDataItem* const tree = VEK::cfgMgrPtr()->tree();
+    const auto values = [&] {
+        std::vector<int> now;
+        for (const std::wstring& path : paths) {
+            const CVekDataItem* item = VEK::cfg_get(path.c_str());
+            const int* value = item ? item->peek<int>() : nullptr;
+            now.push_back(value ? *value : item ? -1 : -2);
+        }
+        return now;
+    };
+    std::mt19937 random(9);
+    const auto anyPath = [&]() -> const std::wstring& { return paths[random() % std::size(paths)]; };
+    const auto change = [&] {
+        if (random() % 3)
+            VEK::dataSet(tree, anyPath().c_str(), static_cast<int>(random() % 1000));
+        else
+            tree->remove(anyPath().c_str());
+    };
+    for (int round = 0; round < 5000; ++round) {
+        tree->mkDir();
+        for (int i = 0; i < 3; ++i)
+            change();
+        const bool isWhole = random() % 10 == 0;
+        const bool restores = random() % 4 != 0;
+        const std::wstring told = anyPath();
+        std::wstring kept = told;
+        for (std::size_t end = 0; end != told.npos && kept == told;) {
+            end = told.find(L'\\', end + 1);
+            if (!VEK::cfg_get(told.substr(0, end).c_str()))
+                kept = told.substr(0, end);
+        }
+        const std::vector<int> before = values();
+        std::vector<int> after;
+        {
+            VEK::CCfgBackup guard(restores);
+            guard.attach(isWhole ? nullptr : told.c_str());
+            change();
+            guard.attach(VEK::cfg_get(kept.c_str()) ? kept.c_str() : L"*V*"); // told again, now of another state
+            change();
+            after = values();
+        }
+        const std::vector<int> now = values();
+        for (std::size_t i = 0; i < std::size(paths); ++i) {
+            const bool isBelow = isWhole || (paths[i] + L'\\').starts_with(kept + L'\\');
+            const bool isAbove = !isWhole && kept.starts_with(paths[i] + L'\\'); // may have to become a directory again
+            if (restores ? isBelow || !isAbove : true) {
+                ASSERT_EQ(now[i], restores && isBelow ? before[i] : after[i]) << round << ' ' << i;
+            }
+        }
     }
-    EXPECT_EQ(*VEK::cfg_get(L"*T*\\A")->peek<int>(), 1);
-    EXPECT_TRUE(VEK::cfg_get(L"*T*\\KEPT"));
-    EXPECT_FALSE(VEK::cfg_get(L"*U*"));
-    {
-        VEK::CCfgBackup guard(true);
-        guard.attach(L"*T*");
-        VEK::cfgMgrPtr()->tree()->remove(L"*T*");
-    }
-    EXPECT_EQ(*VEK::cfg_get(L"*T*\\A")->peek<int>(), 1);
-    {
-        VEK::CCfgBackup guard(false);
-        guard.attach(L"*T*");
-        VEK::dataSet(VEK::cfg_get(L"*T*"), L"A", 2);
-    }
-    EXPECT_EQ(*VEK::cfg_get(L"*T*\\A")->peek<int>(), 2);
 }
 
 TEST_F(ConfigTest, HoldsTranslations)
@@ -251,47 +283,64 @@ TEST_F(ConfigTest, FindsFilesAndHelp)
     std::filesystem::remove_all(folder);
 }
 
-TEST(Label, GivesBackEveryText)
+/// A label beside a plain list of its texts, in random languages, one of them the process's.
+TEST(Label, AgreesWithAListOfTexts)
 {
-    const wchar_t* const texts[] = {L"\\", L"\\\\", L"\\en:x", L"a\\b\\", L"x\ny\n", L"a:b", L"\\:", L"Tür"};
-    for (const wchar_t* first : texts) {
-        for (const wchar_t* second : texts) {
-            CVekString label;
-            VEK::label_set(label, first, L"de");
-            const wchar_t* whole = VEK::label_set(label, second, L"en");
+    const wchar_t* const texts[] = {L"", L"\\", L"\\\\", L"\\en:x", L"a\\b\\", L"x\ny\n", L"a:b", L"\\:", L"Tür"};
+    const wchar_t* const languages[] = {L"de", L"EN", L"fr", L"pl", L"", nullptr, L"d:e", L"d\\e"};
+    const CVekString before(VEK::msgLangSet(nullptr));
+    std::mt19937 random(8);
+    int found = 0;
+    for (int round = 0; round < 500; ++round) {
+        VEK::msgLangSet(languages[random() % 4]);
+        const CVekString own(VEK::msgLangSet(nullptr));
+        CVekString label(random() % 2 ? L"Fenster" : L"");
+        const bool isPlain = !label.isNull();
+        std::vector<std::pair<CVekString, CVekString>> list;
+        if (isPlain)
+            list.emplace_back(own, label);
+        const auto place = [&](const wchar_t* language) {
+            const CVekString sought = language && *language ? CVekString(language) : own;
+            return std::find_if(list.begin(), list.end(),
+                                [&](const auto& entry) { return entry.first.compareNoCase(sought) == 0; });
+        };
+        bool changed = false;
+        for (int step = 0; step < 8; ++step) {
+            const wchar_t* const language = languages[random() % std::size(languages)];
+            const wchar_t* const text = texts[random() % std::size(texts)];
+            const wchar_t* const whole = VEK::label_set(label, text, language);
             EXPECT_STREQ(whole, label);
-            CVekString out;
-            EXPECT_TRUE(VEK::label_get(out, label, L"DE", false));
-            EXPECT_TRUE(out == first);
-            EXPECT_TRUE(VEK::label_get(out, label, L"en", false));
-            EXPECT_TRUE(out == second);
+            if (!language || !std::wcspbrk(language, L"\\:")) {
+                const auto at = place(language);
+                changed = true;
+                if (!*text && at != list.end())
+                    list.erase(at);
+                else if (*text && at != list.end())
+                    at->second = text;
+                else if (*text)
+                    list.emplace_back(language && *language ? CVekString(language) : own, text);
+            }
+            for (const wchar_t* sought : {L"DE", L"en", L"fr", L"sv", L"", static_cast<const wchar_t*>(nullptr)}) {
+                for (const bool any : {false, true}) {
+                    auto at = place(sought);
+                    if (at == list.end() && any)
+                        at = place(nullptr);
+                    if (at == list.end() && (any || (isPlain && !changed))) // a plain text is that of every language
+                        at = list.begin();
+                    CVekString out(L"before");
+                    const bool is = VEK::label_get(out, label, sought, any);
+                    ASSERT_EQ(is, at != list.end()) << round;
+                    ASSERT_STREQ(out, is ? at->second : CVekString(L"before")) << round;
+                    found += is;
+                }
+            }
         }
     }
-}
-
-TEST(Label, KnowsItsLanguages)
-{
-    CVekString label(L"Fenster");
+    VEK::msgLangSet(before);
+    EXPECT_GT(found, 20000);
     CVekString out;
-    EXPECT_TRUE(VEK::label_get(out, label, L"fr", false)) << "a plain text is the same in every language";
-    EXPECT_TRUE(out == L"Fenster");
-    VEK::label_set(label, L"window", L"en");
-    EXPECT_EQ(static_cast<const wchar_t*>(label)[0], L'\\');
-    EXPECT_TRUE(VEK::label_get(out, label, nullptr, false));
-    EXPECT_TRUE(out == L"Fenster");
-    EXPECT_FALSE(VEK::label_get(out, label, L"fr", false));
-    EXPECT_TRUE(VEK::label_get(out, label, L"fr", true));
-    EXPECT_TRUE(out == L"Fenster");
-    VEK::label_set(label, L"", L"de");
-    EXPECT_TRUE(VEK::label_get(out, label, L"fr", true));
-    EXPECT_TRUE(out == L"window");
-    VEK::label_set(label, nullptr, L"en");
-    EXPECT_TRUE(label.isNull());
-    EXPECT_FALSE(VEK::label_get(out, label, L"en", true));
     for (const wchar_t* broken : {L"\\", L"\\de", L"\\d\\e:x", L"\\\\"})
         EXPECT_FALSE(VEK::label_get(out, broken, L"de", true)) << broken;
-    VEK::label_set(label, L"x", L"d:e");
-    EXPECT_TRUE(label.isNull());
 }
 
 TEST_F(ConfigTest, HoldsMaterials)
