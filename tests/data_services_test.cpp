@@ -90,6 +90,10 @@ TEST(DataFile, SharesItsLinkedObject)
     const CVekDataKey d(L"D");
     VEK::fileItemSet(linked, &d, 20);
     EXPECT_EQ(*file->get(L"LOBJ\\D", false)->peek<int>(), 20);
+    const CVekDataKey below(L"SUB");
+    EXPECT_FALSE(file->lobjGet(&below, false));
+    VEK::dataSet(file->get(nullptr, false), L"LOBJ\\SUB\\S", 2.5);
+    EXPECT_EQ(*FilePtr(file->lobjGet(&below, false))->get(L"S", false)->peek<double>(), 2.5);
     file = FilePtr();
     EXPECT_TRUE(linked->get(&d, false)) << "either may be closed first";
 }
