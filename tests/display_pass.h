@@ -1,6 +1,7 @@
 // What tests of the draw pass share: display objects in device units, and the calls that they are drawn by.
 #pragma once
 
+#include "display/pass_rules.h"
 #include "display_fixture.h"
 
 #include <vek/surfaces.h>
@@ -15,13 +16,13 @@ using Rules = const PassRules&;
 inline constexpr unsigned kBack = 0xC0C0C0;
 
 /// The rules without their fit: pictures come in device units then.
-inline constexpr PassRules unfitted(PassRules rules)
+inline PassRules unfitted(PassRules rules)
 {
     rules.fitsView = false;
     return rules;
 }
-inline constexpr PassRules kPaper = unfitted(VEK::paperRules);
-inline constexpr PassRules kScreen = unfitted(VEK::screenRules);
+inline const PassRules kPaper = unfitted(VEK::paperRules);
+inline const PassRules kScreen = unfitted(VEK::screenRules);
 
 inline CVekColor rgb(unsigned long value)
 {

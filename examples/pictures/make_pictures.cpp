@@ -88,13 +88,11 @@ void write(VEK::CSurface& surface, int height, const wchar_t* text, double x, do
     white.setColor(0xFFFFFF);
     ink.setOleColor(kInk);
     CVekGDX gdx(white, CVekMatrix3d::kIdentity, 0.0, 0, CVekPoint3d::kOrigin, CVekPoint3d::kOrigin);
-    CVekMatrix3d place, flip;
-    place.setCoordSystem({x, height - y, 0}, {size, 0, 0}, {0, size, 0}, {0, 0, size});
+    CVekMatrix3d place;
+    place.setCoordSystem({x, y, 0}, {size, 0, 0}, {0, -size, 0}, {0, 0, size});
     gdx.imageTxt({}, 0, text, ink, place, L"", {}, {});
-    gdx.viewMtxSet(flip.setCoordSystem({0, double(height), 0}, {1, 0, 0}, {0, -1, 0}, {0, 0, 1}));
-    VEK::PassRules rules = VEK::paperRules;
-    rules.fitsView = false;
-    VEK::gdxDraw(gdx, surface, height, 4096, rules);
+    gdx.extMaxViewSet({0, 0, 0}, {0, 0, 1}); // nothing to fit: one unit is one pixel, downwards
+    VEK::gdxDraw(gdx, surface, height, 4096, VEK::paperRules);
 }
 
 VEK::CPixels northArrow(int size)

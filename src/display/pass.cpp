@@ -6,6 +6,8 @@
 #include <vek/values/units.h>
 
 #include <algorithm>
+#include <climits>
+#include <cmath>
 #include <new>
 
 namespace VEK
@@ -25,17 +27,25 @@ double inDrawingUnits(double millimetres)
     return acadUnitCv(millimetres, Vek::unitMillimetre, Vek::unitCurrent);
 }
 
-/// What places the unit square of a screen-fixed item in the drawing area; the reference point moves it from there.
-CVekMatrix3d screenMatrix(const CVekGDX& gdx, int height, int width)
+CVekMatrix3d moved(const CVekMatrix3d& m, const DrawArea& area)
 {
-    const double scale = getViewMtx({0.0, 0.0, 0.0}, {1.0, 1.0, 0.0}, height, width, kMargin).axis(0)[0];
+    if (area.left == 0.0 && area.top == 0.0)
+        return m;
+    CVekMatrix3d move;
+    return move.setToTranslation({area.left, area.top, 0.0}) * m;
+}
+
+/// What places the unit square of a screen-fixed item in the drawing area; the reference point moves it from there.
+CVekMatrix3d screenMatrix(const CVekGDX& gdx, const DrawArea& area)
+{
+    const double scale = getViewMtx({0.0, 0.0, 0.0}, {1.0, 1.0, 0.0}, area.height, area.width, kMargin).axis(0)[0];
     CVekMatrix3d unit, flip, move;
     unit.setToScaling(scale, CVekPoint3d::kOrigin);
     flip.setCoordSystem(gdx.viewMtxGet().translation().asPoint(), CVekVector3d::kXAxis, -CVekVector3d::kYAxis,
                         CVekVector3d::kZAxis);
     const CVekPoint3d wanted = CVekPoint3d::kOrigin * (gdx.zoomMtxGet() * gdx.viewMtxGet());
     move.setToTranslation(wanted - CVekPoint3d::kOrigin * (flip * unit));
-    return move * flip * unit * gdx.projMtxGet();
+    return moved(move * flip * unit * gdx.projMtxGet(), area);
 }
 
 /// Items that are fetched ahead: first the item, and when that is there, what lies apart from it.
@@ -54,11 +64,12 @@ void fetchAhead(const CVekDisplayItem* items, int i, int count)
 
 } // namespace
 
-DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
+DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, const DrawArea& area, const PassRules& rules,
                    CPictureSource& pictures)
-    : m_gdx(gdx), m_surface(surface), m_rules(rules), m_pictures(pictures), m_height(height), m_width(width),
+    : m_gdx(gdx), m_surface(surface), m_rules(rules), m_pictures(pictures), m_area(area),
+      m_right(area.left + area.width), m_bottom(area.top + area.height),
       m_back(static_cast<unsigned>(gdx.backColorGet().oleColor() & 0xFFFFFF)),
-      m_total(gdx.zoomMtxGet() * gdx.viewMtxGet() * gdx.projMtxGet()),
+      m_total(moved(gdx.zoomMtxGet() * gdx.viewMtxGet() * gdx.projMtxGet(), area)),
       m_viewTurns(!(gdx.viewDirectionMtxGet() == CVekMatrix3d::kIdentity)), m_base(m_total * gdx.viewDirectionMtxGet()),
       m_dotLength(inDrawingUnits(kDotLength)), m_shortLength(inDrawingUnits(kShortLength)),
       m_trueArcs(surface.hasArcs())
@@ -67,10 +78,10 @@ DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width,
 
 void DrawPass::run()
 {
-    m_surface.clipTo(0.0, 0.0, m_width, m_height);
+    m_surface.clipTo(m_area.left, m_area.top, m_right, m_bottom);
     if (m_rules.fillsBackground) {
         m_surface.noPen();
-        m_surface.solidRect(0.0, 0.0, m_width, m_height, m_back);
+        m_surface.solidRect(m_area.left, m_area.top, m_area.width, m_area.height, m_back);
     }
     m_surface.background(m_back);
     m_pictures.begin();
@@ -81,13 +92,14 @@ void DrawPass::run()
         const CVekDisplayItem& item = items[i];
         if ((item.flag & itemHidden) != 0)
             continue;
-        m_margin = std::max(item.thickn, 1) + 1.0;
+        m_margin = std::max(penWidth(item), 1) + m_area.scale;
         const unsigned color = penColor(item);
         switch (item.type) {
         case dispPolyline:
-            m_surface.pen(item.thickn, color);
+            m_surface.pen(penWidth(item), color);
             prepareDashes(item);
             drawLine(item.vl, matrix(item, From::turned), color);
+            flushLines();
             break;
         case dispPoint: drawPoint(item, i, color); break;
         case dispRegion: drawRegion(item, color); break;
@@ -96,6 +108,14 @@ void DrawPass::run()
         default: break;
         }
     }
+}
+
+/// A width in device units, of a pen told in pixels.
+int DrawPass::penWidth(int pixels) const
+{
+    if (m_area.scale == 1.0)
+        return pixels;
+    return static_cast<int>(std::clamp(std::round(std::max(pixels, 1) * m_area.scale), 1.0, double(INT_MAX)));
 }
 
 unsigned DrawPass::fixed(unsigned color) const
@@ -125,7 +145,7 @@ unsigned DrawPass::fillColor(const CVekDisplayItem& item, unsigned pen) const
 CVekMatrix3d DrawPass::fixedMatrix(const CVekDisplayItem& item)
 {
     if (!m_screenMtx)
-        m_screenMtx = screenMatrix(m_gdx, m_height, m_width);
+        m_screenMtx = screenMatrix(m_gdx, m_area);
     const bool inVertex = item.type == dispPoint || item.type == dispText;
     const CVekPoint3d& reference = inVertex ? item.vl[0].start : item.point;
     CVekMatrix3d move;
@@ -147,28 +167,42 @@ const CVekMatrix3d& DrawPass::matrix(const CVekDisplayItem& item, From from)
     return m_matrix;
 }
 
-/// What the pattern test takes lengths through. Here the item's own matrix acts after the one to the device: where a
+/// What the pattern test takes lengths through, to pixels. Here the item's own matrix acts after the one to the device: where a
 /// pattern becomes too dense has always been judged so, and drawings are set up by it.
 CVekMatrix3d DrawPass::testMatrix(const CVekDisplayItem& item)
 {
-    const CVekMatrix3d toDevice = (item.flag & itemScreenFixed) != 0 ? fixedMatrix(item) : m_total;
-    return m_rules.testsInView ? item.mtx * m_gdx.viewDirectionMtxGet() * toDevice : item.mtx * toDevice;
+    CVekMatrix3d toPixels = (item.flag & itemScreenFixed) != 0 ? fixedMatrix(item) : m_total;
+    if (m_area.scale != 1.0) {
+        CVekMatrix3d back;
+        toPixels = back.setToScaling(1.0 / m_area.scale, CVekPoint3d::kOrigin) * toPixels;
+    }
+    return m_rules.testsInView ? item.mtx * m_gdx.viewDirectionMtxGet() * toPixels : item.mtx * toPixels;
 }
 
-void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules, CPictureSource* pictures)
+void gdxDraw(CVekGDX& gdx, CSurface& surface, const DrawArea& asked, const PassRules& rules, CPictureSource* pictures)
 {
-    height = height > 0 ? height : 240;
-    width = width > 0 ? width : 320;
+    DrawArea area = asked;
+    area.height = area.height > 0 ? area.height : 240;
+    area.width = area.width > 0 ? area.width : 320;
+    if (!(area.scale > 0.0) || !std::isfinite(area.scale))
+        area.scale = 1.0;
     gdx.displListSort();
     if (rules.fitsView) {
         CVekPoint3d min, max;
         gdx.extMaxViewGet(min, max);
-        gdx.viewMtxSet(getViewMtx(min, max, height, width, kMargin));
+        gdx.viewMtxSet(getViewMtx(min, max, area.height, area.width, kMargin));
     }
+    if (!std::isfinite(area.left) || !std::isfinite(area.top))
+        return;
     try {
-        DrawPass(gdx, surface, height, width, rules, pictures ? *pictures : pictureCache()).run();
+        DrawPass(gdx, surface, area, rules, pictures ? *pictures : pictureCache()).run();
     } catch (const std::bad_alloc&) { // what has been drawn stays
     }
+}
+
+void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules, CPictureSource* pictures)
+{
+    gdxDraw(gdx, surface, DrawArea{.width = width, .height = height}, rules, pictures);
 }
 
 } // namespace VEK

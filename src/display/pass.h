@@ -2,10 +2,10 @@
 #pragma once
 
 #include "core/values/stepping.h"
-
-#include <vek/display/draw.h>
+#include "display/pass_rules.h"
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace VEK
@@ -44,8 +44,8 @@ struct Chords {
 class DrawPass
 {
 public:
-    /// @param height, width above 0
-    DrawPass(const CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
+    /// @param area of a finite place, a size above 0 and a scale above 0
+    DrawPass(const CVekGDX& gdx, CSurface& surface, const DrawArea& area, const PassRules& rules,
              CPictureSource& pictures);
 
     void run();
@@ -57,6 +57,8 @@ private:
     /// direction does, or geometry that the view direction has turned already.
     enum class From { stored, turned };
 
+    int penWidth(int pixels) const;
+    int penWidth(const CVekDisplayItem& item) const { return penWidth(item.thickn); }
     unsigned fixed(unsigned color) const;
     unsigned penColor(const CVekDisplayItem& item) const;
     unsigned fillColor(const CVekDisplayItem& item, unsigned pen) const;
@@ -71,12 +73,11 @@ private:
     void drawPicture(const CVekDisplayItem& item);
     void drawText(const CVekDisplayItem& item, unsigned color);
 
-    bool isOutside(const std::vector<SurfacePoint>& points) const;
+    bool isOutside(std::span<const SurfacePoint> points) const;
     bool isOutside(const Region& region, const CVekMatrix3d& m);
     Chords chords(const CVekMatrix3d& m) const;
     Chords textChords(const CVekMatrix3d& m) const;
-    void fill(const Region& region, const CVekMatrix3d& m, unsigned color);
-    void fillScanLines(const Region& region, const CVekMatrix3d& m);
+    void fillScanLines(Region region, const CVekMatrix3d& m);
     void fillPolygon(const Region& region, const CVekMatrix3d& m, Chords chords);
     void collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Chords chords);
     void hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop, unsigned color);
@@ -91,15 +92,16 @@ private:
 
     template <class IsDot>
     void drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, unsigned color, IsDot isDot);
-    void addToChain(const SurfacePoint& p);
-    void flushChain();
+    void addToLine(const SurfacePoint& p);
+    void endLine();
+    void flushLines();
 
     const CVekGDX& m_gdx;
     CSurface& m_surface;
     const PassRules& m_rules;
     CPictureSource& m_pictures;
-    const int m_height;
-    const int m_width;
+    const DrawArea m_area;
+    const double m_right, m_bottom; ///< of the area
     const unsigned m_back;
     const CVekMatrix3d m_total; ///< from behind the view direction to the device
     const bool m_viewTurns;     ///< whether the view direction does anything
@@ -111,10 +113,12 @@ private:
     double m_margin = 0.0;                   ///< how far the pen of the present item draws around its points
     std::optional<CVekMatrix3d> m_screenMtx; ///< made for the first screen-fixed item
     CVekMatrix3d m_matrix;                   ///< to the device for the present item
-    std::vector<SurfacePoint> m_chain;
+    std::vector<SurfacePoint> m_contour;
+    std::vector<SurfacePoint> m_lines; ///< points of lines that are still to be drawn, the last one open
+    std::vector<int> m_counts;         ///< points of each line that has its end
+    std::size_t m_lineStart = 0;       ///< of the open line
     CVekArrayTempl<double> m_dashes; ///< line pattern of the present item; empty: continuous
     CVekVertexArray m_line;
-    Region m_region;
 };
 
 } // namespace VEK

@@ -46,8 +46,8 @@ Chords DrawPass::textChords(const CVekMatrix3d& m) const
 void DrawPass::collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Chords chords)
 {
     const DeviceMap map(m);
-    const auto add = [&](const CVekPoint3d& p) { m_chain.push_back(map(p)); };
-    m_chain.clear();
+    const auto add = [&](const CVekPoint3d& p) { m_contour.push_back(map(p)); };
+    m_contour.clear();
     const CVekPoint3d* before = nullptr;
     for (const CVekVertex& vertex : contour) {
         if (!before || !plane::meets(*before, vertex.start))
@@ -60,8 +60,8 @@ void DrawPass::collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Ch
             arc.step(chords.count(arc), add);
         }
     }
-    if (m_chain.size() > 1 && m_chain.front() == m_chain.back())
-        m_chain.pop_back();
+    if (m_contour.size() > 1 && m_contour.front() == m_contour.back())
+        m_contour.pop_back();
 }
 
 /// The outer contour as a polygon of pen and brush, without the holes.
@@ -70,48 +70,40 @@ void DrawPass::fillPolygon(const Region& region, const CVekMatrix3d& m, Chords c
     bool holes = false;
     for (int i = 1; i < region.len(); ++i) {
         collect(region[i], m, chords);
-        if (m_chain.size() < 3)
+        if (m_contour.size() < 3)
             continue;
-        m_surface.clipOut(m_chain.data(), static_cast<int>(m_chain.size()));
+        m_surface.clipOut(m_contour.data(), static_cast<int>(m_contour.size()));
         holes = true;
     }
     collect(region[0], m, chords);
-    if (!m_chain.empty())
-        m_surface.polygon(m_chain.data(), static_cast<int>(m_chain.size()));
-    m_chain.clear();
+    if (!m_contour.empty())
+        m_surface.polygon(m_contour.data(), static_cast<int>(m_contour.size()));
+    m_contour.clear();
     if (holes)
         m_surface.clipRestore();
 }
 
 /// The region as horizontal lines, one for each row of pixels; rows outside the drawing area would not show.
-void DrawPass::fillScanLines(const Region& region, const CVekMatrix3d& m)
+/// @param region without arcs
+void DrawPass::fillScanLines(Region region, const CVekMatrix3d& m)
 {
-    m_region = vek_gdx_image_reg_split(region);
-    for (CVekVertexArray& contour : m_region)
+    for (CVekVertexArray& contour : region)
         contour.transformBy(m);
     CVekPoint3d min, max;
-    if (!m_region[0].extents(min, max))
+    if (!region[0].extents(min, max))
         return;
-    plane::PreparedRegion prepared(m_region);
-    const double last = std::min(max[1], static_cast<double>(m_height));
-    for (double y = std::max(std::trunc(min[1]), 0.0); y < last; y += 1.0) {
+    plane::PreparedRegion prepared(region);
+    const double last = std::min(max[1] - m_area.top, static_cast<double>(m_area.height));
+    for (double row = std::max(std::trunc(min[1] - m_area.top), 0.0); row < last; row += 1.0) {
+        const double y = m_area.top + row;
         for (const plane::Span& span : prepared.spans({{min[0], y}, {max[0], y}, 0.0})) {
             const double from = min[0] + (max[0] - min[0]) * span.from;
-            const double to = span.to == 1.0 ? max[0] : min[0] + (max[0] - min[0]) * span.to;
-            m_surface.moveTo(from, y);
-            m_surface.lineTo(to, y);
+            addToLine({from, y});
+            addToLine({span.to == 1.0 ? max[0] : min[0] + (max[0] - min[0]) * span.to, y});
+            endLine();
         }
     }
-}
-
-void DrawPass::fill(const Region& region, const CVekMatrix3d& m, unsigned color)
-{
-    if (m_rules.fill == PassRules::Fill::scanLines) {
-        fillScanLines(region, m);
-        return;
-    }
-    m_surface.brush(color);
-    fillPolygon(region, m, chords(m));
+    flushLines();
 }
 
 void DrawPass::hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop, unsigned color)
@@ -119,6 +111,7 @@ void DrawPass::hatch(Region region, const CVekMatrix3d& m, const CHatchProp& pro
     const bool alwaysDots = prop.name == L"DOTS";
     for (const CVekVertexArray& piece : vek_gdx_image_reg_hatch2(std::move(region), CVekMatrix3d(), prop))
         drawPieces(piece, m, Chords{}, alwaysDots || hasDots(piece), color);
+    flushLines();
 }
 
 /// Whether no contour of a region can show, by its corners and how far its arcs may reach beyond them.
@@ -127,22 +120,22 @@ bool DrawPass::isOutside(const Region& region, const CVekMatrix3d& m)
     if (!m_rules.skipsOutside)
         return false;
     const DeviceMap map(m);
-    m_chain.clear();
+    m_contour.clear();
     for (const CVekVertexArray& contour : region) {
         for (const CVekVertex& vertex : contour) {
             const SurfacePoint start = map(vertex.start);
-            m_chain.push_back(start);
+            m_contour.push_back(start);
             if (vertex.bulge == 0.0)
                 continue;
             const double reach = vertex.start.distanceTo(vertex.end) * (1.0 + std::fabs(vertex.bulge)) / deviceUnit(m);
-            m_chain.push_back({start.x - reach, start.y - reach});
-            m_chain.push_back({start.x + reach, start.y + reach});
+            m_contour.push_back({start.x - reach, start.y - reach});
+            m_contour.push_back({start.x + reach, start.y + reach});
         }
         if (contour.len() > 0)
-            m_chain.push_back(map((contour.end() - 1)->end));
+            m_contour.push_back(map((contour.end() - 1)->end));
     }
-    const bool outside = isOutside(m_chain);
-    m_chain.clear();
+    const bool outside = isOutside(m_contour);
+    m_contour.clear();
     return outside;
 }
 
@@ -152,26 +145,38 @@ void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
     bool hatches = (item.flag & itemHatch) != 0;
     const CVekMatrix3d& stored = matrix(item, From::stored);
     if ((fills || hatches) && item.reg.len() > 0 && !isOutside(item.reg, stored)) {
+        const bool inRows = m_rules.fill == PassRules::Fill::scanLines;
         Region split;
-        if (hatches) {
+        if (hatches || inRows)
             split = vek_gdx_image_reg_split(item.reg);
+        if (hatches) {
             const Region& tested = m_rules.splitsBeforeTest ? split : item.reg;
             hatches = vek_gdx_pattern_test(tested, item.hatch, testMatrix(item));
             fills = fills || !hatches;
         }
+        hatches = hatches && (!fills || m_rules.fillAndHatch);
         const unsigned inside = fillColor(item, color);
-        m_surface.pen(1, inside);
-        if (fills)
-            fill(item.reg, stored, inside);
-        if (hatches && (!fills || m_rules.fillAndHatch))
+        const int width = penWidth(1);
+        m_surface.pen(fills && inRows ? 1 : width, inside);
+        if (fills && inRows) {
+            fillScanLines(hatches ? split : std::move(split), stored);
+        } else if (fills) {
+            m_surface.brush(inside);
+            fillPolygon(item.reg, stored, chords(stored));
+        }
+        if (hatches) {
+            if (fills && inRows && width != 1)
+                m_surface.pen(width, inside);
             hatch(std::move(split), stored, item.hatch, inside);
+        }
     }
     if ((item.flag & itemOutline) != 0) {
-        m_surface.pen(item.thickn, color);
+        m_surface.pen(penWidth(item), color);
         prepareDashes(item);
         const CVekMatrix3d& turned = matrix(item, From::turned);
         for (const CVekVertexArray& contour : item.reg)
             drawLine(contour, turned, color);
+        flushLines();
     }
 }
 
@@ -184,26 +189,27 @@ void DrawPass::drawText(const CVekDisplayItem& item, unsigned color)
         if (region.len() == 0 || isOutside(region, m))
             continue;
         if (region[0].isClosed()) {
-            m_surface.pen(item.thickn, color);
+            m_surface.pen(penWidth(item), color);
             fillPolygon(region, m, chords);
         }
-        m_surface.pen(1, color);
+        m_surface.pen(penWidth(1), color);
         for (const CVekVertexArray& contour : region)
             drawPieces(contour, m, chords, false, color);
+        flushLines();
     }
 }
 
-/// A picture stands on the device, whatever the matrices.
+/// A picture stands on the drawing area, whatever the matrices.
 void DrawPass::drawPicture(const CVekDisplayItem& item)
 {
-    int left = 0, top = 0, right = m_width, bottom = m_height;
+    int left = 0, top = 0, right = m_area.width, bottom = m_area.height;
     if ((item.flag & itemFullWindow) == 0 && item.vl.len() > 0) {
         const CVekPoint3d& first = item.vl.begin()->start;
         const CVekPoint3d& last = (item.vl.end() - 1)->end;
-        left = wholeSize(first[0]);
-        top = wholeSize(first[1]);
-        right = wholeSize(last[0]);
-        bottom = wholeSize(last[1]);
+        left = wholeSize(first[0] * m_area.scale);
+        top = wholeSize(first[1] * m_area.scale);
+        right = wholeSize(last[0] * m_area.scale);
+        bottom = wholeSize(last[1] * m_area.scale);
     }
     const std::shared_ptr<const CPixels> pixels =
         m_pictures.picture({.name = item.txt,
@@ -213,7 +219,7 @@ void DrawPass::drawPicture(const CVekDisplayItem& item)
                             .transparent = m_rules.picturesShowThrough && (item.flag & itemTransparent) != 0,
                             .back = m_rules.picturesOnPaper ? 0xFFFFFF : m_back});
     if (pixels)
-        m_surface.picture(left, top, *pixels);
+        m_surface.picture(m_area.left + left, m_area.top + top, *pixels);
 }
 
 void DrawPass::drawPoint(const CVekDisplayItem& item, int number, unsigned color)
@@ -223,11 +229,13 @@ void DrawPass::drawPoint(const CVekDisplayItem& item, int number, unsigned color
     double size = m_gdx.pdSizeGet(number);
     if (size > 0.0)
         size *= (CVekVector3d::kXAxis * (screenFixed ? fixedMatrix(item) : m_total)).abs();
+    else
+        size *= m_area.scale;
     const int pixels = wholeSize(size);
     const int half = pixels >> 1; // rounds down, so a negative size reaches further to one side
     const unsigned mode = static_cast<unsigned>(m_gdx.pdModeGet(number));
 
-    m_surface.pen(1, color);
+    m_surface.pen(penWidth(1), color);
     m_surface.noBrush();
     if ((mode & markSolid) != 0) {
         if (m_rules.square == PassRules::Square::exact) {
@@ -257,7 +265,8 @@ void DrawPass::drawMark(unsigned mode, double x, double y, int half, unsigned co
 {
     if ((mode & (markLow | markPlus | markTick)) == 0) {
         m_surface.brush(color);
-        m_surface.ellipse(x + 1.0, y + 1.0, x - 1.0, y - 1.0);
+        const double radius = m_area.scale;
+        m_surface.ellipse(x + radius, y + radius, x - radius, y - radius);
         return;
     }
     if (m_rules.marksFromWholePixels) {

@@ -13,7 +13,7 @@ namespace
 {
 
 /// Points that go to the surface at a time, so that the buffer stays in the cache.
-constexpr std::size_t kChainLimit = 4096;
+constexpr std::size_t kLinesLimit = 4096;
 
 bool isPattern(const CVekArrayTempl<double>& dashes, std::initializer_list<double> pattern)
 {
@@ -35,33 +35,50 @@ int Chords::count(const plane::SpaceArc& arc) const
 }
 
 /// Whether points, and what a pen of the present item draws around them, lie wholly on one side of the drawing area.
-bool DrawPass::isOutside(const std::vector<SurfacePoint>& points) const
+bool DrawPass::isOutside(std::span<const SurfacePoint> points) const
 {
     if (!m_rules.skipsOutside || points.empty())
         return false;
     bool left = true, right = true, above = true, below = true;
     for (const SurfacePoint& p : points) {
-        left = left && p.x < -m_margin;
-        right = right && p.x > m_width + m_margin;
-        above = above && p.y < -m_margin;
-        below = below && p.y > m_height + m_margin;
+        left = left && p.x < m_area.left - m_margin;
+        right = right && p.x > m_right + m_margin;
+        above = above && p.y < m_area.top - m_margin;
+        below = below && p.y > m_bottom + m_margin;
     }
     return left || right || above || below;
 }
 
-void DrawPass::flushChain()
+/// Draws all lines that have their end. To be called before anything else goes to the surface.
+void DrawPass::flushLines()
 {
-    if (m_chain.size() > 1 && !isOutside(m_chain))
-        m_surface.polyline(m_chain.data(), static_cast<int>(m_chain.size()));
-    m_chain.clear();
+    if (!m_counts.empty())
+        m_surface.polylines(m_lines.data(), m_counts.data(), static_cast<int>(m_counts.size()));
+    m_lines.clear();
+    m_counts.clear();
+    m_lineStart = 0;
 }
 
-void DrawPass::addToChain(const SurfacePoint& p)
+void DrawPass::endLine()
 {
-    m_chain.push_back(p);
-    if (m_chain.size() == kChainLimit) {
-        flushChain();
-        m_chain.push_back(p);
+    const std::size_t count = m_lines.size() - m_lineStart;
+    if (count == 0)
+        return;
+    if (count == 1 || isOutside({m_lines.data() + m_lineStart, count}))
+        m_lines.resize(m_lineStart);
+    else
+        m_counts.push_back(static_cast<int>(count));
+    m_lineStart = m_lines.size();
+    if (m_lines.size() >= kLinesLimit)
+        flushLines();
+}
+
+void DrawPass::addToLine(const SurfacePoint& p)
+{
+    m_lines.push_back(p);
+    if (m_lines.size() - m_lineStart == kLinesLimit) {
+        endLine();
+        m_lines.push_back(p);
     }
 }
 
@@ -74,16 +91,16 @@ void DrawPass::drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Ch
     for (const CVekVertex& vertex : vl) {
         const auto draw = [&](const CVekPoint3d& start, const CVekPoint3d& end) {
             if (isDot(start, end)) {
-                flushChain();
+                endLine();
                 drawDot(map(start), color);
                 return;
             }
-            if (m_chain.empty())
-                m_chain.push_back(map(start));
-            addToChain(map(end));
+            if (m_lines.size() == m_lineStart)
+                m_lines.push_back(map(start));
+            addToLine(map(end));
         };
         if (!before || *before != vertex.start)
-            flushChain();
+            endLine();
         before = &vertex.end;
         if (vertex.bulge == 0.0) {
             draw(vertex.start, vertex.end);
@@ -100,7 +117,7 @@ void DrawPass::drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Ch
             start = end;
         });
     }
-    flushChain();
+    endLine();
 }
 
 void DrawPass::drawArc(const plane::SpaceArc& arc, const DeviceMap& map)
@@ -109,10 +126,11 @@ void DrawPass::drawArc(const plane::SpaceArc& arc, const DeviceMap& map)
     const CVekVector3d toStart = arc.chord * -0.5 - arc.left * height;
     const CVekVector3d aside = arc.chord * height - arc.left * 0.5;
     const SurfacePoint start = map(arc.start), u = map(toStart);
-    flushChain();
+    endLine();
+    flushLines();
     m_surface.moveTo(start.x, start.y);
     m_surface.arcTo({{start.x - u.x, start.y - u.y}, u, map(aside), arc.bend.sweep});
-    m_chain.push_back(map(arc.end));
+    m_lines.push_back(map(arc.end));
 }
 
 bool DrawPass::isShort(const CVekPoint3d& start, const CVekPoint3d& end) const
@@ -128,12 +146,18 @@ bool DrawPass::hasDots(const CVekVertexArray& vl) const
 
 void DrawPass::drawDot(const SurfacePoint& at, unsigned color)
 {
-    if (m_rules.dot == PassRules::Dot::pixel) {
-        m_surface.pixel(at.x, at.y, color);
+    if (m_rules.dot == PassRules::Dot::line) {
+        addToLine(at);
+        addToLine({at.x + m_area.scale, at.y});
+        endLine();
         return;
     }
-    m_surface.moveTo(at.x, at.y);
-    m_surface.lineTo(at.x + 1.0, at.y);
+    flushLines();
+    const int size = penWidth(1);
+    if (size == 1)
+        m_surface.pixel(at.x, at.y, color);
+    else
+        m_surface.solidRect(std::trunc(at.x) - size / 2, std::trunc(at.y) - size / 2, size, size, color);
 }
 
 /// Reads the special forms of a line pattern, scales the pattern and gives dots their length.

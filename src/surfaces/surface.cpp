@@ -8,3 +8,11 @@ void VEK::CSurface::polyline(const SurfacePoint* points, int count)
     for (int i = 1; i < count; ++i)
         lineTo(points[i].x, points[i].y);
 }
+
+void VEK::CSurface::polylines(const SurfacePoint* points, const int* counts, int lines)
+{
+    for (int i = 0; i < lines; ++i) {
+        polyline(points, counts[i]);
+        points += counts[i];
+    }
+}

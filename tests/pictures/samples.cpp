@@ -4,6 +4,7 @@
 #include <vek/surfaces.h>
 
 #include "core/platform/platform.h"
+#include "display/pass_rules.h"
 #include "surfaces_scene.h"
 
 #include <cmath>

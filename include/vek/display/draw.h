@@ -9,100 +9,43 @@
 namespace VEK
 {
 
-/// What differs between the places a display object is drawn to. One pass serves them all.
-struct PassRules {
-    enum class ColorFix {
-        whiteToBlack,  ///< a white line would not show on paper
-        offBackground, ///< a colour equal to the background is inverted
-    };
-    enum class Dot {
-        line, ///< a line one pixel long
-        pixel,
-    };
-    enum class Fill {
-        scanLines, ///< one horizontal line for each row of pixels
-        polygon,   ///< the outer contour, with the holes taken out of the clip
-    };
-    enum class Square {
-        box,   ///< a rectangle of opposite corners, mirrored for a negative size
-        exact, ///< as many pixels as the size says, for odd and even sizes
-    };
+/// What differs between the places a display object is drawn to.
+struct PassRules;
 
-    bool fitsView;             ///< the view is fitted to the extents, with a margin of 0.05, and stored
-    bool fillsBackground;      ///< the area is filled with the back colour first
-    ColorFix colorFix;         ///< the last step for every colour
-    Dot dot;                   ///< a segment shorter than 0.22 of unit 4 in a broken polyline
-    bool closedIsContinuous;   ///< whether a closed polyline has no dots even where it is broken
-    Fill fill;                 ///< solid regions
-    bool fillAndHatch;         ///< a region of both is filled and then hatched; otherwise it is only filled
-    bool splitsBeforeTest;     ///< the pattern test takes the region with its arcs split
-    bool testsInView;          ///< the pattern test takes the view direction into account
-    bool inverseFillsInverse;  ///< an item without colour of its own is filled in its pen colour
-    double chords;             ///< greatest distance between an arc and its chords, in device units; 0: those of
-                               ///< `vek_gdx_image_vl_split`, and half a unit in text
-    double textChords;         ///< the same for a glyph's arc, in the glyph's own units; 0: as `chords` says
-    Square square;             ///< the square around or instead of a point
-    bool marksFromWholePixels; ///< a point is moved to a whole pixel before its mark is drawn around it
-    bool skipsOutside;         ///< what lies wholly outside the drawing area is not handed to the surface
-    bool picturesOnPaper;      ///< icons are laid on white; otherwise on the back colour
-    bool picturesShowThrough;  ///< `itemTransparent` leaves the key colour of a picture out
-};
+/// Drawing on paper: metafiles and the clipboard. The view is fitted to the extents, white lines become black, solid
+/// regions are filled by rows of pixels.
+VEK_API extern const PassRules paperRules;
 
-/// Drawing on paper: metafiles and the clipboard.
-inline constexpr PassRules paperRules = {.fitsView = true,
-                                         .fillsBackground = false,
-                                         .colorFix = PassRules::ColorFix::whiteToBlack,
-                                         .dot = PassRules::Dot::line,
-                                         .closedIsContinuous = true,
-                                         .fill = PassRules::Fill::scanLines,
-                                         .fillAndHatch = true,
-                                         .splitsBeforeTest = false,
-                                         .testsInView = false,
-                                         .inverseFillsInverse = false,
-                                         .chords = 0.0,
-                                         .textChords = 0.0,
-                                         .square = PassRules::Square::box,
-                                         .marksFromWholePixels = false,
-                                         .skipsOutside = false,
-                                         .picturesOnPaper = true,
-                                         .picturesShowThrough = false};
-
-/// Painting a window.
-inline constexpr PassRules screenRules = {.fitsView = false,
-                                          .fillsBackground = true,
-                                          .colorFix = PassRules::ColorFix::offBackground,
-                                          .dot = PassRules::Dot::pixel,
-                                          .closedIsContinuous = false,
-                                          .fill = PassRules::Fill::polygon,
-                                          .fillAndHatch = false,
-                                          .splitsBeforeTest = true,
-                                          .testsInView = true,
-                                          .inverseFillsInverse = true,
-                                          .chords = 0.0,
-                                          .textChords = 0.1,
-                                          .square = PassRules::Square::exact,
-                                          .marksFromWholePixels = true,
-                                          .skipsOutside = true,
-                                          .picturesOnPaper = false,
-                                          .picturesShowThrough = false};
+/// Painting a window: the stored view, on the back colour, where lines of that colour are inverted.
+VEK_API extern const PassRules screenRules;
 
 /// Paper for a surface that scales: rows of pixels mean nothing there, so regions are filled as areas, and chords stay
 /// smooth when the picture is enlarged.
-inline constexpr PassRules scalableRules = [] {
-    PassRules rules = paperRules;
-    rules.fill = PassRules::Fill::polygon;
-    rules.chords = 0.05;
-    rules.picturesShowThrough = true;
-    return rules;
-}();
+VEK_API extern const PassRules scalableRules;
+
+/// Where on a surface a display object is drawn, in device units. Pixels of the object, which pictures, screen-fixed
+/// items and the zoom matrix are told in, count from the left top corner.
+struct DrawArea {
+    double left = 0.0;
+    double top = 0.0;
+    int width = 0;      ///< 0 or less means 320
+    int height = 0;     ///< 0 or less means 240
+    double scale = 1.0; ///< device units to a pixel: what is told in pixels grows by it, so pen widths, marks of a
+                        ///< negative size, dots, the corners of pictures and the step from which on a pattern is worth
+                        ///< drawing. What is not above 0 and finite counts as 1
+};
 
 /// Draws a display object. Later items cover earlier ones; hidden ones are left out. A hatch too dense to draw becomes
 /// a solid fill (`vek_gdx_pattern_test`). A picture that cannot be loaded draws nothing. Sorts the list first
-/// (`CVekGDX::displListSort`), and fits the view where the rules say so; nothing else in the object changes. Where
-/// memory ends, in the pass or on the surface, so does the picture.
-/// @param height, width of the drawing area in device units, from (0, 0) on; everything is clipped to it. 0 means 240
-///     and 320
+/// (`CVekGDX::displListSort`), and fits the view to the size of the area where the rules say so; nothing else in the
+/// object changes. Where memory ends, in the pass or on the surface, so does the picture. The surface keeps the clip,
+/// pen and brush that were set last.
+/// @param area everything is clipped to it; one that lies nowhere finite draws nothing
 /// @param pictures where the pictures come from; null is `pictureCache()`
+VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, const DrawArea& area, const PassRules& rules,
+                     CPictureSource* pictures = nullptr);
+
+/// Draws a display object on the area of a height and width from (0, 0) on.
 VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
                      CPictureSource* pictures = nullptr);
 

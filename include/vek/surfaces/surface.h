@@ -70,6 +70,11 @@ public:
     /// surface has something faster.
     virtual void polyline(const SurfacePoint* points, int count);
 
+    /// Many such lines of one pen: a `polyline` for each, in their order, unless a surface has something faster.
+    /// @param points of all lines, one line behind the other
+    /// @param counts how many points each line has; one of less than two draws nothing
+    virtual void polylines(const SurfacePoint* points, const int* counts, int lines);
+
     /// Whether the surface draws true arcs. For others callers draw chords.
     virtual bool hasArcs() const { return false; }
 

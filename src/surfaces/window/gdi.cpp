@@ -35,6 +35,11 @@ public:
         SetPolyFillMode(dc, ALTERNATE);
         SelectObject(dc, GetStockObject(BLACK_PEN));
         SelectObject(dc, GetStockObject(NULL_BRUSH));
+        m_outer = CreateRectRgn(0, 0, 0, 0);
+        if (GetClipRgn(dc, m_outer) != 1) { // no clip at all
+            DeleteObject(m_outer);
+            m_outer = nullptr;
+        }
     }
     ~GdiSurface() override;
     GdiSurface(const GdiSurface&) = delete;
@@ -84,7 +89,8 @@ private:
     HGDIOBJ m_brush = nullptr;   ///< null: hollow
     HGDIOBJ m_selectedPen = m_pen;
     HGDIOBJ m_selectedBrush = GetStockObject(NULL_BRUSH);
-    HRGN m_clip = nullptr;
+    HRGN m_outer = nullptr; ///< the clip that the context came with
+    HRGN m_clip = nullptr;  ///< the rectangle that was asked for, as far as it lies in that
     LineRun<POINT> m_run;
     std::vector<POINT> m_points;
     std::vector<SurfacePoint> m_cut;
@@ -99,6 +105,7 @@ GdiSurface::~GdiSurface()
             DeleteObject(entry.handle);
     }
     DeleteObject(m_clip);
+    DeleteObject(m_outer);
 }
 
 void GdiSurface::clipTo(double left, double top, double right, double bottom)
@@ -106,6 +113,8 @@ void GdiSurface::clipTo(double left, double top, double right, double bottom)
     flushRun();
     DeleteObject(m_clip);
     m_clip = CreateRectRgn(wholeClamped(left), wholeClamped(top), wholeClamped(right), wholeClamped(bottom));
+    if (m_outer)
+        CombineRgn(m_clip, m_clip, m_outer, RGN_AND);
     SelectClipRgn(m_dc, m_clip);
 }
 
@@ -123,7 +132,7 @@ void GdiSurface::clipOut(const SurfacePoint* points, int count)
 void GdiSurface::clipRestore()
 {
     flushRun();
-    SelectClipRgn(m_dc, m_clip);
+    SelectClipRgn(m_dc, m_clip ? m_clip : m_outer);
 }
 
 void GdiSurface::select(HGDIOBJ object, HGDIOBJ& selected)
