@@ -61,7 +61,7 @@ void forEachConformanceCase(Try&& tryCase)
          }},
         {"point",
          [](Gdx& g, unsigned f) {
-             g.imagePt(path({}), f, {0.2, -0.2, 0}, kRed, kNone, -9.0, 3 + 32 + 64, {5, 5, 0});
+             g.imagePt(path({1}), f, {0.2, -0.2, 0}, kRed, kNone, -9.0, 3 + 32 + 64, {5, 5, 0});
          }},
         {"region",
          [&](Gdx& g, unsigned f) {

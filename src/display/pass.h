@@ -66,6 +66,7 @@ private:
     CVekMatrix3d testMatrix(const CVekDisplayItem& item);
     const CVekMatrix3d& matrix(const CVekDisplayItem& item, From from);
 
+    SurfacePoint wholePixel(const SurfacePoint& p) const;
     void drawPoint(const CVekDisplayItem& item, int number, unsigned color);
     void drawSquare(double x, double y, int size, int half);
     void drawMark(unsigned mode, double x, double y, int half, unsigned color);

@@ -222,6 +222,12 @@ void DrawPass::drawPicture(const CVekDisplayItem& item)
         m_surface.picture(m_area.left + left, m_area.top + top, *pixels);
 }
 
+/// A position cut to a pixel of the drawing area.
+SurfacePoint DrawPass::wholePixel(const SurfacePoint& p) const
+{
+    return {m_area.left + std::trunc(p.x - m_area.left), m_area.top + std::trunc(p.y - m_area.top)};
+}
+
 void DrawPass::drawPoint(const CVekDisplayItem& item, int number, unsigned color)
 {
     const bool screenFixed = (item.flag & itemScreenFixed) != 0;
@@ -239,7 +245,8 @@ void DrawPass::drawPoint(const CVekDisplayItem& item, int number, unsigned color
     m_surface.noBrush();
     if ((mode & markSolid) != 0) {
         if (m_rules.square == PassRules::Square::exact) {
-            m_surface.solidRect(std::trunc(at.x) - half, std::trunc(at.y) - half, pixels, pixels, color);
+            const SurfacePoint whole = wholePixel(at);
+            m_surface.solidRect(whole.x - half, whole.y - half, pixels, pixels, color);
         } else {
             m_surface.brush(color);
             m_surface.rectangle(at.x + half, at.y + half, at.x - half, at.y - half);
@@ -270,8 +277,9 @@ void DrawPass::drawMark(unsigned mode, double x, double y, int half, unsigned co
         return;
     }
     if (m_rules.marksFromWholePixels) {
-        x = std::trunc(x);
-        y = std::trunc(y);
+        const SurfacePoint whole = wholePixel({x, y});
+        x = whole.x;
+        y = whole.y;
     }
     const auto stroke = [&](int toX, int toY) {
         m_surface.moveTo(x, y);

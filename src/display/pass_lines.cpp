@@ -154,10 +154,12 @@ void DrawPass::drawDot(const SurfacePoint& at, unsigned color)
     }
     flushLines();
     const int size = penWidth(1);
-    if (size == 1)
+    if (size == 1) {
         m_surface.pixel(at.x, at.y, color);
-    else
-        m_surface.solidRect(std::trunc(at.x) - size / 2, std::trunc(at.y) - size / 2, size, size, color);
+        return;
+    }
+    const SurfacePoint whole = wholePixel(at);
+    m_surface.solidRect(whole.x - size / 2, whole.y - size / 2, size, size, color);
 }
 
 /// Reads the special forms of a line pattern, scales the pattern and gives dots their length.
