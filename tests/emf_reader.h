@@ -22,6 +22,7 @@ struct EmfFile {
     std::array<std::int32_t, 4> bounds{};
     std::array<std::int32_t, 4> frame{};
     std::uint32_t handles = 0;
+    std::int32_t fineness = 1; ///< units to a pixel
     std::vector<Record> records;
     std::string drawing; ///< one line for each thing drawn, with clip, pen and brush in force
 
@@ -89,7 +90,12 @@ private:
         if (static_cast<std::uint32_t>(h[10]) != m_bytes.size() || static_cast<std::size_t>(h[11]) != records.size())
             fail("wrong totals", 0);
         if (h[16] <= 0 || h[17] <= 0 || h[18] * 1000 != h[23] || h[19] * 1000 != h[24])
-            fail("bad device", 0);
+            return fail("bad device", 0);
+        for (std::size_t i = 0; i < 4; ++i) { // hundredths of a millimetre, with the last pixels
+            const std::int64_t edge = (std::int64_t{bounds[i]} + (i >= 2)) * h[18 + i % 2] * 100 / h[16 + i % 2];
+            if (frame[i] != std::clamp<std::int64_t>(edge, INT32_MIN, INT32_MAX))
+                fail("frame", 0);
+        }
         const Record& last = records.back();
         if (last.type != 14 || last.words != std::vector<std::int32_t>{0, 16, 20})
             fail("no end", records.size() - 1);
@@ -133,30 +139,34 @@ private:
         return text.str();
     }
 
-    /// Place, size and pixels of a copied bitmap of 24 bits, from the top.
+    /// Place, size and pixels of a copied bitmap of 24 bits, from the top. A stretched one tells its own size behind.
     std::string picture(const Record& record, std::size_t index)
     {
         const auto w = [&](std::size_t k) { return k < record.words.size() ? record.words[k] : 0; };
-        const std::int32_t x = w(4), y = w(5), width = w(6), height = w(7);
-        const std::array<std::int32_t, 4> box = {x, y, x + width - 1, y + height - 1};
+        const std::size_t more = record.type == 77 ? 2 : 0;
+        const std::int32_t x = w(4), y = w(5), width = more ? w(23) : w(6), height = more ? w(24) : w(7);
+        const std::array<std::int32_t, 4> box = {x, y, x + width * fineness - 1, y + height * fineness - 1};
         const std::size_t row = (static_cast<std::size_t>(width) * 3 + 3) / 4;
-        if (!std::equal(box.begin(), box.end(), record.words.begin()) || w(8) != 0xCC0020 || w(19) != 100 ||
-            w(20) != 40 || w(21) != 140 ||
-            static_cast<std::size_t>(w(22)) != row * 4 * static_cast<std::size_t>(height) ||
-            record.words.size() * 4 != 132 + static_cast<std::size_t>(w(22)) || w(23) != 40 || w(24) != width ||
-            w(25) != height || w(26) != (24 << 16 | 1) || w(27) != 0)
+        const std::size_t at = 23 + more; // the header of the bitmap
+        const auto bytes = static_cast<std::int32_t>(row * 4 * static_cast<std::size_t>(height));
+        const std::int32_t front = 100 + 4 * static_cast<std::int32_t>(more);
+        if (!std::equal(box.begin(), box.end(), record.words.begin()) || w(8) != 0xCC0020 || w(19) != front ||
+            w(20) != 40 || w(6) != width * fineness || w(7) != height * fineness || w(21) != front + 40 ||
+            w(22) != bytes || record.words.size() * 4 != static_cast<std::size_t>(front + 32 + bytes) || w(at) != 40 ||
+            w(at + 1) != width || w(at + 2) != height || w(at + 3) != (24 << 16 | 1) || w(at + 4) != 0)
             return fail("picture", index), "";
         std::ostringstream text;
         text << x << ',' << y << ' ' << width << 'x' << height;
         for (std::int32_t i = height - 1; i >= 0; --i) {
-            for (std::int32_t k = 0; k < width; ++k) {
-                std::int32_t value = 0; // red lowest
-                for (std::size_t channel = 0; channel < 3; ++channel) {
-                    const std::size_t at =
-                        row * 4 * static_cast<std::size_t>(i) + static_cast<std::size_t>(k) * 3 + channel;
-                    value = value << 8 | (w(33 + at / 4) >> at % 4 * 8 & 0xFF);
-                }
-                text << ' ' << color(value);
+            const auto byte = [&](std::size_t k) {
+                return w(at + 10 + row * static_cast<std::size_t>(i) + k / 4) >> k % 4 * 8 & 0xFF;
+            };
+            const auto end = static_cast<std::size_t>(width) * 3;
+            for (std::size_t k = 0; k < end; k += 3)
+                text << ' ' << color(byte(k) << 16 | byte(k + 1) << 8 | byte(k + 2));
+            for (std::size_t k = end; k < row * 4; ++k) {
+                if (byte(k) != 0)
+                    fail("rows are not filled up with zeros", index);
             }
         }
         return text.str();
@@ -172,6 +182,8 @@ private:
         std::vector<Context> saved;
         std::string position, path;
         bool inPath = false;
+        std::int32_t mapMode = 1;
+        std::array<std::int32_t, 2> window{};
         std::ostringstream out;
         for (std::size_t i = 1; i + 1 < records.size(); ++i) {
             const Record& r = records[i];
@@ -198,6 +210,8 @@ private:
                 else
                     out << "polygon" << points(r, 0, i) << ": " << look;
                 break;
+            case 7:
+            case 90: out << "line" << points(r, static_cast<std::size_t>(w(4)), i) << ": " << look; break;
             case 8:
             case 91: out << "polygon" << points(r, static_cast<std::size_t>(w(4)), i) << ": " << look; break;
             case 42: out << "ellipse" << box << ": " << look; break;
@@ -234,7 +248,19 @@ private:
                 }
                 break;
             }
-            case 76: out << "picture " << picture(r, i) << ": clip " << now.clip << '\n'; break;
+            case 9: window = {w(0), w(1)}; break;
+            case 11:
+                fineness = std::max(window[0] / std::max(w(0), 1), 1);
+                if (mapMode != 8 || w(0) * fineness != window[0] || w(1) * fineness != window[1])
+                    fail("grid", i);
+                break;
+            case 17: mapMode = w(0); break;
+            case 21:
+                if (w(0) != 3)
+                    fail("stretching", i);
+                break;
+            case 76:
+            case 77: out << "picture " << picture(r, i) << ": clip " << now.clip << '\n'; break;
             case 33: saved.push_back(now); break;
             case 34:
                 if (w(0) != -1 || saved.empty())

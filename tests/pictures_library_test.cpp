@@ -115,8 +115,10 @@ TEST(SlideLibrary, ReachesFromOffsetToOffset)
 
 TEST(SlideLibrary, NamesAreFoundWithoutRegardToCase)
 {
-    const Bytes bytes = library({{"D\xC4mmpaneel", 140}}, 100);
+    const Bytes bytes = library({{"D\xC4mmpaneel", 140}, {"?", 150}}, 100);
     EXPECT_TRUE(find(bytes, L"d\u00E4MMPANEEL"));
+    EXPECT_TRUE(find(bytes, L"?"));
+    EXPECT_FALSE(find(bytes, L"\u0141")); // not in the code page
     EXPECT_FALSE(find(bytes, L"d\u00E4mm"));
     EXPECT_FALSE(find(bytes, L"dammpaneel"));
     VEK::SlideEntry entry;

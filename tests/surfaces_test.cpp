@@ -11,7 +11,10 @@
 #include <fstream>
 #include <functional>
 #include <limits>
+#include <random>
+#include <set>
 #include <span>
+#include <sstream>
 
 namespace
 {
@@ -21,10 +24,10 @@ using VEK::SurfacePoint;
 using VEK::platform::textOf;
 using Calls = std::function<void(CSurface&)>;
 
-std::string emfBytes(const Calls& calls)
+std::string emfBytes(const Calls& calls, int fineness = 1)
 {
     VEK::CMemorySink sink;
-    const auto surface = VEK::emfSurface(sink);
+    const auto surface = VEK::emfSurface(sink, fineness);
     calls(*surface);
     EXPECT_TRUE(surface->finish());
     return sink.bytes();
@@ -49,10 +52,11 @@ std::string svgBody(const Calls& calls)
 }
 
 /// Draws and reads back; the file must be sound.
-EmfFile emf(const Calls& calls)
+EmfFile emf(const Calls& calls, int fineness = 1)
 {
-    EmfFile file(emfBytes(calls));
+    EmfFile file(emfBytes(calls, fineness));
     EXPECT_EQ(file.fault, "");
+    EXPECT_EQ(file.fineness, fineness);
     return file;
 }
 
@@ -199,7 +203,7 @@ TEST(Emf, AreasTakePenAndBrush)
     EXPECT_EQ(file.drawing, "polygon 0,0 9,0 0,9: pen 1 #000000, no brush, clip all\n"
                             "rectangle 1,2 4,5: no pen, brush #ff0000, clip all\n"
                             "ellipse 0,0 4,4: pen 1 #00ff00, no brush, clip all\n"
-                            "rectangle 7,7 8,8: pen 1 #00ff00, no brush, clip all\n"
+                            "ellipse 7,7 8,8: pen 1 #00ff00, no brush, clip all\n"
                             "rectangle 10,10 13,14: pen 1 #0000ff, brush #0000ff, clip all\n"
                             "rectangle 10,10 13,14: pen 1 #0000ff, brush #0000ff, clip all\n"
                             "pixel 3,4 #ff0000: clip all\n");
@@ -323,6 +327,112 @@ TEST(Emf, PicturesAndTheirClip)
                   "#ff0000 #ff0000: clip 0,0 100,100 and region 20,30 21,32 | 22,30 23,32 | 21,33 23,34\n"
                   "picture 90,98 3x2 #ff0000 #00ff00 #ff0000 #00ff00 #00ff00 #0201ff: clip 0,0 100,100\n");
     EXPECT_EQ(file.bounds, (Quad{0, -4, 92, 99}));
+}
+
+/// What is drawn on a fine grid is what is drawn as many times as large in pixels, but for the sides of boxes that lie
+/// a pixel inside, and pixels of pictures.
+TEST(Emf, FineGridsKeepFractions)
+{
+    std::mt19937 random(4);
+    const auto number = [&] { return (static_cast<int>(random() % 9000) - 3000) / 17.0; };
+    for (const int fineness : {2, 16, 64}) {
+        std::vector<SurfacePoint> p(40);
+        for (SurfacePoint& point : p)
+            point = {number(), number()};
+        p[1] = {p[0].x + 1e9, p[0].y}; // beyond reach
+        const auto calls = [&](double k) {
+            return [&p, k](CSurface& s) {
+                std::vector<SurfacePoint> q;
+                for (const SurfacePoint& point : p)
+                    q.push_back({point.x * k, point.y * k});
+                const int counts[] = {5, 2, 0, 1, 7, 2};
+                s.polylines(q.data(), counts, 6);
+                s.lineTo(q[20].x, q[20].y);
+                s.clipTo(q[0].x, q[2].y, q[3].x, q[4].y);
+                s.brush(0xFF);
+                s.pen(int(3 * k), 0x123456);
+                s.polygon(q.data(), 6);
+                s.clipOut(q.data() + 6, 5);
+                s.polygon(q.data() + 12, 6);
+                line(s, q[30].x, q[30].y, q[31].x, q[31].y);
+                s.clipRestore();
+                s.pen(int(k), 0xFF0000);
+                s.polyline(q.data() + 20, 9);
+            };
+        };
+        const EmfFile fine = emf(calls(1.0), fineness), large = emf(calls(fineness));
+        std::string thin = large.drawing; // the pen at the start has one pixel in both
+        for (std::size_t at = 0; (at = thin.find("pen 1 #000000", at)) != std::string::npos; ++at)
+            thin.replace(at + 4, 1, std::to_string(fineness));
+        EXPECT_EQ(fine.drawing, thin);
+        for (std::size_t i = 0; i < 4; ++i)
+            EXPECT_NEAR(fine.bounds[i], large.bounds[i] / double(fineness), 1.5); // the pen
+    }
+    const VEK::CPixels parts{3, 2, {0xFF0000FF, 0x00FFFFFF, 0xFF00FF00, 0xFF0000FF, 0x00FFFFFF, 0xFF00FF00}};
+    EXPECT_EQ(emf(
+                  [&](CSurface& s) {
+                      s.rectangle(0, 10, 2.5, 0.25);
+                      s.pixel(3.5, 4, 0xFF);
+                      s.picture(20.25, 1, parts);
+                  },
+                  16)
+                  .drawing,
+              "rectangle 0,4 24,144: pen 16 #000000, no brush, clip all\n"
+              "rectangle 56,64 56,64: pen 16 #ff0000, brush #ff0000, clip all\n"
+              "picture 324,16 1x2 #ff0000 #ff0000: clip all\npicture 356,16 1x2 #00ff00 #00ff00: clip all\n");
+}
+
+TEST(Emf, ManyLinesOfOnePenShareARecord)
+{
+    std::vector<SurfacePoint> points;
+    std::vector<int> counts;
+    for (int i = 0; i < 9000; ++i) {
+        counts.push_back(i % 4);
+        for (int k = 0; k < i % 4; ++k)
+            points.push_back({i % 97 * 3.0, i % 89 + k * 1.25});
+    }
+    const auto many = [&](CSurface& s) {
+        s.polylines(points.data(), counts.data(), 9000);
+        s.lineTo(5, 5); // from the end of the last line
+    };
+    const auto one = [&](CSurface& s) {
+        s.CSurface::polylines(points.data(), counts.data(), 9000);
+        s.lineTo(5, 5);
+    };
+    const auto lines = [](const std::string& drawing) { // one by one, whatever the records
+        std::multiset<std::string> list;
+        std::string record;
+        for (std::istringstream in(drawing); std::getline(in, record);) {
+            std::istringstream parts(record.substr(4, record.find(':') - 4));
+            std::string point, last;
+            while (parts >> point) {
+                if (point != "|" && !last.empty())
+                    list.insert(last + " " + point);
+                last = point == "|" ? "" : point;
+            }
+        }
+        return list;
+    };
+    const EmfFile together = emf(many);
+    EXPECT_EQ(lines(together.drawing), lines(emf(one).drawing));
+    EXPECT_EQ(together.count(90), 1);
+    EXPECT_EQ(svgBody(many), svgBody(one));
+}
+
+TEST(Emf, LinesInTheColourOfTheBrushStandOnNone)
+{
+    const EmfFile file = emf([](CSurface& s) {
+        s.brush(0xFF);
+        for (const unsigned color : {0xFFu, 0xFF00u}) {
+            s.pen(1, color);
+            s.rectangle(0, 0, 9, 9);
+            line(s, 0, 0, 5, 5);
+        }
+    });
+    EXPECT_EQ(file.drawing, "rectangle 0,0 8,8: pen 1 #ff0000, brush #ff0000, clip all\n"
+                            "line 0,0 5,5: pen 1 #ff0000, no brush, clip all\n"
+                            "rectangle 0,0 8,8: pen 1 #00ff00, brush #ff0000, clip all\n"
+                            "line 0,0 5,5: pen 1 #00ff00, brush #ff0000, clip all\n");
 }
 
 TEST(Emf, ManyColoursNeedFewHandles)

@@ -1,5 +1,8 @@
 #include "lettering.h"
 
+#include <algorithm>
+#include <string>
+
 namespace
 {
 
@@ -15,8 +18,11 @@ CVekGDX paper()
     return CVekGDX(white, CVekMatrix3d::kIdentity, 0.0, 0, CVekPoint3d::kOrigin, CVekPoint3d::kOrigin);
 }
 
-void addText(CVekGDX& gdx, const CVekString& text, const CVekMatrix3d& place, const TextLook& look)
+void addText(CVekGDX& gdx, const CVekString& wanted, const CVekMatrix3d& place, const TextLook& look)
 {
+    std::wstring letters(static_cast<const wchar_t*>(wanted));
+    std::replace(letters.begin(), letters.end(), L'_', L'['); // the font's low bar
+    const CVekString text(letters.c_str());
     CVekGDX words = paper(); // one after the other, from the origin on
     double x = 0.0;
     for (int from = 0; from < text.len();) {

@@ -18,6 +18,7 @@ struct TextLook {
     TextLook() { color.setColorIndex(7); }
 };
 
-/// Adds a line of text in the stroke font as an item for each word, since the font gives blanks no room.
+/// Adds a line of text in the stroke font as an item for each word, since the font gives blanks no room. A low line is
+/// drawn as one, which the font has in another place.
 /// @param place from em units, in which capitals are 1.0 high, to where the text stands
 void addText(CVekGDX& gdx, const CVekString& text, const CVekMatrix3d& place, const TextLook& look);

@@ -10,9 +10,11 @@
 struct DrawOptions {
     std::string input;
     std::string output;
-    std::string slide; ///< empty for all slides of a library
-    std::string size;  ///< "WxH"; empty for the default
-    std::string view;  ///< a keyword of the view table; empty for the plan
+    std::string slide;      ///< empty for all slides of a library
+    std::string size;       ///< "WxH"; empty for the default
+    std::string view;       ///< a keyword of the view table; empty for the plan
+    double scale = 1.0;     ///< factor on what is told in pixels
+    std::string background; ///< a colour, as of a screen; empty for paper
 };
 
 void drawCommand(const DrawOptions& options);

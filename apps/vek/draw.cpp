@@ -7,11 +7,31 @@
 #include "shared/sample.h"
 #include "shared/sheet.h"
 
+#include <charconv>
+
 namespace
 {
 
 constexpr Size kDrawSize{1024, 768};
 constexpr Size kTextSize{1024, 256};
+constexpr double kMostScale = 100.0;
+
+/// A colour from "RRGGBB", with or without "#" before it, or from the number of a palette entry.
+bool colorFrom(const std::string& text, CVekColor& color)
+{
+    const bool hasSign = text.starts_with('#');
+    const bool isRgb = text.size() - hasSign == 6;
+    unsigned long value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [last, error] = std::from_chars(text.data() + hasSign, end, value, isRgb ? 16 : 10);
+    if (error != std::errc() || last != end || (!isRgb && (hasSign || value > 255)))
+        return false;
+    if (isRgb)
+        color.setColor(value);
+    else
+        color.setColorIndex(static_cast<short>(value));
+    return true;
+}
 
 void addSlides(CVekGDX& gdx, const Input& input, const std::string& name, Size size)
 {
@@ -34,6 +54,8 @@ void drawCommand(const DrawOptions& options)
     CVekGDX gdx = paper();
     if (!options.view.empty() && !gdx.viewDirectionSet(wide(options.view)))
         throw Failure("--view " + options.view + ": not one of P, N, S, O, W, NO, NW, SO, SW");
+    if (!(options.scale > 0.0 && options.scale <= kMostScale))
+        throw Failure("--scale: not a number above 0 and up to 100");
     Patterns patterns;
     if (!isDescription(options.input))
         addSlides(gdx, Input(options.input), options.slide, size);
@@ -41,7 +63,13 @@ void drawCommand(const DrawOptions& options)
         addDescription(gdx, options.input, patterns);
     else
         throw Failure(options.input + ": is no slide library, so that --slide has no place");
-    writePicture(gdx, options.output, size);
+    if (!options.background.empty()) {
+        CVekColor color;
+        if (!colorFrom(options.background, color))
+            throw Failure("--background " + options.background + ": neither RRGGBB nor a number up to 255");
+        gdx.backColorSet(color);
+    }
+    writePicture(gdx, options.output, size, {options.scale, !options.background.empty()});
 }
 
 void textCommand(const std::string& text, const std::string& output, const std::string& size)

@@ -34,6 +34,9 @@ void run(std::vector<std::string> arguments)
     drawing->add_option("--slide", draw.slide, "name of a slide of the library");
     drawing->add_option("--size", draw.size, "width and height in pixels [1024x768]")->type_name("WxH");
     drawing->add_option("--view", draw.view, "view: P, N, S, O, W, NO, NW, SO or SW [P]");
+    drawing->add_option("--scale", draw.scale, "factor on line widths and marks, for large and fine pictures [1]");
+    drawing->add_option("--background", draw.background, "draw as on a screen of this colour, RRGGBB or 0 to 255")
+        ->type_name("COLOUR");
     drawing->callback([&] { drawCommand(draw); });
 
     std::string input;

@@ -14,9 +14,13 @@ namespace
 
 constexpr unsigned kWhite = 0xFFFFFF;
 
-void draw(CVekGDX& gdx, VEK::CSurface& surface, Size size)
+/// Parts of a pixel in a metafile, so that it can be enlarged.
+constexpr int kFineness = 16;
+
+void draw(CVekGDX& gdx, VEK::CSurface& surface, Size size, const PictureLook& look)
 {
-    VEK::gdxDraw(gdx, surface, size.height, size.width, VEK::scalableRules);
+    VEK::gdxDraw(gdx, surface, {0.0, 0.0, size.width, size.height, look.scale},
+                 look.onScreen ? VEK::scalableScreenRules : VEK::scalableRules);
 }
 
 constexpr int kSizeLimit = 32767;
@@ -46,7 +50,7 @@ void checkPictureName(const std::string& path)
         throw Failure(path + ": neither an SVG file (.svg) nor an enhanced metafile (.emf) nor a PNG file (.png)");
 }
 
-void writePicture(CVekGDX& gdx, const std::string& path, Size size)
+void writePicture(CVekGDX& gdx, const std::string& path, Size size, const PictureLook& look)
 {
     const std::string kind = ending(path);
     VEK::CFileSink sink(wide(path));
@@ -57,14 +61,16 @@ void writePicture(CVekGDX& gdx, const std::string& path, Size size)
             throw Failure(path + ": too large; a PNG file may have 268435456 pixels");
         if (!VEK::rasterPixels(pixels, size.width, size.height, kWhite))
             throw Failure(path + ": memory does not suffice for the pixels");
-        draw(gdx, *VEK::rasterSurface(pixels), size);
+        draw(gdx, *VEK::rasterSurface(pixels), size, look);
         const std::string file = VEK::png::encode(pixels, VEK::png::Channels::color);
         isWritten = !file.empty() && sink.write(file) && sink.commit();
     } else {
-        const auto surface = kind == ".emf" ? VEK::emfSurface(sink) : VEK::svgSurface(sink, size.width, size.height);
-        if (kind == ".svg") // a metafile lies on its document's paper; a viewer of SVG may have a dark page
+        const auto surface =
+            kind == ".emf" ? VEK::emfSurface(sink, kFineness) : VEK::svgSurface(sink, size.width, size.height);
+        if (kind == ".svg" &&
+            !look.onScreen) // a metafile lies on its document's paper; a viewer of SVG may have a dark page
             surface->solidRect(0.0, 0.0, size.width, size.height, kWhite);
-        draw(gdx, *surface, size);
+        draw(gdx, *surface, size, look);
         isWritten = surface->finish();
     }
     if (!isWritten)

@@ -25,31 +25,40 @@ constexpr PassRules kPaper = {.fitsView = true,
 
 } // namespace
 
-constinit const PassRules paperRules = kPaper;
+constexpr PassRules paperRules = kPaper;
 
-constinit const PassRules screenRules = {.fitsView = false,
-                                         .fillsBackground = true,
-                                         .colorFix = PassRules::ColorFix::offBackground,
-                                         .dot = PassRules::Dot::pixel,
-                                         .closedIsContinuous = false,
-                                         .fill = PassRules::Fill::polygon,
-                                         .fillAndHatch = false,
-                                         .splitsBeforeTest = true,
-                                         .testsInView = true,
-                                         .inverseFillsInverse = true,
-                                         .chords = 0.0,
-                                         .textChords = 0.1,
-                                         .square = PassRules::Square::exact,
-                                         .marksFromWholePixels = true,
-                                         .skipsOutside = true,
-                                         .picturesOnPaper = false,
-                                         .picturesShowThrough = false};
+constexpr PassRules screenRules = {.fitsView = false,
+                                   .fillsBackground = true,
+                                   .colorFix = PassRules::ColorFix::offBackground,
+                                   .dot = PassRules::Dot::pixel,
+                                   .closedIsContinuous = false,
+                                   .fill = PassRules::Fill::polygon,
+                                   .fillAndHatch = false,
+                                   .splitsBeforeTest = true,
+                                   .testsInView = true,
+                                   .inverseFillsInverse = true,
+                                   .chords = 0.0,
+                                   .textChords = 0.1,
+                                   .square = PassRules::Square::exact,
+                                   .marksFromWholePixels = true,
+                                   .skipsOutside = true,
+                                   .picturesOnPaper = false,
+                                   .picturesShowThrough = false};
 
-constinit const PassRules scalableRules = [] {
+constexpr PassRules scalableRules = [] {
     PassRules rules = kPaper;
     rules.fill = PassRules::Fill::polygon;
     rules.chords = 0.05;
     rules.picturesShowThrough = true;
+    return rules;
+}();
+
+constexpr PassRules scalableScreenRules = [] {
+    PassRules rules = scalableRules;
+    rules.fillsBackground = true;
+    rules.colorFix = PassRules::ColorFix::offBackground;
+    rules.inverseFillsInverse = true;
+    rules.picturesOnPaper = false;
     return rules;
 }();
 

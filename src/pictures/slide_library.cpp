@@ -123,7 +123,11 @@ bool slideFind(SlideEntry& entry, SlideBytes head, std::uintmax_t fileSize, cons
     if (!name)
         return false;
     try {
-        const std::string wanted = bytesOf(name, codePage).substr(0, kNameSize);
+        const std::wstring_view counted = std::wstring_view(name).substr(0, kNameSize);
+        const std::string bytes = bytesOf(counted, codePage);
+        if (wideOf(bytes, codePage) != counted) // no entry can have a name that the code page lacks
+            return false;
+        const std::string wanted = bytes.substr(0, kNameSize);
         const std::wstring text = wideOf(wanted, codePage);
         for (std::size_t index = 0; slideEntry(entry, head, fileSize, index); ++index) {
             if (std::strlen(entry.name) == wanted.size() && platform::equalNoCase(wideOf(entry.name, codePage), text))

@@ -4,6 +4,7 @@
 #include "surfaces/holes.h"
 #include "surfaces/line_run.h"
 #include "surfaces/object_table.h"
+#include "surfaces/opaque_region.h"
 #include "surfaces/reach.h"
 
 #include <array>
@@ -26,10 +27,27 @@ std::int32_t wholeClamped(double value)
     return static_cast<std::int32_t>(reach::clamped(value));
 }
 
+Box boxOf(const std::vector<Point>& points)
+{
+    Box box;
+    for (const Point& p : points)
+        box.add(p);
+    return box;
+}
+
+constexpr int kMostFineness = 64;
+
+/// Points of one record of lines.
+constexpr std::size_t kLinesLimit = 16384;
+
 class EmfSurface final : public CFileSurface
 {
 public:
-    explicit EmfSurface(CByteSink& sink) : m_records(sink) {}
+    EmfSurface(CByteSink& sink, int fineness) : m_records(sink), m_fine(std::clamp(fineness, 1, kMostFineness))
+    {
+        if (m_fine > 1)
+            m_records.addGrid(m_fine);
+    }
 
     void clipTo(double left, double top, double right, double bottom) override;
     void clipOut(const SurfacePoint* points, int count) override;
@@ -39,12 +57,19 @@ public:
     void brush(unsigned color) override;
     void noBrush() override { m_colors.brushOn = false; }
     void background(unsigned color) override { m_background = color & 0xFFFFFF; }
-    void moveTo(double x, double y) override { m_run.moveTo({x, y}, Draw{*this}); }
+    void moveTo(double x, double y) override { m_run.moveTo(fine({x, y}), Draw{*this}); }
     void lineTo(double x, double y) override { lineHere({x, y}); }
     void polyline(const SurfacePoint* points, int count) override;
+    void polylines(const SurfacePoint* points, const int* counts, int lines) override;
     void polygon(const SurfacePoint* points, int count) override;
-    void rectangle(double x1, double y1, double x2, double y2) override { addBox(emf::kRectangle, x1, y1, x2, y2); }
-    void ellipse(double x1, double y1, double x2, double y2) override { addBox(emf::kEllipse, x1, y1, x2, y2); }
+    void rectangle(double x1, double y1, double x2, double y2) override
+    {
+        addBox(emf::kRectangle, corner(x1, y1), corner(x2, y2));
+    }
+    void ellipse(double x1, double y1, double x2, double y2) override
+    {
+        addBox(emf::kEllipse, corner(x1, y1), corner(x2, y2));
+    }
     void pixel(double x, double y, unsigned color) override;
     void solidRect(double x, double y, double width, double height, unsigned color) override;
     void picture(double x, double y, const CPixels& pixels) override;
@@ -62,6 +87,7 @@ private:
     struct Context {
         std::uint32_t pen = emf::kBlackPen;
         std::uint32_t brush = emf::kWhiteBrush;
+        unsigned brushColor = 0xFFFFFF;
         unsigned background = 0xFFFFFF;
         bool evenOdd = false;
     };
@@ -76,32 +102,41 @@ private:
         bool drawsArea() const { return penOn || brushOn; }
     };
 
+    SurfacePoint fine(const SurfacePoint& p) const { return {p.x * m_fine, p.y * m_fine}; }
+    Point corner(double x, double y) const { return {wholeClamped(x * m_fine), wholeClamped(y * m_fine)}; }
+
     void lineHere(const SurfacePoint& to)
     {
         if (m_colors.penOn)
-            m_run.lineTo(to, Draw{*this});
+            m_run.lineTo(fine(to), Draw{*this});
         else
-            m_run.moveTo(to, Draw{*this});
+            m_run.moveTo(fine(to), Draw{*this});
     }
 
     void flushRun() { m_run.flush(Draw{*this}); }
     void writeRun(const std::vector<Point>& points);
+    void writeLines();
+    bool holds(const SurfacePoint* points, int count) const;
     void setPen(bool on, int width, unsigned color);
-    void addBox(emf::Type type, double x1, double y1, double x2, double y2);
+    void addBox(emf::Type type, const Point& a, const Point& b);
     void save();
     void restore();
     void bringClip(bool holesToo);
     void bringPen();
+    void bringLinePen();
     void bringBrush();
     void bringFillRules();
+    void bringStretching();
     void select(std::uint32_t& current, std::uint32_t handle);
     template <class Create>
     std::uint32_t object(Objects& table, std::uint64_t look, Create create);
     void figureWithHoles(const SurfacePoint* points, int count);
     void cover(Box box, bool edged);
     void collect(const SurfacePoint* points, int count);
+    void cut(const SurfacePoint* points, int count);
 
     emf::Records m_records;
+    const int m_fine; ///< units of the records to a device unit; all that follows is in the former
     std::uint32_t m_handles = 0;
     Objects m_pens;
     Objects m_brushes;
@@ -113,7 +148,7 @@ private:
     unsigned m_background = 0xFFFFFF;
     bool m_clipped = false;
     Box m_clip;
-    Holes m_holes; ///< not cut to whole pixels yet, which could move a hole's edge across the polygon's
+    Holes m_holes; ///< not cut to whole units yet, which could move a hole's edge across the polygon's
     LineRun<Point> m_run;
 
     // What stands in the records. The clip rectangle and the holes in it each stand in a saved context.
@@ -121,9 +156,11 @@ private:
     std::array<Context, 2> m_saved;
     std::size_t m_savedCount = 0;
     int m_holesWritten = 0;
+    bool m_stretches = false; ///< whether it is told how pictures are stretched
 
     // Scratch
     std::vector<SurfacePoint> m_cut;
+    std::vector<SurfacePoint> m_scaled;
     std::vector<Point> m_points;
     std::vector<int> m_counts;
 };
@@ -146,8 +183,9 @@ void EmfSurface::clipTo(double left, double top, double right, double bottom)
     while (m_savedCount > 0)
         restore();
     m_clipped = true;
-    const auto [x1, x2] = std::minmax({wholeClamped(left), wholeClamped(right)});
-    const auto [y1, y2] = std::minmax({wholeClamped(top), wholeClamped(bottom)});
+    const Point a = corner(left, top), b = corner(right, bottom);
+    const auto [x1, x2] = std::minmax({a.x, b.x});
+    const auto [y1, y2] = std::minmax({a.y, b.y});
     m_clip = {x1, y1, x2, y2};
     m_holes.clear();
     m_holesWritten = 0;
@@ -156,7 +194,7 @@ void EmfSurface::clipTo(double left, double top, double right, double bottom)
 void EmfSurface::clipOut(const SurfacePoint* points, int count)
 {
     flushRun();
-    reach::cutPolygon(points, count, m_cut);
+    cut(points, count);
     m_holes.add(m_cut.data(), static_cast<int>(m_cut.size()));
 }
 
@@ -243,10 +281,21 @@ void EmfSurface::bringPen()
     std::uint32_t handle = emf::kNullPen;
     if (m_colors.penOn) {
         handle = object(m_pens, std::uint64_t(m_colors.penWidth) << 32 | m_colors.pen, [this](std::uint32_t index) {
-            m_records.add(emf::kCreatePen, index, 0, m_colors.penWidth, 0, m_colors.pen); // PS_SOLID, width as x and y
+            const std::int64_t width = std::int64_t{m_colors.penWidth} * m_fine;
+            m_records.add(emf::kCreatePen, index, 0, std::min<std::int64_t>(width, INT_MAX), 0,
+                          m_colors.pen); // PS_SOLID, width as x and y
         });
     }
     select(m_context.pen, handle);
+}
+
+/// Some readers leave out lines that have the colour of the brush in force: they would not show on an area of it, and
+/// the letters of a text are edged so.
+void EmfSurface::bringLinePen()
+{
+    bringPen();
+    if (m_context.brush != emf::kNullBrush && m_context.brushColor == m_colors.pen)
+        select(m_context.brush, emf::kNullBrush);
 }
 
 void EmfSurface::bringBrush()
@@ -256,6 +305,7 @@ void EmfSurface::bringBrush()
         handle = object(m_brushes, m_colors.brush, [this](std::uint32_t index) {
             m_records.add(emf::kCreateBrushIndirect, index, 0, m_colors.brush, 0); // BS_SOLID, no hatch
         });
+        m_context.brushColor = m_colors.brush;
     }
     select(m_context.brush, handle);
 }
@@ -270,10 +320,20 @@ void EmfSurface::bringFillRules()
     m_context.evenOdd = true;
 }
 
+/// A shrunk picture leaves pixels out, where otherwise dark ones would spread.
+void EmfSurface::bringStretching()
+{
+    if (!m_stretches)
+        m_records.add(emf::kSetStretchBltMode, 3); // COLORONCOLOR
+    m_stretches = true;
+}
+
+/// Widens the bounds of the picture.
 void EmfSurface::cover(Box box, bool edged)
 {
     if (edged) {
-        const std::int32_t half = std::min(m_colors.penWidth / 2, 1 << 20);
+        const auto half =
+            static_cast<std::int32_t>(std::min<std::int64_t>(std::int64_t{m_colors.penWidth} * m_fine / 2, 1 << 20));
         box = {box.left - half, box.top - half, box.right + half, box.bottom + half};
     }
     if (m_clipped) {
@@ -292,16 +352,24 @@ void EmfSurface::collect(const SurfacePoint* points, int count)
         m_points.push_back(whole(points[i]));
 }
 
+void EmfSurface::cut(const SurfacePoint* points, int count)
+{
+    if (m_fine > 1) {
+        m_scaled.clear();
+        for (int i = 0; i < count; ++i)
+            m_scaled.push_back(fine(points[i]));
+        points = m_scaled.data();
+    }
+    reach::cutPolygon(points, count, m_cut);
+}
+
 void EmfSurface::writeRun(const std::vector<Point>& points)
 {
     if (m_finished)
         return;
     bringClip(true);
-    bringPen();
-    Box box;
-    for (const Point& p : points)
-        box.add(p);
-    cover(box, true);
+    bringLinePen();
+    cover(boxOf(points), true);
     if (points.size() == 2) { // shorter than a polyline of two points
         m_records.add(emf::kMoveToEx, points[0].x, points[0].y);
         m_records.add(emf::kLineTo, points[1].x, points[1].y);
@@ -313,7 +381,7 @@ void EmfSurface::writeRun(const std::vector<Point>& points)
 void EmfSurface::polygon(const SurfacePoint* points, int pointCount)
 {
     flushRun();
-    reach::cutPolygon(points, pointCount, m_cut);
+    cut(points, pointCount);
     const int cutCount = static_cast<int>(m_cut.size());
     if (cutCount < 2 || m_finished || !m_colors.drawsArea())
         return;
@@ -327,10 +395,7 @@ void EmfSurface::polygon(const SurfacePoint* points, int pointCount)
     bringBrush();
     m_points.clear();
     collect(m_cut.data(), cutCount);
-    Box box;
-    for (const Point& p : m_points)
-        box.add(p);
-    cover(box, m_colors.penOn);
+    cover(boxOf(m_points), m_colors.penOn);
     m_records.addPoints(emf::kPolygon, emf::kPolygon16, m_points);
 }
 
@@ -345,42 +410,43 @@ void EmfSurface::figureWithHoles(const SurfacePoint* points, int pointCount)
     m_points.clear();
     m_counts.assign(1, pointCount);
     collect(points, pointCount);
-    Box box;
-    for (const Point& p : m_points)
-        box.add(p);
-    cover(box, m_colors.penOn);
+    cover(boxOf(m_points), m_colors.penOn);
     for (int i = 0; i < m_holes.count(); ++i) {
         collect(m_holes.points(i), m_holes.pointCount(i));
         m_counts.push_back(m_holes.pointCount(i));
     }
-    m_records.addPolyPolygon(m_points, m_counts);
+    m_records.addParts(emf::kPolyPolygon, emf::kPolyPolygon16, m_points, m_counts);
     if (m_colors.penOn) {
-        bringPen();
+        bringLinePen();
         m_points.resize(static_cast<std::size_t>(pointCount));
         m_points.push_back(m_points.front());
         m_records.addPoints(emf::kPolyline, emf::kPolyline16, m_points);
     }
 }
 
-void EmfSurface::addBox(emf::Type type, double x1, double y1, double x2, double y2)
+/// The right and the lower side lie a pixel inside.
+void EmfSurface::addBox(emf::Type type, const Point& a, const Point& b)
 {
     flushRun();
-    const Point a{wholeClamped(x1), wholeClamped(y1)};
-    const Point b{wholeClamped(x2), wholeClamped(y2)};
     if (a.x == b.x || a.y == b.y || m_finished || !m_colors.drawsArea())
         return;
-    const Box box{std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x) - 1, std::max(a.y, b.y) - 1};
+    const auto [left, right] = std::minmax(a.x, b.x);
+    const auto [top, bottom] = std::minmax(a.y, b.y);
+    const Box box{left, top, std::max(left, right - m_fine), std::max(top, bottom - m_fine)};
     bringClip(true);
     bringPen();
     bringBrush();
     cover(box, m_colors.penOn);
-    if (box.right - box.left < 2 && box.bottom - box.top < 2)
-        type = emf::kRectangle; // an ellipse of two pixels is one, and some readers leave it out
     m_records.add(type, box.left, box.top, box.right, box.bottom);
 }
 
 void EmfSurface::pixel(double x, double y, unsigned color)
 {
+    if (m_fine > 1) { // a pixel of the device would vanish when the picture is enlarged
+        if (reach::holds(fine({x, y})))
+            solidRect(x, y, 1.0, 1.0, color);
+        return;
+    }
     flushRun();
     if (!reach::holds({x, y}) || m_finished)
         return;
@@ -394,49 +460,103 @@ void EmfSurface::pixel(double x, double y, unsigned color)
 void EmfSurface::solidRect(double x, double y, double width, double height, unsigned color)
 {
     flushRun();
-    const double left = std::trunc(reach::clamped(x));
-    const double top = std::trunc(reach::clamped(y));
+    const Point from = corner(x, y), size = corner(width, height);
     const Colors asked = m_colors;
     m_colors = {true, 1, color & 0xFFFFFF, true, color & 0xFFFFFF};
-    addBox(emf::kRectangle, left, top, left + std::trunc(reach::clamped(width)),
-           top + std::trunc(reach::clamped(height)));
+    addBox(emf::kRectangle, from, {wholeClamped(double(from.x) + size.x), wholeClamped(double(from.y) + size.y)});
     m_colors = asked;
 }
 
 /// Pixels without opacity are cut from the clip: readers that know no clip regions show them in the colour that the
-/// picture has there, mostly the paper's, where the usual pair of masked copies would turn them black.
+/// picture has there, mostly the paper's, where the usual pair of masked copies would turn them black. On a grid finer
+/// than pixels the opaque parts are copied one by one: readers differ in the units of a region.
 void EmfSurface::picture(double x, double y, const CPixels& pixels)
 {
     flushRun();
-    if (pixels.empty() || !reach::holds({x, y}) || m_finished)
+    const SurfacePoint place = fine({x, y});
+    if (pixels.empty() || !reach::holds(place) || m_finished)
         return;
-    const Point at = whole({x, y});
+    const Point at = whole(place);
     const bool opaque =
         std::all_of(pixels.data.begin(), pixels.data.end(), [](std::uint32_t pixel) { return pixel >> 24 != 0; });
-    std::vector<Box> region;
-    if (!opaque) {
-        region = emf::opaqueRegion(pixels);
-        if (region.empty())
-            return;
-    }
+    const PixelBox all{0, 0, pixels.width, pixels.height};
+    const std::vector<PixelBox> region = opaque ? std::vector<PixelBox>{all} : opaqueRegion(pixels);
+    if (region.empty())
+        return;
     bringClip(true);
-    cover({at.x, at.y, at.x + pixels.width - 1, at.y + pixels.height - 1}, false);
-    if (opaque) {
-        m_records.addPicture(pixels, at);
+    const auto end = [this](std::int32_t from, int size) { return wholeClamped(from + double(size) * m_fine) - 1; };
+    cover({at.x, at.y, end(at.x, pixels.width), end(at.y, pixels.height)}, false);
+    if (m_fine > 1) {
+        bringStretching();
+        for (const PixelBox& part : region)
+            m_records.addPicture(pixels, part, {at.x + part.left * m_fine, at.y + part.top * m_fine}, m_fine);
         return;
     }
-    m_records.add(emf::kSaveDc);
-    m_records.addRegion(region, at);
-    m_records.addPicture(pixels, at);
-    m_records.add(emf::kRestoreDc, -1);
+    if (!opaque) {
+        m_records.add(emf::kSaveDc);
+        m_records.addRegion(region, at);
+    }
+    m_records.addPicture(pixels, all, at, 1);
+    if (!opaque)
+        m_records.add(emf::kRestoreDc, -1);
 }
 
 void EmfSurface::polyline(const SurfacePoint* points, int count)
 {
     if (count > 0)
-        m_run.moveTo(points[0], Draw{*this});
+        m_run.moveTo(fine(points[0]), Draw{*this});
     for (int i = 1; i < count; ++i)
         lineHere(points[i]);
+}
+
+bool EmfSurface::holds(const SurfacePoint* points, int count) const
+{
+    return std::all_of(points, points + count, [this](const SurfacePoint& p) { return reach::holds(fine(p)); });
+}
+
+void EmfSurface::polylines(const SurfacePoint* points, const int* counts, int lines)
+{
+    flushRun();
+    m_points.clear();
+    m_counts.clear();
+    for (int i = 0; i < lines; points += counts[i++]) {
+        const int count = counts[i];
+        if (count < 2 || !m_colors.penOn)
+            continue;
+        if (count > static_cast<int>(m_run.kLimit) || !holds(points, count)) {
+            writeLines();
+            polyline(points, count);
+            flushRun();
+            continue;
+        }
+        const std::size_t start = m_points.size();
+        for (int k = 0; k < count; ++k) {
+            const Point p = whole(fine(points[k]));
+            if (m_points.size() < start + 2 || p != m_points.back()) // two at least, which may leave a dot
+                m_points.push_back(p);
+        }
+        m_counts.push_back(static_cast<int>(m_points.size() - start));
+        if (m_points.size() >= kLinesLimit)
+            writeLines();
+    }
+    writeLines();
+    if (lines > 0 && counts[lines - 1] > 0)
+        m_run.moveTo(fine(points[-1]), Draw{*this});
+}
+
+/// Writes the lines in `m_points` and `m_counts`.
+void EmfSurface::writeLines()
+{
+    if (m_counts.size() == 1)
+        writeRun(m_points);
+    if (m_counts.size() > 1 && !m_finished) {
+        bringClip(true);
+        bringLinePen();
+        cover(boxOf(m_points), true);
+        m_records.addParts(emf::kPolyPolyline, emf::kPolyPolyline16, m_points, m_counts);
+    }
+    m_points.clear();
+    m_counts.clear();
 }
 
 bool EmfSurface::finish()
@@ -447,14 +567,14 @@ bool EmfSurface::finish()
     m_finished = true;
     while (m_savedCount > 0)
         restore();
-    return m_records.finish(m_bounds, m_handles);
+    return m_records.finish(m_bounds, m_fine, m_handles);
 }
 
 } // namespace
 
-std::unique_ptr<CFileSurface> emfSurface(CByteSink& sink)
+std::unique_ptr<CFileSurface> emfSurface(CByteSink& sink, int fineness)
 {
-    return std::make_unique<EmfSurface>(sink);
+    return std::make_unique<EmfSurface>(sink, fineness);
 }
 
 } // namespace VEK

@@ -52,17 +52,24 @@ void Records::addPoints(Type wide, Type narrow, std::span<const Point> points)
     putPoints(to, points, small);
 }
 
-void Records::addPolyPolygon(std::span<const Point> points, std::span<const int> counts)
+void Records::addParts(Type wide, Type narrow, std::span<const Point> points, std::span<const int> counts)
 {
     const Box box = boundsOf(points);
     const bool small = box.fits16();
-    unsigned char* to =
-        begin(small ? kPolyPolygon16 : kPolyPolygon, 32 + counts.size() * 4 + points.size() * (small ? 4 : 8));
+    unsigned char* to = begin(small ? narrow : wide, 32 + counts.size() * 4 + points.size() * (small ? 4 : 8));
     to = put32(putBox(to, box), static_cast<std::uint32_t>(counts.size()));
     to = put32(to, static_cast<std::uint32_t>(points.size()));
     for (const int count : counts)
         to = put32(to, static_cast<std::uint32_t>(count));
     putPoints(to, points, small);
+}
+
+/// The window of the reference device's size in parts of a pixel on a viewport of its size in pixels.
+void Records::addGrid(int fineness)
+{
+    add(kSetMapMode, 8); // MM_ANISOTROPIC
+    add(kSetWindowExtEx, kDevicePixels[0] * fineness, kDevicePixels[1] * fineness);
+    add(kSetViewportExtEx, kDevicePixels[0], kDevicePixels[1]);
 }
 
 void Records::flush(std::size_t needed)
@@ -73,13 +80,16 @@ void Records::flush(std::size_t needed)
         m_buffer.resize(needed);
 }
 
-bool Records::finish(const Box& bounds, std::uint32_t handles)
+bool Records::finish(const Box& bounds, int fineness, std::uint32_t handles)
 {
     add(kEof, 0, 16, 20); // no palette, where it would stand, and the size of this record once more
     flush(0);
     if (!m_good || m_bytes > UINT32_MAX || m_count > UINT32_MAX)
         return false;
-    const Box box = bounds.isEmpty() ? Box{0, 0, -1, -1} : bounds;
+    const auto pixel = [fineness](std::int32_t at) { return (at - (at < 0 ? fineness - 1 : 0)) / fineness; };
+    const Box box = bounds.isEmpty()
+                        ? Box{0, 0, -1, -1}
+                        : Box{pixel(bounds.left), pixel(bounds.top), pixel(bounds.right), pixel(bounds.bottom)};
     unsigned char header[kHeaderSize] = {};
     unsigned char* to = put32(put32(header, kHeader), kHeaderSize);
     to = putBox(to, box);

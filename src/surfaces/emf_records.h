@@ -1,6 +1,8 @@
 // Records of an enhanced metafile, as published in [MS-EMF].
 #pragma once
 
+#include "surfaces/opaque_region.h"
+
 #include <vek/surfaces/file.h>
 
 #include <algorithm>
@@ -50,10 +52,15 @@ enum Type : std::uint32_t {
     kHeader = 1,
     kPolygon = 3,
     kPolyline = 4,
+    kPolyPolyline = 7,
     kPolyPolygon = 8,
+    kSetWindowExtEx = 9,
+    kSetViewportExtEx = 11,
     kEof = 14,
     kSetPixelV = 15,
+    kSetMapMode = 17,
     kSetPolyFillMode = 19,
+    kSetStretchBltMode = 21,
     kSetBkColor = 25,
     kMoveToEx = 27,
     kIntersectClipRect = 30,
@@ -71,8 +78,10 @@ enum Type : std::uint32_t {
     kSelectClipPath = 67,
     kExtSelectClipRgn = 75,
     kBitBlt = 76,
+    kStretchBlt = 77,
     kPolygon16 = 86,
     kPolyline16 = 87,
+    kPolyPolyline16 = 90,
     kPolyPolygon16 = 91
 };
 
@@ -80,9 +89,6 @@ inline constexpr std::uint32_t kNullBrush = 0x80000005;
 inline constexpr std::uint32_t kNullPen = 0x80000008;
 inline constexpr std::uint32_t kBlackPen = 0x80000007;
 inline constexpr std::uint32_t kWhiteBrush = 0x80000000;
-
-/// The pixels with opacity as boxes in bands from the top, right and bottom edges outside.
-std::vector<Box> opaqueRegion(const CPixels& pixels);
 
 /// Packs records into a buffer and passes it on in blocks.
 class Records
@@ -105,19 +111,25 @@ public:
     /// A record of points with their bounds, in 16 bits where they fit.
     void addPoints(Type wide, Type narrow, std::span<const Point> points);
 
-    /// Several polygons that make one figure.
-    void addPolyPolygon(std::span<const Point> points, std::span<const int> counts);
+    /// Several polylines, or polygons that make one figure.
+    void addParts(Type wide, Type narrow, std::span<const Point> points, std::span<const int> counts);
 
-    /// Confines the clip to the boxes of a region, moved.
-    void addRegion(std::span<const Box> region, const Point& offset);
+    /// Coordinates count in parts of a pixel from here on.
+    /// @param fineness parts to a pixel
+    void addGrid(int fineness);
 
-    /// Copies a picture whole, whatever its opacity.
-    void addPicture(const CPixels& pixels, const Point& at);
+    /// Confines the clip to the boxes of a region that is not empty, moved.
+    void addRegion(std::span<const PixelBox> region, const Point& offset);
+
+    /// Copies a part of a picture, whatever its opacity.
+    /// @param pixelSize what a pixel of it is wide and high
+    void addPicture(const CPixels& pixels, const PixelBox& part, const Point& at, int pixelSize);
 
     /// Writes what is left, then the header over its place.
     /// @param bounds of all that is drawn
+    /// @param fineness of the bounds: parts to a pixel
     /// @param handles greatest index of an object
-    bool finish(const Box& bounds, std::uint32_t handles);
+    bool finish(const Box& bounds, int fineness, std::uint32_t handles);
 
 private:
     static constexpr std::uint32_t kHeaderSize = 108;

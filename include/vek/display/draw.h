@@ -23,6 +23,10 @@ VEK_API extern const PassRules screenRules;
 /// smooth when the picture is enlarged.
 VEK_API extern const PassRules scalableRules;
 
+/// A surface that scales as a screen of the back colour: fitted and smooth as `scalableRules`, painted and coloured as
+/// `screenRules`.
+VEK_API extern const PassRules scalableScreenRules;
+
 /// Where on a surface a display object is drawn, in device units. Pixels of the object, which pictures, screen-fixed
 /// items and the zoom matrix are told in, count from the left top corner.
 struct DrawArea {

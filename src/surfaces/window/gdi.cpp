@@ -1,8 +1,8 @@
 #include <vek/surfaces/gdi.h>
 
-#include "surfaces/emf_records.h"
 #include "surfaces/line_run.h"
 #include "surfaces/object_table.h"
+#include "surfaces/opaque_region.h"
 #include "surfaces/reach.h"
 #include "surfaces/window/device_bitmap.h"
 
@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <vector>
 
 namespace VEK
@@ -26,6 +27,9 @@ int wholeClamped(double value)
 {
     return static_cast<int>(reach::clamped(value));
 }
+
+/// Points that are handed to GDI at a time.
+constexpr std::size_t kLinesLimit = 16384;
 
 class GdiSurface final : public CSurface
 {
@@ -56,6 +60,7 @@ public:
     void moveTo(double x, double y) override { m_run.moveTo({x, y}, Draw{*this}); }
     void lineTo(double x, double y) override { m_run.lineTo({x, y}, Draw{*this}); }
     void polyline(const SurfacePoint* points, int count) override;
+    void polylines(const SurfacePoint* points, const int* counts, int lines) override;
     void polygon(const SurfacePoint* points, int count) override;
     void rectangle(double x1, double y1, double x2, double y2) override { drawBox(Rectangle, x1, y1, x2, y2); }
     void ellipse(double x1, double y1, double x2, double y2) override { drawBox(Ellipse, x1, y1, x2, y2); }
@@ -93,6 +98,7 @@ private:
     HRGN m_clip = nullptr;  ///< the rectangle that was asked for, as far as it lies in that
     LineRun<POINT> m_run;
     std::vector<POINT> m_points;
+    std::vector<DWORD> m_counts;
     std::vector<SurfacePoint> m_cut;
 };
 
@@ -201,6 +207,39 @@ void GdiSurface::polyline(const SurfacePoint* points, int count)
         m_run.lineTo(points[i], Draw{*this});
 }
 
+/// Lines that GDI draws as they are go to it together.
+void GdiSurface::polylines(const SurfacePoint* points, const int* counts, int lines)
+{
+    flushRun();
+    m_points.clear();
+    m_counts.clear();
+    const auto draw = [this] {
+        select(m_pen, m_selectedPen);
+        if (!m_counts.empty())
+            PolyPolyline(m_dc, m_points.data(), m_counts.data(), static_cast<DWORD>(m_counts.size()));
+        m_points.clear();
+        m_counts.clear();
+    };
+    for (int i = 0; i < lines; points += counts[i++]) {
+        const int count = counts[i];
+        if (count < 2)
+            continue;
+        if (count > static_cast<int>(m_run.kLimit) || !std::all_of(points, points + count, reach::holds)) {
+            draw();
+            polyline(points, count);
+            flushRun();
+            continue;
+        }
+        std::transform(points, points + count, std::back_inserter(m_points), whole);
+        m_counts.push_back(static_cast<DWORD>(count));
+        if (m_points.size() >= kLinesLimit)
+            draw();
+    }
+    draw();
+    if (lines > 0 && counts[lines - 1] > 0)
+        m_run.moveTo(points[-1], Draw{*this});
+}
+
 void GdiSurface::collect(const SurfacePoint* points, int count)
 {
     reach::cutPolygon(points, count, m_cut);
@@ -277,8 +316,8 @@ void GdiSurface::picture(double x, double y, const CPixels& pixels)
 /// @return false when memory does not suffice
 bool GdiSurface::confine(const CPixels& pixels, int left, int top)
 {
-    const std::vector<emf::Box> boxes = emf::opaqueRegion(pixels);
-    static_assert(sizeof(emf::Box) == sizeof(RECT));
+    const std::vector<PixelBox> boxes = opaqueRegion(pixels);
+    static_assert(sizeof(PixelBox) == sizeof(RECT));
     const std::size_t size = boxes.size() * sizeof(RECT);
     const RGNDATAHEADER header = {sizeof header,
                                   RDH_RECTANGLES,
