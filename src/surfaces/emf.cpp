@@ -289,13 +289,15 @@ void EmfSurface::bringPen()
     select(m_context.pen, handle);
 }
 
-/// Some readers leave out lines that have the colour of the brush in force: they would not show on an area of it, and
-/// the letters of a text are edged so.
+/// Some readers drop a pen that has the colour of the brush in force, until it is selected again: the edges of letters
+/// would not show.
 void EmfSurface::bringLinePen()
 {
     bringPen();
-    if (m_context.brush != emf::kNullBrush && m_context.brushColor == m_colors.pen)
+    if (m_context.brush != emf::kNullBrush && m_context.brushColor == m_colors.pen) {
         select(m_context.brush, emf::kNullBrush);
+        m_records.add(emf::kSelectObject, m_context.pen);
+    }
 }
 
 void EmfSurface::bringBrush()
