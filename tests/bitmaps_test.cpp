@@ -30,6 +30,7 @@ struct Drawn {
     std::string bytes;
     std::size_t needed = 0; ///< so many of the bytes
     CPixels expected;
+    std::vector<std::uint32_t> opacity; ///< of its pixels, as stored; empty where none is
 
     std::uint32_t& at(int x, int y) { return expected.data[static_cast<std::size_t>(y * expected.width + x)]; }
 };
@@ -129,11 +130,15 @@ Drawn drawBmp(Random& random, bool isWhole = false)
     drawn.expected = random.picture(width, height, 0);
     std::string rows;
     const unsigned most = random.chance(2) ? 0xFFFFFF : 0xFFFFFFFE; // often the opacity of all pixels is 0
+    const bool hasOpacity = bits == 32 && !hasFields;
+    drawn.opacity.resize(hasOpacity ? drawn.expected.data.size() : 0);
     for (int y = 0; y < height; ++y) {
         Bits row;
         for (int x = 0; x < width; ++x) {
             std::uint32_t& pixel = drawn.at(x, isTopDown ? y : height - 1 - y);
-            const std::uint32_t value = random.upTo(bits <= 8 ? colors - 1 : most);
+            const std::uint32_t value = random.upTo(bits <= 8 ? colors - 1 : random.chance(3) ? 0xFFFFFF : most);
+            if (hasOpacity)
+                drawn.opacity[static_cast<std::size_t>(&pixel - drawn.expected.data.data())] = value >> 24;
             if (bits <= 8)
                 pixel = palette[value];
             for (int c = 0; c < 3 && bits > 8; ++c)
@@ -226,7 +231,7 @@ TEST(Icon, NearestSizeThenMostColoursThenFirst)
     EXPECT_EQ(chosen(40, 40), std::pair(32, 0x30u)); // as far as 48
 }
 
-/// Whatever the opacity of the pixels, also 0 in all of them: the mask alone says what shows.
+/// Whatever the opacity of the pixels the mask says what shows; where it is empty, any opacity says it.
 TEST(Icon, ShowsWhereItsMaskIsBlack)
 {
     Random random;
@@ -238,17 +243,23 @@ TEST(Icon, ShowsWhereItsMaskIsBlack)
         const bool isCore = image[0] == 12, isTopDown = !isCore && image[11] < 0;
         image.replace(isCore ? 6 : 8, isCore ? 2 : 4, le(isTopDown ? -2 * height : 2 * height, isCore ? 2 : 4));
         const unsigned left = random.upTo(3); // nothing, all, or drawn, is left out
+        bool isEmpty = true;
         for (int y = 0; y < height; ++y) {
             Bits row;
             for (int x = 0; x < width; ++x) {
                 const unsigned bit = std::min(left, 1u) & (left == 1 ? 1 : random.upTo(1));
                 row.add(bit, 1);
+                isEmpty = isEmpty && bit == 0;
                 if (bit != 0)
                     drawn.at(x, isTopDown ? y : height - 1 - y) = kGray;
             }
             row.add(0, (32 - width % 32) % 32);
             mask += row.bytes;
         }
+        const bool byOpacity = isEmpty && std::count(drawn.opacity.begin(), drawn.opacity.end(), 0u) <
+                                              static_cast<std::ptrdiff_t>(drawn.opacity.size());
+        for (std::size_t k = 0; byOpacity && k < drawn.opacity.size(); ++k)
+            drawn.expected.data[k] = drawn.opacity[k] == 0 ? kGray : drawn.expected.data[k];
         const bool isMissing = left == 0 && random.chance(2);
         ASSERT_TRUE(VEK::decodeIcon(ico({image + (isMissing ? "" : mask)}), 0, 0, icon)) << i;
         ASSERT_EQ(VEK::flattenIcon(icon, 0x808080), drawn.expected) << i << ", mask " << left;

@@ -234,6 +234,13 @@ TEST(PassHatch, TooDenseBecomesSolid)
     addHatched(gdx, itemHatch | itemOutline, L"TWO", 50, 1); // lines 2 pixels apart
     EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), 50u + 4u);
     EXPECT_EQ(countOf(calls(gdx, kScreen), "polygon"), 1u);
+    for (const auto& [factor, scale, count] : {std::tuple(10, 1, 3u), {10, 9, 50u + 4u}}) { // 20 units apart
+        Gdx large = grey();
+        VEK::CRecorder recorder;
+        addHatched(large, itemHatch | itemOutline, L"TWO", 5, factor);
+        VEK::gdxDraw(large, recorder, {0, 0, 200, 100, double(scale)}, kPaper);
+        EXPECT_EQ(countOf(recorder.text(), "lineTo"), scale == 1 ? count + 4 : count);
+    }
     // The item's own matrix acts on the other side of the test matrix; a view that turns counts on screen alone.
     Gdx turned = grey();
     CVekMatrix3d flat;

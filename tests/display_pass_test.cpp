@@ -200,6 +200,39 @@ TEST(PassPoint, MarksMoveToWholePixelsOnScreen)
               start + "solidRect 2,12 -4,-4 #ff0000\n" + start + "moveTo 0,10\nlineTo 0,12\n");
 }
 
+TEST(PassArea, OddScalesAndPlaces)
+{
+    const auto drawn = [](Gdx& gdx, Rules rules, const VEK::DrawArea& area) {
+        VEK::CRecorder recorder;
+        VEK::gdxDraw(gdx, recorder, area, rules);
+        const std::string text = recorder.text();
+        const std::size_t pen = text.find("pen ");
+        return pen == std::string::npos ? text : text.substr(pen);
+    };
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    Gdx dots = grey(); // a dot, then a line
+    addLine(dots, polyline({{{20, 5, 0}, {20.1, 5, 0}}, {{30, 5, 0}, {40, 5, 0}}}), kRed, kNone, 0, 3);
+    const std::string rest = "moveTo 30,5\nlineTo 40,5\n";
+    for (const auto& [scale, width, dot] : {std::tuple(2.0, "pen 6", "solidRect 19,4 2,2 #ff0000\n"),
+                                            {2.5, "pen 8", "solidRect 19,4 3,3 #ff0000\n"},
+                                            {0.2, "pen 1", "pixel 20,5 #ff0000\n"},
+                                            {0.0, "pen 3", "pixel 20,5 #ff0000\n"},
+                                            {-2.0, "pen 3", "pixel 20,5 #ff0000\n"},
+                                            {nan, "pen 3", "pixel 20,5 #ff0000\n"}})
+        EXPECT_EQ(drawn(dots, kScreen, {0, 0, 100, 100, scale}), width + (" #ff0000\n" + (dot + rest))) << scale;
+    EXPECT_EQ(drawn(dots, kPaper, {0, 0, 100, 100, 2.5}), "pen 8 #ff0000\nmoveTo 20,5\nlineTo 22.5,5\n" + rest);
+    EXPECT_EQ(drawn(dots, kPaper, {nan, 0, 100, 100}), "");
+    EXPECT_EQ(drawn(dots, kPaper, {0, std::numeric_limits<double>::infinity(), 100, 100}), "");
+
+    // Rows stay a pixel apart under a pen of one, and the hatch has the wide one.
+    Gdx both = grey();
+    both.imageReg(path({}), itemFill | itemHatch, square(2), kRed, kNone, doubles({}), 1.0, 1, CVekColor(),
+                  VEK::CHatchProp(L"_USER", 0.0, 9.0, false), CVekPoint3d());
+    EXPECT_EQ(drawn(both, kPaper, {10, 20, 100, 100, 3.0}),
+              "pen 1 #ff0000\nmoveTo 10,20\nlineTo 12,20\nmoveTo 10,21\nlineTo 12,21\npen 3 #ff0000\n"
+              "moveTo 12,20\nlineTo 10,20\n");
+}
+
 TEST(PassRegion, ScanLinesCoverTheRowsInside)
 {
     Gdx gdx = grey();

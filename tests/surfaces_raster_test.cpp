@@ -315,10 +315,12 @@ TEST(RasterClip, HolesLastUntilTheyAreRestored)
     sheet->pen(1, kRed);
     sheet.line(12, 2, 0, 2);
     EXPECT_EQ(sheet.text().substr(2 * 13, 12), ".rrrrrrrrr..");
-    clipOut(*sheet.surface, {{0, 0}, {12, 0}, {12, 6}, {0, 6}});
-    sheet->clipTo(0, 0, 12, 1);
+    clipOut(*sheet.surface, {{0, 0}, {12, 0}, {12, 6}, {0, 6}}); // all of the clip
+    sheet->solidRect(0, 0, 12, 6, kBlack);
+    EXPECT_EQ(sheet.text().substr(2 * 13, 12), ".rrrrrrrrr..");
+    sheet->clipTo(0, 0, 12, 2); // a new clip is whole
     sheet->solidRect(0, 0, 12, 6, kRed);
-    EXPECT_EQ(sheet.text().substr(0, 26), "rrrrrrrrrrrr\n.#########..\n");
+    EXPECT_EQ(sheet.text().substr(0, 39), "rrrrrrrrrrrr\nrrrrrrrrrrrr\n.rrrrrrrrr..\n");
 }
 
 TEST(RasterClip, HolesCostTheirOwnSizeOnly)

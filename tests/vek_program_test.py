@@ -160,6 +160,14 @@ class Draw(Case):
         black = [(x, y) for y, row in enumerate(rows) for x in range(100) if row[3 * x] == 0]
         xs, ys = {x for x, _ in black}, {y for _, y in black}
         self.assertEqual(len(black), 2 * (max(xs) - min(xs) + max(ys) - min(ys)))
+        # At twice the scale the lines are two pixels wide.
+        self.good("draw", square, "-o", self.path("large.png"), "--size", "200x200", "--scale", "2")
+        _, _, large = pixels_of((self.folder / "large.png").read_bytes())
+        black = [(x, y) for y, row in enumerate(large) for x in range(200) if row[3 * x] == 0]
+        self.assertEqual(len(black), 8 * (max(x for x, _ in black) - min(x for x, _ in black) - 1))
+        self.good("draw", square, "-o", self.path("dark.png"), "--size", "9x9", "--background", "#102030")
+        _, _, rows = pixels_of((self.folder / "dark.png").read_bytes())
+        self.assertEqual({row[i : i + 3] for row in rows for i in range(0, 27, 3)}, {b"\x10\x20\x30", b"\xef\xdf\xcf"})
         self.bad("too large", "draw", SLIDE, "-o", self.path("x.png"), "--size", "32767x32767")
         self.bad("y.png: cannot be written", "draw", SLIDE, "-o", self.path("no folder/y.png"))
 
@@ -183,6 +191,9 @@ class Draw(Case):
     def test_text(self):
         one, two = (len(list(self.svg("text", text).iter())) for text in ("\u00c4", "\u00c4 b c"))
         self.assertGreaterEqual(two, one)
+        bars = [xml.etree.ElementTree.tostring(self.svg("text", text)) for text in ("A_", "A[", "A-")]
+        self.assertEqual(bars[0], bars[1])
+        self.assertNotEqual(bars[0], bars[2])
         self.bad("font can draw", "text", " ", "-o", self.path("x.svg"))
 
 
@@ -289,6 +300,9 @@ class Refuse(Case):
             ("--size 3", ["draw", SLIDE, "-o", out, "--size", "3"]),
             ("--size 0x9", ["draw", SLIDE, "-o", out, "--size", "0x9"]),
             ("--size 9x99999", ["draw", SLIDE, "-o", out, "--size", "9x99999"]),
+            ("--scale", ["draw", SLIDE, "-o", out, "--scale", "0"]),
+            ("--background 256", ["draw", SLIDE, "-o", out, "--background", "256"]),
+            ("--background #12345", ["draw", SLIDE, "-o", out, "--background", "#12345"]),
             ("--view X", ["draw", SLIDE, "-o", out, "--view", "X"]),
             ("--slide", ["draw", SLIDE, "-o", out, "--slide", "PFOSTEN"]),
             ("no slide NIRGENDS", ["draw", LIBRARY, "-o", out, "--slide", "NIRGENDS"]),

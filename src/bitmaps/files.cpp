@@ -74,6 +74,25 @@ bool choose(std::string_view file, int cx, int cy, Candidate& best)
     return found;
 }
 
+/// Masks what has no opacity, if there is any opacity at all: programs that write it often leave the mask empty.
+void maskByOpacity(std::string_view rows, const dib::Header& header, CPixels& mask)
+{
+    static constexpr std::uint32_t kUsual[] = {0xFF0000, 0xFF00, 0xFF}; // leave the highest byte to opacity
+    const bool hasOpacity = header.bits == 32 && std::equal(kUsual, kUsual + 3, header.masks);
+    const auto isSet = [](std::uint32_t pixel) { return pixel == kWhite; };
+    if (!hasOpacity || std::any_of(mask.data.begin(), mask.data.end(), isSet))
+        return;
+    bool isUsed = false;
+    for (std::size_t i = 0; i < mask.data.size() && !isUsed; ++i)
+        isUsed = rows[4 * i + 3] != 0;
+    const auto width = static_cast<std::size_t>(mask.width), height = static_cast<std::size_t>(mask.height);
+    for (std::size_t i = 0; i < mask.data.size() && isUsed; ++i) {
+        const std::size_t row = header.topDown ? i / width : height - 1 - i / width;
+        if (rows[4 * (row * width + i % width) + 3] == 0)
+            mask.data[i] = kWhite;
+    }
+}
+
 bool decodeBitmap(const Candidate& chosen, IconImage& icon)
 {
     const dib::Header& header = chosen.bitmap;
@@ -88,7 +107,8 @@ bool decodeBitmap(const Candidate& chosen, IconImage& icon)
     const std::size_t colorSize = header.rowSize() * static_cast<std::size_t>(header.height);
     const std::string_view rest = data.substr(std::min(colorSize, data.size()));
     if (!dib::readPixels(rest, maskHeader, {kBlack, kWhite}, icon.mask))
-        icon.mask.data.assign(icon.color.data.size(), kBlack);
+        icon.mask = {icon.color.width, icon.color.height, std::vector<std::uint32_t>(icon.color.data.size(), kBlack)};
+    maskByOpacity(data, header, icon.mask);
     return true;
 }
 

@@ -14,7 +14,7 @@ import zlib
 
 NEAR = 2         # pixels
 TOLERATED = 10   # pixels of a picture that may have no counterpart: single points that anti-aliasing thins out
-NAMES = ["paper", "areas", "screen", "pictures"]  # not "scene": its clip path and wide lines are beyond emf2svg-conv
+NAMES = ["paper", "areas", "fine", "screen", "pictures"]  # not "scene": its clip path and wide lines are beyond emf2svg-conv
 
 
 def read_png(path):

@@ -99,6 +99,7 @@ int main(int count, char** arguments)
         return 2;
     const std::string folder = arguments[1];
     const auto emf = [](VEK::CByteSink& sink) { return VEK::emfSurface(sink); };
+    const auto fine = [](VEK::CByteSink& sink) { return VEK::emfSurface(sink, 16); };
     const auto svg = [](VEK::CByteSink& sink) { return VEK::svgSurface(sink, kWidth, kHeight); };
     CVekGDX gdx = everything();
     gdx.extMaxViewSet({0, 0, 0}, {kWidth, kHeight, 0});
@@ -125,6 +126,8 @@ int main(int count, char** arguments)
                       write(folder + "/paper.svg", svg, draw(VEK::paperRules)) &&
                       write(folder + "/areas.emf", emf, draw(VEK::scalableRules)) &&
                       write(folder + "/areas.svg", svg, draw(VEK::scalableRules)) &&
+                      write(folder + "/fine.emf", fine, draw(VEK::scalableRules)) &&
+                      write(folder + "/fine.svg", svg, draw(VEK::scalableRules)) &&
                       write(folder + "/screen.emf", emf, draw(VEK::screenRules)) &&
                       write(folder + "/screen.svg", svg, draw(VEK::screenRules));
     return good ? 0 : 1;

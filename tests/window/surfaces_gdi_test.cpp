@@ -121,6 +121,46 @@ TEST_F(Player, ManyColoursToThePixel)
     });
 }
 
+/// A surface on a context that has a clip draws what it draws without one, as far as the clip lets it.
+TEST_F(Player, KeepsToTheClipOfTheContext)
+{
+    const HRGN clip = CreateEllipticRgn(20, 10, 300, 200);
+    for (const bool clips : {false, true}) { // of its own, too
+        const auto calls = [clips](VEK::CSurface& s) {
+            const VEK::SurfacePoint hole[] = {{100, 60}, {200, 60}, {150, 160}};
+            if (!clips)
+                s.clipOut(hole, 3);
+            s.solidRect(0, 0, kWidth, 30, 0xFF);
+            s.clipRestore();
+            if (clips)
+                drawScene(s);
+            s.solidRect(0, 180, kWidth, 20, 0xFF00);
+        };
+        m_expected.clear();
+        m_played.clear();
+        calls(*VEK::gdiSurface(m_expected.dc));
+        SelectClipRgn(m_played.dc, clip);
+        calls(*VEK::gdiSurface(m_played.dc));
+        const HRGN after = CreateRectRgn(0, 0, 0, 0);
+        EXPECT_EQ(GetClipRgn(m_played.dc, after), 1);
+        EXPECT_TRUE(EqualRgn(after, clip)); // given back
+        DeleteObject(after);
+        SelectClipRgn(m_played.dc, nullptr);
+        const VEK::CPixels whole = m_expected.pixels(), part = m_played.pixels();
+        int differing = 0, left = 0;
+        for (int y = 0; y < kHeight; ++y) {
+            for (int x = 0; x < kWidth; ++x) {
+                const bool isIn = PtInRegion(clip, x, y);
+                differing += part.at(x, y) != (isIn ? whole.at(x, y) : 0xFFFFFFFF);
+                left += !isIn && whole.at(x, y) != 0xFFFFFFFF;
+            }
+        }
+        EXPECT_EQ(differing, 0);
+        EXPECT_GT(left, 500);
+    }
+    DeleteObject(clip);
+}
+
 /// In a metafile what is left out is a matter of the clip, which readers agree on, and not of masks.
 TEST(MetafileContext, TakesPicturesWithTheLeftOutPixelsCutFromTheClip)
 {
