@@ -8,6 +8,7 @@
 #include "surfaces/reach.h"
 
 #include <array>
+#include <numeric>
 
 namespace VEK
 {
@@ -36,9 +37,6 @@ Box boxOf(const std::vector<Point>& points)
 }
 
 constexpr int kMostFineness = 64;
-
-/// Points of one record of lines.
-constexpr std::size_t kLinesLimit = 16384;
 
 class EmfSurface final : public CFileSurface
 {
@@ -115,8 +113,7 @@ private:
 
     void flushRun() { m_run.flush(Draw{*this}); }
     void writeRun(const std::vector<Point>& points);
-    void writeLines();
-    bool holds(const SurfacePoint* points, int count) const;
+    void writeLines(const std::vector<Point>& points, const std::vector<int>& counts);
     void setPen(bool on, int width, unsigned color);
     void addBox(emf::Type type, const Point& a, const Point& b);
     void save();
@@ -150,6 +147,7 @@ private:
     Box m_clip;
     Holes m_holes; ///< not cut to whole units yet, which could move a hole's edge across the polygon's
     LineRun<Point> m_run;
+    LineBatch<Point, int> m_lines;
 
     // What stands in the records. The clip rectangle and the holes in it each stand in a saved context.
     Context m_context;
@@ -511,54 +509,32 @@ void EmfSurface::polyline(const SurfacePoint* points, int count)
         lineHere(points[i]);
 }
 
-bool EmfSurface::holds(const SurfacePoint* points, int count) const
-{
-    return std::all_of(points, points + count, [this](const SurfacePoint& p) { return reach::holds(fine(p)); });
-}
-
 void EmfSurface::polylines(const SurfacePoint* points, const int* counts, int lines)
 {
     flushRun();
-    m_points.clear();
-    m_counts.clear();
-    for (int i = 0; i < lines; points += counts[i++]) {
-        const int count = counts[i];
-        if (count < 2 || !m_colors.penOn)
-            continue;
-        if (count > static_cast<int>(m_run.kLimit) || !holds(points, count)) {
-            writeLines();
-            polyline(points, count);
-            flushRun();
-            continue;
-        }
-        const std::size_t start = m_points.size();
-        for (int k = 0; k < count; ++k) {
-            const Point p = whole(fine(points[k]));
-            if (m_points.size() < start + 2 || p != m_points.back()) // two at least, which may leave a dot
-                m_points.push_back(p);
-        }
-        m_counts.push_back(static_cast<int>(m_points.size() - start));
-        if (m_points.size() >= kLinesLimit)
-            writeLines();
+    if (m_colors.penOn) {
+        m_lines.draw(
+            points, counts, lines, m_fine, [this](const auto& list, const auto& parts) { writeLines(list, parts); },
+            [this](const SurfacePoint* line, int count) {
+                polyline(line, count);
+                flushRun();
+            });
     }
-    writeLines();
-    if (lines > 0 && counts[lines - 1] > 0)
-        m_run.moveTo(fine(points[-1]), Draw{*this});
+    const SurfacePoint* const end = std::accumulate(counts, counts + lines, points);
+    if (end != points)
+        m_run.moveTo(fine(end[-1]), Draw{*this});
 }
 
-/// Writes the lines in `m_points` and `m_counts`.
-void EmfSurface::writeLines()
+void EmfSurface::writeLines(const std::vector<Point>& points, const std::vector<int>& counts)
 {
-    if (m_counts.size() == 1)
-        writeRun(m_points);
-    if (m_counts.size() > 1 && !m_finished) {
-        bringClip(true);
-        bringLinePen();
-        cover(boxOf(m_points), true);
-        m_records.addParts(emf::kPolyPolyline, emf::kPolyPolyline16, m_points, m_counts);
-    }
-    m_points.clear();
-    m_counts.clear();
+    if (counts.size() == 1)
+        writeRun(points);
+    if (counts.size() == 1 || m_finished)
+        return;
+    bringClip(true);
+    bringLinePen();
+    cover(boxOf(points), true);
+    m_records.addParts(emf::kPolyPolyline, emf::kPolyPolyline16, points, counts);
 }
 
 bool EmfSurface::finish()

@@ -1,8 +1,10 @@
-// Connected lines of one pen, kept until something else is drawn, so that a device of whole pixels gets them together.
+// Lines of one pen in whole units, brought together for a device: connected ones, kept until something else is drawn,
+// and many that come at once.
 #pragma once
 
 #include "surfaces/reach.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace VEK
@@ -66,6 +68,56 @@ private:
 
     SurfacePoint m_at;
     std::vector<Point> m_points;
+};
+
+/// Many lines at once.
+/// @tparam Count how many points a line has
+template <class Point, class Count>
+class LineBatch
+{
+public:
+    /// Hands lines on as `draw(const std::vector<Point>&, const std::vector<Count>&)`, so many at a time as memory
+    /// bears, and those that a run would cut one by one as `drawOne(const SurfacePoint*, int)`.
+    /// @param factor units to a device unit
+    template <class Draw, class DrawOne>
+    void draw(const SurfacePoint* points, const int* counts, int lines, double factor, Draw&& draw, DrawOne&& drawOne)
+    {
+        const auto flush = [&] {
+            if (!m_counts.empty())
+                draw(m_points, m_counts);
+            m_points.clear();
+            m_counts.clear();
+        };
+        for (int i = 0; i < lines; points += counts[i++]) {
+            if (counts[i] < 2)
+                continue;
+            const auto holds = [factor](const SurfacePoint& p) { return reach::holds({p.x * factor, p.y * factor}); };
+            if (counts[i] > static_cast<int>(LineRun<Point>::kLimit) ||
+                !std::all_of(points, points + counts[i], holds)) {
+                flush();
+                drawOne(points, counts[i]);
+                continue;
+            }
+            const std::size_t start = m_points.size();
+            for (int k = 0; k < counts[i]; ++k) {
+                const Point p = {static_cast<decltype(Point::x)>(points[k].x * factor),
+                                 static_cast<decltype(Point::y)>(points[k].y * factor)};
+                const bool repeats = m_points.size() > start && p.x == m_points.back().x && p.y == m_points.back().y;
+                if (!repeats || m_points.size() < start + 2) // two at least, which may leave the dot of a wide pen
+                    m_points.push_back(p);
+            }
+            m_counts.push_back(static_cast<Count>(m_points.size() - start));
+            if (m_points.size() >= kEnough)
+                flush();
+        }
+        flush();
+    }
+
+private:
+    static constexpr std::size_t kEnough = 16384;
+
+    std::vector<Point> m_points;
+    std::vector<Count> m_counts;
 };
 
 } // namespace VEK

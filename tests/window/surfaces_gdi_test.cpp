@@ -99,16 +99,6 @@ TEST_F(Player, DrawsWideRunsAndSteepLinesToThePixel)
     });
 }
 
-TEST_F(Player, DrawsTheSmallestEllipsesToThePixel)
-{
-    compare([](VEK::CSurface& s) {
-        s.brush(0xFF);
-        s.ellipse(21, 31, 19, 29);
-        s.ellipse(40, 30, 41, 31);
-        s.ellipse(50, 30, 52, 31);
-    });
-}
-
 TEST_F(Player, ManyColoursToThePixel)
 {
     compare([](VEK::CSurface& s) {

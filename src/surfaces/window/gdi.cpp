@@ -10,7 +10,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iterator>
+#include <numeric>
 #include <vector>
 
 namespace VEK
@@ -27,9 +27,6 @@ int wholeClamped(double value)
 {
     return static_cast<int>(reach::clamped(value));
 }
-
-/// Points that are handed to GDI at a time.
-constexpr std::size_t kLinesLimit = 16384;
 
 class GdiSurface final : public CSurface
 {
@@ -97,8 +94,8 @@ private:
     HRGN m_outer = nullptr; ///< the clip that the context came with
     HRGN m_clip = nullptr;  ///< the rectangle that was asked for, as far as it lies in that
     LineRun<POINT> m_run;
+    LineBatch<POINT, DWORD> m_lines;
     std::vector<POINT> m_points;
-    std::vector<DWORD> m_counts;
     std::vector<SurfacePoint> m_cut;
 };
 
@@ -207,37 +204,26 @@ void GdiSurface::polyline(const SurfacePoint* points, int count)
         m_run.lineTo(points[i], Draw{*this});
 }
 
-/// Lines that GDI draws as they are go to it together.
 void GdiSurface::polylines(const SurfacePoint* points, const int* counts, int lines)
 {
     flushRun();
-    m_points.clear();
-    m_counts.clear();
-    const auto draw = [this] {
-        select(m_pen, m_selectedPen);
-        if (!m_counts.empty())
-            PolyPolyline(m_dc, m_points.data(), m_counts.data(), static_cast<DWORD>(m_counts.size()));
-        m_points.clear();
-        m_counts.clear();
-    };
-    for (int i = 0; i < lines; points += counts[i++]) {
-        const int count = counts[i];
-        if (count < 2)
-            continue;
-        if (count > static_cast<int>(m_run.kLimit) || !std::all_of(points, points + count, reach::holds)) {
-            draw();
-            polyline(points, count);
+    m_lines.draw(
+        points, counts, lines, 1.0,
+        [this](const auto& list, const auto& parts) {
+            if (parts.size() == 1) {
+                drawRun(list);
+                return;
+            }
+            select(m_pen, m_selectedPen);
+            PolyPolyline(m_dc, list.data(), parts.data(), static_cast<DWORD>(parts.size()));
+        },
+        [this](const SurfacePoint* line, int count) {
+            polyline(line, count);
             flushRun();
-            continue;
-        }
-        std::transform(points, points + count, std::back_inserter(m_points), whole);
-        m_counts.push_back(static_cast<DWORD>(count));
-        if (m_points.size() >= kLinesLimit)
-            draw();
-    }
-    draw();
-    if (lines > 0 && counts[lines - 1] > 0)
-        m_run.moveTo(points[-1], Draw{*this});
+        });
+    const SurfacePoint* const end = std::accumulate(counts, counts + lines, points);
+    if (end != points)
+        m_run.moveTo(end[-1], Draw{*this});
 }
 
 void GdiSurface::collect(const SurfacePoint* points, int count)
