@@ -115,6 +115,31 @@ void passIntoFile(benchmark::State& state, bool svg)
 BENCHMARK_CAPTURE(passIntoFile, emf, false)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK_CAPTURE(passIntoFile, svg, true)->RangeMultiplier(10)->Range(1000, 1000000);
 
+/// Lines of so many dashes together, ten lines.
+void dashesIntoFile(benchmark::State& state)
+{
+    CVekGDX gdx = blank();
+    CVekArrayTempl<double> dashes;
+    for (const double dash : {3.0, -2.0})
+        dashes.append(dash);
+    for (int i = 0; i < 10; ++i) {
+        CVekVertexArray vl;
+        vl.append(CVekVertex({0.0, 10.0 * i, 0.0}, {0.5 * static_cast<double>(state.range(0)), 10.0 * i + 5.0, 0.0}));
+        gdx.imageVl({}, 0, vl, CVekColor(), CVekMatrix3d(), dashes, 1.0, 1, {});
+    }
+    std::size_t bytes = 0;
+    for (auto _ : state) {
+        Nowhere sink;
+        const auto surface = VEK::emfSurface(sink);
+        VEK::gdxDraw(gdx, *surface, 800, 1200, VEK::paperRules);
+        surface->finish();
+        bytes += sink.count;
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetBytesProcessed(static_cast<std::int64_t>(bytes));
+}
+BENCHMARK(dashesIntoFile)->RangeMultiplier(10)->Range(1000, 1000000);
+
 /// One item of a text of so many letters.
 void passOverText(benchmark::State& state)
 {

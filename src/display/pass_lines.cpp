@@ -52,7 +52,9 @@ bool DrawPass::isOutside(std::span<const SurfacePoint> points) const
 /// Draws all lines that have their end. To be called before anything else goes to the surface.
 void DrawPass::flushLines()
 {
-    if (!m_counts.empty())
+    if (m_counts.size() == 1)
+        m_surface.polyline(m_lines.data(), m_counts[0]);
+    else if (!m_counts.empty())
         m_surface.polylines(m_lines.data(), m_counts.data(), static_cast<int>(m_counts.size()));
     m_lines.clear();
     m_counts.clear();

@@ -41,7 +41,8 @@ constexpr int kMostFineness = 64;
 class EmfSurface final : public CFileSurface
 {
 public:
-    EmfSurface(CByteSink& sink, int fineness) : m_records(sink), m_fine(std::clamp(fineness, 1, kMostFineness))
+    EmfSurface(CByteSink& sink, int fineness)
+        : m_records(sink), m_fine(std::clamp(fineness, 1, kMostFineness)), m_factor(m_fine)
     {
         if (m_fine > 1)
             m_records.addGrid(m_fine);
@@ -100,8 +101,8 @@ private:
         bool drawsArea() const { return penOn || brushOn; }
     };
 
-    SurfacePoint fine(const SurfacePoint& p) const { return {p.x * m_fine, p.y * m_fine}; }
-    Point corner(double x, double y) const { return {wholeClamped(x * m_fine), wholeClamped(y * m_fine)}; }
+    SurfacePoint fine(const SurfacePoint& p) const { return {p.x * m_factor, p.y * m_factor}; }
+    Point corner(double x, double y) const { return {wholeClamped(x * m_factor), wholeClamped(y * m_factor)}; }
 
     void lineHere(const SurfacePoint& to)
     {
@@ -133,7 +134,8 @@ private:
     void cut(const SurfacePoint* points, int count);
 
     emf::Records m_records;
-    const int m_fine; ///< units of the records to a device unit; all that follows is in the former
+    const int m_fine;      ///< units of the records to a device unit; all that follows is in the former
+    const double m_factor; ///< the same, at hand for each point
     std::uint32_t m_handles = 0;
     Objects m_pens;
     Objects m_brushes;
@@ -514,7 +516,7 @@ void EmfSurface::polylines(const SurfacePoint* points, const int* counts, int li
     flushRun();
     if (m_colors.penOn) {
         m_lines.draw(
-            points, counts, lines, m_fine, [this](const auto& list, const auto& parts) { writeLines(list, parts); },
+            points, counts, lines, m_factor, [this](const auto& list, const auto& parts) { writeLines(list, parts); },
             [this](const SurfacePoint* line, int count) {
                 polyline(line, count);
                 flushRun();
