@@ -70,7 +70,7 @@ private:
     std::vector<Point> m_points;
 };
 
-/// Many lines at once.
+/// Many lines at once. One that begins where the last one ends goes on with it.
 /// @tparam Count how many points a line has
 template <class Point, class Count>
 class LineBatch
@@ -98,15 +98,21 @@ public:
                 drawOne(points, counts[i]);
                 continue;
             }
-            const std::size_t start = m_points.size();
+            const auto whole = [factor](const SurfacePoint& p) {
+                return Point{static_cast<decltype(Point::x)>(p.x * factor),
+                             static_cast<decltype(Point::y)>(p.y * factor)};
+            };
+            if (m_counts.empty() || !isEnd(whole(points[0])) ||
+                static_cast<std::size_t>(m_counts.back()) + static_cast<std::size_t>(counts[i]) >
+                    LineRun<Point>::kLimit)
+                m_counts.push_back(0);
+            const std::size_t start = m_points.size() - static_cast<std::size_t>(m_counts.back());
             for (int k = 0; k < counts[i]; ++k) {
-                const Point p = {static_cast<decltype(Point::x)>(points[k].x * factor),
-                                 static_cast<decltype(Point::y)>(points[k].y * factor)};
-                const bool repeats = m_points.size() > start && p.x == m_points.back().x && p.y == m_points.back().y;
-                if (!repeats || m_points.size() < start + 2) // two at least, which may leave the dot of a wide pen
+                const Point p = whole(points[k]);
+                if (m_points.size() < start + 2 || !isEnd(p)) // two at least, which may leave the dot of a wide pen
                     m_points.push_back(p);
             }
-            m_counts.push_back(static_cast<Count>(m_points.size() - start));
+            m_counts.back() = static_cast<Count>(m_points.size() - start);
             if (m_points.size() >= kEnough)
                 flush();
         }
@@ -115,6 +121,8 @@ public:
 
 private:
     static constexpr std::size_t kEnough = 16384;
+
+    bool isEnd(const Point& p) const { return p.x == m_points.back().x && p.y == m_points.back().y; }
 
     std::vector<Point> m_points;
     std::vector<Count> m_counts;
