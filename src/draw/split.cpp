@@ -1,4 +1,4 @@
-#include "core/geometry/part.h"
+#include "core/geometry/dash_pattern.h"
 #include "draw/split_arc.h"
 
 #include <vek/draw/split.h>
@@ -60,11 +60,13 @@ void arrange(std::vector<double>& dashes)
     dashes.erase(dashes.begin(), dashes.begin() + static_cast<std::ptrdiff_t>(front));
 }
 
-/// A line pattern that is laid on segments one by one.
+/// A line pattern, laid on what becomes one polyline of separate segments.
 class Dashes
 {
 public:
-    Dashes(const CVekArrayTempl<double>& dashes, bool arranged) : m_dashes(dashes.begin(), dashes.end())
+    /// @param polyline gets what is drawn; its normal stays
+    Dashes(CVekVertexArray& polyline, const CVekArrayTempl<double>& dashes, bool arranged)
+        : m_polyline(polyline), m_dashes(dashes.begin(), dashes.end())
     {
         if (arranged)
             arrange(m_dashes);
@@ -75,83 +77,87 @@ public:
                 dash = dot;
             m_gaps += dash < 0.0;
         }
+        m_piece.setNormal(polyline.normal());
     }
 
-    /// The pattern for a whole run.
-    CVekLineParm line() const { return line(0.0); }
-
-    /// Appends what is drawn of a segment.
-    void lay(CVekVertexArray& result, CVekVertex& vertex) const
+    /// Lays the pattern on a segment by itself.
+    void laySegment(const CVekVertex& vertex)
     {
         const double length = vertex.bulgLen();
-        if ((m_total > 0.0 && length - m_total <= 0.0) || result.len() >= kMostPieces) {
-            result.append(vertex);
+        const double tolerance = std::min(VEK::pointTol(reach(vertex)), 1e-6 * m_total);
+        if ((m_total > 0.0 && length - m_total <= tolerance) || m_polyline.len() >= kMostPieces) {
+            m_polyline.append(vertex);
             return;
         }
-        const double more = m_total > 0.0 ? gapGrowth(length) : 0.0;
-        VEK::g_vx_xy(vertex);
-        if (vertex.bulge == 0.0) {
-            layStraight(result, vertex, more);
-            return;
-        }
-        CVekVertexArray arc = VEK::g_vl_expl(CVekVertexArray(vertex), VEK::vx_split_dif(vertex, kMeasuredArcChord));
-        for (const CVekVertexArray& dash : VEK::vl_measure(std::move(arc), 1.0, line(more)))
-            result += dash;
+        // Gaps grow so that whole patterns fill the length.
+        const double count = std::floor((length + tolerance) / m_total);
+        const double rest = std::max(length - count * m_total, 0.0);
+        m_pattern.assign(m_dashes, 1.0, m_total > 0.0 && m_gaps > 0 ? rest / (m_gaps * count) : 0.0);
+        m_piece.setLogicalLength(0);
+        appendFlat(vertex, VEK::vx_split_dif(vertex, kMeasuredArcChord));
+        layPiece();
     }
+
+    /// Lays the pattern along a whole run.
+    void layRun(const CVekVertexArray& run)
+    {
+        const bool keepsArcs = VEK::plane::isLevel(run.normal());
+        m_pattern.assign(m_dashes, 1.0, 0.0);
+        m_piece.setLogicalLength(0);
+        for (const CVekVertex& vertex : run)
+            appendFlat(vertex, keepsArcs ? 0 : VEK::vx_split_dif(vertex, kMeasuredArcChord));
+        layPiece();
+    }
+
+    // What the pattern hands over.
+    void begin() {}
+    void part(const CVekVertex& part) { m_polyline.append(part); }
+    void dot(const CVekPoint3d& at) { m_polyline.append(CVekVertex(at, at)); }
 
 private:
     static constexpr int kMostPieces = 1000000; ///< of one polyline; what comes behind stays solid
 
-    /// By how much gaps grow so that whole patterns fill the length.
-    double gapGrowth(double length) const
+    static double reach(const CVekVertex& vertex)
     {
-        const double count = std::trunc(length / m_total);
-        return std::fabs((length - count * m_total) / (m_gaps * count));
+        double reach = 0.0;
+        for (int axis = 0; axis < 3; ++axis)
+            reach = std::max({reach, std::fabs(vertex.start[axis]), std::fabs(vertex.end[axis])});
+        return reach;
     }
 
-    CVekLineParm line(double more) const
+    /// Appends a segment to the piece, flat. An arc becomes chords in its own plane first, so that it lies where it
+    /// would be drawn without a pattern.
+    /// @param chords 0 keeps arcs
+    void appendFlat(const CVekVertex& vertex, int chords)
     {
-        CVekArrayTempl<double> dashes;
-        dashes.reserve(static_cast<int>(m_dashes.size()));
-        for (const double dash : m_dashes)
-            dashes.append(dash < 0.0 ? dash - more : dash);
-        return CVekLineParm(dashes);
+        const int before = m_piece.len();
+        if (vertex.bulge == 0.0 || chords == 0)
+            m_piece.append(vertex);
+        else
+            VEK::plane::appendChords(m_piece, vertex, VEK::plane::SpaceArc(vertex, m_piece.normal()), chords);
+        for (CVekVertex* v = m_piece.begin() + before; v != m_piece.end(); ++v)
+            VEK::g_vx_xy(*v);
     }
 
-    /// What `VEK::vl_measure` does with a single straight segment, without a polyline for each dash.
-    void layStraight(CVekVertexArray& result, const CVekVertex& vertex, double more) const
+    void layPiece()
     {
-        const VEK::detail::Segment segment(vertex, CVekVector3d::kZAxis);
-        const double length = segment.length();
-        double period = 0.0;
-        for (const double dash : m_dashes)
-            period += dash < 0.0 ? more - dash : dash;
-        if (!std::isfinite(period) || (period > 0.0 && !(length * double(m_dashes.size()) <= kMostPieces * period))) {
-            result.append(vertex);
+        double length = 0.0;
+        for (const CVekVertex& vertex : m_piece)
+            length += vertex.bulgLen();
+        if (!m_pattern.draws())
             return;
-        }
-        if (m_gaps == int(m_dashes.size()))
-            return;
-        const double tolerance = std::min(VEK::kPointTol, 1e-6 * period);
-        const double rounding = 1e-12 * length;
-        const auto parameter = [&](double station) {
-            if (!(station > rounding))
-                return 0.0;
-            return station >= length - rounding ? 1.0 : station / length;
-        };
-        for (double cycle = 0.0; cycle * period < length - tolerance; cycle += 1.0) {
-            double from = cycle * period;
-            for (const double dash : m_dashes) {
-                if (dash > 0.0 && from < length - tolerance)
-                    result.append(segment.part(parameter(from), parameter(std::min(from + dash, length))));
-                from += dash < 0.0 ? more - dash : dash;
-            }
-        }
+        if (m_pattern.covers(length))
+            m_pattern.lay(m_piece, *this);
+        else
+            m_polyline.CVekArrayTempl<CVekVertex>::operator+=(m_piece);
     }
 
+    CVekVertexArray& m_polyline;
     std::vector<double> m_dashes;
     double m_total = 0.0;
     int m_gaps = 0;
+    VEK::detail::DashPattern m_pattern;
+    CVekVertexArray m_piece; ///< what the pattern is laid on
 };
 
 } // namespace
@@ -179,20 +185,15 @@ bool vek_gdx_image_vl_measure(CVekVertexArray& vl, CVekArrayTempl<double> dashes
 try {
     if (dashes.len() < 2)
         return false;
-    const Dashes pattern(dashes, mode == 1);
-    CVekArrayTempl<CVekVertexArray> runs = VEK::vl_to_vll(vl);
+    const CVekArrayTempl<CVekVertexArray> runs = VEK::vl_to_vll(vl);
     vl.setLogicalLength(0);
-    for (CVekVertexArray& run : runs) {
-        for (CVekVertex& vertex : run) {
-            if (mode != 0)
-                pattern.lay(vl, vertex);
-            else
-                VEK::g_vx_xy(vertex);
-        }
-        if (mode != 0)
-            continue;
-        for (const CVekVertexArray& dash : VEK::vl_measure(std::move(run), 1.0, pattern.line()))
-            vl += dash;
+    Dashes pattern(vl, dashes, mode == 1);
+    for (const CVekVertexArray& run : runs) {
+        if (mode == 0)
+            pattern.layRun(run);
+        else
+            for (const CVekVertex& vertex : run)
+                pattern.laySegment(vertex);
     }
     return true;
 } catch (const std::bad_alloc&) {

@@ -1,0 +1,156 @@
+/// Line patterns laid along polylines.
+#pragma once
+
+#include "core/geometry/part.h"
+
+#include <vek/values/array.h>
+#include <vek/values/tolerance.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace VEK::detail
+{
+
+/// Moves along one continuous run of at least one segment, forwards only.
+class RunWalker
+{
+public:
+    explicit RunWalker(const CVekVertexArray& run)
+        : m_run(run), m_segment(*run.begin(), run.normal()), m_length(m_segment.length()), m_total(m_length)
+    {
+        for (int i = 1; i < run.len(); ++i)
+            m_total += Segment(run[i], run.normal()).length();
+        m_rounding = m_total * 1e-12;
+    }
+
+    double total() const { return m_total; }
+
+    CVekPoint3d at(double station)
+    {
+        advance(station);
+        return m_segment.at(parameter(station));
+    }
+
+    /// Hands the parts of segments between two stations to `part`.
+    template <class Part>
+    void forEachPart(double from, double to, Part&& part)
+    {
+        advance(from);
+        double t = parameter(from);
+        while (to > m_before + m_length + m_rounding && m_index + 1 < m_run.len()) {
+            part(m_segment.part(t, 1.0));
+            next();
+            t = 0.0;
+        }
+        part(m_segment.part(t, parameter(to)));
+    }
+
+private:
+    bool next()
+    {
+        if (m_index + 1 >= m_run.len())
+            return false;
+        m_before += m_length;
+        m_segment = Segment(m_run[++m_index], m_run.normal());
+        m_length = m_segment.length();
+        return true;
+    }
+
+    /// Goes to the segment in which a station lies, at a joint to the one that begins there.
+    void advance(double station)
+    {
+        while (station >= m_before + m_length - m_rounding && next()) {
+        }
+    }
+
+    double parameter(double station) const
+    {
+        const double along = station - m_before;
+        if (!(along > m_rounding))
+            return 0.0;
+        return along >= m_length - m_rounding ? 1.0 : along / m_length;
+    }
+
+    const CVekVertexArray& m_run;
+    Segment m_segment;
+    int m_index = 0;
+    double m_before = 0.0; ///< length up to the present segment
+    double m_length = 0.0; ///< of the present segment
+    double m_total = 0.0;
+    double m_rounding = 0.0;
+};
+
+/// Drawn lengths above 0, gaps below 0 and dots 0, with the stations at which they begin.
+class DashPattern
+{
+public:
+    /// @param more by how much gaps are longer than given
+    template <class Entries>
+    void assign(const Entries& entries, double scale, double more)
+    {
+        m_entries.clear();
+        m_begins.clear();
+        m_period = 0.0;
+        m_draws = false;
+        for (const double given : entries) {
+            const double entry = given < 0.0 ? scale * given - more : scale * given;
+            m_entries.push_back(entry);
+            m_begins.push_back(m_period);
+            m_period += std::fabs(entry);
+            m_draws = m_draws || given >= 0.0;
+        }
+    }
+
+    bool isEmpty() const { return m_entries.empty(); }
+    double period() const { return m_period; }
+    bool draws() const { return m_draws; }
+
+    /// Whether no more entries than the memory should be filled with cover a length; false as well where it is no
+    /// finite number.
+    bool covers(double length) const
+    {
+        constexpr double kMaxEntries = 1e6;
+        const double periods = m_period > 0.0 ? length / m_period : 0.0;
+        return std::isfinite(m_period) && periods * static_cast<double>(m_entries.size()) <= kMaxEntries;
+    }
+
+    /// Lays the pattern along a continuous run from its start: `pieces` is told where a dash begins and gets its parts
+    /// (`begin()`, `part(const CVekVertex&)`), and gets dots (`dot(const CVekPoint3d&)`). A pattern without extent is
+    /// one dot at the start.
+    template <class Pieces>
+    void lay(const CVekVertexArray& run, Pieces&& pieces) const
+    {
+        if (!(m_period > 0.0)) {
+            pieces.dot(run.begin()->start);
+            return;
+        }
+        RunWalker walker(run);
+        const double total = walker.total();
+        const double tol = std::min(kPointTol, 1e-6 * m_period);
+        for (double cycle = 0.0;; cycle += 1.0) {
+            for (std::size_t i = 0; i < m_entries.size(); ++i) {
+                const double from = cycle * m_period + m_begins[i];
+                const double length = m_entries[i];
+                if (from > total + tol)
+                    return;
+                if (length == 0.0) {
+                    pieces.dot(walker.at(std::min(from, total)));
+                } else if (length > 0.0 && from < total - tol) {
+                    pieces.begin();
+                    walker.forEachPart(from, std::min(from + length, total),
+                                       [&](const CVekVertex& part) { pieces.part(part); });
+                }
+            }
+        }
+    }
+
+private:
+    std::vector<double> m_entries;
+    std::vector<double> m_begins;
+    double m_period = 0.0;
+    bool m_draws = false;
+};
+
+} // namespace VEK::detail
