@@ -1,4 +1,5 @@
 #include "core/geometry/view_direction.h"
+#include "core/values/stepping.h"
 
 #include <vek/display/view.h>
 #include <vek/geometry.h>
@@ -34,6 +35,11 @@ CVekVertexArray vek_g_vl_mtx_view(const CVekVertexArray& vl, const CVekVector3d&
                                   bool toView)
 {
     CVekVertexArray flat = vl.getTransformedCopy(VEK::g_mtx_view(direction, point, toView));
+    if (!VEK::plane::isLevel(flat.normal())) {
+        if (VEK::plane::hasArcs(flat))
+            flat = VEK::plane::inFineChords(flat);
+        flat.setNormal(CVekVector3d::kZAxis);
+    }
     for (CVekVertex& vertex : flat)
         VEK::g_vx_xy(vertex);
     return flat;

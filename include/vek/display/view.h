@@ -17,7 +17,8 @@ VEK_API CVekMatrix3d getViewMtx(CVekPoint3d min, CVekPoint3d max, int height, in
 /// @return the zero vector for an unknown keyword
 VEK_API CVekVector3d vek_gdx_view_vdir_get(const wchar_t* keyword);
 
-/// A copy of the polyline under `VEK::g_mtx_view(direction, point, toView)`, flattened to z = 0.
+/// A copy of the polyline under `VEK::g_mtx_view(direction, point, toView)`, flattened to z = 0. Where its plane
+/// does not come to lie parallel to xy, its arcs become fine chords first.
 VEK_API CVekVertexArray vek_g_vl_mtx_view(const CVekVertexArray& vl, const CVekVector3d& direction,
                                           const CVekPoint3d& point, bool toView);
 
