@@ -1,4 +1,6 @@
 // Draw order and picking.
+#include "core/values/stepping.h"
+
 #include <vek/display/gdx.h>
 
 namespace
@@ -6,9 +8,13 @@ namespace
 
 constexpr double kPickDistance = 5.0; // world units, whatever the zoom
 
-bool nearVertex(const CVekVertex& vertex, const CVekPoint3d& world)
+/// @param normal of length 1, as the segment's ends in the world
+bool nearSegment(const CVekVertex& vertex, const CVekVector3d& normal, const CVekPoint3d& world)
 {
-    return vertex.start != vertex.end && vertex.lotp(world).distanceTo(world) <= kPickDistance;
+    if (vertex.start == vertex.end)
+        return false;
+    const VEK::plane::SpaceArc segment(vertex, normal);
+    return segment.at(segment.parameter(world)).distanceTo(world) <= kPickDistance;
 }
 
 /// Whether a straight segment lies further off than the pick distance in one coordinate alone, by so much that no
@@ -29,34 +35,48 @@ bool farOff(const CVekVertex& vertex, const CVekMatrix3d& m, const CVekPoint3d& 
     return false;
 }
 
-bool nearPolyline(const CVekVertexArray& vl, const CVekMatrix3d& m, const CVekPoint3d& world)
+/// Looks at what can be picked, item by item.
+class Picker
 {
-    for (const CVekVertex& vertex : vl) {
-        if (vertex.bulge == 0.0) {
-            if (!farOff(vertex, m, world) && nearVertex(CVekVertex(vertex.start * m, vertex.end * m, 0.0), world))
-                return true;
-            continue;
-        }
-        CVekVertexArray arc(vertex);
-        arc.setNormal(vl.normal());
-        for (const CVekVertex& moved : arc.transformBy(m)) {
-            if (nearVertex(moved, world))
-                return true;
-        }
-    }
-    return false;
-}
+public:
+    explicit Picker(const CVekPoint3d& world) : m_world(world) {}
 
-/// An empty region gets an empty boundary on the way, as everywhere.
-bool isHit(CVekDisplayItem& item, const CVekPoint3d& world)
-{
-    switch (item.type) {
-    case dispPoint: return (item.point * item.mtx).distanceTo(world) <= kPickDistance;
-    case dispPolyline: return nearPolyline(item.vl, item.mtx, world);
-    case dispRegion: return nearPolyline(item.reg[0], item.mtx, world); // the outer boundary alone
-    default: return false;
+    /// An empty region gets an empty boundary on the way, as everywhere.
+    bool hits(CVekDisplayItem& item)
+    {
+        switch (item.type) {
+        case dispPoint: return (item.point * item.mtx).distanceTo(m_world) <= kPickDistance;
+        case dispPolyline: return hits(item.vl, item.mtx);
+        case dispRegion: return hits(item.reg[0], item.mtx); // the outer boundary alone
+        default: return false;
+        }
     }
-}
+
+private:
+    bool hits(const CVekVertexArray& vl, const CVekMatrix3d& m)
+    {
+        for (const CVekVertex& vertex : vl) {
+            if (vertex.bulge == 0.0) {
+                if (!farOff(vertex, m, m_world) &&
+                    nearSegment(CVekVertex(vertex.start * m, vertex.end * m), CVekVector3d::kZAxis, m_world))
+                    return true;
+                continue;
+            }
+            m_arc.setLogicalLength(0);
+            m_arc.append(vertex);
+            m_arc.setNormal(vl.normal());
+            m_arc.transformBy(m);
+            for (const CVekVertex& moved : m_arc) {
+                if (nearSegment(moved, m_arc.normal(), m_world))
+                    return true;
+            }
+        }
+        return false;
+    }
+
+    CVekPoint3d m_world;
+    CVekVertexArray m_arc; ///< the arc that is looked at, in the world
+};
 
 } // namespace
 
@@ -72,10 +92,10 @@ CVekPoint3d CVekGDX::imagePtWc(const CVekPoint3d& devicePoint) const
 
 int CVekGDX::imageItemGet(const CVekPoint3d& devicePoint)
 {
-    const CVekPoint3d world = imagePtWc(devicePoint);
+    Picker picker(imagePtWc(devicePoint));
     int number = -1;
     displayList.pick([&](CVekDisplayItem& item) {
-        const bool hit = isHit(item, world);
+        const bool hit = picker.hits(item);
         if (hit)
             number = item.stack[0];
         return hit;
