@@ -3,6 +3,7 @@
 
 #include "core/values/stepping.h"
 #include "display/pass_rules.h"
+#include "draw/hatch_plane.h"
 
 #include <optional>
 #include <span>
@@ -81,7 +82,8 @@ private:
     void fillScanLines(Region region, const CVekMatrix3d& m);
     void fillPolygon(const Region& region, const CVekMatrix3d& m, Chords chords);
     void collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Chords chords);
-    void hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop, unsigned color);
+    std::optional<detail::HatchView> visiblePart(const CVekMatrix3d& m) const;
+    bool hatchLines(Region region, const CVekMatrix3d& m, const CHatchProp& prop, Region& lines) const;
 
     void prepareDashes(const CVekDisplayItem& item);
     void drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color);

@@ -2,7 +2,6 @@
 #include "core/geometry/prepared_region.h"
 #include "display/pass.h"
 
-#include <vek/draw/hatch.h>
 #include <vek/draw/split.h>
 
 #include <algorithm>
@@ -106,12 +105,32 @@ void DrawPass::fillScanLines(Region region, const CVekMatrix3d& m)
     flushLines();
 }
 
-void DrawPass::hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop, unsigned color)
+/// What of the plane z = 0 in front of a matrix lies in the drawing area; nothing where the plane stands on edge.
+std::optional<detail::HatchView> DrawPass::visiblePart(const CVekMatrix3d& m) const
 {
-    const bool alwaysDots = prop.name == L"DOTS";
-    for (const CVekVertexArray& piece : vek_gdx_image_reg_hatch2(std::move(region), CVekMatrix3d(), prop))
-        drawPieces(piece, m, Chords{}, alwaysDots || hasDots(piece), color);
-    flushLines();
+    const double edge = penWidth(1) + 1.0; // what the pen draws beyond the ends of a line, and rounding
+    const plane::Vec x{m[0][0], m[1][0]}, y{m[0][1], m[1][1]};
+    const double area = x.cross(y);
+    detail::HatchView view;
+    for (std::size_t i = 0; i < view.size(); ++i) {
+        const plane::Vec corner{i == 1 || i == 2 ? m_right + edge : m_area.left - edge,
+                                i < 2 ? m_area.top - edge : m_bottom + edge};
+        const plane::Vec from = corner - plane::Vec{m[0][3], m[1][3]};
+        view[i] = {from.cross(y) / area, x.cross(from) / area};
+        if (!std::isfinite(view[i].x) || !std::isfinite(view[i].y))
+            return {};
+    }
+    return view;
+}
+
+/// The lines of a hatch as far as they show.
+/// @return false where they are too many to draw
+bool DrawPass::hatchLines(Region region, const CVekMatrix3d& m, const CHatchProp& prop, Region& lines) const
+{
+    const std::optional<detail::HatchView> view = visiblePart(m);
+    bool cutShort = false;
+    lines = detail::hatchPattern(std::move(region), CVekMatrix3d(), prop, view ? &*view : nullptr, cutShort);
+    return !cutShort;
 }
 
 /// Whether no contour of a region can show, by its corners and how far its arcs may reach beyond them.
@@ -146,20 +165,25 @@ void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
     const CVekMatrix3d& stored = matrix(item, From::stored);
     if ((fills || hatches) && item.reg.len() > 0 && !isOutside(item.reg, stored)) {
         const bool inRows = m_rules.fill == PassRules::Fill::scanLines;
-        Region split;
+        Region split, lines;
         if (hatches || inRows)
             split = vek_gdx_image_reg_split(item.reg);
         if (hatches) {
             const Region& tested = m_rules.splitsBeforeTest ? split : item.reg;
-            hatches = vek_gdx_pattern_test(tested, item.hatch, testMatrix(item));
+            hatches = detail::patternTest(tested, item.hatch, testMatrix(item));
             fills = fills || !hatches;
         }
-        hatches = hatches && (!fills || m_rules.fillAndHatch);
+        if (hatches && (!fills || m_rules.fillAndHatch)) {
+            hatches = hatchLines(inRows ? split : std::move(split), stored, item.hatch, lines);
+            fills = fills || !hatches;
+        } else {
+            hatches = false;
+        }
         const unsigned inside = fillColor(item, color);
         const int width = penWidth(1);
         m_surface.pen(fills && inRows ? 1 : width, inside);
         if (fills && inRows) {
-            fillScanLines(hatches ? split : std::move(split), stored);
+            fillScanLines(std::move(split), stored);
         } else if (fills) {
             m_surface.brush(inside);
             fillPolygon(item.reg, stored, chords(stored));
@@ -167,7 +191,10 @@ void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
         if (hatches) {
             if (fills && inRows && width != 1)
                 m_surface.pen(width, inside);
-            hatch(std::move(split), stored, item.hatch, inside);
+            const bool alwaysDots = item.hatch.name == L"DOTS";
+            for (const CVekVertexArray& line : lines)
+                drawPieces(line, stored, Chords{}, alwaysDots || hasDots(line), inside);
+            flushLines();
         }
     }
     if ((item.flag & itemOutline) != 0) {

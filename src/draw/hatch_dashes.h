@@ -24,6 +24,7 @@ public:
             const double length = family[i] == 0.0 ? dot : scale * family[i];
             if (length > 0.0)
                 m_drawn.push_back({m_period, m_period + length});
+            m_longest = std::max(m_longest, length);
             m_period += std::fabs(length);
             m_total += family[i] == 0.0 ? 1.0 : std::fabs(length);
         }
@@ -35,6 +36,8 @@ public:
     /// The length by which lines are made whole patterns long. A dot counts as one unit in it, though its stroke is
     /// shorter.
     double total() const { return m_total; }
+
+    double longest() const { return m_longest; }
 
     /// The start of the first dash, and the end of the last one of a line of some length.
     double firstStart() const { return m_drawn.front().from; }
@@ -80,6 +83,7 @@ private:
     std::vector<Dash> m_drawn;
     double m_period = 0.0;
     double m_total = 0.0;
+    double m_longest = 0.0;
     bool m_isGiven = false;
 };
 

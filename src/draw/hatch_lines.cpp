@@ -22,10 +22,16 @@ class Collector
 public:
     explicit Collector(const CVekMatrix3d& toWorld) : m_toWorld(toWorld), m_normal(CVekVector3d::kZAxis * toWorld) {}
 
-    bool isFull() const { return m_pieces.len() >= VEK::kHatchPieces; }
+    bool isFull() const { return m_isFull; }
+    bool isCutShort() const { return m_isFull || m_lacksLines; }
+    void limitLines() { m_lacksLines = true; }
 
     void add(const CVekPoint3d& start, const CVekPoint3d& end)
     {
+        if (m_pieces.len() >= VEK::kHatchPieces) {
+            m_isFull = true;
+            return;
+        }
         CVekVertexArray& piece = m_pieces[m_pieces.len()];
         piece.setNormal(m_normal);
         piece.append(CVekVertex(start * m_toWorld, end * m_toWorld));
@@ -37,14 +43,25 @@ private:
     const CVekMatrix3d& m_toWorld;
     CVekVector3d m_normal;
     CVekArrayTempl<CVekVertexArray> m_pieces;
+    bool m_isFull = false;
+    bool m_lacksLines = false;
 };
+
+/// A number of lines, as long as there is room.
+double limited(double count, Collector& collector)
+{
+    if (!(count > VEK::kHatchLines))
+        return count;
+    collector.limitLines();
+    return VEK::kHatchLines;
+}
 
 void addDots(const CVekArrayTempl<CVekVertexArray>& region, double pitch, Collector& collector)
 {
     CVekPoint3d min, max;
     if (!region[0].extents(min, max))
         return;
-    const double count = std::min((max[1] - min[1]) / pitch + 1.0, double(VEK::kHatchLines));
+    const double count = limited((max[1] - min[1]) / pitch + 1.0, collector);
     const double tolerance = std::min(VEK::kPointTol, 1e-6 * pitch);
     HatchRows rows(region, 0.0);
     rows.lay(min[1], pitch, 0, static_cast<long long>(std::ceil(count)) - 1);
@@ -82,36 +99,40 @@ void addLines(const CVekArrayTempl<CVekVertexArray>& region, double pitch, doubl
     // Lines past the region yield nothing.
     HatchRows rows(region, -angle);
     const double height = (box[1] - low).dot(across);
-    count = std::min({count, std::floor((height + rows.tolerance()) / pitch) + 1.0, double(VEK::kHatchLines)});
+    count = limited(std::min(count, std::floor((height + rows.tolerance()) / pitch) + 1.0), collector);
     rows.lay(low.asVector().dot(across), pitch, 0, static_cast<long long>(count) - 1);
     for (int row = 0; row < count && !collector.isFull(); ++row) {
         rows.cut(row, -HUGE_VAL, HUGE_VAL);
         const CVekPoint3d start = CVekPoint3d(0.0, 0.0, low[2]) + across * rows.height(row);
-        for (const HatchRows::Stretch& stretch : rows.inside()) {
-            if (!collector.isFull())
-                collector.add(start + along * stretch.from, start + along * stretch.to);
-        }
+        for (const HatchRows::Stretch& stretch : rows.inside())
+            collector.add(start + along * stretch.from, start + along * stretch.to);
     }
 }
 
 } // namespace
 
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
-                                                        const CVekString& name, double pitch, double angle)
+                                                        const CVekString& name, double pitch, double angle,
+                                                        bool& cutShort)
 try {
-    if (!(pitch > 0.0) || !std::isfinite(pitch) || !std::isfinite(angle) || !VEK::detail::isFinite(mtx))
-        return {};
-    const CVekMatrix3d toPlane = mtx.inverse();
-    for (CVekVertexArray& contour : regl)
-        contour.transformBy(toPlane);
-    if (regl.len() == 0 || !VEK::detail::isFinite(regl))
+    cutShort = false;
+    if (!(pitch > 0.0) || !std::isfinite(pitch) || !std::isfinite(angle) || !VEK::detail::bringToPlane(regl, mtx))
         return {};
     Collector collector(mtx);
     if (name == L"DOTS")
         addDots(regl, pitch, collector);
     else
         addLines(regl, pitch, angle, collector);
+    cutShort = collector.isCutShort();
     return collector.take();
 } catch (const std::bad_alloc&) {
+    cutShort = true;
     return {};
+}
+
+CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
+                                                        const CVekString& name, double pitch, double angle)
+{
+    bool cutShort = false;
+    return vek_gdx_image_reg_hatch(std::move(regl), mtx, name, pitch, angle, cutShort);
 }

@@ -20,6 +20,7 @@ namespace
 using VEK::detail::cutToInt;
 using VEK::detail::HatchDashes;
 using VEK::detail::HatchRows;
+using VEK::detail::HatchView;
 using VEK::plane::Box;
 using VEK::plane::Vec;
 
@@ -27,17 +28,11 @@ constexpr double kDotLength = 0.2; // millimetres
 constexpr double kMostLines = 95.0;
 constexpr double kLeastStep = 2.3;
 
-/// Parallel to the hatch plane, for a normal.
-constexpr double kLevel = 1e-9;
+/// Lines that a search may try, going back.
+constexpr double kMostTries = 7e8;
 
 /// Steps beyond this are no longer told apart by a double.
 constexpr double kMostSteps = 4e15;
-
-/// The product as 32 bits keep it.
-std::int32_t times(std::int32_t a, std::uint32_t b)
-{
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) * b);
-}
 
 bool isUserPattern(const CVekString& name)
 {
@@ -49,27 +44,34 @@ double radians(double degrees)
     return degrees * std::numbers::pi / 180.0;
 }
 
-/// The box around a contour in the frame whose x axis points along an angle.
+/// Coordinates in the frame whose x axis points along an angle.
+class TurnedFrame
+{
+public:
+    explicit TurnedFrame(double angle) : m_cosine(std::cos(angle)), m_sine(std::sin(angle)) {}
+
+    Vec operator()(Vec p) const { return {p.x * m_cosine + p.y * m_sine, p.y * m_cosine - p.x * m_sine}; }
+
+private:
+    double m_cosine;
+    double m_sine;
+};
+
+/// The box around a level contour in the frame whose x axis points along an angle.
 Box turnedBox(const CVekVertexArray& contour, double angle)
 {
-    const double cosine = std::cos(angle), sine = std::sin(angle);
-    const auto turned = [=](const CVekPoint3d& p) {
-        return Vec{p[0] * cosine + p[1] * sine, p[1] * cosine - p[0] * sine};
-    };
+    const TurnedFrame turned(angle);
     Box box{};
     bool first = true;
     for (const CVekVertex& vertex : contour) {
-        const Vec start = turned(vertex.start), end = turned(vertex.end);
+        const Vec start = turned({vertex.start[0], vertex.start[1]}), end = turned({vertex.end[0], vertex.end[1]});
         if (first)
             box = {start, start};
         first = false;
         box.add(start);
         box.add(end);
-        if (vertex.bulge != 0.0) {
-            const Box arc = VEK::plane::Arc(start, end, contour.normal()[2] < 0.0 ? -vertex.bulge : vertex.bulge).box();
-            box.add(arc.min);
-            box.add(arc.max);
-        }
+        if (vertex.bulge != 0.0)
+            box.add(VEK::plane::Arc(start, end, contour.normal()[2] < 0.0 ? -vertex.bulge : vertex.bulge).box());
     }
     return box;
 }
@@ -80,11 +82,17 @@ class Collector
 public:
     explicit Collector(const CVekMatrix3d& toWorld) : m_toWorld(toWorld), m_normal(CVekVector3d::kZAxis * toWorld) {}
 
-    bool isFull() const { return m_count >= VEK::kHatchPieces || m_dashes >= VEK::kHatchPieces; }
+    bool isCutShort() const { return m_isCutShort; }
+    void cutShort() { m_isCutShort = true; }
 
     /// Counts a dash that is looked at, since not every one leaves a piece.
-    /// @return whether another one may be
-    bool count() { return ++m_dashes < VEK::kHatchPieces; }
+    /// @return whether it may be
+    bool count()
+    {
+        m_isCutShort = m_isCutShort || m_dashes == VEK::kHatchPieces;
+        m_dashes += !m_isCutShort;
+        return !m_isCutShort;
+    }
 
     /// Sets the angle of the lines to come.
     void turn(double angle)
@@ -95,7 +103,9 @@ public:
 
     void add(double y, const std::vector<HatchRows::Stretch>& pieces)
     {
-        const int count = std::min(static_cast<int>(pieces.size()), VEK::kHatchPieces - m_count);
+        const int room = VEK::kHatchPieces - m_count;
+        m_isCutShort = m_isCutShort || pieces.size() > static_cast<std::size_t>(room);
+        const int count = std::min(static_cast<int>(pieces.size()), room);
         if (count <= 0)
             return;
         m_count += count;
@@ -118,6 +128,7 @@ private:
     CVekVector3d m_across;
     int m_count = 0; ///< pieces
     int m_dashes = 0;
+    bool m_isCutShort = false;
     CVekArrayTempl<CVekVertexArray> m_lines;
 };
 
@@ -143,15 +154,21 @@ public:
 
     double turn() const { return m_turn; }
 
+    /// Leaves out what lies wholly outside a part of the hatch plane.
+    void see(const HatchView& view);
+
     /// Finds the lines that are drawn.
-    bool search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& rows);
+    bool search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& rows, Collector& collector);
 
     void draw(HatchRows& rows, Collector& collector);
 
 private:
     double start(long long line) const { return m_x + static_cast<double>(line) * m_stepX - m_half; }
     bool findReach(double diagonal);
-    void findCovered(const HatchRows& rows);
+    bool covers(const HatchRows& rows) const;
+    bool isSeen(double y) const { return y >= m_seen.min.y && y <= m_seen.max.y; }
+    long long lineAt(double y) const;
+    bool lay(long long first, long long last, HatchRows& rows, Collector& collector) const;
     long long lineBelow(long long from, long long tries, HatchRows& rows) const;
     void clipDashes(HatchRows& rows, double from, Collector& collector);
     void clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch, Collector& collector);
@@ -168,9 +185,10 @@ private:
     bool m_isFine;
 
     double m_half = 0.0;
+    Box m_seen{{-HUGE_VAL, -HUGE_VAL}, {HUGE_VAL, HUGE_VAL}};
     long long m_lowest = 0; ///< lines that lie at the height of the region
     long long m_highest = 0;
-    bool m_covers = false; ///< these lines reach across the whole outer contour
+    bool m_covers = false; ///< these lines reach across the whole outer contour, so that each of them meets it
     long long m_first = 0; ///< lines that are looked at
     long long m_last = -1;
     std::vector<HatchRows::Stretch> m_pieces;
@@ -189,38 +207,70 @@ bool Family::findReach(double diagonal)
     return m_half > 0.0 && std::isfinite(m_half) && (!m_dashes.isGiven() || m_dashes.draws());
 }
 
-bool Family::search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& rows)
+void Family::see(const HatchView& view)
 {
-    if (!std::isfinite(m_x + m_y + m_stepX + m_stepY + m_turn) || !(m_stepY > 0.0) || !findReach(min.distanceTo(max)))
+    const TurnedFrame turned(m_turn);
+    m_seen = {turned(view[0]), turned(view[0])};
+    for (const Vec corner : view)
+        m_seen.add(turned(corner));
+}
+
+bool Family::search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& rows, Collector& collector)
+{
+    if (!std::isfinite(m_x + m_y + m_stepX + m_stepY) || !(m_stepY > 0.0) || !findReach(min.distanceTo(max)))
         return false;
     const Box local = turnedBox(m_region[0], m_angle);
     const CVekVector3d size(local.max.x - local.min.x, local.max.y - local.min.y, max[2] - min[2]);
-    // In 32 bits, as the numbers of tries have always been: too many lines give none.
-    const std::int32_t tries = times(cutToInt(size.abs() / m_stepY + 1.0), m_isGravel && m_isFine ? 200 : 20);
+    const double most = std::trunc(size.abs() / m_stepY + 1.0) * (m_isGravel && m_isFine ? 200.0 : 20.0);
     const double lowest = std::ceil((rows.box().min.y - rows.tolerance() - m_y) / m_stepY);
     const double highest = std::floor((rows.box().max.y + rows.tolerance() - m_y) / m_stepY);
     const double back = m_y > local.min.y ? std::ceil((m_y - local.min.y) / m_stepY) : 0.0;
-    if (tries <= 0 || !(std::fabs(lowest) + std::fabs(highest) + back < kMostSteps) ||
-        highest - lowest >= VEK::kHatchLines)
+    if (!(most < kMostTries) || !(std::fabs(lowest) + std::fabs(highest) + back < kMostSteps)) {
+        collector.cutShort();
         return false;
+    }
     m_lowest = static_cast<long long>(lowest);
     m_highest = static_cast<long long>(highest);
-    rows.lay(m_y, m_stepY, m_lowest, m_highest);
-    findCovered(rows);
+    const long long tries = static_cast<long long>(most);
+    m_covers = covers(rows);
+    if (!m_covers && !lay(m_lowest, m_highest, rows, collector))
+        return false;
     const long long below = lineBelow(-static_cast<long long>(back), tries, rows);
     m_first = std::max(below + 1, m_lowest);
-    m_last = std::min(below + times(tries, 3), m_highest);
-    return m_first <= m_last;
+    m_last = std::min(below + 3 * tries, m_highest);
+    if (!m_covers)
+        return m_first <= m_last;
+    m_first = std::max(m_first, lineAt(m_seen.min.y) + 1);
+    m_last = std::min(m_last, lineAt(m_seen.max.y));
+    return m_first <= m_last && lay(m_first, m_last, rows, collector);
 }
 
-void Family::findCovered(const HatchRows& rows)
+/// The last line up to a height.
+long long Family::lineAt(double y) const
+{
+    return static_cast<long long>(std::clamp(std::floor((y - m_y) / m_stepY), -kMostSteps, kMostSteps));
+}
+
+/// Lays the rows for some lines.
+bool Family::lay(long long first, long long last, HatchRows& rows, Collector& collector) const
+{
+    if (last - first >= VEK::kHatchLines) {
+        collector.cutShort();
+        return false;
+    }
+    rows.lay(m_y, m_stepY, first, last);
+    return true;
+}
+
+bool Family::covers(const HatchRows& rows) const
 {
     const double from = m_dashes.isGiven() ? m_dashes.firstStart() : 0.0;
     const double to = m_dashes.isGiven() ? m_dashes.lastEnd(2.0 * m_half) : 2.0 * m_half;
-    m_covers = rows.isContinuous();
+    bool covers = rows.isContinuous();
     for (const long long line : {m_lowest, m_highest})
-        m_covers = m_covers && start(line) + from < rows.box().min.x - rows.tolerance() &&
-                   start(line) + to > rows.box().max.x + rows.tolerance();
+        covers = covers && start(line) + from < rows.box().min.x - rows.tolerance() &&
+                 start(line) + to > rows.box().max.x + rows.tolerance();
+    return covers;
 }
 
 /// Goes back from a line while lines meet the outer contour.
@@ -250,7 +300,7 @@ void Family::draw(HatchRows& rows, Collector& collector)
     bool reached = false;
     rows.rewind();
     collector.turn(m_turn);
-    for (long long line = m_first; line <= m_last && !collector.isFull(); ++line) {
+    for (long long line = m_first; line <= m_last && !collector.isCutShort(); ++line) {
         const double from = start(line);
         rows.cut(line, from, from + length);
         if (!m_covers && !rows.meetsOuter(from + first, from + last)) {
@@ -259,6 +309,8 @@ void Family::draw(HatchRows& rows, Collector& collector)
             continue;
         }
         reached = true;
+        if (!isSeen(rows.height(line)))
+            continue;
         if (m_dashes.isGiven())
             clipDashes(rows, from, collector);
         collector.add(rows.height(line), m_dashes.isGiven() ? m_pieces : rows.pieces());
@@ -287,8 +339,15 @@ void Family::clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch
         else if (rows.isInside(0.5 * (place + dash.to)))
             rows.punch({place, dash.to}, m_pieces);
     };
-    m_dashes.visit(stretch.from - tol - from, stretch.to + tol - from, 2.0 * m_half, [&](double start, double end) {
+    // A dash that can be seen may leave its piece in another stretch than the one that it is clipped to here.
+    const double low = std::max(stretch.from - tol, m_seen.min.x - m_dashes.longest());
+    const double high = std::min(stretch.to + tol, m_seen.max.x + m_dashes.longest());
+    if (!(low < high))
+        return;
+    m_dashes.visit(low - from, high - from, 2.0 * m_half, [&](double start, double end) {
         const HatchRows::Stretch dash{from + start, from + end};
+        if (!collector.count())
+            return false;
         const bool coversStart = dash.from <= stretch.from + tol && dash.to >= stretch.from - tol;
         const bool coversEnd = dash.from <= stretch.to + tol && dash.to >= stretch.to - tol;
         if (coversStart && coversEnd)
@@ -297,7 +356,7 @@ void Family::clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch
             rows.punch(dash, m_pieces);
         else
             split(dash, coversStart ? stretch.from : stretch.to);
-        return collector.count();
+        return true;
     });
 }
 
@@ -314,7 +373,8 @@ VekPatternLines patternLines(const CVekString& name)
     return lines;
 }
 
-void drawPattern(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatchProp& hatch, Collector& collector)
+void drawPattern(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatchProp& hatch, const HatchView* view,
+                 Collector& collector)
 {
     CVekPoint3d min, max;
     if (!region[0].extents(min, max))
@@ -325,51 +385,62 @@ void drawPattern(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatc
         Family family(region, hatch, numbers, dot);
         if (!std::isfinite(family.turn()))
             continue;
+        if (view)
+            family.see(*view);
         HatchRows rows(region, family.turn());
-        if (family.search(min, max, rows))
+        if (family.search(min, max, rows, collector))
             family.draw(rows, collector);
     }
 }
 
 } // namespace
 
-CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
-                                                         const VEK::CHatchProp& hatch)
+CVekArrayTempl<CVekVertexArray> VEK::detail::hatchPattern(CVekArrayTempl<CVekVertexArray> region,
+                                                          const CVekMatrix3d& mtx, const CHatchProp& hatch,
+                                                          const HatchView* view, bool& cutShort)
 try {
-    if (!VEK::detail::isFinite(mtx))
-        return {};
-    const CVekMatrix3d toPlane = mtx.inverse();
-    for (CVekVertexArray& contour : regl) {
-        if (!(toPlane == CVekMatrix3d::kIdentity))
-            contour.transformBy(toPlane);
-        const CVekVector3d& normal = contour.normal();
-        if (std::fabs(normal[0]) + std::fabs(normal[1]) > kLevel && VEK::plane::hasArcs(contour))
-            contour = VEK::plane::inFineChords(contour);
-    }
-    if (regl.len() == 0 || !VEK::detail::isFinite(regl))
+    cutShort = false;
+    if (!std::isfinite(hatch.angle) || !bringToPlane(region, mtx))
         return {};
     Collector collector(mtx);
     if (isUserPattern(hatch.name) && hatch.crossed) {
-        VEK::CHatchProp across = hatch;
-        across.angle = VEK::g_ang(hatch.angle + std::numbers::pi / 2);
-        drawPattern(regl, across, collector);
+        CHatchProp across = hatch;
+        across.angle = g_ang(hatch.angle + std::numbers::pi / 2);
+        drawPattern(region, across, view, collector);
     }
-    drawPattern(regl, hatch, collector);
+    drawPattern(region, hatch, view, collector);
+    cutShort = collector.isCutShort();
     return collector.lines();
 } catch (const std::bad_alloc&) {
+    cutShort = true;
     return {};
 }
 
-bool vek_gdx_pattern_test(CVekArrayTempl<CVekVertexArray> regl, const VEK::CHatchProp& hatch, const CVekMatrix3d& mtx)
+CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
+                                                         const VEK::CHatchProp& hatch, bool& cutShort)
+{
+    return VEK::detail::hatchPattern(std::move(regl), mtx, hatch, nullptr, cutShort);
+}
+
+CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
+                                                         const VEK::CHatchProp& hatch)
+{
+    bool cutShort = false;
+    return vek_gdx_image_reg_hatch2(std::move(regl), mtx, hatch, cutShort);
+}
+
+bool VEK::detail::patternTest(const CVekArrayTempl<CVekVertexArray>& region, const CHatchProp& hatch,
+                              const CVekMatrix3d& mtx)
 {
     VekPatternLines lines;
     vekAppPtr()->hatchPatternGet(hatch.name, lines);
     if (lines.len() == 0)
         return true;
+    const plane::Levelled outer(region[0]);
     double most = std::numeric_limits<double>::lowest();
     double least = std::numeric_limits<double>::max();
     for (const CVekArrayTempl<double>& numbers : std::as_const(lines)) {
-        const Box box = turnedBox(regl[0], radians(numbers[0]));
+        const Box box = turnedBox(*outer, radians(numbers[0]));
         const auto count = [&](double number, double size) {
             const double step = hatch.scale * number;
             if (number == 0.0 || !std::isfinite(step))
@@ -382,4 +453,10 @@ bool vek_gdx_pattern_test(CVekArrayTempl<CVekVertexArray> regl, const VEK::CHatc
     }
     least *= (CVekVector3d::kXAxis * mtx).abs();
     return most < kMostLines && least > kLeastStep;
+}
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the region over by value
+bool vek_gdx_pattern_test(CVekArrayTempl<CVekVertexArray> regl, const VEK::CHatchProp& hatch, const CVekMatrix3d& mtx)
+{
+    return VEK::detail::patternTest(regl, hatch, mtx);
 }

@@ -1,9 +1,13 @@
-/// What both hatches need of numbers and regions.
+/// What both hatches need of numbers and regions, and what a draw pass needs of hatches.
 #pragma once
 
+#include "core/values/stepping.h"
+
+#include <vek/values/linetype.h>
 #include <vek/values/matrix.h>
 #include <vek/values/polyline.h>
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -42,5 +46,36 @@ inline bool isFinite(const CVekArrayTempl<CVekVertexArray>& region)
     }
     return sum == 0.0;
 }
+
+/// Takes a region to the hatch plane, where arcs that do not lie level become chords.
+/// @param mtx from the hatch plane to the world
+/// @return false for an empty region, and where a number is not finite
+inline bool bringToPlane(CVekArrayTempl<CVekVertexArray>& region, const CVekMatrix3d& mtx)
+{
+    if (!isFinite(mtx))
+        return false;
+    const CVekMatrix3d toPlane = mtx.inverse();
+    const bool moves = !(toPlane == CVekMatrix3d::kIdentity);
+    for (CVekVertexArray& contour : region) {
+        if (moves)
+            contour.transformBy(toPlane);
+        if (!plane::isLevel(contour.normal()) && plane::hasArcs(contour))
+            contour = plane::inFineChords(contour);
+    }
+    return region.len() > 0 && isFinite(region);
+}
+
+/// The part of the hatch plane that can be seen, as the corners of a parallelogram.
+using HatchView = std::array<plane::Vec, 4>;
+
+/// `vek_gdx_image_reg_hatch2` for those who know what can be seen: lines and dashes wholly outside of it are left out,
+/// and all others are what they are without it.
+/// @param view null for all
+/// @param cutShort whether lines or pieces are missing
+CVekArrayTempl<CVekVertexArray> hatchPattern(CVekArrayTempl<CVekVertexArray> region, const CVekMatrix3d& mtx,
+                                             const CHatchProp& hatch, const HatchView* view, bool& cutShort);
+
+/// `vek_gdx_pattern_test` without a region of its own.
+bool patternTest(const CVekArrayTempl<CVekVertexArray>& region, const CHatchProp& hatch, const CVekMatrix3d& mtx);
 
 } // namespace VEK::detail

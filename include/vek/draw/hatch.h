@@ -40,6 +40,12 @@ VEK_API CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<C
                                                                 const CVekMatrix3d& mtx, const CVekString& name,
                                                                 double pitch, double angle);
 
+/// The same.
+/// @param cutShort receives whether lines or pieces are missing that the hatch should have
+VEK_API CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<CVekVertexArray> regl,
+                                                                const CVekMatrix3d& mtx, const CVekString& name,
+                                                                double pitch, double angle, bool& cutShort);
+
 /// Fills a region with a hatch pattern: families of lines, each with a step from one line to the next and dashes.
 ///
 /// The lines come from `hatchPatternGet` of the host. L"_USER" and L"_U" stand for solid lines one unit apart, a
@@ -66,6 +72,13 @@ VEK_API CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<C
 /// @return for each hatch line that has any a polyline of its pieces, as separate segments, in the world
 VEK_API CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVertexArray> regl,
                                                                  const CVekMatrix3d& mtx, const VEK::CHatchProp& hatch);
+
+/// The same.
+/// @param cutShort receives whether lines or pieces are missing that the hatch should have; a family whose step has no
+/// distance should have none
+VEK_API CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVertexArray> regl,
+                                                                 const CVekMatrix3d& mtx, const VEK::CHatchProp& hatch,
+                                                                 bool& cutShort);
 
 /// Whether a pattern is worth drawing: it takes fewer than 95 lines across the outer contour, and its finest step is
 /// more than 2.3 device units. A pattern that the host does not know is, and so are L"_USER" and L"_U".
