@@ -1,6 +1,7 @@
 // The order of the list through any sequence of picks, sorts, changes and looks, beside a list of numbers that does
 // each of them to the letter.
 #include "display_fixture.h"
+#include "shapes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -192,6 +193,39 @@ TEST(DisplayPick, SeesAnItemAtAnyDistanceFromTheOrigin)
     const double nan = std::nan("");
     gdx.imageVl(path({1}), 0, line(nan, 0, nan, 0), {}, {}, {}, 1.0, 0, {});
     EXPECT_EQ(gdx.imageItemGet({0, 0, 0}), -1);
+}
+
+TEST(DisplayPick, HitsArcsWhereTheyAreDrawnWhateverTheirNormal)
+{
+    shapes::Random random(23);
+    int hits = 0, misses = 0;
+    for (int round = 0; round < 300; ++round) {
+        SCOPED_TRACE(round);
+        Gdx gdx = plain();
+        const bool region = random.coin();
+        const CVekVertexArray contour = region ? random.star(0, 0, 20, 60, 3 + random.whole(5)) : random.walk(3, 60.0);
+        CVekVertexArray vl = contour;
+        if (random.coin())
+            vl.transformBy(random.motion());
+        CVekMatrix3d m = random.motion();
+        if (random.coin()) // half a turn about x: the arcs lie on their other side
+            m.setToRotation(shapes::pi, CVekVector3d::kXAxis, CVekPoint3d::kOrigin);
+        if (region)
+            gdx.imageReg(path({7}), 0, shapes::list({vl}), {}, m, {}, 1.0, 0, {}, {}, {});
+        else
+            gdx.imageVl(path({7}), 0, vl, {}, m, {}, 1.0, 0, {});
+        const CVekPoint3dArray points = vl.getTransformedCopy(m).pts(true, 1e-3);
+        const CVekPoint3d at = points[random.whole(points.len())] + random.direction() * random.uniform(0, 12);
+        double nearest = HUGE_VAL;
+        for (int i = 1; i < points.len(); ++i)
+            nearest = std::min(nearest, CVekVertex(points[i - 1], points[i]).lotp(at).distanceTo(at));
+        if (std::fabs(nearest - 5.0) < 0.01)
+            continue;
+        EXPECT_EQ(gdx.imageItemGet(at), nearest < 5.0 ? 7 : -1) << nearest;
+        (nearest < 5.0 ? hits : misses) += 1;
+    }
+    EXPECT_GT(hits, 60);
+    EXPECT_GT(misses, 60);
 }
 
 } // namespace

@@ -1,11 +1,11 @@
 // The built-in font: every character's structure, sound contours, the metrics, and rows that stand as they are.
-#include <draw/font.h>
+#include "draw/font.h"
+#include "shapes.h"
 
 #include <vek/draw.h>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -91,48 +91,9 @@ void expectContour(const CVekVertexArray& contour, const std::vector<CVekPoint3d
 const std::vector<CVekPoint3d> kHyphen = {
     {0.83322, 0.488814, 0}, {0.16678, 0.488814, 0}, {0.16678, 0.511186, 0}, {0.83322, 0.511186, 0}};
 
-/// Twice the signed area of a triangle, positive when it runs counter-clockwise.
-double turn(const CVekPoint3d& a, const CVekPoint3d& b, const CVekPoint3d& c)
+bool isInside(const CVekVertexArray& outer, const CVekVertexArray& contour)
 {
-    return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
-}
-
-double areaOf(const CVekVertexArray& contour)
-{
-    double twice = 0.0;
-    for (const CVekVertex& segment : contour)
-        twice += segment.start[0] * segment.end[1] - segment.end[0] * segment.start[1];
-    return twice / 2.0;
-}
-
-/// Whether two segments share a point. Ends that touch count.
-bool meet(const CVekVertex& a, const CVekVertex& b)
-{
-    for (int k = 0; k < 2; ++k)
-        if (std::max(a.start[k], a.end[k]) < std::min(b.start[k], b.end[k]) ||
-            std::max(b.start[k], b.end[k]) < std::min(a.start[k], a.end[k]))
-            return false;
-    return turn(a.start, a.end, b.start) * turn(a.start, a.end, b.end) <= 0.0 &&
-           turn(b.start, b.end, a.start) * turn(b.start, b.end, a.end) <= 0.0;
-}
-
-bool meet(const CVekVertexArray& a, const CVekVertexArray& b)
-{
-    for (const CVekVertex& ofA : a)
-        for (const CVekVertex& ofB : b)
-            if (meet(ofA, ofB))
-                return true;
-    return false;
-}
-
-/// Even-odd test by a ray to the right.
-bool inside(const CVekVertexArray& contour, const CVekPoint3d& point)
-{
-    bool odd = false;
-    for (const CVekVertex& segment : contour)
-        if ((segment.start[1] > point[1]) != (segment.end[1] > point[1]))
-            odd ^= (turn(segment.start, segment.end, point) > 0.0) == (segment.end[1] > segment.start[1]);
-    return odd;
+    return VEK::g_vll_pt_inside(shapes::list({outer}), contour[0].start) >= 1;
 }
 
 void expectSimple(const CVekVertexArray& contour)
@@ -146,9 +107,9 @@ void expectSimple(const CVekVertexArray& contour)
         EXPECT_EQ(segment.bulge, 0.0);
         EXPECT_EQ(segment.start[2], 0.0);
         EXPECT_GT(segment.start.distanceTo(segment.end), 0.005);
-        EXPECT_GT(std::fabs(turn(segment.start, segment.end, next.end)), 1e-6) << "no corner after segment " << i;
+        EXPECT_GT(((segment.end - segment.start) * (next.end - next.start)).abs(), 1e-6) << "no corner behind " << i;
         for (int j = i + 2; j < n - (i == 0 ? 1 : 0); ++j)
-            EXPECT_FALSE(meet(segment, contour[j])) << "segments " << i << " and " << j;
+            EXPECT_FALSE(CVekVertexArray(segment).intersectWith(CVekVertexArray(contour[j]), 0)) << i << ' ' << j;
     }
 }
 
@@ -216,15 +177,15 @@ TEST(Font, ContoursAreSoundAndWoundAsTold)
             const Region& region = glyph[r];
             for (int k = 0; k < region.len(); ++k) {
                 expectSimple(region[k]);
-                EXPECT_EQ(areaOf(region[k]) < 0.0, k == 0) << "winding of contour " << k;
-                EXPECT_TRUE(k == 0 || inside(region[0], region[k][0].start)) << "hole " << k;
+                EXPECT_EQ(shapes::areaOf(region[k]) < 0.0, k == 0) << "winding of contour " << k;
+                EXPECT_TRUE(k == 0 || isInside(region[0], region[k])) << "hole " << k;
                 for (int other = 0; other < k; ++other)
-                    EXPECT_FALSE(meet(region[k], region[other])) << "contours " << k << " and " << other;
+                    EXPECT_FALSE(region[k].intersectWith(region[other], 0)) << "contours " << k << " and " << other;
             }
             for (int other = 0; other < r; ++other) {
-                EXPECT_FALSE(meet(region[0], glyph[other][0])) << "regions " << r << " and " << other;
-                EXPECT_FALSE(inside(region[0], glyph[other][0][0].start));
-                EXPECT_FALSE(inside(glyph[other][0], region[0][0].start));
+                EXPECT_FALSE(region[0].intersectWith(glyph[other][0], 0)) << "regions " << r << " and " << other;
+                EXPECT_FALSE(isInside(region[0], glyph[other][0]));
+                EXPECT_FALSE(isInside(glyph[other][0], region[0]));
             }
         }
         ++glyphs;
@@ -292,6 +253,60 @@ TEST(Font, GivesIndependentCopies)
     first.setLogicalLength(0);
     for (const Glyph& untouched : {second, get_ascii_from_map(L'-')})
         expectContour(untouched[0][0], kHyphen);
+}
+
+TEST(Text, IsLaidOutAsTold)
+{
+    static constexpr struct {
+        const wchar_t* code;
+        double x, y; // of the width and the height
+    } kCodes[] = {{L"TL", 0, 1},   {L"TC", 0.5, 1}, {L"TR", 1, 1}, {L"CL", 0, 0.5}, {L"CC", 0.5, 0.5}, {L"CR", 1, 0.5},
+                  {L"BC", 0.5, 0}, {L"BR", 1, 0},   {L"BL", 0, 0}, {L"", 0, 0},     {L"tl", 0, 0},     {L"CCC", 0, 0}};
+    shapes::Random random(9);
+    const std::wstring characters = L"AOiW% \n[_gB8\xBE\xC4\x20AC`!";
+    for (int round = 0; round < 400; ++round) {
+        std::wstring text;
+        for (int i = random.whole(6); i > 0; --i)
+            text += characters[static_cast<std::size_t>(random.whole(static_cast<int>(characters.size())))];
+        const auto& code = kCodes[random.whole(12)];
+        const CVekPoint3d at(random.uniform(-9, 9), random.pick({0, 5, -5}), random.pick({0, 2}));
+        Glyph expected;
+        double x = 0.0, height = 0.0;
+        for (const wchar_t character : text) {
+            Glyph glyph = get_ascii_from_map(character);
+            if (glyph.len() == 0)
+                continue;
+            CVekPoint3d min(1e9, 1e9, 0), max(-1e9, -1e9, 0);
+            for (Region& region : glyph) {
+                for (CVekVertexArray& contour : region)
+                    (shapes::areaOf(contour) < 0.0 ? contour.revert() : contour)
+                        .move(at.asVector() + CVekVector3d(x, 0, 0));
+                for (const CVekPoint3d& p : region[0].pts(false, 0.0)) {
+                    min = VEK::p_min(min, p);
+                    max = VEK::p_max(max, p);
+                }
+                expected.append(region);
+            }
+            x += max[0] - min[0] + 0.5;
+            height = std::max(height, max[1]);
+        }
+        const CVekVector3d shift(code.x * (0.3 - x), -code.y * height, 0);
+        const int count = code.x == 0.0 && code.y == 0.0 ? 0 : expected.len();
+        for (Region& region : expected) {
+            for (int k = 0; k < count; ++k)
+                region[k].move(shift);
+        }
+        const Glyph actual = VEK::textRegions(text.c_str(), code.code, at);
+        ASSERT_EQ(structureOf(actual), structureOf(expected)) << round;
+        for (int r = 0; r < actual.len(); ++r) {
+            for (int k = 0; k < actual[r].len(); ++k) {
+                ASSERT_EQ(actual[r][k].len(), expected[r][k].len());
+                for (int i = 0; i < actual[r][k].len(); ++i)
+                    EXPECT_LE(actual[r][k][i].start.distanceTo(expected[r][k][i].start), 1e-9) << round;
+            }
+        }
+    }
+    EXPECT_EQ(VEK::textRegions(nullptr, nullptr, {}).len(), 0);
 }
 
 } // namespace

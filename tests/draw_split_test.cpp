@@ -1,137 +1,285 @@
-// Arcs to chords, and polylines to dashes.
+// Arcs to chords, and polylines to dashes: by hand, and beside a way that follows the rules entry by entry.
+#include "shapes.h"
+
 #include <vek/draw/split.h>
 #include <vek/values.h>
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-#include <numbers>
+#include <algorithm>
 #include <vector>
 
 namespace
 {
 
-constexpr double kTolerance = 1e-9;
+using shapes::line;
+using shapes::numbers;
 
-CVekArrayTempl<double> dashes(std::initializer_list<double> values)
+constexpr double kTolerance = 1e-6;
+
+CVekVertexArray run(double length)
 {
-    CVekArrayTempl<double> list;
-    for (const double value : values)
-        list.append(value);
-    return list;
+    return CVekVertexArray(line(0, 0, length, 0));
 }
 
-CVekVertexArray line(double length)
-{
-    return CVekVertexArray(CVekVertex({0, 0, 0}, {length, 0, 0}, 0.0));
-}
-
-/// Start and end of each piece along the x axis.
-std::vector<double> stations(const CVekVertexArray& vl)
-{
-    std::vector<double> list;
-    for (const CVekVertex& piece : vl) {
-        list.push_back(piece.start[0]);
-        list.push_back(piece.end[0]);
-    }
-    return list;
-}
-
-void expectStations(CVekVertexArray vl, const CVekArrayTempl<double>& pattern, int mode,
+void expectStations(CVekVertexArray vl, const std::vector<double>& pattern, int mode,
                     const std::vector<double>& expected)
 {
-    ASSERT_TRUE(vek_gdx_image_vl_measure(vl, pattern, mode));
-    const std::vector<double> actual = stations(vl);
-    ASSERT_EQ(actual.size(), expected.size());
-    for (std::size_t i = 0; i < actual.size(); ++i)
-        EXPECT_NEAR(actual[i], expected[i], kTolerance) << i;
+    ASSERT_TRUE(vek_gdx_image_vl_measure(vl, numbers(pattern), mode));
+    ASSERT_EQ(2u * static_cast<unsigned>(vl.len()), expected.size());
+    for (int i = 0; i < vl.len(); ++i) {
+        EXPECT_NEAR(vl[i].start[0], expected[2u * static_cast<unsigned>(i)], kTolerance) << i;
+        EXPECT_NEAR(vl[i].end[0], expected[2u * static_cast<unsigned>(i) + 1], kTolerance) << i;
+    }
+}
+
+// --- The slow way.
+
+using Pieces = std::vector<CVekVertex>;
+
+CVekVertexArray alone(const CVekVertex& vertex, const CVekVector3d& normal)
+{
+    CVekVertexArray vl(vertex);
+    vl.setNormal(normal);
+    return vl;
+}
+
+/// The part of a flat chain between two stations.
+void cut(const CVekVertexArray& chain, double from, double to, Pieces& pieces)
+{
+    double before = 0.0;
+    for (const CVekVertex& v : chain) {
+        const double length = v.bulgLen();
+        const double a = std::max((from - before) / length, 0.0), b = std::min((to - before) / length, 1.0);
+        if ((b - a) * length > 0.0) {
+            const double sign = chain.normal()[2] < 0.0 ? -1.0 : 1.0;
+            const CVekVertex upright(v.start, v.end, sign * v.bulge);
+            pieces.push_back(CVekVertex(shapes::pointAt(upright, a), shapes::pointAt(upright, b),
+                                        std::tan(std::atan(v.bulge) * (b - a))));
+        }
+        before += length;
+    }
+}
+
+void walk(const CVekVertexArray& chain, const std::vector<double>& entries, Pieces& pieces)
+{
+    const double total = shapes::lengthOf(chain);
+    for (double at = 0.0; at < total - kTolerance;) {
+        for (const double entry : entries) {
+            if (entry > 0.0 && at < total - kTolerance)
+                cut(chain, at, std::min(at + entry, total), pieces);
+            at += std::fabs(entry);
+        }
+    }
+}
+
+void arrange(std::vector<double>& d)
+{
+    for (std::size_t i = 0; i < d.size(); ++i) {
+        if (d[i] > 0.21) {
+            if (i + 1 == d.size())
+                d.push_back(0.0);
+            if (d[i + 1] < 0.0) {
+                d[0] /= 2;
+                d.push_back(d[0]);
+                return;
+            }
+        }
+        std::rotate(d.begin(), d.begin() + 1, d.end());
+    }
+}
+
+Pieces slowMeasure(const CVekVertexArray& vl, std::vector<double> d, int mode)
+{
+    if (mode == 1)
+        arrange(d);
+    double total = 0.0;
+    for (double& dash : d) {
+        total += dash == 0.0 ? 1.0 : std::fabs(dash);
+        if (dash == 0.0)
+            VEK::acadUnitCv(dash = 0.2, 4, -1);
+    }
+    const bool level = std::fabs(vl.normal()[2]) > 1.0 - 1e-12;
+    const auto gaps = std::count_if(d.begin(), d.end(), [](double dash) { return dash < 0.0; });
+    Pieces pieces;
+    for (const CVekVertexArray& part : VEK::vl_to_vll(vl)) {
+        CVekVertexArray whole;
+        whole.setNormal(vl.normal());
+        for (const CVekVertex& vertex : part) {
+            CVekVertexArray flat = alone(vertex, vl.normal());
+            if (mode != 0 || !level)
+                flat = VEK::g_vl_expl(flat, VEK::vx_split_dif(vertex, 0.1));
+            for (CVekVertex& v : flat)
+                v.start[2] = v.end[2] = 0.0;
+            const double length = vertex.bulgLen();
+            if (mode == 0) {
+                whole.CVekArrayTempl<CVekVertex>::operator+=(flat);
+            } else if (length - total <= kTolerance / 2) {
+                pieces.push_back(vertex);
+            } else {
+                const double count = std::floor(length / total + 1e-9);
+                std::vector<double> own = d;
+                for (double& dash : own)
+                    dash -= dash < 0.0 ? std::fabs((length - count * total) / (static_cast<double>(gaps) * count)) : 0;
+                walk(flat, own, pieces);
+            }
+        }
+        walk(whole, d, pieces);
+    }
+    return pieces;
+}
+
+/// Without what is too short to tell on which side of a joint it falls.
+Pieces longOnes(Pieces pieces)
+{
+    std::erase_if(pieces, [](const CVekVertex& v) { return v.start.distanceTo(v.end) <= kTolerance; });
+    return pieces;
+}
+
+double apart(const CVekVertex& a, const CVekVertex& b)
+{
+    return std::max({a.start.distanceTo(b.start), a.end.distanceTo(b.end), std::fabs(a.bulge - b.bulge)});
+}
+
+TEST(DrawMeasure, AgreesWithFollowingThePattern)
+{
+    shapes::Random random(5);
+    std::size_t pieceCount = 0, arcs = 0;
+    for (int round = 0; round < 400; ++round) {
+        SCOPED_TRACE(round);
+        const Vek::lUnit before = VEK::acad_unit_get();
+        VEK::acad_unit_set(random.coin() ? Vek::unitMillimetre : Vek::unitInch);
+        std::vector<double> d;
+        double total = 0.0;
+        for (int i = 2 + random.whole(5); i > 0; --i) {
+            d.push_back(random.pick({5, 2.5, 0.3, 0.1, 0, -0.4, -1, -3}));
+            total += d.back() == 0.0 ? 1.0 : std::fabs(d.back());
+        }
+        if (*std::max_element(d.begin(), d.end()) < 0.0)
+            d.front() = 0.0;
+        CVekVertexArray vl = random.walk(1 + random.whole(6), 30.0);
+        for (int i = random.whole(3); i > 0; --i) { // segments of whole patterns, behind gaps
+            const double x = random.uniform(-1e3, 1e3), length = total * (1 + random.whole(4));
+            vl.append(random.coin() ? line(x, 9, x + length, 9) : line(9, x + length, 9, x));
+        }
+        if (const int place = random.whole(3); place == 0)
+            vl.transformBy(random.motion());
+        else if (place == 1)
+            vl.move({0, 0, 7});
+        const int mode = random.whole(3);
+        const Pieces expected = longOnes(slowMeasure(vl, d, mode));
+        CVekVertexArray quick = vl;
+        ASSERT_TRUE(vek_gdx_image_vl_measure(quick, numbers(d), mode));
+        EXPECT_EQ(quick.normal(), vl.normal());
+        const Pieces actual = longOnes(Pieces(quick.begin(), quick.end()));
+        ASSERT_EQ(actual.size(), expected.size());
+        for (std::size_t i = 0; i < actual.size(); ++i) {
+            EXPECT_LE(apart(actual[i], expected[i]), kTolerance) << i;
+            arcs += actual[i].bulge != 0.0;
+        }
+        pieceCount += actual.size();
+        VEK::acad_unit_set(before);
+
+        const CVekVertexArray split = vek_gdx_image_vl_split(vl);
+        Pieces chords;
+        for (const CVekVertex& v : vl) {
+            const int n = VEK::vx_split_dif(v, v.bulgLen() < 4.0 ? 0.01 : 0.05);
+            const CVekVertexArray own = VEK::g_vl_expl(alone(v, vl.normal()), v.bulge == 0.0 ? 1 : n);
+            chords.insert(chords.end(), own.begin(), own.end());
+        }
+        EXPECT_TRUE(std::equal(split.begin(), split.end(), chords.begin(), chords.end()));
+    }
+    EXPECT_GT(pieceCount, 10000u);
+    EXPECT_GT(arcs, 500u);
+}
+
+TEST(DrawMeasure, DashesAndSolidSegmentsOfASlantedViewLieOnOneAnother)
+{
+    // A half circle of radius 10 seen aslant, so that x reaches twice as far as y: every dash lies on its image, and
+    // the short arc beside it stays solid and as it is.
+    CVekVertexArray vl(line(10, 0, -10, 0, 1.0));
+    vl.append(line(-10, 0, -11, 0, 0.5));
+    CVekMatrix3d m;
+    m.setToRotation(shapes::pi / 3, CVekVector3d::kXAxis, CVekPoint3d::kOrigin);
+    for (const bool down : {false, true}) {
+        CVekVertexArray view = vl;
+        if (down)
+            shapes::turnNormal(view);
+        view.transformBy(m);
+        const CVekVertex solid = view[1];
+        ASSERT_TRUE(vek_gdx_image_vl_measure(view, numbers({3, -1}), 1));
+        ASSERT_GT(view.len(), 10);
+        EXPECT_EQ(view[-1], solid);
+        for (int i = 0; i + 1 < view.len(); ++i) {
+            const CVekPoint3d p = view[i].mid();
+            EXPECT_NEAR(std::hypot(p[0], 2.0 * p[1]), 10.0, 0.1) << i;
+            EXPECT_GE(p[1], -kTolerance);
+        }
+    }
 }
 
 TEST(DrawSplit, ChordsStayWithinTheToleranceOfTheirArc)
 {
     // Quarter circles of radius 2.48 and 2.60 are 3.9 and 4.08 long: one on each side of the limit.
     for (const auto& [radius, tolerance] : {std::pair(2.48, 0.01), std::pair(2.6, 0.05)}) {
-        CVekVertexArray arc(CVekVertex({radius, 0, 0}, {0, radius, 0}, std::tan(std::numbers::pi / 8)));
-        arc.append(CVekVertex({0, radius, 0}, {-5, radius, 0}, 0.0));
-        CVekMatrix3d tilt;
-        tilt.setToRotation(0.7, {1, 2, 0}, {0, 0, 0});
-        arc.transformBy(tilt);
+        CVekVertexArray arc(line(radius, 0, 0, radius, std::tan(shapes::pi / 8)));
+        arc.append(line(0, radius, -5, radius));
+        arc.transformBy(CVekMatrix3d().setToRotation(0.7, {1, 2, 0}, {0, 0, 0}));
         const CVekVertexArray split = vek_gdx_image_vl_split(arc);
         ASSERT_GT(split.len(), 2);
         EXPECT_EQ(split[-1], arc[-1]); // straight segments stay to the bit
         EXPECT_TRUE(split.isContinuous());
         double worst = 0.0;
-        for (int i = 0; i + 1 < split.len(); ++i) {
-            EXPECT_EQ(split[i].bulge, 0.0);
-            EXPECT_NEAR(split[i].start.distanceTo({}), radius, kTolerance);
+        for (int i = 0; i + 1 < split.len(); ++i)
             worst = std::max(worst, radius - split[i].mid().distanceTo({}));
-        }
         EXPECT_LE(worst, tolerance);
         EXPECT_GT(worst, tolerance / 4); // and not finer than need be
     }
     EXPECT_EQ(vek_gdx_image_reg_split({}).len(), 0);
     CVekArrayTempl<CVekVertexArray> region;
-    region[1] = line(3);
+    region[1] = run(3);
     ASSERT_EQ(vek_gdx_image_reg_split(region).len(), 2);
-    EXPECT_EQ(vek_gdx_image_reg_split(region)[1], line(3));
+    EXPECT_EQ(vek_gdx_image_reg_split(region)[1], run(3));
 }
 
 TEST(DrawMeasure, SegmentsBeginAndEndWithHalfADash)
 {
     // 5, -1 becomes 2.5, -1, 2.5; on 6.1 the one gap grows by 0.1, on 12.5 the two by 0.25 each.
-    expectStations(line(6.1), dashes({5, -1}), 1, {0, 2.5, 3.6, 6.1});
-    expectStations(line(12.5), dashes({5, -1}), 1, {0, 2.5, 3.75, 6.25, 6.25, 8.75, 10, 12.5});
-    expectStations(line(6), dashes({5, -1}), 1, {0, 6}); // not longer than the pattern: solid
-    expectStations(line(12.5), dashes({5, -1}), 0, {0, 5, 6, 11, 12, 12.5});
-    CVekVertexArray two = line(6.1);
-    two.append(CVekVertex({100, 0, 0}, {103, 0, 0}, 0.0));
-    expectStations(two, dashes({5, -1}), 1, {0, 2.5, 3.6, 6.1, 100, 103});
-}
-
-TEST(DrawMeasure, SearchForTheLongDashLooksTwoPlacesOn)
-{
+    expectStations(run(6.1), {5, -1}, 1, {0, 2.5, 3.6, 6.1});
+    expectStations(run(12.5), {5, -1}, 1, {0, 2.5, 3.75, 6.25, 6.25, 8.75, 10, 12.5});
+    expectStations(run(12.5), {5, -1}, 0, {0, 5, 6, 11, 12, 12.5});
+    CVekVertexArray two = run(6.1);
+    two.append(line(100, 0, 103, 0));
+    expectStations(two, {5, -1}, 1, {0, 2.5, 3.6, 6.1, 100, 103});
+    // Not longer than the pattern: solid, wherever a segment stands and however its length is rounded there.
+    for (const double x : {0.0, 5.3, 0.1, -1e5 / 3}) {
+        expectStations(CVekVertexArray(line(x, 0, x + 6, 0)), {5, -1}, 1, {x, x + 6});
+        expectStations(CVekVertexArray(line(x, 0, x + 12, 0)), {5, -1}, 1,
+                       {x, x + 2.5, x + 3.5, x + 6, x + 6, x + 8.5, x + 9.5, x + 12});
+    }
     // The dot turns to the end, the index moves on to the dash: the gap in front is halved, not the dash. The length
     // counts the dot as 1 while it is drawn 0.2 long, so that twice 9 in 20 stretches each gap by 2 / 6 and leaves room
     // for the start of one more dash.
-    const double g = 4.0 / 3.0;
-    std::vector<double> expected;
-    double at = 0.0;
-    for (int round = 0; round < 2; ++round) {
-        expected.insert(expected.end(), {at + g, at + g + 4, at + g + 4 + (g + 1), at + g + 4 + (g + 1) + 0.2});
-        at += g + 4 + (g + 1) + 0.2 + g;
-    }
-    expected.insert(expected.end(), {at + g, 20});
-    expectStations(line(20), dashes({0.0, -2, 4, -2}), 1, expected);
+    const double g = 4.0 / 3.0, next = g + 4 + (g + 1) + 0.2 + g;
+    expectStations(run(20), {0.0, -2, 4, -2}, 1,
+                   {g, g + 4, 2 * g + 5, 2 * g + 5.2, next + g, next + g + 4, next + 2 * g + 5, next + 2 * g + 5.2,
+                    2 * next + g, 20});
 }
 
-TEST(DrawMeasure, AMillionShortDashesAreSearchedOnce)
+TEST(DrawMeasure, PatternsPastAllMeasureEnd)
 {
-    CVekArrayTempl<double> dust;
-    dust.reserve(1000000);
-    for (int i = 0; i < 500000; ++i) {
-        dust.append(0.1);
-        dust.append(-0.1);
+    CVekVertexArray solid = run(5);
+    EXPECT_FALSE(vek_gdx_image_vl_measure(solid, numbers({3}), 1));
+    EXPECT_EQ(solid, run(5));
+    expectStations(run(5), {-1, -1}, 1, {});
+    expectStations(run(90000), std::vector<double>(1000000, 0.1), 1, {0, 90000}); // searched once
+    for (const double bad : {VEK::nan(), HUGE_VAL, 1e300, 1e-300}) {
+        for (const int mode : {0, 1})
+            expectStations(run(5), {bad, -bad}, mode, {0, 5});
     }
-    expectStations(line(90000), dust, 1, {0, 90000}); // not longer than the pattern: solid
-}
-
-TEST(DrawMeasure, DotsGapsAndShortPatterns)
-{
-    CVekVertexArray solid = line(5);
-    EXPECT_FALSE(vek_gdx_image_vl_measure(solid, dashes({3}), 1));
-    EXPECT_EQ(solid, line(5));
-    CVekVertexArray gaps = line(5);
-    EXPECT_TRUE(vek_gdx_image_vl_measure(gaps, dashes({-1, -1}), 1));
-    EXPECT_EQ(gaps.len(), 0);
-    CVekVertexArray half(CVekVertex({-10, 0, 3}, {10, 0, 3}, 1.0));
-    EXPECT_TRUE(vek_gdx_image_vl_measure(half, dashes({3, -1}), 1));
-    double drawn = 0.0;
-    for (const CVekVertex& piece : half) {
-        EXPECT_EQ(piece.start[2], 0.0); // laid flat
-        drawn += piece.bulgLen();
-    }
-    // 31.4 along the arc: 7 patterns of 4, with 3 drawn in each; the chords are a little shorter than the arc.
-    EXPECT_NEAR(drawn, 21.0, 0.5);
+    CVekVertexArray endless(line(0, 0, HUGE_VAL, 0));
+    EXPECT_TRUE(vek_gdx_image_vl_measure(endless, numbers({3, -1}), 1));
+    EXPECT_EQ(endless.len(), 1);
 }
 
 } // namespace

@@ -28,9 +28,6 @@ constexpr double kDotLength = 0.2; // millimetres
 constexpr double kMostLines = 95.0;
 constexpr double kLeastStep = 2.3;
 
-/// Lines that a search may try, going back.
-constexpr double kMostTries = 7e8;
-
 /// Steps beyond this are no longer told apart by a double.
 constexpr double kMostSteps = 4e15;
 
@@ -225,7 +222,7 @@ bool Family::search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& r
     const double lowest = std::ceil((rows.box().min.y - rows.tolerance() - m_y) / m_stepY);
     const double highest = std::floor((rows.box().max.y + rows.tolerance() - m_y) / m_stepY);
     const double back = m_y > local.min.y ? std::ceil((m_y - local.min.y) / m_stepY) : 0.0;
-    if (!(most < kMostTries) || !(std::fabs(lowest) + std::fabs(highest) + back < kMostSteps)) {
+    if (!(most + std::fabs(lowest) + std::fabs(highest) + back < kMostSteps)) {
         collector.cutShort();
         return false;
     }
@@ -240,7 +237,7 @@ bool Family::search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& r
     m_last = std::min(below + 3 * tries, m_highest);
     if (!m_covers)
         return m_first <= m_last;
-    m_first = std::max(m_first, lineAt(m_seen.min.y) + 1);
+    m_first = std::max(m_first, lineAt(m_seen.min.y));
     m_last = std::min(m_last, lineAt(m_seen.max.y));
     return m_first <= m_last && lay(m_first, m_last, rows, collector);
 }

@@ -144,7 +144,7 @@ private:
         double length = 0.0;
         for (const CVekVertex& vertex : m_piece)
             length += vertex.bulgLen();
-        if (!m_pattern.draws())
+        if (std::isfinite(m_pattern.period()) && !m_pattern.draws())
             return;
         if (m_pattern.covers(length))
             m_pattern.lay(m_piece, *this);
