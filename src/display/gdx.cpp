@@ -1,5 +1,7 @@
 #include <vek/display/gdx.h>
 
+#include "core/values/whole.h"
+
 #include <algorithm>
 
 CVekGDX::CVekGDX(const CVekColor& back, const CVekMatrix3d& projection, double pointSize, unsigned long pointMode,
@@ -12,16 +14,22 @@ CVekGDX::CVekGDX(const CVekColor& back, const CVekMatrix3d& projection, double p
 bool CVekGDX::pictureGet(int i, CVekString& file, unsigned long& id) const
 {
     const CVekDisplayItem& item = displayList[i];
-    file = item.txt;
+    CVekString name;
+    if (!VEK::whole(false, [&] { return (name = item.txt, true); }))
+        return false;
+    file = std::move(name);
     id = item.pdMode;
-    return item.pdMode != vekNoPicture || !item.txt.isNull();
+    return item.pdMode != vekNoPicture || !file.isNull();
 }
 
 bool CVekGDX::hatchGet(int i, VEK::CHatchProp& prop) const
 {
     if (i >= displayList.len())
         return false;
-    prop = displayList[i].hatch;
+    VEK::CHatchProp copy;
+    if (!VEK::whole(false, [&] { return (copy = displayList[i].hatch, true); }))
+        return false;
+    prop = std::move(copy);
     return true;
 }
 
@@ -46,16 +54,16 @@ bool CVekGDX::ColorTabSet(int mode, const CVekColor& color)
 {
     if (mode <= 0 || mode >= 15)
         return false;
-    const CVekColor copy(color); // it may be an entry of the table, which grows
-    colorTab[mode - 1] = copy;
+    CVekColor copy; // it may be an entry of the table, which grows
+    if (!VEK::whole(false, [&] { return (copy = color, colorTab.reserve(mode)); }))
+        return false;
+    colorTab[mode - 1] = std::move(copy);
     return true;
 }
 
 bool CVekGDX::addDisplayList(const CVekArrayTempl<CVekDisplayItem>& list)
 {
-    const bool any = list.len() > 0;
-    displayList += list;
-    return any;
+    return list.len() > 0 && displayList.append(list);
 }
 
 void CVekGDX::clear()
@@ -65,3 +73,22 @@ void CVekGDX::clear()
     extViewMax = CVekPoint3d::kOrigin;
     extMax.setLogicalLength(0);
 }
+
+namespace VEK
+{
+
+GdxBatch::GdxBatch(CVekGDX& gdx)
+    : m_gdx(gdx), m_corners(gdx.cornersGet()), m_length(gdx.lenGet()), m_shortages(memoryShortages())
+{
+}
+
+bool GdxBatch::complete()
+{
+    if (memoryShortages() == m_shortages)
+        return true;
+    m_gdx.displayList.setLogicalLength(m_length);
+    m_gdx.cornersSet(m_corners);
+    return false;
+}
+
+} // namespace VEK

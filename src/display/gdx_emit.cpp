@@ -1,4 +1,5 @@
 // Emission: the write interface of a display object.
+#include "core/values/whole.h"
 
 #include <vek/data.h>
 #include <vek/display/gdx.h>
@@ -6,15 +7,6 @@
 
 namespace
 {
-
-CVekDisplayItem newItem(VekDisplayObj type, const CVekArrayTempl<int>& stack, unsigned long flag)
-{
-    CVekDisplayItem item;
-    item.type = type;
-    item.flag = static_cast<unsigned>(flag);
-    item.stack = stack;
-    return item;
-}
 
 /// Point and text items have their point elsewhere in use, so they keep the reference point as a vertex.
 void keepReference(CVekDisplayItem& item, const CVekPoint3d& refPoint)
@@ -38,36 +30,54 @@ void setPen(CVekDisplayItem& item, const CVekArrayTempl<double>& linetype, doubl
 
 } // namespace
 
-void CVekGDX::add(CVekDisplayItem&& item)
+/// Adds an item that `build` completes, if it gives true and nothing is missing.
+template <class Build>
+bool CVekGDX::emit(VekDisplayObj type, const Stack& stack, unsigned long flag, Build&& build)
 {
-    if (item.type != dispPicture && item.hasExtents())
-        mergeExtents(item, projMtx * viewDirectionMtx);
-    displayList.append(std::move(item));
+    CVekDisplayItem item;
+    Corners corners = cornersGet();
+    const bool complete = VEK::whole(false, [&] {
+        item.type = type;
+        item.flag = static_cast<unsigned>(flag);
+        item.stack = stack;
+        if (!build(item))
+            return false;
+        if (type != dispPicture && item.hasExtents())
+            addItem(corners, item, {true, &item.mtx, &item.regl}, projMtx * viewDirectionMtx);
+        return extMax.reserve(2) && displayList.reserve(displayList.len() + 1);
+    });
+    if (complete) {
+        displayList.append(std::move(item));
+        cornersSet(corners);
+    }
+    return complete;
 }
 
 void CVekGDX::imagePt(const Stack& stack, unsigned long flag, const CVekPoint3d& point, const CVekColor& color,
                       const CVekMatrix3d& mtx, double pointSize, unsigned long pointMode, const CVekPoint3d& refPoint)
 {
-    CVekDisplayItem item = newItem(dispPoint, stack, flag);
-    item.color = color;
-    item.mtx = mtx;
-    item.point = point;
-    item.pdMode = static_cast<unsigned>(pointMode);
-    item.pdSize = pointSize;
-    keepReference(item, refPoint);
-    add(std::move(item));
+    emit(dispPoint, stack, flag, [&](CVekDisplayItem& item) {
+        item.color = color;
+        item.mtx = mtx;
+        item.point = point;
+        item.pdMode = static_cast<unsigned>(pointMode);
+        item.pdSize = pointSize;
+        keepReference(item, refPoint);
+        return true;
+    });
 }
 
 void CVekGDX::imageVl(const Stack& stack, unsigned long flag, const CVekVertexArray& vl, const CVekColor& color,
                       const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale,
                       unsigned long thickn, const CVekPoint3d& refPoint)
 {
-    CVekDisplayItem item = newItem(dispPolyline, stack, flag);
-    item.color = color;
-    item.mtx = mtx;
-    item.vl = vl;
-    setPen(item, linetype, ltscale, thickn, refPoint);
-    add(std::move(item));
+    emit(dispPolyline, stack, flag, [&](CVekDisplayItem& item) {
+        item.color = color;
+        item.mtx = mtx;
+        item.vl = vl;
+        setPen(item, linetype, ltscale, thickn, refPoint);
+        return true;
+    });
 }
 
 void CVekGDX::imageReg(const Stack& stack, unsigned long flag, const Region& reg, const CVekColor& color,
@@ -75,43 +85,46 @@ void CVekGDX::imageReg(const Stack& stack, unsigned long flag, const Region& reg
                        unsigned long thickn, const CVekColor& fcolor, const VEK::CHatchProp& hatch,
                        const CVekPoint3d& refPoint)
 {
-    CVekDisplayItem item = newItem(dispRegion, stack, flag);
-    item.color = color;
-    item.mtx = mtx;
-    item.reg = reg;
-    setPen(item, linetype, ltscale, thickn, refPoint);
-    if (flag & (itemFill | itemHatch))
-        item.fcolor = fcolor.colorIndex() >= 0 ? fcolor : color;
-    item.hatch = hatch;
-    add(std::move(item));
+    emit(dispRegion, stack, flag, [&](CVekDisplayItem& item) {
+        item.color = color;
+        item.mtx = mtx;
+        item.reg = reg;
+        setPen(item, linetype, ltscale, thickn, refPoint);
+        if (flag & (itemFill | itemHatch))
+            item.fcolor = fcolor.colorIndex() >= 0 ? fcolor : color;
+        item.hatch = hatch;
+        return true;
+    });
 }
 
 void CVekGDX::imagePicture(const Stack& stack, unsigned long flag, const wchar_t* file, int id,
                            const CVekPoint3d& corner1, const CVekPoint3d& corner2)
 {
-    CVekDisplayItem item = newItem(dispPicture, stack, flag);
-    item.txt = file;
-    item.pdMode = static_cast<unsigned>(id);
-    if (corner1 != corner2)
-        item.vl.append(CVekVertex(corner1, corner2, 0.0));
-    add(std::move(item));
+    emit(dispPicture, stack, flag, [&](CVekDisplayItem& item) {
+        item.txt = file;
+        item.pdMode = static_cast<unsigned>(id);
+        if (corner1 != corner2)
+            item.vl.append(CVekVertex(corner1, corner2, 0.0));
+        return true;
+    });
 }
 
 void CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const wchar_t* text, const CVekColor& color,
                        const CVekMatrix3d& mtx, const wchar_t* align, const CVekPoint3d& point,
                        const CVekPoint3d& refPoint)
 {
-    CVekDisplayItem item = newItem(dispText, stack, flag);
-    item.color = color;
-    item.mtx = mtx;
-    for (const double value : {1.0, 0.0, 0.0})
-        item.linetype.append(value);
-    item.point = point;
-    item.txtAlign = align;
-    item.txt = text;
-    keepReference(item, refPoint);
-    item.regl = VEK::textRegions(item.txt, item.txtAlign, item.point);
-    add(std::move(item));
+    emit(dispText, stack, flag, [&](CVekDisplayItem& item) {
+        item.color = color;
+        item.mtx = mtx;
+        for (const double value : {1.0, 0.0, 0.0})
+            item.linetype.append(value);
+        item.point = point;
+        item.txtAlign = align;
+        item.txt = text;
+        keepReference(item, refPoint);
+        item.regl = VEK::textRegions(item.txt, item.txtAlign, item.point);
+        return true;
+    });
 }
 
 bool CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const CVekDataItem* textDir, const CVekColor& color,
@@ -119,18 +132,21 @@ bool CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const CVekDataIte
 {
     if (!textDir || !textDir->isDir())
         return false;
-    CVekDisplayItem item = newItem(dispText, stack, flag);
-    if (!vek_text_to_regl(textDir, item.regl, height))
-        return false;
-    item.color = color;
-    item.mtx = mtx;
-    keepReference(item, refPoint);
-    add(std::move(item));
-    return true;
+    return emit(dispText, stack, flag, [&](CVekDisplayItem& item) {
+        if (!vek_text_to_regl(textDir, item.regl, height))
+            return false;
+        item.color = color;
+        item.mtx = mtx;
+        keepReference(item, refPoint);
+        return true;
+    });
 }
 
 void CVekGDX::txtReglUpd(int i)
 {
     CVekDisplayItem& item = displayList[i];
-    item.regl = VEK::textRegions(item.txt, item.txtAlign, item.point);
+    const unsigned long shortages = VEK::memoryShortages();
+    RegionList regl = VEK::textRegions(item.txt, item.txtAlign, item.point);
+    if (VEK::memoryShortages() == shortages)
+        item.regl = std::move(regl);
 }

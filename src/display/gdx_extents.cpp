@@ -1,4 +1,5 @@
 // Extents, and what depends on them: views and fits.
+#include "display/measure.h"
 #include "display/stack.h"
 
 #include <vek/display/gdx.h>
@@ -36,66 +37,79 @@ bool extentsUnder(const CVekVertexArray& vl, const CVekMatrix3d& m, CVekPoint3d&
 
 } // namespace
 
-void CVekGDX::refresh_ext(const CVekPoint3d& point, const CVekMatrix3d& m)
+void CVekGDX::Corners::add(const CVekPoint3d& low, const CVekPoint3d& high)
 {
-    const CVekPoint3d moved = point * m;
-    mergeCorners(moved, moved);
-}
-
-void CVekGDX::refresh_ext(const CVekVertexArray& vl, const CVekMatrix3d& m)
-{
-    CVekPoint3d min;
-    CVekPoint3d max;
-    extentsUnder(vl, m, min, max);
-    mergeCorners(min, max);
-}
-
-void CVekGDX::mergeCorners(const CVekPoint3d& min, const CVekPoint3d& max)
-{
-    if (!isFinite(min) || !isFinite(max))
+    if (!isFinite(low) || !isFinite(high))
         return;
-    if (extMax.len() == 0) {
-        extMax.append(min);
-        extMax.append(max);
-    } else {
-        extMax[0] = VEK::p_min(extMax[0], min);
-        extMax[1] = VEK::p_max(extMax[1], max);
-    }
+    min = any ? VEK::p_min(min, low) : low;
+    max = any ? VEK::p_max(max, high) : high;
+    any = true;
 }
 
-void CVekGDX::mergeExtents(const CVekDisplayItem& item, const CVekMatrix3d& view)
+CVekGDX::Corners CVekGDX::cornersGet() const
+{
+    Corners corners;
+    corners.any = extmaxGet(corners.min, corners.max);
+    return corners;
+}
+
+/// Both corners, or none where there is no room for them.
+void CVekGDX::cornersSet(const Corners& corners)
+{
+    extMax.setLogicalLength(0);
+    if (!corners.any || !extMax.reserve(2))
+        return;
+    extMax.append(corners.min);
+    extMax.append(corners.max);
+}
+
+void CVekGDX::addItem(Corners& corners, const CVekDisplayItem& item, const Seen& seen, const CVekMatrix3d& view)
 {
     static const CVekVertexArray kEmpty;
-    const CVekMatrix3d m = view * item.mtx;
+    const CVekMatrix3d m = view * *seen.mtx;
+    const auto add = [&](const CVekVertexArray& vl) {
+        CVekPoint3d min, max;
+        extentsUnder(vl, m, min, max);
+        corners.add(min, max);
+    };
     switch (item.type) {
-    case dispPoint: refresh_ext(item.point, m); break;
-    case dispPolyline: refresh_ext(item.vl, m); break;
-    case dispRegion: refresh_ext(item.reg.len() ? item.reg[0] : kEmpty, m); break;
+    case dispPoint: corners.add(item.point * m, item.point * m); break;
+    case dispPolyline: add(item.vl); break;
+    case dispRegion: add(item.reg.len() ? item.reg[0] : kEmpty); break;
     case dispText:
-        for (const Region& region : item.regl)
-            refresh_ext(region.len() ? region[0] : kEmpty, m);
+        for (const Region& region : *seen.regl)
+            add(region.len() ? region[0] : kEmpty);
         break;
     default: break;
     }
 }
 
+void CVekGDX::refresh_ext(const CVekPoint3d& point, const CVekMatrix3d& m)
+{
+    Corners corners = cornersGet();
+    const CVekPoint3d moved = point * m;
+    corners.add(moved, moved);
+    cornersSet(corners);
+}
+
+void CVekGDX::refresh_ext(const CVekVertexArray& vl, const CVekMatrix3d& m)
+{
+    Corners corners = cornersGet();
+    const bool complete = VEK::whole(false, [&] {
+        CVekPoint3d min, max;
+        extentsUnder(vl, m, min, max);
+        corners.add(min, max);
+        return extMax.reserve(2);
+    });
+    if (complete)
+        cornersSet(corners);
+}
+
 void CVekGDX::refresh_ext()
 {
-    extMax.setLogicalLength(0);
-    const CVekMatrix3d view = projMtx * viewDirectionMtx;
-    for (CVekDisplayItem& item : displayList) {
-        if (!item.hasExtents())
-            continue;
-        if (item.type == dispRegion && item.reg.len() == 0)
-            item.reg.setLogicalLength(1);
-        if (item.type == dispText) {
-            for (Region& region : item.regl) {
-                if (region.len() == 0)
-                    region.setLogicalLength(1);
-            }
-        }
-        mergeExtents(item, view);
-    }
+    Corners corners;
+    if (measure(corners, projMtx * viewDirectionMtx, [](const CVekDisplayItem&, Seen&) {}))
+        cornersSet(corners);
 }
 
 bool CVekGDX::extmaxGet(CVekPoint3d& min, CVekPoint3d& max) const
@@ -109,7 +123,9 @@ bool CVekGDX::extmaxGet(CVekPoint3d& min, CVekPoint3d& max) const
 
 bool CVekGDX::extmaxGet(const Stack& stack, CVekPoint3d& min, CVekPoint3d& max) const
 {
+    const unsigned long shortages = VEK::memoryShortages();
     bool any = false;
+    CVekPoint3d low = min, high = max;
     CVekPoint3d itemMin; // kept from item to item: one without geometry merges what the one before it left
     CVekPoint3d itemMax;
     const CVekMatrix3d view = projMtx * viewDirectionMtx;
@@ -128,9 +144,13 @@ bool CVekGDX::extmaxGet(const Stack& stack, CVekPoint3d& min, CVekPoint3d& max) 
             break;
         default: break;
         }
-        min = VEK::p_min(min, itemMin);
-        max = VEK::p_max(max, itemMax);
+        low = VEK::p_min(low, itemMin);
+        high = VEK::p_max(high, itemMax);
     }
+    if (VEK::memoryShortages() != shortages)
+        return false;
+    min = low;
+    max = high;
     return any;
 }
 
@@ -156,16 +176,26 @@ void CVekGDX::extMaxViewGet(CVekPoint3d& min, CVekPoint3d& max) const
     }
 }
 
+/// Looks another way, with the extents that are seen so.
+bool CVekGDX::look(const CVekMatrix3d& projection, const CVekMatrix3d& direction)
+{
+    Corners corners;
+    if (!measure(corners, projection * direction, [](const CVekDisplayItem&, Seen&) {}))
+        return false;
+    projMtx = projection;
+    viewDirectionMtx = direction;
+    cornersSet(corners);
+    return true;
+}
+
 void CVekGDX::projMtxSet(const CVekMatrix3d& m)
 {
-    projMtx = m;
-    refresh_ext();
+    look(m, viewDirectionMtx);
 }
 
 void CVekGDX::viewDirectionMtxSet(const CVekMatrix3d& m)
 {
-    viewDirectionMtx = m;
-    refresh_ext();
+    look(projMtx, m);
 }
 
 void CVekGDX::viewDirectionHvcSet(const CVekVector3d& direction)
@@ -178,6 +208,5 @@ bool CVekGDX::viewDirectionSet(CVekString keyword)
     const CVekVector3d direction = vek_gdx_view_vdir_get(keyword);
     if (direction.abs() == 0.0)
         return false;
-    viewDirectionHvcSet(direction);
-    return true;
+    return look(projMtx, VEK::g_mtx_view(direction, CVekPoint3d::kOrigin, true));
 }

@@ -1,7 +1,8 @@
 // Operations on the items of a stack path.
+#include "display/measure.h"
 #include "display/stack.h"
 
-#include <vek/display/gdx.h>
+#include <vek/draw/text.h>
 
 /// Runs a change on every item of a group, in list order.
 template <class Change>
@@ -17,14 +18,22 @@ bool CVekGDX::forGroup(const Stack& stack, Change change)
     return any;
 }
 
+bool CVekGDX::inAny(const Stack& stack) const
+{
+    return std::any_of(displayList.begin(), displayList.end(),
+                       [&](const CVekDisplayItem& item) { return VEK::inGroup(item, stack); });
+}
+
 CVekArrayTempl<int> CVekGDX::StackToItemNr(const Stack& stack) const
 {
-    CVekArrayTempl<int> numbers;
-    for (int i = 0; i < displayList.len(); ++i) {
-        if (VEK::inGroup(displayList[i], stack))
-            numbers.append(i);
-    }
-    return numbers;
+    return VEK::whole(CVekArrayTempl<int>(), [&] {
+        CVekArrayTempl<int> numbers;
+        for (int i = 0; i < displayList.len(); ++i) {
+            if (VEK::inGroup(displayList[i], stack))
+                numbers.append(i);
+        }
+        return numbers;
+    });
 }
 
 int CVekGDX::stackGet() const
@@ -77,8 +86,10 @@ bool CVekGDX::pdSizeSet(const Stack& stack, double value)
 
 bool CVekGDX::hatchSet(const Stack& stack, const VEK::CHatchProp& prop)
 {
-    const VEK::CHatchProp hatch = prop; // it may be that of an item
-    return forGroup(stack, [&](int i) { displayList[i].hatch = hatch; });
+    CVekArrayTempl<VEK::CHatchProp> copies; // one for each item
+    const bool complete = VEK::whole(false, [&] { return forGroup(stack, [&](int) { copies.append(prop); }); });
+    int next = 0;
+    return complete && forGroup(stack, [&](int i) { displayList[i].hatch = std::move(copies[next++]); });
 }
 
 bool CVekGDX::cModeSet(const Stack& stack, unsigned mode)
@@ -92,111 +103,172 @@ void CVekGDX::cFlagSet(int i, unsigned mode)
     flag = (flag & 0xFF) | (mode & 15) << itemColorModeShift;
 }
 
+namespace
+{
+
+/// A flag behind a change; an unknown code changes nothing.
+unsigned changedFlag(unsigned flag, int code)
+{
+    switch (code) {
+    case propShow: return flag & ~itemHidden;
+    case propHide: return flag | itemHidden;
+    case propExt: return flag & ~itemNoExt;
+    case propNoExt: return flag | itemNoExt;
+    case propOutline: return flag | itemOutline;
+    case propNoOutline: return flag & ~itemOutline;
+    case propFullWindow: return flag | itemFullWindow;
+    case propNoFullWindow: return flag & ~itemFullWindow;
+    case propTransparent: return flag | itemTransparent;
+    case propNotTransparent: return flag & ~itemTransparent;
+    default: return flag;
+    }
+}
+
+} // namespace
+
+/// Changes a flag of some items.
+template <class IsIn>
+bool CVekGDX::flagsSet(int code, IsIn isIn)
+{
+    Corners corners;
+    const auto look = [&](const CVekDisplayItem& item, Seen& seen) {
+        if (isIn(item))
+            seen.counts = (changedFlag(item.flag, code) & (itemNoExt | itemScreenFixed)) == 0;
+    };
+    if (!measure(corners, projMtx * viewDirectionMtx, look))
+        return false;
+    for (CVekDisplayItem& item : displayList) {
+        if (isIn(item))
+            item.flag = changedFlag(item.flag, code);
+    }
+    cornersSet(corners);
+    return true;
+}
+
 bool CVekGDX::propSet(const Stack& stack, int code)
 {
-    const bool any = forGroup(stack, [&](int i) { flagChange(i, code); });
-    if (any)
-        refresh_ext();
-    return any;
+    return inAny(stack) && flagsSet(code, [&](const CVekDisplayItem& item) { return VEK::inGroup(item, stack); });
 }
 
 bool CVekGDX::redraw(const Stack& stack, int code)
 {
     if (displayList.len() == 0)
         return false;
-    bool valid = false;
-    for (int i = 0; i < displayList.len(); ++i) {
-        if (stack.len() == 0 || VEK::inGroup(displayList[i], stack))
-            valid |= flagChange(i, code);
-    }
-    if (valid)
-        refresh_ext();
-    return true;
+    const bool all = stack.len() == 0;
+    if (code < propShow || code > propNotTransparent || (!all && !inAny(stack)))
+        return true;
+    return flagsSet(code, [&](const CVekDisplayItem& item) { return all || VEK::inGroup(item, stack); });
 }
 
 void CVekGDX::flagSet(int i, int code)
 {
-    if (flagChange(i, code))
-        refresh_ext();
-}
-
-bool CVekGDX::flagChange(int i, int code)
-{
-    unsigned& flag = displayList[i].flag;
-    switch (code) {
-    case propShow: flag &= ~itemHidden; break;
-    case propHide: flag |= itemHidden; break;
-    case propExt: flag &= ~itemNoExt; break;
-    case propNoExt: flag |= itemNoExt; break;
-    case propOutline: flag |= itemOutline; break;
-    case propNoOutline: flag &= ~itemOutline; break;
-    case propFullWindow: flag |= itemFullWindow; break;
-    case propNoFullWindow: flag &= ~itemFullWindow; break;
-    case propTransparent: flag |= itemTransparent; break;
-    case propNotTransparent: flag &= ~itemTransparent; break;
-    default: return false;
-    }
-    return true;
+    const CVekDisplayItem* one = &displayList[i];
+    flagsSet(code, [&](const CVekDisplayItem& item) { return &item == one; });
 }
 
 bool CVekGDX::mtxSet(const Stack& stack, const CVekMatrix3d& m)
 {
-    const CVekArrayTempl<int> group = StackToItemNr(stack);
-    if (group.len() == 0)
+    const CVekDisplayItem* reference = nullptr;
+    for (const CVekDisplayItem& item : displayList) {
+        if (!VEK::inGroup(item, stack))
+            continue;
+        reference = &item;
+        if (item.stack.len() == stack.len())
+            break;
+    }
+    if (!reference)
         return false;
-    const auto isWhole = [&](int i) { return displayList[i].stack.len() == stack.len(); };
-    const int* whole = std::find_if(group.begin(), group.end(), isWhole);
-    const int reference = whole == group.end() ? group[-1] : *whole;
     const CVekMatrix3d target = m; // it may be that of an item
-    const CVekMatrix3d change = target * displayList[reference].mtx.inverse();
-    for (const int i : group)
-        displayList[i].mtx *= change;
-    displayList[reference].mtx = target; // without the rounding of the product
-    refresh_ext();
+    const CVekMatrix3d change = target * reference->mtx.inverse();
+    const auto moved = [&](const CVekDisplayItem& item) {
+        CVekMatrix3d mtx = item.mtx;
+        return &item == reference ? target : mtx *= change; // the target without the rounding of the product
+    };
+    Corners corners;
+    CVekMatrix3d there;
+    const auto look = [&](const CVekDisplayItem& item, Seen& seen) {
+        if (VEK::inGroup(item, stack)) {
+            there = moved(item);
+            seen.mtx = &there;
+        }
+    };
+    if (!measure(corners, projMtx * viewDirectionMtx, look))
+        return false;
+    forGroup(stack, [&](int i) { displayList[i].mtx = moved(displayList[i]); });
+    cornersSet(corners);
+    return true;
+}
+
+/// What a text item is set from, and its glyphs.
+struct CVekGDX::Lettering {
+    CVekString txt;
+    CVekString txtAlign;
+    CVekPoint3d point;
+    RegionList regl;
+};
+
+/// Sets the texts of a group anew.
+/// @param set changes what an item is set from
+template <class Set>
+bool CVekGDX::letter(const Stack& stack, Set set)
+{
+    CVekArrayTempl<Lettering> texts;
+    const bool complete = VEK::whole(false, [&] {
+        return forGroup(stack, [&](int i) {
+            const CVekDisplayItem& item = displayList[i];
+            Lettering& text = texts[texts.len()];
+            text.txt = item.txt;
+            text.txtAlign = item.txtAlign;
+            text.point = item.point;
+            set(text);
+            text.regl = VEK::textRegions(text.txt, text.txtAlign, text.point);
+        });
+    });
+    Corners corners;
+    int next = 0;
+    const auto look = [&](const CVekDisplayItem& item, Seen& seen) {
+        if (VEK::inGroup(item, stack))
+            seen.regl = &texts[next++].regl;
+    };
+    if (!complete || !measure(corners, projMtx * viewDirectionMtx, look))
+        return false;
+    next = 0;
+    forGroup(stack, [&](int i) {
+        CVekDisplayItem& item = displayList[i];
+        Lettering& text = texts[next++];
+        item.txt = std::move(text.txt);
+        item.txtAlign = std::move(text.txtAlign);
+        item.point = text.point;
+        item.regl = std::move(text.regl);
+    });
+    cornersSet(corners);
     return true;
 }
 
 bool CVekGDX::txtSet(const Stack& stack, const wchar_t* text)
 {
-    if (!text)
-        return false;
-    const CVekString copy = text;
-    const auto change = [&](int i) {
-        displayList[i].txt = copy;
-        txtReglUpd(i);
-    };
-    if (forGroup(stack, change))
-        refresh_ext();
-    return true;
+    return text && (!inAny(stack) || letter(stack, [&](Lettering& item) { item.txt = text; }));
 }
 
 bool CVekGDX::txtAlignSet(const Stack& stack, const wchar_t* align)
 {
-    if (!align)
-        return false;
-    const CVekString copy = align;
-    const auto change = [&](int i) {
-        displayList[i].txtAlign = copy;
-        txtReglUpd(i);
-    };
-    if (forGroup(stack, change))
-        refresh_ext();
-    return true;
+    return align && (!inAny(stack) || letter(stack, [&](Lettering& item) { item.txtAlign = align; }));
 }
 
 void CVekGDX::txtPointSet(const Stack& stack, CVekPoint3d point)
 {
-    const auto change = [&](int i) {
-        displayList[i].point = point;
-        txtReglUpd(i);
-    };
-    if (forGroup(stack, change))
-        refresh_ext();
+    letter(stack, [&](Lettering& item) { item.point = point; });
 }
 
 bool CVekGDX::removeItemStack(const Stack& stack)
 {
-    const Stack path = stack; // it may be that of an item
+    Corners corners;
+    const Stack path = VEK::whole(Stack(), [&] { return Stack(stack); }); // it may be that of an item
+    const auto look = [&](const CVekDisplayItem& item, Seen& seen) {
+        seen.counts = seen.counts && !VEK::inGroup(item, path);
+    };
+    if (!inAny(path) || !measure(corners, projMtx * viewDirectionMtx, look))
+        return false;
     int kept = 0;
     for (int i = 0; i < displayList.len(); ++i) {
         if (VEK::inGroup(displayList[i], path))
@@ -205,10 +277,8 @@ bool CVekGDX::removeItemStack(const Stack& stack)
             displayList[kept] = std::move(displayList[i]);
         ++kept;
     }
-    if (kept == displayList.len())
-        return false;
     displayList.setLogicalLength(kept);
-    refresh_ext();
+    cornersSet(corners);
     return true;
 }
 
@@ -221,7 +291,12 @@ bool CVekGDX::removeItem(int i)
 {
     if (i >= displayList.len() || displayList.len() == 0)
         return false;
+    const CVekDisplayItem* gone = &displayList[i];
+    Corners corners;
+    const auto look = [&](const CVekDisplayItem& item, Seen& seen) { seen.counts = seen.counts && &item != gone; };
+    if (!measure(corners, projMtx * viewDirectionMtx, look))
+        return false;
     displayList.removeAt(i);
-    refresh_ext();
+    cornersSet(corners);
     return true;
 }

@@ -94,11 +94,11 @@ int CVekGDX::imageItemGet(const CVekPoint3d& devicePoint)
 {
     Picker picker(imagePtWc(devicePoint));
     int number = -1;
-    displayList.pick([&](CVekDisplayItem& item) {
+    const bool complete = displayList.pick([&](CVekDisplayItem& item) {
         const bool hit = picker.hits(item);
         if (hit)
             number = item.stack[0];
         return hit;
     });
-    return number;
+    return complete ? number : -1;
 }

@@ -21,11 +21,23 @@ unsigned char orderClass(const CVekDisplayItem& item)
 
 } // namespace
 
-void CVekDisplayList::sort()
+bool CVekDisplayList::append(const CVekArrayTempl<CVekDisplayItem>& items)
+{
+    const unsigned long shortages = VEK::memoryShortages();
+    CVekArrayTempl<CVekDisplayItem>& own = settled();
+    const int before = own.len();
+    own += items;
+    if (VEK::memoryShortages() == shortages)
+        return true;
+    own.setLogicalLength(before);
+    return false;
+}
+
+bool CVekDisplayList::sort()
 {
     if (m_isDown || m_isBackwards) { // nobody has touched an item since they were sorted
         m_isDown = false;
-        return;
+        return true;
     }
     m_first = {};
     bool sorted = true;
@@ -39,10 +51,10 @@ void CVekDisplayList::sort()
     for (std::size_t c = 1; c < m_first.size(); ++c)
         m_first[c] += m_first[c - 1];
     if (sorted)
-        return;
+        return true;
     CVekArrayTempl<int> place; // where each item goes
     if (!place.reserve(m_items.len()))
-        return;
+        return false;
     std::array<int, kClasses + 1> next = m_first;
     for (const CVekDisplayItem& item : m_items)
         place.append(next[orderClass(item)]++);
@@ -53,6 +65,7 @@ void CVekDisplayList::sort()
             std::swap(place[i], place[to]);
         }
     }
+    return true;
 }
 
 void CVekDisplayList::settle() const

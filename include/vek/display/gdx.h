@@ -6,6 +6,11 @@
 
 class CVekDataItem;
 
+namespace VEK
+{
+class GdxBatch;
+}
+
 /// A retained picture: a flat list of display items with the view matrices and colours under which they are drawn.
 ///
 /// A point p of an item with matrix m reaches the device as zoomMtx * viewMtx * projMtx * viewDirectionMtx * m * p.
@@ -18,6 +23,9 @@ class CVekDataItem;
 ///
 /// Item numbers follow the array rules: -1 is the last item, and one past the end reads a default item. A copy is
 /// deep. There is no lock: a display object belongs to one thread at a time.
+///
+/// Where memory ends, an operation leaves the object as it was and gives its failure: false, -1, nothing. One without a
+/// result leaves it as it was too, which `VEK::memoryShortages` tells.
 class VEK_API CVekGDX : public CVekObj
 {
 public:
@@ -59,10 +67,11 @@ public:
     void geomGet(CVekPoint3d& point, int i) const { point = displayList[i].point; }
 
     /// File name and resource number of a picture.
-    /// @return false when there is neither: the number is 0x7FFFFFFF and the name is empty
+    /// @return false when there is neither: the number is 0x7FFFFFFF and the name is empty. Where memory ends, the
+    ///     targets stay
     bool pictureGet(int i, CVekString& file, unsigned long& id) const;
 
-    /// @return false, with the target as it was, when i is not below the length
+    /// @return false, with the target as it was, when i is not below the length and where memory ends
     bool hatchGet(int i, VEK::CHatchProp& prop) const;
 
     unsigned long pdModeGet() const { return pdMode; }
@@ -94,11 +103,11 @@ public:
     void pdModeSet(unsigned long value) { pdMode = static_cast<unsigned>(value); }
     void pdSizeSet(double value) { pdSize = value; }
 
-    /// Sets the entry of a colour mode from 1 to 14; false for any other.
+    /// Sets the entry of a colour mode from 1 to 14; false for any other, and where memory ends.
     bool ColorTabSet(int mode, const CVekColor& color);
 
     /// Appends copies of all items of a list; the extents are left to the caller.
-    /// @return whether the list held any
+    /// @return whether any were added
     bool addDisplayList(const CVekArrayTempl<CVekDisplayItem>& list);
 
     /// Sets point style or size in every item whose path is exactly the given one, whatever its type.
@@ -117,7 +126,7 @@ public:
     bool propSet(const Stack& stack, int code);
 
     /// The same, where an empty path means all items.
-    /// @return false for an empty list only
+    /// @return false for an empty list, and where memory ends, only
     bool redraw(const Stack& stack, int code);
 
     /// Moves a group as one: the first of its items whose path is the given one, or else the last of the group, gets
@@ -127,7 +136,7 @@ public:
 
     /// Set the text, its alignment or its insertion point in a group, lay the glyphs out anew and recompute the
     /// extents.
-    /// @return false for a null text only, and nothing changes
+    /// @return false for a null text, and where memory ends, only, and nothing changes
     bool txtSet(const Stack& stack, const wchar_t* text);
     bool txtAlignSet(const Stack& stack, const wchar_t* align);
     void txtPointSet(const Stack& stack, CVekPoint3d point);
@@ -144,8 +153,8 @@ public:
     /// highlighted regions (mode 1), other highlighted items, pictures. A sorted list is left alone.
     void displListSort();
 
-    // Emission: each adds one item at the end and keeps the extents up to date. The arguments are copied; they may
-    // belong to this very object.
+    // Emission: each adds one item at the end and keeps the extents up to date, or does neither where memory ends. The
+    // arguments are copied; they may belong to this very object. Items that belong together go into a `VEK::GdxBatch`.
 
     /// @param refPoint reference point of a screen-fixed point
     void imagePt(const Stack& stack, unsigned long flag, const CVekPoint3d& point, const CVekColor& color,
@@ -223,7 +232,7 @@ public:
 
     /// Picks the topmost polyline, point or region boundary within 5.0 world units of a device point. Sorts the list
     /// and leaves it reversed; an item picked with an empty path gets the path (0).
-    /// @return the first number of its path, or -1
+    /// @return the first number of its path, or -1. Where memory ends, that is so too, and the list may be left sorted
     int imageItemGet(const CVekPoint3d& devicePoint);
 
 protected:
@@ -254,10 +263,64 @@ protected:
     CVekMatrix3d viewDirectionMtx;
 
 private:
-    void add(CVekDisplayItem&& item);
-    void mergeExtents(const CVekDisplayItem& item, const CVekMatrix3d& view);
-    void mergeCorners(const CVekPoint3d& min, const CVekPoint3d& max);
-    bool flagChange(int i, int code);
+    friend class VEK::GdxBatch;
+
+    /// A box that grows.
+    struct Corners {
+        CVekPoint3d min;
+        CVekPoint3d max;
+        bool any = false;
+
+        void add(const CVekPoint3d& low, const CVekPoint3d& high);
+    };
+
+    /// What the extents see of an item.
+    struct Seen {
+        bool counts;
+        const CVekMatrix3d* mtx;
+        RegionList* regl;
+    };
+
+    struct Lettering;
+
+    template <class Build>
+    bool emit(VekDisplayObj type, const Stack& stack, unsigned long flag, Build&& build);
+    static void addItem(Corners& corners, const CVekDisplayItem& item, const Seen& seen, const CVekMatrix3d& view);
+    template <class Look>
+    bool measure(Corners& corners, const CVekMatrix3d& view, Look&& look);
+    Corners cornersGet() const;
+    void cornersSet(const Corners& corners);
+    bool look(const CVekMatrix3d& projection, const CVekMatrix3d& direction);
+    bool inAny(const Stack& stack) const;
+    template <class IsIn>
+    bool flagsSet(int code, IsIn isIn);
+    template <class Set>
+    bool letter(const Stack& stack, Set set);
     template <class Change>
     bool forGroup(const Stack& stack, Change change);
 };
+
+namespace VEK
+{
+
+/// Items that belong together: where memory ends before all of them are there, none is.
+///
+/// Between its making and the end of the batch items may only be added to the display object.
+class VEK_API GdxBatch
+{
+public:
+    explicit GdxBatch(CVekGDX& gdx);
+
+    /// Ends the batch.
+    /// @return false where memory was short since it began; the items since then are gone, and the extents are as they
+    ///     were
+    bool complete();
+
+private:
+    CVekGDX& m_gdx;
+    CVekGDX::Corners m_corners;
+    int m_length;
+    unsigned long m_shortages;
+};
+
+} // namespace VEK

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vek/display/item.h>
+#include <vek/values/memory.h>
 
 #include <array>
 #include <utility>
@@ -33,12 +34,14 @@ public:
         return settled();
     }
 
+    /// Makes room for a number of items.
+    /// @return false when the memory is not to be had
+    bool reserve(int count) { return settled().reserve(count); }
     void append(CVekDisplayItem&& item) { settled().append(std::move(item)); }
-    CVekDisplayList& operator+=(const CVekArrayTempl<CVekDisplayItem>& items)
-    {
-        settled() += items;
-        return *this;
-    }
+
+    /// Appends copies of all items of another list, which may be this one.
+    /// @return false, with the list as it was, where the memory is not to be had
+    bool append(const CVekArrayTempl<CVekDisplayItem>& items);
     void removeAt(int index) { settled().removeAt(index); }
     int setLogicalLength(int length)
     {
@@ -63,19 +66,29 @@ public:
     ~CVekDisplayList() = default;
 
     /// Sorts by the classes of the draw order, stable inside each; see `CVekGDX::displListSort`.
-    void sort();
+    /// @return false, with the list as it was, where the memory is not to be had
+    bool sort();
 
     /// Sorts, reverses, and hands the items to `test` in that order until it gives true. The test changes neither the
     /// kind nor the colour mode of an item.
+    /// @return false where memory was not to be had; the list may be sorted then, but is not reversed
     template <class Test>
-    void pick(Test&& test)
+    bool pick(Test&& test)
     {
-        sort();
+        const unsigned long shortages = VEK::memoryShortages();
+        if (!sort())
+            return false;
         m_isDown = true;
         m_isBackwards = !m_isBackwards;
         search(test);
+        const bool complete = VEK::memoryShortages() == shortages;
+        if (!complete) {
+            m_isDown = false;
+            m_isBackwards = !m_isBackwards;
+        }
         if (m_isShown)
             settle();
+        return complete;
     }
 
 private:

@@ -1,4 +1,5 @@
 #include "core/geometry/part.h"
+#include "core/values/whole.h"
 
 #include <vek/geometry/polyline.h>
 #include <vek/geometry/view.h>
@@ -14,18 +15,20 @@ constexpr int kMaxExplode = 1000000;
 template <class Count>
 CVekVertexArray chordsOf(const CVekVertexArray& vl, Count&& count)
 {
-    CVekVertexArray chords;
-    chords.setNormal(vl.normal());
-    chords.reserve(vl.len());
-    for (const CVekVertex& vertex : vl) {
-        if (vertex.bulge == 0.0) {
-            chords.append(vertex);
-            continue;
+    return whole(CVekVertexArray(), [&] {
+        CVekVertexArray chords;
+        chords.setNormal(vl.normal());
+        chords.reserve(vl.len());
+        for (const CVekVertex& vertex : vl) {
+            if (vertex.bulge == 0.0) {
+                chords.append(vertex);
+                continue;
+            }
+            const detail::Segment segment(vertex, vl.normal());
+            segment.appendChords(chords, count(segment));
         }
-        const detail::Segment segment(vertex, vl.normal());
-        segment.appendChords(chords, count(segment));
-    }
-    return chords;
+        return chords;
+    });
 }
 
 /// Whether the plane of a normal comes to lie parallel to xy.
@@ -60,17 +63,19 @@ CVekVertexArray g_vl_expl(const CVekVertexArray& vl, int n)
 
 CVekVertexArray g_vl_proje_mtx_orig(CVekVertexArray vl, const CVekMatrix3d& m, double tolerance)
 {
-    if (plane::hasArcs(vl) && !liesLevel(vl.normal(), m))
-        vl = vl_split_dif(std::move(vl), tolerance);
-    vl.transformBy(m);
-    const bool turned = vl.normal()[2] < 0.0;
-    for (CVekVertex& vertex : vl) {
-        g_vx_xy(vertex);
-        if (turned)
-            vertex.bulge = -vertex.bulge;
-    }
-    vl.setNormal(CVekVector3d::kZAxis);
-    return vl;
+    return whole(CVekVertexArray(), [&] {
+        if (plane::hasArcs(vl) && !liesLevel(vl.normal(), m))
+            vl = vl_split_dif(std::move(vl), tolerance);
+        vl.transformBy(m);
+        const bool turned = vl.normal()[2] < 0.0;
+        for (CVekVertex& vertex : vl) {
+            g_vx_xy(vertex);
+            if (turned)
+                vertex.bulge = -vertex.bulge;
+        }
+        vl.setNormal(CVekVector3d::kZAxis);
+        return std::move(vl);
+    });
 }
 
 } // namespace VEK

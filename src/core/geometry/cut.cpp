@@ -1,4 +1,5 @@
 #include "core/geometry/part.h"
+#include "core/values/whole.h"
 
 #include <vek/geometry/polyline.h>
 
@@ -29,9 +30,7 @@ std::optional<Place> placeOf(const CVekVertexArray& vl, const CVekPoint3d& point
     return {};
 }
 
-} // namespace
-
-CVekVertexArray g_vl_cut(CVekVertexArray vl, const CVekPoint3d& from, const CVekPoint3d& to)
+CVekVertexArray partOf(const CVekVertexArray& vl, const CVekPoint3d& from, const CVekPoint3d& to)
 {
     CVekVertexArray cut;
     std::optional<Place> first = placeOf(vl, from);
@@ -59,6 +58,14 @@ CVekVertexArray g_vl_cut(CVekVertexArray vl, const CVekPoint3d& from, const CVek
         cut.append(part);
     }
     return cut;
+}
+
+} // namespace
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the polyline over by value
+CVekVertexArray g_vl_cut(CVekVertexArray vl, const CVekPoint3d& from, const CVekPoint3d& to)
+{
+    return whole(CVekVertexArray(), [&] { return partOf(vl, from, to); });
 }
 
 } // namespace VEK

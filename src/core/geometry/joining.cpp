@@ -1,5 +1,6 @@
 #include "core/geometry/area.h"
 #include "core/geometry/part.h"
+#include "core/values/whole.h"
 
 #include <vek/geometry/polyline.h>
 #include <vek/geometry/region.h>
@@ -7,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <new>
 #include <numbers>
 #include <numeric>
 #include <set>
@@ -279,10 +279,8 @@ CVekVertexArray cleaned(const CVekVertexArray& run, double tolerance)
     return clean;
 }
 
-} // namespace
-
-CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVertexArray>& vll)
-try {
+CVekArrayTempl<CVekVertexArray> joined(const CVekArrayTempl<CVekVertexArray>& vll)
+{
     double size = 0.0;
     for (const CVekVertexArray& vl : vll) {
         for (const CVekVertex& vertex : vl) {
@@ -351,8 +349,13 @@ try {
             prepared.append(std::move(ordered.contour));
     }
     return prepared;
-} catch (const std::bad_alloc&) {
-    return {};
+}
+
+} // namespace
+
+CVekArrayTempl<CVekVertexArray> vll_regions_prepare(const CVekArrayTempl<CVekVertexArray>& vll)
+{
+    return whole(CVekArrayTempl<CVekVertexArray>(), [&] { return joined(vll); });
 }
 
 } // namespace VEK

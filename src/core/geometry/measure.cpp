@@ -1,4 +1,5 @@
 #include "core/geometry/dash_pattern.h"
+#include "core/values/whole.h"
 
 #include <vek/geometry/polyline.h>
 
@@ -27,14 +28,11 @@ private:
     CVekVector3d m_normal;
 };
 
-} // namespace
-
-// NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the pattern over by value
-CVekArrayTempl<CVekVertexArray> vl_measure(CVekVertexArray vl, double scale, CVekLineParm pattern)
+CVekArrayTempl<CVekVertexArray> dashesOf(CVekVertexArray&& vl, double scale, const CVekArrayTempl<double>& pattern)
 {
     CVekArrayTempl<CVekVertexArray> runs = vl_to_vll(std::move(vl));
     detail::DashPattern laid;
-    laid.assign(pattern.dashes(), scale, 0.0);
+    laid.assign(pattern, scale, 0.0);
     if (!(scale > 0.0) || laid.isEmpty() || !std::isfinite(laid.period()))
         return runs;
     CVekArrayTempl<CVekVertexArray> pieces;
@@ -53,6 +51,14 @@ CVekArrayTempl<CVekVertexArray> vl_measure(CVekVertexArray vl, double scale, CVe
         laid.lay(run, collected);
     }
     return pieces;
+}
+
+} // namespace
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the pattern over by value
+CVekArrayTempl<CVekVertexArray> vl_measure(CVekVertexArray vl, double scale, CVekLineParm pattern)
+{
+    return whole(CVekArrayTempl<CVekVertexArray>(), [&] { return dashesOf(std::move(vl), scale, pattern.dashes()); });
 }
 
 } // namespace VEK

@@ -1,5 +1,7 @@
 #include <vek/geometry/outline.h>
 
+#include "core/values/whole.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -338,16 +340,19 @@ CVekVertexArray g_outline(int kind, const CVekVector3d& offset, const CVekArrayT
         (rule == 'x' ? mirrorX : mirrorY) *= mirrors ? -1.0 : 1.0;
         values[i] = mirrors ? -parameters[i] : parameters[i];
     }
-    CVekVertexArray vl = row.make(values);
-    if (mirrorX * mirrorY < 0.0) {
-        for (CVekVertex& vertex : vl) {
-            vertex.start.set(vertex.start[0] * mirrorX, vertex.start[1] * mirrorY, 0.0);
-            vertex.end.set(vertex.end[0] * mirrorX, vertex.end[1] * mirrorY, 0.0);
-            vertex.bulge = -vertex.bulge;
+    return whole(CVekVertexArray(), [&] {
+        CVekVertexArray vl = row.make(values);
+        if (mirrorX * mirrorY < 0.0) {
+            for (CVekVertex& vertex : vl) {
+                vertex.start.set(vertex.start[0] * mirrorX, vertex.start[1] * mirrorY, 0.0);
+                vertex.end.set(vertex.end[0] * mirrorX, vertex.end[1] * mirrorY, 0.0);
+                vertex.bulge = -vertex.bulge;
+            }
+            vl.revert();
         }
-        vl.revert();
-    }
-    return vl.move(offset);
+        vl.move(offset);
+        return vl;
+    });
 }
 
 } // namespace VEK

@@ -1,10 +1,9 @@
 #include "core/geometry/part.h"
 #include "core/geometry/prepared_region.h"
+#include "core/values/whole.h"
 
 #include <vek/geometry/prepared_region.h>
 #include <vek/geometry/region.h>
-
-#include <new>
 
 namespace VEK
 {
@@ -93,10 +92,9 @@ Pieces cut(plane::PreparedRegion& region, const CVekVertexArray& polyline, bool 
 
 template <class Contours>
 std::unique_ptr<plane::PreparedRegion> prepared(const Contours& contours)
-try {
-    return std::make_unique<plane::PreparedRegion>(contours);
-} catch (const std::bad_alloc&) {
-    return nullptr;
+{
+    return whole(std::unique_ptr<plane::PreparedRegion>(),
+                 [&] { return std::make_unique<plane::PreparedRegion>(contours); });
 }
 
 } // namespace
@@ -108,17 +106,13 @@ CPreparedRegion::CPreparedRegion(CPreparedRegion&& other) noexcept = default;
 CPreparedRegion& CPreparedRegion::operator=(CPreparedRegion&& other) noexcept = default;
 
 bool CPreparedRegion::isInside(const CVekPoint3d& point)
-try {
-    return m_region && m_region->inside({point[0], point[1]});
-} catch (const std::bad_alloc&) {
-    return false;
+{
+    return whole(false, [&] { return m_region && m_region->inside({point[0], point[1]}); });
 }
 
 Pieces CPreparedRegion::punch(const CVekVertexArray& vl, bool inside)
-try {
-    return m_region ? cut(*m_region, vl, inside) : Pieces();
-} catch (const std::bad_alloc&) {
-    return {};
+{
+    return whole(Pieces(), [&] { return m_region ? cut(*m_region, vl, inside) : Pieces(); });
 }
 
 // NOLINTBEGIN(performance-unnecessary-value-param): callers hand the polyline over by value

@@ -1,15 +1,17 @@
 #include "core/geometry/area.h"
 #include "core/geometry/nesting.h"
+#include "core/values/whole.h"
 
 #include <vek/geometry/region.h>
 
 #include <cmath>
-#include <new>
 
 namespace VEK
 {
 namespace
 {
+
+using Regions = CVekArrayTempl<CVekArrayTempl<CVekVertexArray>>;
 
 constexpr unsigned long kNest = 4;
 
@@ -41,12 +43,9 @@ std::vector<int> depthsOf(const std::vector<int>& parents)
     return depths;
 }
 
-} // namespace
-
-CVekArrayTempl<CVekArrayTempl<CVekVertexArray>> g_vll_regions(const CVekArrayTempl<CVekVertexArray>& vll,
-                                                              unsigned long mode)
-try {
-    CVekArrayTempl<CVekArrayTempl<CVekVertexArray>> regions;
+Regions sorted(const CVekArrayTempl<CVekVertexArray>& vll, unsigned long mode)
+{
+    Regions regions;
     CVekArrayTempl<CVekVertexArray> contours;
     contours.reserve(vll.len());
     for (const CVekVertexArray& contour : vll) {
@@ -72,8 +71,14 @@ try {
             regions[regionOf[static_cast<std::size_t>(parents[i])]].append(std::move(contours[static_cast<int>(i)]));
     }
     return regions;
-} catch (const std::bad_alloc&) {
-    return {};
+}
+
+} // namespace
+
+CVekArrayTempl<CVekArrayTempl<CVekVertexArray>> g_vll_regions(const CVekArrayTempl<CVekVertexArray>& vll,
+                                                              unsigned long mode)
+{
+    return whole(Regions(), [&] { return sorted(vll, mode); });
 }
 
 } // namespace VEK

@@ -1,11 +1,14 @@
 #include "core/values/stepping.h"
+#include "core/values/whole.h"
 
 #include <vek/geometry/polyline.h>
 
 namespace VEK
 {
+namespace
+{
 
-CVekArrayTempl<CVekVertexArray> vl_to_vll(CVekVertexArray vl)
+CVekArrayTempl<CVekVertexArray> runsOf(CVekVertexArray&& vl)
 {
     CVekArrayTempl<CVekVertexArray> runs;
     const int count = vl.len();
@@ -24,6 +27,13 @@ CVekArrayTempl<CVekVertexArray> vl_to_vll(CVekVertexArray vl)
             run.append(vl[first]);
     }
     return runs;
+}
+
+} // namespace
+
+CVekArrayTempl<CVekVertexArray> vl_to_vll(CVekVertexArray vl)
+{
+    return whole(CVekArrayTempl<CVekVertexArray>(), [&] { return runsOf(std::move(vl)); });
 }
 
 } // namespace VEK

@@ -1,0 +1,33 @@
+// The extents that a change will leave, taken before it is made.
+#pragma once
+
+#include "core/values/whole.h"
+
+#include <vek/display/gdx.h>
+
+/// Takes the extents of all items that count. A region without contours, and such a region of a text, gets one empty
+/// contour on the way.
+/// @param look is shown each item and alters what the extents will see of it
+/// @return false where memory is short; there is room for the corners otherwise
+template <class Look>
+bool CVekGDX::measure(Corners& corners, const CVekMatrix3d& view, Look&& look)
+{
+    return VEK::whole(false, [&] {
+        for (CVekDisplayItem& item : displayList) {
+            Seen seen{item.hasExtents(), &item.mtx, &item.regl};
+            look(item, seen);
+            if (!seen.counts)
+                continue;
+            if (item.type == dispRegion && item.reg.len() == 0)
+                item.reg.setLogicalLength(1);
+            if (item.type == dispText) {
+                for (Region& region : *seen.regl) {
+                    if (region.len() == 0)
+                        region.setLogicalLength(1);
+                }
+            }
+            addItem(corners, item, seen, view);
+        }
+        return extMax.reserve(2);
+    });
+}
