@@ -2,10 +2,10 @@
 
 #include "bitmaps/load.h"
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
 
 #include <vek/data/text.h>
 
-#include <exception>
 #include <filesystem>
 #include <list>
 #include <map>
@@ -106,24 +106,33 @@ struct CPictureCache::State {
     }
 };
 
-CPictureCache::CPictureCache(std::size_t limit) : m_state(std::make_unique<State>(limit)) {}
+CPictureCache::CPictureCache(std::size_t limit)
+    : m_state(whole(std::unique_ptr<State>(), [&] { return std::make_unique<State>(limit); }))
+{
+}
 
 CPictureCache::~CPictureCache() = default;
 
 void CPictureCache::begin()
 {
+    if (!m_state)
+        return;
     const std::lock_guard lock(m_state->mutex);
     ++m_state->pass;
 }
 
 std::size_t CPictureCache::size() const
 {
+    if (!m_state)
+        return 0;
     const std::lock_guard lock(m_state->mutex);
     return m_state->size;
 }
 
 void CPictureCache::clear()
 {
+    if (!m_state)
+        return;
     const std::lock_guard lock(m_state->mutex);
     m_state->places.clear();
     m_state->entries.clear();
@@ -132,8 +141,12 @@ void CPictureCache::clear()
 
 std::shared_ptr<const CPixels> CPictureCache::picture(const PictureRequest& request)
 {
+    using Picture = std::shared_ptr<const CPixels>;
+    if (!m_state)
+        return nullptr;
     State& state = *m_state;
-    try {
+    const unsigned long shortages = memoryShortages();
+    return whole(Picture(), [&]() -> Picture {
         Entry entry{keyOf(request), {}, 0, nullptr};
         // The entry if it holds: its file was looked at in this pass, or is now and is the same.
         const auto kept = [&](bool isLooked) {
@@ -157,6 +170,8 @@ std::shared_ptr<const CPixels> CPictureCache::picture(const PictureRequest& requ
                 return entry.pixels;
         }
         entry.stamp = stampOf(request.name);
+        if (memoryShortages() != shortages) // it may look as if there were no file
+            return nullptr;
         {
             const std::lock_guard lock(state.mutex);
             if (kept(true))
@@ -166,15 +181,13 @@ std::shared_ptr<const CPixels> CPictureCache::picture(const PictureRequest& requ
         const bool isKept = load(request, pixels);
         if (!pixels.empty())
             entry.pixels = std::make_shared<const CPixels>(std::move(pixels));
-        const std::shared_ptr<const CPixels> result = entry.pixels;
-        if (isKept) {
+        const Picture result = entry.pixels;
+        if (isKept && memoryShortages() == shortages) {
             const std::lock_guard lock(state.mutex);
             state.keep(std::move(entry));
         }
         return result;
-    } catch (const std::exception&) { // no memory
-        return nullptr;
-    }
+    });
 }
 
 bool CPictureCache::load(const PictureRequest& request, CPixels& pixels)

@@ -2,10 +2,10 @@
 
 #include "bitmaps/dib.h"
 #include "core/png/png.h"
+#include "core/values/whole.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <new>
 
 namespace VEK
 {
@@ -129,7 +129,7 @@ bool decodeGraphic(const Candidate& chosen, IconImage& icon)
 bool decodeBmp(std::string_view bytes, CPixels& pixels)
 {
     pixels = {};
-    try {
+    const bool good = whole(false, [&] {
         constexpr std::size_t kFileHeader = 14;
         if (bytes.size() < kFileHeader || !bytes.starts_with("BM"))
             return false;
@@ -142,25 +142,24 @@ bool decodeBmp(std::string_view bytes, CPixels& pixels)
         if (at > bytes.size())
             return false;
         const auto palette = dib::readPalette(bytes.substr(0, at).substr(kFileHeader), header);
-        if (dib::readPixels(bytes.substr(at), header, palette, pixels))
-            return true;
-    } catch (const std::bad_alloc&) {
-    }
-    pixels = {};
-    return false;
+        return dib::readPixels(bytes.substr(at), header, palette, pixels);
+    });
+    if (!good)
+        pixels = {};
+    return good;
 }
 
 bool decodeIcon(std::string_view bytes, int cx, int cy, IconImage& icon)
 {
     icon = {};
-    try {
+    const bool good = whole(false, [&] {
         Candidate chosen;
-        if (choose(bytes, cx, cy, chosen) && (chosen.isPng ? decodeGraphic(chosen, icon) : decodeBitmap(chosen, icon)))
-            return true;
-    } catch (const std::bad_alloc&) {
-    }
-    icon = {};
-    return false;
+        return choose(bytes, cx, cy, chosen) &&
+               (chosen.isPng ? decodeGraphic(chosen, icon) : decodeBitmap(chosen, icon));
+    });
+    if (!good)
+        icon = {};
+    return good;
 }
 
 } // namespace VEK

@@ -1,11 +1,10 @@
 #include "bitmaps/load.h"
 
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
 
 #include <vek/data/text.h>
 #include <vek/values/system.h>
-
-#include <exception>
 
 namespace VEK
 {
@@ -67,15 +66,15 @@ LoadResult tryLoadPicture(const CVekString& name, int id, int cx, int cy, bool& 
                           CPixels& pixels)
 {
     pixels = {};
-    try {
+    const LoadResult result = whole(LoadResult::unread, [&] {
         if (cx < 0 || cy < 0)
             return LoadResult::none;
         return name.isNull() ? loadProgramIcon(id, cx, cy, transparent, back, pixels)
                              : loadFile(name, cx, cy, transparent, back, pixels);
-    } catch (const std::exception&) { // no memory, or a name that is no path
+    });
+    if (result != LoadResult::done)
         pixels = {};
-        return LoadResult::unread;
-    }
+    return result;
 }
 
 CPixels loadPicture(const CVekString& name, int id, int cx, int cy, bool& transparent, unsigned long back)

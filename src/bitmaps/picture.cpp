@@ -1,7 +1,8 @@
 #include <vek/bitmaps/picture.h>
 
+#include "core/values/whole.h"
+
 #include <algorithm>
-#include <new>
 
 namespace VEK
 {
@@ -68,11 +69,12 @@ CPixels flattenIcon(const IconImage& icon, unsigned long back)
         return {};
     if (area == 0 || mask.data.size() < area)
         return {};
-    try {
-        result.data.assign(area, (static_cast<std::uint32_t>(back) & 0xFFFFFF) | kOpaque);
-    } catch (const std::bad_alloc&) {
+    const auto filled = [&] {
+        return std::vector<std::uint32_t>(area, (static_cast<std::uint32_t>(back) & 0xFFFFFF) | kOpaque);
+    };
+    result.data = whole(std::vector<std::uint32_t>(), filled);
+    if (result.data.empty())
         return {};
-    }
     const std::uint32_t* color = isDouble ? mask.data.data() + area : icon.color.data.data();
     for (std::size_t i = 0; i < area; ++i)
         result.data[i] = ((result.data[i] & mask.data[i]) ^ (color[i] & ~mask.data[i])) | kOpaque;
@@ -81,10 +83,10 @@ CPixels flattenIcon(const IconImage& icon, unsigned long back)
 
 CPixels scaledPicture(const CPixels& pixels, int cx, int cy)
 {
-    CPixels result;
     if (pixels.empty() || !isPictureSize(cx, cy))
-        return result;
-    try {
+        return {};
+    return whole(CPixels(), [&] {
+        CPixels result;
         const std::vector<Span> columns = spans(pixels.width, cx), rows = spans(pixels.height, cy);
         result.data.reserve(static_cast<std::size_t>(cx) * static_cast<std::size_t>(cy));
         Span before{-1, -1};
@@ -100,10 +102,8 @@ CPixels scaledPicture(const CPixels& pixels, int cx, int cy)
         }
         result.width = cx;
         result.height = cy;
-    } catch (const std::bad_alloc&) {
-        result = {};
-    }
-    return result;
+        return result;
+    });
 }
 
 unsigned keyColor(const CPixels& pixels)

@@ -1,4 +1,6 @@
 // Display objects from the host's colours, the configuration and a data item.
+#include "display/registry.h"
+
 #include <vek/data.h>
 #include <vek/display/registry.h>
 #include <vek/host.h>
@@ -70,6 +72,7 @@ CVekGDX::CVekGDX()
 
 int createGdxInMap(const CVekDataItem* item)
 {
+    const unsigned long shortages = VEK::memoryShortages();
     const CVekDataItem* data = item && item->isDir() ? item : nullptr;
     CVekColor color;
     color.setColorIndex(0);
@@ -82,13 +85,10 @@ int createGdxInMap(const CVekDataItem* item)
 
     const int key = gdxMapKeyNew();
     const CVekPoint3dArray& corners = view; // reading a corner that is missing grows nothing
-    gdxMapSetAt(key, CVekGDX(color, projection, pointSize, static_cast<unsigned>(pointMode), corners[0], corners[1]));
-    CVekGDX* gdx = getGdxFromMap(key);
-    if (!gdx)
-        return -1;
+    CVekGDX gdx(color, projection, pointSize, static_cast<unsigned>(pointMode), corners[0], corners[1]);
     for (int mode = 1; mode <= 5; ++mode)
-        gdx->ColorTabSet(mode, colorOf(configured(kModeKeys[mode - 1])));
-    gdx->backColorSet(colorOf(configured(L"BACKGROUND")));
-    readBackColor(data, color, *gdx);
-    return key;
+        gdx.ColorTabSet(mode, colorOf(configured(kModeKeys[mode - 1])));
+    gdx.backColorSet(colorOf(configured(L"BACKGROUND")));
+    readBackColor(data, color, gdx);
+    return VEK::memoryShortages() == shortages && VEK::gdxMapMoveTo(key, std::move(gdx)) ? key : -1;
 }

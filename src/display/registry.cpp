@@ -1,3 +1,7 @@
+#include "display/registry.h"
+
+#include "core/values/whole.h"
+
 #include <vek/display/registry.h>
 #include <vek/values/map.h>
 
@@ -32,9 +36,23 @@ int gdxMapKeyNew()
     return key;
 }
 
+bool VEK::gdxMapMoveTo(int key, CVekGDX&& gdx)
+{
+    CVekMapTempl<int, CVekGDX>& map = objects();
+    if (!map.get(key))
+        map[key]; // enters it, or nothing
+    CVekGDX* place = map.get(key);
+    if (place)
+        *place = std::move(gdx);
+    return place != nullptr;
+}
+
 void gdxMapSetAt(int key, const CVekGDX& gdx)
 {
-    objects()[key] = gdx;
+    const unsigned long shortages = VEK::memoryShortages();
+    CVekGDX copy(gdx);
+    if (VEK::memoryShortages() == shortages)
+        VEK::gdxMapMoveTo(key, std::move(copy));
 }
 
 bool gdxMapRemoveAt(int key)
@@ -52,18 +70,22 @@ namespace VEK
 
 void setGdxImageFcn(const wchar_t* name, GdxImageFcn fcn)
 {
-    if (!name)
+    const unsigned long shortages = memoryShortages();
+    const CVekString key(name);
+    if (!name || memoryShortages() != shortages)
         return;
     if (fcn)
-        functions()[name] = fcn;
+        functions()[key] = fcn;
     else
-        functions().remove(name);
+        functions().remove(key);
 }
 
 } // namespace VEK
 
 bool vek_gdx_image(const wchar_t* name, CVekGDX* gdx, VEK::CDtaFilePointer* object, VEK::CDtaFilePointer* params)
 {
-    const VEK::GdxImageFcn* fcn = name ? functions().get(name) : nullptr;
+    const unsigned long shortages = VEK::memoryShortages();
+    const CVekString key(name);
+    const VEK::GdxImageFcn* fcn = name && VEK::memoryShortages() == shortages ? functions().get(key) : nullptr;
     return fcn && (*fcn)(gdx, object, params);
 }

@@ -1,4 +1,5 @@
 #include <vek/pictures/slide.h>
+#include <vek/values/memory.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -96,9 +97,10 @@ bool SlideReader::read(SlideBytes slide, SlideVisitor& visitor)
 
     in.swapWords(m_byteOrder == kBigEndian);
     in.seek(kRecordsAt[level]);
+    const unsigned long shortages = memoryShortages();
     if (visitor.start(static_cast<int>(hiX), static_cast<int>(hiY)))
         readRecords(in, visitor);
-    return true;
+    return memoryShortages() == shortages;
 }
 
 void SlideReader::readRecords(Cursor& in, SlideVisitor& visitor)

@@ -86,8 +86,10 @@ bool gdxImageSlide(CVekGDX* gdx, SlideBytes slide, unsigned long flags, const CV
 {
     if (!gdx)
         return false;
+    GdxBatch batch(*gdx);
     SlideEmission emission(*gdx, flags, item);
-    return SlideReader().read(slide, emission) && emission.hasEmitted();
+    const bool isRead = SlideReader().read(slide, emission);
+    return batch.complete() && isRead && emission.hasEmitted();
 }
 
 } // namespace VEK
@@ -97,13 +99,14 @@ bool vek_gdx_image_sld(CVekGDX* gdx, const wchar_t* name, const wchar_t* library
 {
     if (!gdx || !name)
         return false;
+    VEK::GdxBatch batch(*gdx);
     if (CVekString(name).compareNoCase(L"LEER") == 0) {
         gdx->imagePt({}, itemHidden, CVekPoint3d::kOrigin, CVekColor(), CVekMatrix3d::kIdentity, 0.0,
                      VEK::kOwnPointStyle, CVekPoint3d::kOrigin);
-        return true;
+        return batch.complete();
     }
     std::vector<unsigned char> slide;
     if (!library || !VEK::slideLoad(slide, name, library))
         return false;
-    return VEK::gdxImageSlide(gdx, slide, flags, item);
+    return VEK::gdxImageSlide(gdx, slide, flags, item) && batch.complete();
 }

@@ -1,10 +1,10 @@
 #include <vek/pictures/slide_library.h>
 
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
 
 #include <algorithm>
 #include <cstring>
-#include <exception>
 #include <filesystem>
 #include <fstream>
 
@@ -48,10 +48,11 @@ std::string bytesOf(std::wstring_view name, SlideCodePage codePage)
 bool openFile(std::ifstream& in, std::uintmax_t& size, const wchar_t* path)
 {
     const std::filesystem::path file = platform::pathOf(path);
-    if (!std::filesystem::is_regular_file(file))
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error))
         return false;
-    size = std::filesystem::file_size(file);
-    if (size > kSlideFileLimit)
+    size = std::filesystem::file_size(file, error);
+    if (error || size > kSlideFileLimit)
         return false;
     in.open(file, std::ios::binary);
     return in.is_open();
@@ -101,7 +102,7 @@ bool load(std::vector<unsigned char>& bytes, const wchar_t* name, const wchar_t*
 
 CVekString slideName(const char* name, SlideCodePage codePage)
 {
-    return name ? CVekString(wideOf(name, codePage).c_str()) : CVekString();
+    return whole(CVekString(), [&] { return name ? CVekString(wideOf(name, codePage).c_str()) : CVekString(); });
 }
 
 bool slideEntry(SlideEntry& entry, SlideBytes head, std::uintmax_t fileSize, std::size_t index)
@@ -120,32 +121,26 @@ bool slideEntry(SlideEntry& entry, SlideBytes head, std::uintmax_t fileSize, std
 
 bool slideFind(SlideEntry& entry, SlideBytes head, std::uintmax_t fileSize, const wchar_t* name, SlideCodePage codePage)
 {
-    if (!name)
-        return false;
-    try {
-        const std::wstring_view counted = std::wstring_view(name).substr(0, kNameSize);
-        const std::string bytes = bytesOf(counted, codePage);
-        if (wideOf(bytes, codePage) != counted) // no entry can have a name that the code page lacks
-            return false;
-        const std::string wanted = bytes.substr(0, kNameSize);
-        const std::wstring text = wideOf(wanted, codePage);
-        for (std::size_t index = 0; slideEntry(entry, head, fileSize, index); ++index) {
-            if (std::strlen(entry.name) == wanted.size() && platform::equalNoCase(wideOf(entry.name, codePage), text))
-                return entry.readable;
-        }
-    } catch (const std::exception&) { // no memory
-    }
-    return false;
+    return name && whole(false, [&] {
+               const std::wstring_view counted = std::wstring_view(name).substr(0, kNameSize);
+               const std::string bytes = bytesOf(counted, codePage);
+               if (wideOf(bytes, codePage) != counted) // no entry can have a name that the code page lacks
+                   return false;
+               const std::string wanted = bytes.substr(0, kNameSize);
+               const std::wstring text = wideOf(wanted, codePage);
+               for (std::size_t index = 0; slideEntry(entry, head, fileSize, index); ++index) {
+                   if (std::strlen(entry.name) == wanted.size() &&
+                       platform::equalNoCase(wideOf(entry.name, codePage), text))
+                       return entry.readable;
+               }
+               return false;
+           });
 }
 
 bool slideLoad(std::vector<unsigned char>& bytes, const wchar_t* name, const wchar_t* library, SlideCodePage codePage)
 {
     bytes.clear();
-    bool loaded = false;
-    try {
-        loaded = name && load(bytes, name, library, codePage);
-    } catch (const std::exception&) { // a path that is none in this system, no memory
-    }
+    const bool loaded = name && whole(false, [&] { return load(bytes, name, library, codePage); });
     if (!loaded)
         bytes.clear();
     return loaded;

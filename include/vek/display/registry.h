@@ -15,7 +15,8 @@ class CDtaFilePointer;
 /// An image function fills a display object from an object's file and a parameter file, either of which may be null.
 using GdxImageFcn = bool (*)(CVekGDX* gdx, CDtaFilePointer* object, CDtaFilePointer* params);
 
-/// Enters or replaces the function of a name; a null function removes the entry. A null name enters nothing.
+/// Enters or replaces the function of a name; a null function removes the entry. A null name enters nothing, and where
+/// memory ends the table stays as it was.
 VEK_API void setGdxImageFcn(const wchar_t* name, GdxImageFcn fcn);
 
 } // namespace VEK
@@ -23,7 +24,8 @@ VEK_API void setGdxImageFcn(const wchar_t* name, GdxImageFcn fcn);
 /// The smallest key from 1 on that is free. It is not reserved.
 VEK_API int gdxMapKeyNew();
 
-/// Stores a deep copy under a key; an object that is there already is overwritten in place.
+/// Stores a deep copy under a key; an object that is there already is overwritten in place. Where memory ends, what is
+/// there stays as it was, and a key that is absent stays so.
 VEK_API void gdxMapSetAt(int key, const CVekGDX& gdx);
 
 /// Destroys the object of a key.
@@ -34,7 +36,7 @@ VEK_API bool gdxMapRemoveAt(int key);
 VEK_API CVekGDX* getGdxFromMap(int key);
 
 /// Calls the image function of a name with the arguments as they stand.
-/// @return its result; false for a null name and one that is not entered
+/// @return its result; false for a null name, one that is not entered and where memory ends
 VEK_API bool vek_gdx_image(const wchar_t* name, CVekGDX* gdx, VEK::CDtaFilePointer* object,
                            VEK::CDtaFilePointer* params);
 
@@ -44,7 +46,7 @@ VEK_API bool vek_gdx_image(const wchar_t* name, CVekGDX* gdx, VEK::CDtaFilePoint
 /// Keys of the item: "PDSIZE" and "PDMODE" (int), "EXTVIEW" (two points, the extents to fit), "MTX" (projection),
 /// "COLOR" (index of the back colour), and beside it "RGB" (text of its number 0xRRGGBB) and "TBL" (its name). The
 /// configured "PDSIZE" is read as an int here, so a fraction is cut: older drawings rely on whole sizes.
-/// @return the new key, or -1
+/// @return the new key, or -1, with nothing stored, where memory ends
 VEK_API int createGdxInMap(const CVekDataItem* item);
 
 namespace VEK

@@ -60,7 +60,9 @@ public:
     /// Reads a slide: its header, then record after record up to the end mark, an invalid record or the end of data.
     ///
     /// The identification text is not looked at. What is read before an invalid record stands.
-    /// @return false, with nothing told to the visitor, when the level is neither 1 nor 2 or there is no data
+    /// @return false, with nothing told to the visitor, when the level is neither 1 nor 2 or there is no data; and
+    /// where
+    ///     memory was short meanwhile, for a fill or for the visitor: what it was told is not the whole slide then
     bool read(SlideBytes slide, SlideVisitor& visitor);
 
     /// The byte-order word of the last level 2 slide, as read on a little-endian machine: 0x1234 for little-endian,

@@ -23,7 +23,8 @@
 /// @param flags `VekItemFlag` of the items
 /// @param item may be null
 /// @return whether element 0 of the path ended above 1: that anything was added, or that "STACK" began above 1. False
-/// for a null display object, name or library, a slide that is not found, and one of an unknown level
+/// for a null display object, name or library, a slide that is not found, and one of an unknown level. Where memory
+/// does not suffice for the whole slide, nothing of it is added, and that gives false too
 VEK_API bool vek_gdx_image_sld(CVekGDX* gdx, const wchar_t* name, const wchar_t* library, unsigned long flags,
                                CVekDataItem* item);
 
@@ -31,7 +32,8 @@ namespace VEK
 {
 
 /// The same for a slide in memory; "LEER" has no place here.
-/// @return as above; false for a null display object and for a slide without data or of an unknown level
+/// @return as above; false for a null display object, for a slide without data or of an unknown level, and where memory
+/// ends, with nothing added
 VEK_API bool gdxImageSlide(CVekGDX* gdx, SlideBytes slide, unsigned long flags, const CVekDataItem* item);
 
 } // namespace VEK

@@ -44,18 +44,20 @@ enum class SlideCodePage {
 VEK_API bool slideEntry(SlideEntry& entry, SlideBytes head, std::uintmax_t fileSize, std::size_t index);
 
 /// Looks a slide up by its name.
-/// @return false, with the entry unspecified, when no entry has that name or the first one that has it is not readable
+/// @return false, with the entry unspecified, when no entry has that name, the first one that has it is not readable,
+/// or
+///     memory ends
 VEK_API bool slideFind(SlideEntry& entry, SlideBytes head, std::uintmax_t fileSize, const wchar_t* name,
                        SlideCodePage codePage = SlideCodePage::windows1252);
 
-/// The text of a name in a code page; null gives the empty text.
+/// The text of a name in a code page; null gives the empty text, and so does memory that ends.
 VEK_API CVekString slideName(const char* name, SlideCodePage codePage = SlideCodePage::windows1252);
 
 /// Reads a slide from a file: of a library its directory and that slide only, or a whole file.
 /// @param bytes receives the slide; empty on failure
 /// @param name name of the slide in the library, or the path of the file when `library` is null
 /// @param library path of the library, or null
-/// @return false when a file cannot be read or is larger than `kSlideFileLimit`, or the name is not found
+/// @return false when a file cannot be read or is larger than `kSlideFileLimit`, the name is not found, or memory ends
 VEK_API bool slideLoad(std::vector<unsigned char>& bytes, const wchar_t* name, const wchar_t* library,
                        SlideCodePage codePage = SlideCodePage::windows1252);
 

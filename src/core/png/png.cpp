@@ -1,5 +1,7 @@
 #include "core/png/png.h"
 
+#include "core/values/whole.h"
+
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -13,14 +15,19 @@ namespace
 /// file tells does not foresee.
 thread_local std::size_t readLimit = 0;
 
-void* readBlock(std::size_t size)
-{
-    return size <= readLimit ? std::malloc(size) : nullptr;
-}
-
 void* resizedReadBlock(void* block, std::size_t size)
 {
-    return size <= readLimit ? std::realloc(block, size) : nullptr;
+    if (size > readLimit)
+        return nullptr;
+    void* const resized = std::realloc(block, size);
+    if (!resized)
+        VEK::memoryShort();
+    return resized;
+}
+
+void* readBlock(std::size_t size)
+{
+    return resizedReadBlock(nullptr, size);
 }
 
 struct ReadBlockFree {
@@ -171,7 +178,7 @@ std::string encode(const CPixels& pixels, Channels channels)
     if (!isSet || pixels.width <= 0 || pixels.height <= 0 || size + size / 8 >= kLimit ||
         pixels.data.size() != static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height))
         return {};
-    try {
+    return whole(std::string(), [&] {
         const WriteScope scope;
         const auto* bytes = reinterpret_cast<const unsigned char*>(pixels.data.data());
         std::vector<unsigned char> colors;
@@ -191,9 +198,7 @@ std::string encode(const CPixels& pixels, Channels channels)
             },
             &file, pixels.width, pixels.height, count, bytes, 0);
         return file;
-    } catch (const std::bad_alloc&) {
-        return {};
-    }
+    });
 }
 
 } // namespace VEK::png

@@ -1,0 +1,13 @@
+// Entering display objects into the registry.
+#pragma once
+
+#include <vek/display/gdx.h>
+
+namespace VEK
+{
+
+/// As `gdxMapSetAt`, without a copy.
+/// @return false, with the registry as it was, where memory is short
+bool gdxMapMoveTo(int key, CVekGDX&& gdx);
+
+} // namespace VEK
