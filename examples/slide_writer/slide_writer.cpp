@@ -130,15 +130,14 @@ void SlideWriter::chain(const std::vector<Point>& points)
 {
     if (points.size() < 2)
         return;
-    // The last point after a vector is its start: the first line is written backwards, so that the others can go on
-    // from its end.
-    line(points[1], points[0]);
-    for (std::size_t i = 2; i < points.size(); ++i) {
-        if (isStep(points[i] - points[i - 1]))
-            line(points[i - 1], points[i]);
-        else
-            vector(points[i], points[i - 1]);
-    }
+    // A device leaves the last pixel of a line out, so every corner must be where a line begins: all lines run one way.
+    // An open chain has its first line backwards, since the last point after a vector is its start, from which short
+    // lines can go on: what it leaves out is an end.
+    std::size_t next = 1;
+    if (points.front() != points.back())
+        line(points[next++], points.front());
+    for (; next < points.size(); ++next)
+        line(points[next - 1], points[next]);
 }
 
 Bytes SlideWriter::finish() const

@@ -38,7 +38,7 @@ public:
     /// @param corners at least three, not repeated at the end; one of them must stand above y = 0
     void fill(std::vector<Point> corners);
 
-    /// A line by the shortest record that holds it, and a chain of lines.
+    /// A line by the shortest record that holds it, and a chain of lines: at each of its corners a line begins.
     void line(Point from, Point to);
     void chain(const std::vector<Point>& points);
 
