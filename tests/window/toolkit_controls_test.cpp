@@ -293,6 +293,11 @@ TEST_F(ToolkitControls, TipsAskTheWindowForTheirText)
     ::SetCursorPos(pointer.x, pointer.y);
     MSG move = {field, WM_MOUSEMOVE, 0, MAKELPARAM(10, 5), 0, pointer};
     EXPECT_FALSE(parent.PreTranslateMessage(&move));
+    Parent other; // whose tips come in between
+    other.EnableToolTips();
+    EXPECT_FALSE(other.PreTranslateMessage(&move));
+    EXPECT_NE(tipOf(other), nullptr);
+    EXPECT_FALSE(parent.PreTranslateMessage(&move));
     const HWND tip = tipOf(parent);
     ASSERT_NE(tip, nullptr);
     // The tip comes when the pointer has rested there.

@@ -24,6 +24,9 @@ public:
         if (m_tip == nullptr) {
             m_tip = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
                                       0, 0, 0, 0, m_owner, nullptr, nullptr, nullptr);
+        }
+        if (threadState().tip != m_tip) { // the pointer has come from a window with tips of its own
+            CWnd::CancelToolTips();
             threadState().tip = m_tip;
         }
         CPoint point(message.pt);
