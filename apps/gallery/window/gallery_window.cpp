@@ -10,6 +10,9 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cwchar>
+#include <filesystem>
 #include <memory>
 
 namespace
@@ -21,6 +24,9 @@ constexpr int kSmallestWidth = 480, kSmallestHeight = 320;
 constexpr int kGap = 6; // around the controls; between list and picture it is the bar to drag
 constexpr int kSmallestPart = 120;
 constexpr int kCountWidth = 110; // of the status bar's second part
+constexpr int kKeyPan = 40;
+
+constexpr double kSameZoom = 1e-6;
 
 constexpr unsigned kWhite = 0xFFFFFF;
 
@@ -48,8 +54,28 @@ ON_COMMAND(ID_EDIT_CLEAR_HIGHLIGHT, &GalleryWindow::OnClearHighlight)
 ON_COMMAND(ID_VIEW_EXTENTS, &GalleryWindow::OnExtents)
 ON_COMMAND(ID_VIEW_ZOOM_IN, &GalleryWindow::OnZoomIn)
 ON_COMMAND(ID_VIEW_ZOOM_OUT, &GalleryWindow::OnZoomOut)
+ON_COMMAND(ID_GO_TO_LIST, &GalleryWindow::OnGoToList)
 ON_COMMAND_RANGE(ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, &GalleryWindow::OnBackground)
 END_MESSAGE_MAP()
+
+void GalleryPicture::pan(int x, int y)
+{
+    zoomMtx[0][3] += x;
+    zoomMtx[1][3] += y;
+    dpList->zoomMtxSet(zoomMtx);
+    Invalidate();
+}
+
+bool GalleryPicture::showsExtents() const
+{
+    for (int row = 0; row < 2; ++row) {
+        for (int column = 0; column < 4; ++column) {
+            if (std::fabs(zoomMtx[row][column] - (row == column)) > kSameZoom)
+                return false;
+        }
+    }
+    return true;
+}
 
 GalleryWindow::GalleryWindow(std::vector<CataloguePicture> pictures) : m_pictures(std::move(pictures)) {}
 
@@ -123,7 +149,8 @@ void GalleryWindow::OnDestroy()
     PostQuitMessage(0);
 }
 
-/// The wheel belongs to the window beneath the pointer, wherever the focus is.
+/// The wheel belongs to the window beneath the pointer, wherever the focus is. A click on the picture takes the
+/// highlight back before the picture tells what it has hit, since it tells nothing when that is nothing.
 BOOL GalleryWindow::PreTranslateMessage(MSG* message)
 {
     if (message->message == WM_MOUSEWHEEL) {
@@ -131,6 +158,12 @@ BOOL GalleryWindow::PreTranslateMessage(MSG* message)
         if (beneath == m_picture.m_hWnd || beneath == m_list.m_hWnd)
             message->hwnd = beneath;
         return FALSE;
+    }
+    if (message->hwnd == m_picture.m_hWnd) {
+        if (message->message == WM_LBUTTONDOWN)
+            OnClearHighlight();
+        else if (message->message == WM_KEYDOWN && panByKey(message->wParam))
+            return TRUE;
     }
     return TranslateAcceleratorW(m_hWnd, m_accelerators, message) || IsDialogMessage(message);
 }
@@ -176,7 +209,7 @@ void GalleryWindow::OnSize(UINT type, int width, int height)
     if (type == SIZE_MINIMIZED || m_status.m_hWnd == nullptr)
         return;
     layOut();
-    if (m_scene.shown().zoomMtxGet() == CVekMatrix3d::kIdentity) // who zoomed in keeps looking at the same place
+    if (m_picture.showsExtents()) // who zoomed in keeps looking at the same place
         fit();
 }
 
@@ -209,17 +242,32 @@ LRESULT GalleryWindow::OnDpiChanged(WPARAM dpi, LPARAM suggested)
     return 0;
 }
 
+/// Between list and picture.
+CRect GalleryWindow::bar() const
+{
+    CRect list, picture;
+    m_list.GetWindowRect(&list);
+    m_picture.GetWindowRect(&picture);
+    CRect area(list.right, list.top, picture.left, list.bottom);
+    ScreenToClient(&area);
+    return area;
+}
+
 BOOL GalleryWindow::OnSetCursor(CWnd* window, UINT hit, UINT message)
 {
-    if (hit != HTCLIENT || window->m_hWnd != m_hWnd)
+    CPoint point;
+    ::GetCursorPos(&point);
+    ScreenToClient(&point);
+    if (hit != HTCLIENT || window->m_hWnd != m_hWnd || !bar().PtInRect(point))
         return CWnd::OnSetCursor(window, hit, message);
     ::SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
     return TRUE;
 }
 
-void GalleryWindow::OnLButtonDown(UINT, CPoint)
+void GalleryWindow::OnLButtonDown(UINT, CPoint point)
 {
-    SetCapture();
+    if (bar().PtInRect(point))
+        SetCapture();
 }
 
 void GalleryWindow::OnMouseMove(UINT flags, CPoint point)
@@ -247,8 +295,10 @@ void GalleryWindow::fillList()
     HTREEITEM group = nullptr;
     for (std::size_t i = 0; i < m_pictures.size(); ++i) {
         const CataloguePicture& picture = m_pictures[i];
-        if (i == 0 || !(picture.group == m_pictures[i - 1].group))
+        if (i == 0 || !(picture.group == m_pictures[i - 1].group)) {
             group = m_list.InsertItem(picture.group);
+            m_list.SetItemData(group, i);
+        }
         const HTREEITEM item = m_list.InsertItem(picture.name, group);
         m_list.SetItemData(item, i);
         if (picture.group == m_pictures.front().group)
@@ -271,7 +321,7 @@ HTREEITEM GalleryWindow::find(const CVekString& name) const
 void GalleryWindow::OnSelect(NMHDR* header, LRESULT* result)
 {
     const auto* change = reinterpret_cast<NMTREEVIEWW*>(header);
-    if (m_isFilled && m_list.GetParentItem(change->itemNew.hItem) != nullptr)
+    if (m_isFilled) // a group's heading stands for its first picture
         show(static_cast<std::size_t>(change->itemNew.lParam));
     *result = 0;
 }
@@ -320,8 +370,11 @@ LRESULT GalleryWindow::OnPick(WPARAM, LPARAM number)
 
 bool GalleryWindow::askPath(CString& path, LPCWSTR extension, LPCWSTR filter)
 {
-    CFileDialog dialog(FALSE, extension, m_pictures[m_current].name, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, filter,
-                       this);
+    std::wstring name = static_cast<const wchar_t*>(m_pictures[m_current].name);
+    // With a sign that no file name has, as a slide's may, the dialog would not open.
+    std::replace_if(
+        name.begin(), name.end(), [](wchar_t sign) { return sign < 32 || std::wcschr(L"\\/:*?\"<>|", sign); }, L'_');
+    CFileDialog dialog(FALSE, extension, name.c_str(), OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, filter, this);
     if (dialog.DoModal() != IDOK)
         return false;
     path = dialog.GetPathName();
@@ -331,24 +384,36 @@ bool GalleryWindow::askPath(CString& path, LPCWSTR extension, LPCWSTR filter)
 void GalleryWindow::tellExported(const CString& path, bool isWritten)
 {
     const std::wstring file = static_cast<LPCWSTR>(path);
-    if (isWritten)
-        tell((L"Exported " + file).c_str());
-    else
+    tell(isWritten ? (L"Exported " + file).c_str() : L"");
+    if (!isWritten)
         AfxMessageBox((file + L" cannot be written").c_str(), MB_OK | MB_ICONERROR);
+}
+
+/// A metafile takes the place of an older one when it is whole.
+bool GalleryWindow::writeMetafile(const CString& path)
+{
+    CRect area;
+    m_picture.GetClientRect(&area);
+    CVekGDX paper = m_scene.picture();
+    const std::filesystem::path folder = std::filesystem::path(static_cast<LPCWSTR>(path)).parent_path();
+    wchar_t scratch[MAX_PATH] = {};
+    if (GetTempFileNameW(folder.c_str(), L"vek", 0, scratch) == 0)
+        return false;
+    refresh(&paper, scratch, area.Height(), area.Width());
+    std::error_code error;
+    const bool isWritten = std::filesystem::file_size(scratch, error) > 0 && !error &&
+                           MoveFileExW(scratch, path, MOVEFILE_REPLACE_EXISTING | MOVEFILE_COPY_ALLOWED);
+    if (!isWritten)
+        DeleteFileW(scratch);
+    return isWritten;
 }
 
 /// The picture fits itself into the size of the control, so that paper shows what the window shows at its extents.
 void GalleryWindow::OnExportMetafile()
 {
     CString path;
-    if (!askPath(path, L"emf", L"Enhanced metafiles (*.emf)|*.emf||"))
-        return;
-    CRect area;
-    m_picture.GetClientRect(&area);
-    CVekGDX paper = m_scene.picture();
-    DeleteFileW(path); // the user agreed to replace it, and an old one would hide a failure
-    refresh(&paper, path, area.Height(), area.Width());
-    tellExported(path, GetFileAttributesW(path) != INVALID_FILE_ATTRIBUTES);
+    if (askPath(path, L"emf", L"Enhanced metafiles (*.emf)|*.emf||"))
+        tellExported(path, writeMetafile(path));
 }
 
 void GalleryWindow::OnExportSvg()
@@ -378,7 +443,9 @@ void GalleryWindow::OnCopy()
     CVekGDX paper = m_scene.picture();
     const DWORD before = GetClipboardSequenceNumber();
     refresh(&paper, nullptr, area.Height(), area.Width());
-    tell(GetClipboardSequenceNumber() != before ? L"Copied as an enhanced metafile" : L"The clipboard is in use");
+    // Emptying alone counts as a change, too.
+    const bool isThere = GetClipboardSequenceNumber() != before && IsClipboardFormatAvailable(CF_ENHMETAFILE);
+    tell(isThere ? L"Copied as an enhanced metafile" : L"The clipboard is in use");
 }
 
 void GalleryWindow::OnClearHighlight()
@@ -401,6 +468,24 @@ void GalleryWindow::OnZoomIn()
 void GalleryWindow::OnZoomOut()
 {
     wheel(-WHEEL_DELTA);
+}
+
+/// An arrow key shows what lies further in its direction.
+bool GalleryWindow::panByKey(WPARAM key)
+{
+    const int step = scaled(kKeyPan);
+    switch (key) {
+    case VK_LEFT: m_picture.pan(step, 0); return true;
+    case VK_RIGHT: m_picture.pan(-step, 0); return true;
+    case VK_UP: m_picture.pan(0, step); return true;
+    case VK_DOWN: m_picture.pan(0, -step); return true;
+    default: return false;
+    }
+}
+
+void GalleryWindow::OnGoToList()
+{
+    m_list.SetFocus();
 }
 
 /// Turns the wheel by one notch over the middle of the picture.

@@ -11,6 +11,17 @@
 #include <string>
 #include <vector>
 
+/// The picture control, which keys can pan, too.
+class GalleryPicture : public CVekDplistImage
+{
+public:
+    /// Moves the picture by pixels.
+    void pan(int x, int y);
+
+    /// Whether the zoom is what it is at the extents; steps there and back leave rounding errors.
+    bool showsExtents() const;
+};
+
 /// A list of pictures on the left, the chosen one on the right, a status bar beneath; the bar between list and picture
 /// can be dragged.
 class GalleryWindow : public CWnd
@@ -47,6 +58,7 @@ protected:
     afx_msg void OnZoomIn();
     afx_msg void OnZoomOut();
     afx_msg void OnBackground(UINT id);
+    afx_msg void OnGoToList();
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -60,15 +72,18 @@ private:
     void tell(const CVekString& text);
     void fit();
     void wheel(int delta);
+    bool panByKey(WPARAM key);
+    CRect bar() const;
     bool askPath(CString& path, LPCWSTR extension, LPCWSTR filter);
     void tellExported(const CString& path, bool isWritten);
+    bool writeMetafile(const CString& path);
 
     std::vector<CataloguePicture> m_pictures;
     Scene m_scene;
     std::size_t m_current = 0;
     CStatic m_label;
     CTreeCtrl m_list;
-    CVekDplistImage m_picture;
+    GalleryPicture m_picture;
     CStatusBarCtrl m_status;
     CFont m_font;
     HACCEL m_accelerators = nullptr;
