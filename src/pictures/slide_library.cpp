@@ -76,6 +76,17 @@ bool hasDirectoryEnd(SlideBytes head)
     return kHeaderSize + index * kEntrySize + kEntrySize <= head.size();
 }
 
+/// Reads a library as far as its directory goes. Large ones hold thousands of slides: the directory is read piece by
+/// piece.
+bool readDirectory(std::vector<unsigned char>& head, std::ifstream& in, std::uintmax_t size)
+{
+    for (std::uintmax_t piece = 0x4000; head.size() < size && !hasDirectoryEnd(head); piece *= 4) {
+        if (!readUpTo(head, in, std::min(size, piece)))
+            return false;
+    }
+    return true;
+}
+
 bool load(std::vector<unsigned char>& bytes, const wchar_t* name, const wchar_t* library, SlideCodePage codePage)
 {
     std::ifstream in;
@@ -85,14 +96,9 @@ bool load(std::vector<unsigned char>& bytes, const wchar_t* name, const wchar_t*
     if (!library)
         return readUpTo(bytes, in, size);
 
-    // Large libraries hold thousands of slides, of which one is wanted: the directory is read piece by piece.
     std::vector<unsigned char> head;
-    for (std::uintmax_t piece = 0x4000; head.size() < size && !hasDirectoryEnd(head); piece *= 4) {
-        if (!readUpTo(head, in, std::min(size, piece)))
-            return false;
-    }
     SlideEntry entry;
-    if (!slideFind(entry, head, size, name, codePage))
+    if (!readDirectory(head, in, size) || !slideFind(entry, head, size, name, codePage))
         return false;
     in.seekg(static_cast<std::streamoff>(entry.begin));
     return readUpTo(bytes, in, entry.end - entry.begin);
@@ -135,6 +141,27 @@ bool slideFind(SlideEntry& entry, SlideBytes head, std::uintmax_t fileSize, cons
                }
                return false;
            });
+}
+
+bool slideNames(CVekArrayTempl<CVekString>& names, const wchar_t* library, SlideCodePage codePage)
+{
+    names.setLogicalLength(0);
+    try {
+        std::ifstream in;
+        std::uintmax_t size = 0;
+        std::vector<unsigned char> head;
+        if (!library || !openFile(in, size, library) || !readDirectory(head, in, size))
+            return false;
+        SlideEntry entry;
+        int count = 0;
+        for (; slideEntry(entry, head, size, static_cast<std::size_t>(count)); ++count)
+            names.append(slideName(entry.name, codePage));
+        if (names.len() == count)
+            return true;
+    } catch (const std::exception&) { // a path that is none in this system, no memory
+    }
+    names.setLogicalLength(0);
+    return false;
 }
 
 bool slideLoad(std::vector<unsigned char>& bytes, const wchar_t* name, const wchar_t* library, SlideCodePage codePage)

@@ -53,6 +53,13 @@ VEK_API bool slideFind(SlideEntry& entry, SlideBytes head, std::uintmax_t fileSi
 /// The text of a name in a code page; null gives the empty text, and so does memory that ends.
 VEK_API CVekString slideName(const char* name, SlideCodePage codePage = SlideCodePage::windows1252);
 
+/// The names of the slides of a library file, in the order of its directory, slides that cannot be read included.
+/// @param names is emptied first
+/// @return false when the file cannot be read or is larger than `kSlideFileLimit`; a file without a directory, as any
+///     other one may be, has no names
+VEK_API bool slideNames(CVekArrayTempl<CVekString>& names, const wchar_t* library,
+                        SlideCodePage codePage = SlideCodePage::windows1252);
+
 /// Reads a slide from a file: of a library its directory and that slide only, or a whole file.
 /// @param bytes receives the slide; empty on failure
 /// @param name name of the slide in the library, or the path of the file when `library` is null
