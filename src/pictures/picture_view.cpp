@@ -1,6 +1,7 @@
 #include <vek/pictures/picture_view.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace VEK
 {
@@ -10,6 +11,7 @@ namespace
 constexpr double kStep = 1.5;
 constexpr double kMostZoom = 20.0;
 constexpr double kLeastZoom = 0.5;
+constexpr double kFarthest = 1e9; // pixels, which a whole number holds with room for a pan
 constexpr int kHimetricPerInch = 2540;
 
 } // namespace
@@ -26,6 +28,7 @@ void PictureView::fit(int clientWidth, int clientHeight)
     const double f = reduction(clientWidth, clientHeight);
     originX = static_cast<int>((clientWidth - width / f) * 0.5);
     originY = static_cast<int>((clientHeight - height / f) * 0.5);
+    restX = restY = 0.0;
     zoom = 1.0;
 }
 
@@ -34,13 +37,15 @@ bool PictureView::wheel(int delta, int x, int y)
     const bool closer = delta > 0;
     if (closer ? zoom > kMostZoom : zoom < kLeastZoom)
         return false;
-    const auto moved = [closer](int origin, int mouse) {
-        const double away = origin - mouse;
-        return static_cast<int>((closer ? away * kStep : away / kStep) + mouse);
+    const auto move = [closer](int& origin, double& rest, int mouse) {
+        const double away = origin + rest - mouse;
+        const double at = (closer ? away * kStep : away / kStep) + mouse;
+        origin = static_cast<int>(std::lround(std::clamp(at, -kFarthest, kFarthest)));
+        rest = at - origin;
     };
     zoom = closer ? zoom * kStep : zoom / kStep;
-    originX = moved(originX, x);
-    originY = moved(originY, y);
+    move(originX, restX, x);
+    move(originY, restY, y);
     return true;
 }
 

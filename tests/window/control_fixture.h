@@ -87,6 +87,7 @@ protected:
         pump();
     }
 
+    LRESULT mouse(UINT message, int x, int y, UINT flags = 0) { return control.SendMessage(message, flags, at(x, y)); }
     LRESULT wheel(int delta, int x, int y, UINT flags = 0)
     {
         CPoint mouse(x, y);
@@ -95,9 +96,16 @@ protected:
     }
     void click(int x, int y)
     {
-        control.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, at(x, y));
-        control.SendMessage(WM_LBUTTONUP, 0, at(x, y));
+        mouse(WM_LBUTTONDOWN, x, y, MK_LBUTTON);
+        mouse(WM_LBUTTONUP, x, y);
         pump();
+    }
+
+    /// A pixel of the painted window, without opacity.
+    unsigned pixel(int x, int y)
+    {
+        control.UpdateWindow();
+        return pixelsOf(control).at(x, y) & 0xFFFFFF;
     }
 
     Parent parent;

@@ -33,6 +33,12 @@ protected:
         EXPECT_EQ(differing(pixelsOf(control), expected), 0);
     }
 
+    void expectPan(double x, double y)
+    {
+        EXPECT_EQ(gdx.zoomMtxGet()[0][3], x);
+        EXPECT_EQ(gdx.zoomMtxGet()[1][3], y);
+    }
+
     Gdx gdx = grey();
 };
 
@@ -99,22 +105,24 @@ TEST_F(DplistImage, MiddleButtonPansBeyondTheWindowUntilItIsUp)
     addLine(gdx, line(0, 0, 100, 50));
     control.zoomExtents();
     wheel(120, 0, 0);
-    control.SendMessage(WM_MOUSEMOVE, 0, at(3, 3));
-    EXPECT_EQ(gdx.zoomMtxGet()[0][3], 0.0);
-    control.SendMessage(WM_MBUTTONDOWN, MK_MBUTTON, at(50, 40));
+    mouse(WM_MOUSEMOVE, 3, 3);
+    expectPan(0, 0);
+    mouse(WM_MBUTTONDOWN, 50, 40, MK_MBUTTON);
     EXPECT_EQ(::GetCapture(), control.m_hWnd);
     EXPECT_EQ(::GetFocus(), control.m_hWnd);
-    control.SendMessage(WM_MOUSEMOVE, MK_MBUTTON, at(60, 45));
-    control.SendMessage(WM_MOUSEMOVE, MK_MBUTTON, at(-30, -45));
-    EXPECT_EQ(gdx.zoomMtxGet()[0][3], -80.0);
-    EXPECT_EQ(gdx.zoomMtxGet()[1][3], -85.0);
+    mouse(WM_MOUSEMOVE, 60, 45, MK_MBUTTON);
+    mouse(WM_MOUSEMOVE, -30, -45, MK_MBUTTON);
+    expectPan(-80, -85);
     expectPicture(200, 100);
-    control.SendMessage(WM_MBUTTONUP, 0, at(-30, -45));
+    mouse(WM_MBUTTONUP, -30, -45);
     EXPECT_NE(::GetCapture(), control.m_hWnd);
-    control.SendMessage(WM_MOUSEMOVE, 0, at(90, 90));
-    EXPECT_EQ(gdx.zoomMtxGet()[0][3], -80.0);
-    control.SendMessage(WM_MBUTTONDBLCLK, MK_MBUTTON, at(1, 1));
+    mouse(WM_MOUSEMOVE, 90, 90);
+    mouse(WM_MOUSEMOVE, 80, 80, MK_MBUTTON); // a drag that began elsewhere
+    expectPan(-80, -85);
+    mouse(WM_MBUTTONDBLCLK, 1, 1, MK_MBUTTON);
     EXPECT_EQ(gdx.zoomMtxGet(), CVekMatrix3d());
+    mouse(WM_MOUSEMOVE, 4, -1, MK_MBUTTON); // the button is still down
+    expectPan(3, -2);
 }
 
 TEST_F(DplistImage, ClickTellsTheParentTheFirstNumberOfTheStack)

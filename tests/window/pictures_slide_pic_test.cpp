@@ -27,11 +27,6 @@ protected:
         open(101, 51);
         control.SetBkColor(5);
     }
-    unsigned pixel(int x, int y)
-    {
-        control.UpdateWindow();
-        return pixelsOf(control).at(x, y) & 0xFFFFFF;
-    }
     void show(const std::vector<unsigned char>& bytes)
     {
         std::vector<unsigned char> copy = bytes;
@@ -117,6 +112,7 @@ TEST_F(SlidePic, CopiesAMetafileForWhitePaper)
     show(slide_test::withWords(slide_test::littleHeader(), {0xFF07, 0, 256, 256, 256, 0xFC00}));
     control.UpdateWindow();
     ASSERT_TRUE(control.Copy());
+    EXPECT_EQ(GetClipboardOwner(), control.m_hWnd);
     EXPECT_EQ(control.BackColor(), 5);
     ASSERT_TRUE(OpenClipboard(nullptr));
     const auto metafile = static_cast<HENHMETAFILE>(GetClipboardData(CF_ENHMETAFILE));
@@ -139,6 +135,13 @@ TEST_F(SlidePic, CopiesAMetafileForWhitePaper)
     CloseClipboard();
     EXPECT_EQ(found.lines, 1);
     EXPECT_EQ(found.pen, 0u); // colour 7 is black there
+
+    struct Failing : VEK::CSlidePic {
+        HENHMETAFILE CreateEnhMetaFileW(CRect) override { throw 1; }
+    };
+    EXPECT_ANY_THROW(Failing().Copy());
+    EXPECT_TRUE(OpenClipboard(control)) << "the clipboard stayed open";
+    CloseClipboard();
 }
 
 class Picture : public Control<VEK::CPicture>
@@ -167,11 +170,6 @@ protected:
         std::ofstream(file, std::ios::binary).write(bytes.data(), std::streamsize(bytes.size()));
         EXPECT_TRUE(control.LoadImage(file.c_str()));
     }
-    unsigned pixel(int x, int y)
-    {
-        control.UpdateWindow();
-        return pixelsOf(control).at(x, y) & 0xFFFFFF;
-    }
 
     const std::filesystem::path file = temporary("vek_picture_test.bmp");
     ModalQueue user;
@@ -198,12 +196,16 @@ TEST_F(Picture, StandsInTheMiddleAndIsReducedToFit)
 TEST_F(Picture, PansAndZooms)
 {
     load(40, 20);
-    control.SendMessage(WM_MBUTTONDOWN, MK_MBUTTON, at(40, 20));
+    mouse(WM_MOUSEMOVE, 20, 10, MK_MBUTTON); // a drag that began elsewhere
+    EXPECT_EQ(pixel(30, 15), kBlue);
+    mouse(WM_MBUTTONDOWN, 40, 20, MK_MBUTTON);
     EXPECT_EQ(::GetCapture(), control.m_hWnd);
-    control.SendMessage(WM_MOUSEMOVE, MK_MBUTTON, at(20, 10));
+    mouse(WM_MOUSEMOVE, 20, 10, MK_MBUTTON);
     control.Invalidate(); // a paint that waits is taken from the queue
-    control.SendMessage(WM_MBUTTONUP, 0, at(20, 10));
+    mouse(WM_MBUTTONUP, 20, 10);
     EXPECT_NE(::GetCapture(), control.m_hWnd);
+    mouse(WM_MOUSEMOVE, 90, 50, MK_MBUTTON);
+    control.Invalidate();
     EXPECT_EQ(pixel(10, 5), kBlue);
     EXPECT_EQ(pixel(60, 30), kGreen);
     control.Reset();
@@ -219,24 +221,32 @@ TEST_F(Picture, PansAndZooms)
 
 TEST_F(Picture, AFileThatCannotBeReadIsTold)
 {
-    load(40, 20);
-    user.box(L"");
-    EXPECT_TRUE(control.LoadImage(temporary("vek_no_such_picture.bmp").c_str()));
-    EXPECT_EQ(user.lastCaption, L"CPicture::LoadImage");
-    EXPECT_NE(user.lastBox, L"");
-    EXPECT_EQ(pixel(50, 25), kGreen);
-    EXPECT_FALSE(control.Copy());
     EXPECT_FALSE(control.LoadImage(nullptr));
-    std::ofstream(file) << "no picture at all";
-    user.box(L"");
-    EXPECT_TRUE(control.LoadImage(file.c_str()));
-    EXPECT_EQ(pixel(50, 25), kGreen);
+    const std::filesystem::path text = temporary("vek_no_picture.bmp");
+    std::ofstream(text) << "no picture at all";
+    const std::pair<std::filesystem::path, DWORD> cases[] = {
+        {temporary("vek_no_such_picture.bmp"), ERROR_FILE_NOT_FOUND}, {text, ERROR_INVALID_DATA}};
+    for (const auto& [path, error] : cases) {
+        load(40, 20);
+        EXPECT_TRUE(control.hasPicture());
+        wchar_t expected[260] = L"";
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, error, 0, expected, 260, nullptr);
+        user.box(expected);
+        EXPECT_TRUE(control.LoadImage(path.c_str()));
+        EXPECT_NE(user.lastBox, L"");
+        EXPECT_EQ(user.lastCaption, L"CPicture::LoadImage");
+        EXPECT_EQ(pixel(50, 25), kGreen);
+        EXPECT_FALSE(control.hasPicture());
+        EXPECT_FALSE(control.Copy());
+    }
+    std::filesystem::remove(text);
 }
 
 TEST_F(Picture, CopiesTheWholePicture)
 {
     load(40, 20);
     ASSERT_TRUE(control.Copy());
+    EXPECT_EQ(GetClipboardOwner(), control.m_hWnd);
     ASSERT_TRUE(OpenClipboard(nullptr));
     ENHMETAHEADER header = {};
     GetEnhMetaFileHeader(static_cast<HENHMETAFILE>(GetClipboardData(CF_ENHMETAFILE)), sizeof header, &header);
@@ -249,6 +259,37 @@ TEST_F(Picture, CopiesTheWholePicture)
         control.UpdateWindow();
     }
     EXPECT_EQ(freeHandles(), before);
+}
+
+/// A drawing must not stand mirrored, nor picks with it.
+template <class Window>
+void expectLeftToRight()
+{
+    Parent parent;
+    ASSERT_TRUE(
+        parent.CreateEx(WS_EX_LAYOUTRTL, AfxRegisterWndClass(0), L"", WS_POPUP, CRect(0, 0, 300, 200), nullptr, 0));
+    const CRect place(10, 10, 110, 60);
+    for (const bool isTakenOver : {false, true}) {
+        Window control;
+        if (isTakenOver)
+            control.SubclassWindow(
+                CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 10, 10, 100, 50, parent, nullptr, nullptr, nullptr));
+        else
+            control.Create(AfxRegisterWndClass(0), L"", WS_CHILD, place, &parent, kControlId);
+        CPoint left(0, 0), right(9, 0);
+        control.ClientToScreen(&left);
+        control.ClientToScreen(&right);
+        EXPECT_EQ(right.x - left.x, 9);
+        EXPECT_EQ(CClientDC(&control).GetLayout(), 0u);
+        control.DestroyWindow();
+    }
+}
+
+TEST(PictureControls, RunFromLeftToRightInAnyParent)
+{
+    expectLeftToRight<CVekDplistImage>();
+    expectLeftToRight<VEK::CSlidePic>();
+    expectLeftToRight<VEK::CPicture>();
 }
 
 } // namespace

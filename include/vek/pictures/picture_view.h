@@ -14,6 +14,8 @@ struct VEK_API PictureView {
     double zoom = 1.0;
     int originX = 0; ///< the picture's upper left corner in the client area
     int originY = 0;
+    double restX = 0.0; ///< what rounding the wheel's steps has taken from the corner, so that steps back undo them
+    double restY = 0.0;
 
     /// How many times the picture is larger than the client area in the direction that it exceeds it more; at least
     /// 1.0, and 1.0 for an area without width or height.

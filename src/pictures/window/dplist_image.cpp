@@ -1,6 +1,7 @@
 #include <vek/pictures/window/dplist_image.h>
 
 #include "core/platform/module_win.h"
+#include "pictures/window/layout.h"
 #include "pictures/window/paint_buffer.h"
 
 #include <vek/display/draw.h>
@@ -26,6 +27,7 @@ CVekPoint3d worldOf(CPoint point)
 IMPLEMENT_DYNAMIC(CVekDplistImage, CWnd)
 
 BEGIN_MESSAGE_MAP(CVekDplistImage, CWnd)
+ON_WM_NCCREATE()
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()
 ON_WM_MOUSEWHEEL()
@@ -41,6 +43,18 @@ CVekDplistImage::CVekDplistImage()
     : panStart(0, 0), panCursor(LoadCursorW(VEK::platform::ownModule(), MAKEINTRESOURCEW(kPanCursor))),
       crossCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(32515))) // IDC_CROSS
 {
+}
+
+BOOL CVekDplistImage::OnNcCreate(LPCREATESTRUCT create)
+{
+    VEK::keepLeftToRight(*this);
+    return CWnd::OnNcCreate(create);
+}
+
+void CVekDplistImage::PreSubclassWindow()
+{
+    CWnd::PreSubclassWindow();
+    VEK::keepLeftToRight(*this);
 }
 
 bool CVekDplistImage::set_dpList(CVekGDX* gdx)
@@ -109,14 +123,20 @@ BOOL CVekDplistImage::OnMouseWheel(UINT flags, short delta, CPoint point)
     return TRUE;
 }
 
+void CVekDplistImage::beginPan(CPoint point)
+{
+    panX = zoomMtx[0][3];
+    panY = zoomMtx[1][3];
+    panStart = point;
+    m_isPanning = true;
+}
+
 void CVekDplistImage::OnMButtonDown(UINT flags, CPoint point)
 {
     if (GetFocus() != this)
         SetFocus();
-    panX = zoomMtx[0][3];
-    panY = zoomMtx[1][3];
+    beginPan(point);
     SetCapture();
-    panStart = point;
     CWnd::OnMButtonDown(flags, point);
     SetCursor(panCursor);
 }
@@ -124,9 +144,10 @@ void CVekDplistImage::OnMButtonDown(UINT flags, CPoint point)
 void CVekDplistImage::OnMouseMove(UINT flags, CPoint point)
 {
     if (GetFocus() == this) {
+        m_isPanning = m_isPanning && (flags & MK_MBUTTON) != 0; // it may have gone up elsewhere
         if ((flags & MK_MBUTTON) == 0) {
             SetCursor(crossCursor);
-        } else if (dpList) {
+        } else if (dpList && m_isPanning) {
             zoomMtx[0][3] = point.x + panX - panStart.x;
             zoomMtx[1][3] = point.y + panY - panStart.y;
             handZoomOn();
@@ -138,14 +159,17 @@ void CVekDplistImage::OnMouseMove(UINT flags, CPoint point)
 
 void CVekDplistImage::OnMButtonUp(UINT flags, CPoint point)
 {
+    m_isPanning = false;
     ReleaseCapture();
     CWnd::OnMButtonUp(flags, point);
     SetCursor(crossCursor);
 }
 
+/// The button is still down: whoever drags on pans from the extents.
 void CVekDplistImage::OnMButtonDblClk(UINT flags, CPoint point)
 {
     zoomExtents();
+    beginPan(point);
     Invalidate(TRUE);
     CWnd::OnMButtonDblClk(flags, point);
 }

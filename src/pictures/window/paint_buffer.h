@@ -14,7 +14,8 @@ public:
     explicit PaintBuffer(CWnd* window) : m_paint(window)
     {
         window->GetClientRect(&m_area);
-        if (m_memory.CreateCompatibleDC(&m_paint) && m_bitmap.CreateCompatibleBitmap(&m_paint, width(), height()))
+        if (m_memory.CreateCompatibleDC(&m_paint) && m_memory.SetLayout(0) != GDI_ERROR &&
+            m_bitmap.CreateCompatibleBitmap(&m_paint, width(), height()))
             m_before = m_memory.SelectObject(&m_bitmap);
     }
     ~PaintBuffer()

@@ -1,5 +1,6 @@
 #include <vek/pictures/window/picture.h>
 
+#include "pictures/window/layout.h"
 #include "pictures/window/paint_buffer.h"
 #include "surfaces/window/clipboard.h"
 
@@ -19,14 +20,31 @@ int whole(double value)
     return static_cast<int>(std::clamp(value, -2147483647.0, 2147483647.0));
 }
 
-IPicture* loadPictureFile(const wchar_t* path)
+bool canBeRead(const wchar_t* path)
 {
-    void* picture = nullptr;
-    const HRESULT result = OleLoadPicturePath(const_cast<LPOLESTR>(path), nullptr, 0, 0, IID_IPicture, &picture);
-    return SUCCEEDED(result) ? static_cast<IPicture*>(picture) : nullptr;
+    const HANDLE file = CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    return file != INVALID_HANDLE_VALUE && CloseHandle(file);
 }
 
-/// Tells what the system says of its last error.
+/// The picture of a file. Of one that can be read but is no picture, the system's last error is that of some step on
+/// the way.
+IPicture* loadPictureFile(const wchar_t* path, DWORD& error)
+{
+    void* picture = nullptr;
+    SetLastError(0);
+    const HRESULT result = OleLoadPicturePath(const_cast<LPOLESTR>(path), nullptr, 0, 0, IID_IPicture, &picture);
+    error = GetLastError();
+    if (SUCCEEDED(result))
+        return static_cast<IPicture*>(picture);
+    if (HRESULT_FACILITY(result) == FACILITY_WIN32)
+        error = static_cast<DWORD>(HRESULT_CODE(result));
+    else if (canBeRead(path))
+        error = ERROR_INVALID_DATA;
+    return nullptr;
+}
+
+/// Tells what the system says of an error.
 void tellError(CWnd& window, DWORD error)
 {
     wchar_t text[260] = {};
@@ -39,6 +57,7 @@ void tellError(CWnd& window, DWORD error)
 IMPLEMENT_DYNAMIC(CPicture, CWnd)
 
 BEGIN_MESSAGE_MAP(CPicture, CWnd)
+ON_WM_NCCREATE()
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()
 ON_WM_MOUSEWHEEL()
@@ -61,10 +80,17 @@ void CPicture::release()
     m_picture = nullptr;
 }
 
+BOOL CPicture::OnNcCreate(LPCREATESTRUCT create)
+{
+    keepLeftToRight(*this);
+    return CWnd::OnNcCreate(create);
+}
+
 void CPicture::PreSubclassWindow()
 {
     CWnd::PreSubclassWindow();
     ModifyStyle(0, SS_NOTIFY);
+    keepLeftToRight(*this);
 }
 
 bool CPicture::LoadImage(const wchar_t* path)
@@ -72,8 +98,8 @@ bool CPicture::LoadImage(const wchar_t* path)
     if (!path)
         return false;
     release();
-    SetLastError(0);
-    m_picture = loadPictureFile(path);
+    DWORD error = 0;
+    m_picture = loadPictureFile(path, error);
     if (m_picture) {
         const HDC screen = ::GetDC(nullptr);
         OLE_XSIZE_HIMETRIC width = 0;
@@ -86,7 +112,7 @@ bool CPicture::LoadImage(const wchar_t* path)
         m_view.height = pixelsOfHimetric(height, GetDeviceCaps(screen, LOGPIXELSY));
         ::ReleaseDC(nullptr, screen);
         fit();
-    } else if (const DWORD error = GetLastError()) {
+    } else if (error != 0) {
         tellError(*this, error);
     }
     if (m_hWnd)
@@ -133,13 +159,15 @@ bool CPicture::Copy()
 {
     if (!m_picture)
         return false;
-    return toClipboard([this] {
-        CMetaFileDC metafile;
-        metafile.Attach(CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr));
-        const CRect all(0, 0, m_view.width, m_view.height);
-        render(metafile, all, 1.0, &all);
-        return metafile.CloseEnhanced();
-    });
+    return toClipboard(
+        [this] {
+            CMetaFileDC metafile;
+            metafile.Attach(CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr));
+            const CRect all(0, 0, m_view.width, m_view.height);
+            render(metafile, all, 1.0, &all);
+            return metafile.CloseEnhanced();
+        },
+        m_hWnd);
 }
 
 void CPicture::Reset()
@@ -162,16 +190,19 @@ void CPicture::OnMButtonDown(UINT, CPoint point)
     SetCapture();
     m_originAtPress = CPoint(m_view.originX, m_view.originY);
     m_press = point;
+    m_isPanning = true;
 }
 
 void CPicture::OnMButtonUp(UINT, CPoint)
 {
+    m_isPanning = false;
     ReleaseCapture();
 }
 
 void CPicture::OnMouseMove(UINT flags, CPoint point)
 {
-    if ((flags & MK_MBUTTON) == 0)
+    m_isPanning = m_isPanning && (flags & MK_MBUTTON) != 0; // it may have gone up elsewhere
+    if (!m_isPanning)
         return;
     m_view.originX = m_originAtPress.x + point.x - m_press.x;
     m_view.originY = m_originAtPress.y + point.y - m_press.y;

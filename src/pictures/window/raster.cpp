@@ -40,6 +40,8 @@ void vek_gdx_picture_transparent(CDC* dc, int x, int y, int, int, CBitmap* bitma
     if (!source.CreateCompatibleDC(dc) || !mask.CreateCompatibleDC(dc) ||
         !bits.CreateBitmap(size.bmWidth, size.bmHeight, 1, 1, nullptr))
         return;
+    source.SetLayout(0); // a mirrored context may hand its layout on
+    mask.SetLayout(0);
     CBitmap* const sourceBefore = source.SelectObject(bitmap);
     if (!sourceBefore)
         return;

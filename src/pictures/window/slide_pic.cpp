@@ -1,5 +1,6 @@
 #include <vek/pictures/window/slide_pic.h>
 
+#include "pictures/window/layout.h"
 #include "pictures/window/paint_buffer.h"
 #include "surfaces/window/clipboard.h"
 
@@ -18,6 +19,28 @@ namespace
 constexpr int kForeground = 7; ///< the colour index that shows on every background
 
 } // namespace
+
+/// The context and the background index of a drawing, for as long as it lasts, however it ends.
+class CSlidePic::Context
+{
+public:
+    Context(CSlidePic& owner, CDC& dc, int backIndex) : m_owner(owner), m_backIndex(owner.m_backIndex)
+    {
+        owner.m_dc = &dc;
+        owner.m_backIndex = backIndex;
+    }
+    ~Context()
+    {
+        m_owner.m_dc = nullptr;
+        m_owner.m_backIndex = m_backIndex;
+    }
+    Context(const Context&) = delete;
+    Context& operator=(const Context&) = delete;
+
+private:
+    CSlidePic& m_owner;
+    const int m_backIndex;
+};
 
 /// Draws what the parser tells.
 class CSlidePic::Painter : public SlideVisitor
@@ -61,6 +84,7 @@ private:
 IMPLEMENT_DYNAMIC(CSlidePic, CWnd)
 
 BEGIN_MESSAGE_MAP(CSlidePic, CWnd)
+ON_WM_NCCREATE()
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()
 END_MESSAGE_MAP()
@@ -72,6 +96,18 @@ CSlidePic::CSlidePic()
 }
 
 CSlidePic::~CSlidePic() = default;
+
+BOOL CSlidePic::OnNcCreate(LPCREATESTRUCT create)
+{
+    keepLeftToRight(*this);
+    return CWnd::OnNcCreate(create);
+}
+
+void CSlidePic::PreSubclassWindow()
+{
+    CWnd::PreSubclassWindow();
+    keepLeftToRight(*this);
+}
 
 void CSlidePic::discard()
 {
@@ -130,12 +166,15 @@ int CSlidePic::SetBkColor(int index)
     return 1;
 }
 
-/// The new objects are selected before the old ones go, since a selected object cannot be deleted.
+/// The new objects are selected before the old ones go, since a selected object cannot be deleted. Without new ones
+/// the colour stays.
 void CSlidePic::newColor(int index)
 {
     const COLORREF color = acadRGB(slideColor(index, m_backIndex));
-    CPen pen(PS_SOLID, 1, color);
-    CBrush brush(color);
+    CPen pen;
+    CBrush brush;
+    if (!pen.CreatePen(PS_SOLID, 1, color) || !brush.CreateSolidBrush(color))
+        return;
     m_dc->SelectObject(&pen);
     m_dc->SelectObject(&brush);
     m_pen.DeleteObject();
@@ -152,7 +191,11 @@ bool CSlidePic::draw(CRect rect)
     m_dc->SelectObject(&m_pen);
     m_dc->SelectObject(&m_fill);
     Painter painter(*this, rect);
-    const bool drawn = m_reader.read(m_data, painter);
+    bool drawn = false;
+    try {
+        drawn = m_reader.read(m_data, painter);
+    } catch (const std::bad_alloc&) { // what was drawn stands
+    }
     m_dc->RestoreDC(saved);
     return drawn;
 }
@@ -161,7 +204,7 @@ void CSlidePic::OnPaint()
 {
     const bool seeThrough = (GetExStyle() & WS_EX_TRANSPARENT) != 0;
     const auto paint = [&](CDC& dc, const CRect& area) {
-        m_dc = &dc;
+        const Context context(*this, dc, m_backIndex);
         CRgn clip;
         clip.CreateRectRgn(0, 0, area.right, area.bottom);
         const int saved = dc.SaveDC();
@@ -173,7 +216,6 @@ void CSlidePic::OnPaint()
         }
         draw(area);
         dc.RestoreDC(saved);
-        m_dc = nullptr;
     };
     if (seeThrough) { // what lies below stays, so there is nothing to paint in memory
         CPaintDC dc(this);
@@ -194,19 +236,17 @@ BOOL CSlidePic::OnEraseBkgnd(CDC* dc)
 
 bool CSlidePic::Copy()
 {
-    return toClipboard([this] { return CreateEnhMetaFileW(CRect(0, 0, m_hiX, m_hiY)); });
+    return toClipboard([this] { return CreateEnhMetaFileW(CRect(0, 0, m_hiX, m_hiY)); }, m_hWnd);
 }
 
 HENHMETAFILE CSlidePic::CreateEnhMetaFileW(CRect rect)
 {
-    const int index = m_backIndex;
-    m_backIndex = kForeground;
     CMetaFileDC metafile;
     metafile.Attach(::CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr));
-    m_dc = &metafile;
-    draw(rect);
-    m_dc = nullptr;
-    m_backIndex = index;
+    {
+        const Context context(*this, metafile, kForeground);
+        draw(rect);
+    }
     return metafile.CloseEnhanced();
 }
 

@@ -14,6 +14,10 @@
 /// The parent gets a posted message whose number is the dialog id of the control, with wParam 0 and the first number of
 /// the item's stack as lParam; so a parent must keep the ids of such controls free of messages of its own.
 ///
+/// The zoom belongs to the control: an object that is shown gets it with the next step, whatever zoom it had before. A
+/// wheel step is measured in notches of 120, times 1.2, so one below 100, as fine wheels send, turns the direction.
+/// The control runs from left to right, whatever its parent does.
+///
 /// Nothing but the owner fits the view, so it calls `zoomExtents` after `set_dpList`, and after a change of size if the
 /// picture is to follow. Everything runs on the window's thread.
 class VEK_API CVekDplistImage : public CWnd
@@ -36,9 +40,13 @@ public:
     void zoomExtents();
 
 protected:
+    /// No window mirrors its picture.
+    void PreSubclassWindow() override;
+
     /// Invalidates the whole window, if it is there already, with erase.
     void repaint();
 
+    afx_msg BOOL OnNcCreate(LPCREATESTRUCT create);
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* dc);
     afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
@@ -59,8 +67,11 @@ protected:
     HCURSOR crossCursor;
 
 private:
+    void beginPan(CPoint point);
     void handZoomOn();
     void crossIfFocused();
+
+    bool m_isPanning = false; ///< with the button that went down here
 };
 
 #endif

@@ -13,7 +13,7 @@ namespace VEK
 {
 
 /// A child window that shows a raster image file, fitted into it at first; the middle mouse button pans, the wheel
-/// zooms about the mouse.
+/// zooms about the mouse. It runs from left to right, whatever its parent does.
 class VEK_API CPicture : public CWnd
 {
     DECLARE_DYNAMIC(CPicture)
@@ -27,6 +27,9 @@ public:
     /// @return false only for a null path
     bool LoadImage(const wchar_t* path);
 
+    /// Whether there is a picture to show.
+    bool hasPicture() const { return m_picture != nullptr; }
+
     /// Puts the picture on the clipboard as an enhanced metafile of its size in pixels.
     /// @return false without a picture, and when the clipboard cannot be opened
     virtual bool Copy();
@@ -39,9 +42,10 @@ public:
     virtual void SetBackColor(unsigned long color);
 
 protected:
-    /// Static controls are made to tell of the mouse.
+    /// Static controls are made to tell of the mouse, and no window mirrors its picture.
     void PreSubclassWindow() override;
 
+    afx_msg BOOL OnNcCreate(LPCREATESTRUCT create);
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* dc);
     afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
@@ -62,6 +66,7 @@ private:
     PictureView m_view;
     CPoint m_originAtPress;
     CPoint m_press;
+    bool m_isPanning = false; ///< with the button that went down here
 };
 
 } // namespace VEK

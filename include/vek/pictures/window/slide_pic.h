@@ -15,7 +15,7 @@ namespace VEK
 {
 
 /// A child window that shows a slide, fitted into its client area without distortion. The slide is interpreted at each
-/// repaint. Without one the window has the colour of a dialog.
+/// repaint. Without one the window has the colour of a dialog. It runs from left to right, whatever its parent does.
 class VEK_API CSlidePic : public CWnd
 {
     DECLARE_DYNAMIC(CSlidePic)
@@ -54,16 +54,21 @@ public:
     virtual HENHMETAFILE CreateEnhMetaFileW(CRect rect);
 
 protected:
+    /// No window mirrors its slide.
+    void PreSubclassWindow() override;
+
     /// Draws the slide on the present device context, fitted into a rectangle.
     /// @return false without a slide, without a context, and for a slide of a wrong level
     bool draw(CRect rect);
 
+    afx_msg BOOL OnNcCreate(LPCREATESTRUCT create);
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* dc);
     DECLARE_MESSAGE_MAP()
 
 private:
     class Painter;
+    class Context;
 
     void discard();
     void newColor(int index);
