@@ -18,6 +18,7 @@ import xml.etree.ElementTree
 
 GALLERY, READER, SHOTS = (pathlib.Path(argument).resolve() for argument in sys.argv[1:4])
 RUNNER = sys.argv[4:]
+EXAMPLES = pathlib.Path(__file__).parents[2] / "examples"
 DEADLINE = 20.0  # seconds, for whatever is waited for
 BETWEEN = 0.1  # seconds from one look to the next
 
@@ -98,11 +99,12 @@ class Gallery(unittest.TestCase):
             self.program.wait(DEADLINE)
         shutil.rmtree(self.folder)
 
-    def start(self, name):
+    def start(self, name, *examples):
         """Shows a picture by its name."""
         self.assertEqual(windows("VEK Gallery"), [], "another gallery is open")
         with open(self.folder / "output.txt", "w") as output:
-            self.program = subprocess.Popen([*RUNNER, str(GALLERY), "--show", name], stdout=output, stderr=output)
+            command = [*RUNNER, str(GALLERY), *examples, "--show", name]
+            self.program = subprocess.Popen(command, stdout=output, stderr=output)
         wait("the window", lambda: windows(f"{name} - VEK Gallery"))
         window = windows("VEK Gallery")[0]
         place = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window))
@@ -147,12 +149,15 @@ class Gallery(unittest.TestCase):
     def key(self, *keys):
         xdotool("key", "--delay", 60, *keys)
 
-    def export(self, keys, file):
+    def export(self, keys, file, *answers):
         """Writes a picture by the dialog for files."""
         self.key(keys)
         wait("the dialog", lambda: windows("Save As"))
         xdotool("type", "--delay", 15, "Z:" + str(file).replace("/", "\\"))
         self.key("Return")
+        for answer in answers:
+            time.sleep(1)
+            self.key(answer)
         wait(f"{file.name}", lambda: file.exists() and file.stat().st_size > 0)
         wait("the end of the dialog", lambda: not windows("Save As"))
 
@@ -191,6 +196,18 @@ class Gallery(unittest.TestCase):
         self.click(2, 2)
         self.assertEqual(self.changed(moved), first, "the extents again")
 
+        self.click(1)  # the keys go to the picture
+        self.key("Right", "Down", "Down")
+        panned = self.changed(first)
+        box = first.box(OUTLINE)
+        self.assertBox(panned.box(OUTLINE), [edge + shift for edge, shift in zip(box, (-40, -80, -40, -80))])
+        self.key("Left", "Up", "Up", "ctrl+minus")
+        small = self.changed(panned)
+        middle = ((PICTURE[2] - PICTURE[0]) / 2, (PICTURE[3] - PICTURE[1]) / 2) * 2
+        self.assertBox(small.box(OUTLINE), [p + (edge - p) / 1.2 for edge, p in zip(box, middle)])
+        self.key("ctrl+plus")
+        self.assertEqual(self.changed(small), first)
+
     def test_pick(self):
         first = self.start("All kinds")
         blank = self.status()
@@ -214,7 +231,7 @@ class Gallery(unittest.TestCase):
         self.assertTrue(line.places(OUTLINE) == first.places(OUTLINE), "the highlight has moved on")
         self.assertEqual(line.box(HIGHLIGHT)[:2], first.box(LINE)[:2])
 
-        self.key("Escape")
+        self.click(1)  # on nothing
         self.assertEqual(self.changed(line), first, "no highlight")
         self.assertEqual(self.status(), blank)
 
@@ -237,6 +254,12 @@ class Gallery(unittest.TestCase):
         root = xml.etree.ElementTree.parse(drawing).getroot()
         self.assertEqual((root.get("width"), root.get("height")), ("752", "630"))
         self.assertGreater(len(list(root.iter())), 10)
+        before, written = self.still() and self.status(), metafile.read_bytes()
+        metafile.chmod(0o444)
+        self.export("ctrl+e", metafile, "Return", "Return")  # over it, and the box that tells of the failure
+        self.assertEqual(metafile.read_bytes(), written)
+        self.assertTrue(self.still() and self.status() != before, "the word of the export before")
+        self.assertEqual(sorted(file.name for file in self.folder.iterdir()), ["kinds.emf", "kinds.svg", "output.txt"])
 
         before = self.still() and self.status()
         self.key("ctrl+c")
@@ -250,21 +273,39 @@ class Gallery(unittest.TestCase):
         self.assertEqual(self.program.wait(DEADLINE), 0)
 
     def test_list(self):
-        first = self.start("PFOSTEN")
+        slides = (EXAMPLES / "facade.slb").read_bytes()
+        (self.folder / "facade.slb").write_bytes(slides.replace(b"RIEGEL", b"RIE*EL"))
+        first = self.start("PFOSTEN", "Z:" + str(self.folder))
         self.save("mullion")
         self.to(100, 86)  # the line of the picture shown
         self.click(1)
         self.key("Down")
         second = self.changed(first)
         self.save("transom")
-        self.assertEqual(len(windows("RIEGEL - VEK Gallery")), 1)
+        self.assertEqual(len(windows(r"RIE\*EL - VEK Gallery")), 1)
+        self.key("ctrl+e")
+        wait("the dialog of a slide that cannot be a file's name", lambda: windows("Save As"))
+        self.key("Escape")
+        wait("the end of the dialog", lambda: not windows("Save As"))
+        self.key("Left")  # the heading stands for the first picture
+        self.assertEqual(self.changed(second), first)
+        self.key("Tab", "alt+p", "Down", "Down")  # to the picture and back
+        self.assertEqual(self.changed(first), second)
         self.key("Up")
         self.assertEqual(self.changed(second), first)
-        self.to(238, 400)  # the bar between list and picture
-        xdotool("mousedown", 1)
-        self.to(338, 400)
-        xdotool("mouseup", 1)
-        self.to(*MIDDLE)
+
+        self.to(300, 200)  # who zooms out and in again sees the extents
+        self.click(5)
+        small = self.changed(first)
+        self.click(4)
+        self.assertEqual(self.changed(small), first)
+        for x, y in (100, 50), (238, 400):  # the label, then the bar between list and picture
+            self.assertEqual(self.still(), first)
+            self.to(x, y)
+            xdotool("mousedown", 1)
+            self.to(x + 100, y)
+            xdotool("mouseup", 1)
+            self.to(*MIDDLE)
         narrow = self.changed(first)
         self.save("narrow")
         self.assertEqual(len(set(narrow.part(104, 0, 130, 300).data)), 1, "the picture fits what is left of it")

@@ -43,6 +43,7 @@ ON_WM_SETCURSOR()
 ON_WM_LBUTTONDOWN()
 ON_WM_MOUSEMOVE()
 ON_WM_LBUTTONUP()
+ON_MESSAGE(WM_NEXTDLGCTL, &GalleryWindow::OnNextControl)
 ON_MESSAGE(WM_DPICHANGED, &GalleryWindow::OnDpiChanged)
 ON_MESSAGE(IDC_PICTURE, &GalleryWindow::OnPick)
 ON_NOTIFY(TVN_SELCHANGEDW, IDC_LIST, &GalleryWindow::OnSelect)
@@ -54,7 +55,6 @@ ON_COMMAND(ID_EDIT_CLEAR_HIGHLIGHT, &GalleryWindow::OnClearHighlight)
 ON_COMMAND(ID_VIEW_EXTENTS, &GalleryWindow::OnExtents)
 ON_COMMAND(ID_VIEW_ZOOM_IN, &GalleryWindow::OnZoomIn)
 ON_COMMAND(ID_VIEW_ZOOM_OUT, &GalleryWindow::OnZoomOut)
-ON_COMMAND(ID_GO_TO_LIST, &GalleryWindow::OnGoToList)
 ON_COMMAND_RANGE(ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, &GalleryWindow::OnBackground)
 END_MESSAGE_MAP()
 
@@ -221,6 +221,16 @@ void GalleryWindow::OnGetMinMaxInfo(MINMAXINFO* info)
 void GalleryWindow::OnSetFocus(CWnd*)
 {
     ::SetFocus(m_focus != nullptr ? m_focus : m_list.m_hWnd);
+}
+
+/// What a dialog does with it: for the letter of the label IsDialogMessage sends it twice, for the label and then for
+/// the control behind it.
+LRESULT GalleryWindow::OnNextControl(WPARAM which, LPARAM isWindow)
+{
+    const HWND next =
+        LOWORD(isWindow) != 0 ? reinterpret_cast<HWND>(which) : ::GetNextDlgTabItem(m_hWnd, ::GetFocus(), which != 0);
+    ::SetFocus(next);
+    return 0;
 }
 
 void GalleryWindow::OnActivate(UINT state, CWnd* other, BOOL minimised)
@@ -481,11 +491,6 @@ bool GalleryWindow::panByKey(WPARAM key)
     case VK_DOWN: m_picture.pan(0, -step); return true;
     default: return false;
     }
-}
-
-void GalleryWindow::OnGoToList()
-{
-    m_list.SetFocus();
 }
 
 /// Turns the wheel by one notch over the middle of the picture.
