@@ -98,65 +98,58 @@ std::map<char, int> recordKinds(const Bytes& slide)
 
 } // namespace
 
-TEST(SlideLibrary, ReachesFromOffsetToOffset)
-{
-    const Bytes bytes = library({{"ONE", 140}, {"TWO", 150}}, 100);
-    VEK::SlideEntry entry;
-    ASSERT_TRUE(find(bytes, L"ONE", &entry));
-    EXPECT_EQ(entry.begin, 140u);
-    EXPECT_EQ(entry.end, 150u);
-    ASSERT_TRUE(find(bytes, L"TWO", &entry));
-    EXPECT_EQ(entry.begin, 150u);
-    EXPECT_EQ(entry.end, bytes.size());
-    EXPECT_FALSE(find(bytes, L"THREE"));
-    EXPECT_FALSE(find(bytes, L""));
-    EXPECT_FALSE(find(bytes, nullptr));
-}
-
-TEST(SlideLibrary, NamesAreFoundWithoutRegardToCase)
-{
-    const Bytes bytes = library({{"D\xC4mmpaneel", 140}, {"?", 150}}, 100);
-    EXPECT_TRUE(find(bytes, L"d\u00E4MMPANEEL"));
-    EXPECT_TRUE(find(bytes, L"?"));
-    EXPECT_FALSE(find(bytes, L"\u0141")); // not in the code page
-    EXPECT_FALSE(find(bytes, L"d\u00E4mm"));
-    EXPECT_FALSE(find(bytes, L"dammpaneel"));
-    VEK::SlideEntry entry;
-    ASSERT_TRUE(VEK::slideEntry(entry, bytes, bytes.size(), 0));
-    EXPECT_EQ(VEK::slideName(entry.name), L"D\u00C4mmpaneel");
-}
-
-TEST(SlideLibrary, NamesHaveThirtyTwoBytes)
+TEST(SlideLibrary, NamesAndWhereTheirSlidesAre)
 {
     const std::string full(32, 'n');
-    const Bytes bytes = library({{full, 140}, {"next", 150}}, 100);
-    EXPECT_TRUE(find(bytes, std::wstring(32, L'N').c_str()));
-    EXPECT_TRUE(find(bytes, (std::wstring(32, L'N') + L"and more").c_str()));
-    EXPECT_FALSE(find(bytes, std::wstring(31, L'N').c_str()));
-    EXPECT_TRUE(find(bytes, L"next"));
-}
-
-TEST(SlideLibrary, EmptyNameEndsTheDirectory)
-{
-    EXPECT_FALSE(find(library({{"", 140}, {"BEHIND", 150}}, 100), L"BEHIND"));
+    const Bytes bytes =
+        library({{"D\xC4mmpaneel", 220}, {full, 230}, {"next", 235}, {"?", 238}, {"", 240}, {"BEHIND", 250}}, 100);
+    const std::wstring longest(32, L'N');
+    struct Case {
+        std::wstring name;
+        std::uintmax_t begin, end; ///< 0 when it is not found
+    };
+    const Case cases[] = {
+        {L"d\u00E4MMPANEEL", 220, 230},
+        {L"d\u00E4mm", 0, 0},
+        {L"dammpaneel", 0, 0},
+        {longest, 230, 235},
+        {longest + L"and more", 230, 235},
+        {longest.substr(1), 0, 0},
+        {L"next", 235, 238},
+        {L"?", 238, bytes.size()},
+        {L"\u0141", 0, 0}, // not in the code page
+        {L"", 0, 0},
+        {L"BEHIND", 0, 0}, // the empty name
+    };
+    for (const Case& c : cases) {
+        VEK::SlideEntry entry;
+        EXPECT_EQ(find(bytes, c.name.c_str(), &entry), c.end > 0);
+        EXPECT_TRUE(c.end == 0 || (entry.begin == c.begin && entry.end == c.end)) << entry.begin << ' ' << entry.end;
+    }
+    EXPECT_FALSE(find(bytes, nullptr));
     VEK::SlideEntry entry;
-    EXPECT_FALSE(VEK::slideEntry(entry, library({}, 100), 168, 0));
-    EXPECT_FALSE(VEK::slideEntry(entry, {}, 0, 0));
-    EXPECT_FALSE(VEK::slideEntry(entry, Bytes(31), 31, 0));
+    for (const Bytes& none : {library({}, 100), Bytes(), Bytes(31)})
+        EXPECT_FALSE(VEK::slideEntry(entry, none, none.size(), 0));
 }
 
 TEST(SlideLibrary, OffsetsThatLeadAstrayAreNotFound)
 {
-    const std::size_t size = library({{"A", 0}, {"B", 0}}, 100).size();
-    const auto entries = [](std::uint32_t a, std::uint32_t b) { return library({{"A", a}, {"B", b}}, 100); };
-    EXPECT_FALSE(find(entries(160, 150), L"A")); // backwards
-    EXPECT_TRUE(find(entries(160, 150), L"B"));
-    EXPECT_FALSE(find(entries(160, 0xFFFFFFFF), L"A")); // up to somewhere outside
-    EXPECT_FALSE(find(entries(160, 0xFFFFFFFF), L"B"));
-    EXPECT_FALSE(find(entries(160, static_cast<std::uint32_t>(size + 1)), L"B"));
-    EXPECT_TRUE(find(entries(160, static_cast<std::uint32_t>(size)), L"B")); // at the end: a slide of no bytes
-    EXPECT_TRUE(find(entries(32, 40), L"A")); // at the directory itself: garbage, but there
-
+    const auto size = static_cast<std::uint32_t>(library({{"A", 0}, {"B", 0}}, 100).size());
+    struct {
+        std::uint32_t a, b;
+        bool hasA, hasB;
+    } const cases[] = {
+        {160, 150, false, true},         // backwards
+        {160, 0xFFFFFFFF, false, false}, // up to somewhere outside
+        {160, size + 1, false, false},
+        {160, size, true, true}, // at the end: a slide of no bytes
+        {32, 40, true, true},    // at the directory itself: garbage, but there
+    };
+    for (const auto& c : cases) {
+        const Bytes bytes = library({{"A", c.a}, {"B", c.b}}, 100);
+        EXPECT_EQ(find(bytes, L"A"), c.hasA) << c.b;
+        EXPECT_EQ(find(bytes, L"B"), c.hasB) << c.b;
+    }
     // The first entry of a name counts, readable or not.
     EXPECT_FALSE(find(library({{"A", 0xFFFFFF}, {"A", 150}}, 100), L"A"));
 }
@@ -176,20 +169,32 @@ TEST(SlideLoad, ReadsOneSlideOfALibraryOrAWholeFile)
     bytes[140] = 'a';
     bytes[150] = 'b';
     const TempFile file(bytes);
-    std::vector<unsigned char> slide;
-    ASSERT_TRUE(VEK::slideLoad(slide, L"a", file.name().c_str()));
-    EXPECT_EQ(slide, Bytes(bytes.begin() + 140, bytes.begin() + 150));
-    ASSERT_TRUE(VEK::slideLoad(slide, L"b", file.name().c_str()));
-    EXPECT_EQ(slide, Bytes(bytes.begin() + 150, bytes.end()));
-    ASSERT_TRUE(VEK::slideLoad(slide, file.name().c_str(), nullptr));
-    EXPECT_EQ(slide, bytes);
-
-    EXPECT_FALSE(VEK::slideLoad(slide, L"c", file.name().c_str()));
-    EXPECT_TRUE(slide.empty());
-    EXPECT_FALSE(VEK::slideLoad(slide, nullptr, file.name().c_str()));
-    EXPECT_FALSE(VEK::slideLoad(slide, L"a", L""));
-    EXPECT_FALSE(VEK::slideLoad(slide, L"a", (file.name() + L"x").c_str()));
-    EXPECT_FALSE(VEK::slideLoad(slide, VEK::platform::textOf(fs::temp_directory_path()).c_str(), nullptr));
+    const std::wstring path = file.name(), absent = path + L"x",
+                       folder = VEK::platform::textOf(fs::temp_directory_path());
+    const fs::path large = file.path().parent_path() / "vek_large.slb";
+    fs::copy_file(file.path(), large, fs::copy_options::overwrite_existing);
+    fs::resize_file(large, VEK::kSlideFileLimit + 1);
+    const std::wstring largePath = VEK::platform::textOf(large);
+    struct {
+        const wchar_t *name, *library;
+        Bytes expected;
+    } const cases[] = {
+        {L"a", path.c_str(), Bytes(bytes.begin() + 140, bytes.begin() + 150)},
+        {L"b", path.c_str(), Bytes(bytes.begin() + 150, bytes.end())},
+        {path.c_str(), nullptr, bytes},
+        {L"c", path.c_str(), {}},
+        {nullptr, path.c_str(), {}},
+        {L"a", L"", {}},
+        {L"a", absent.c_str(), {}},
+        {folder.c_str(), nullptr, {}},
+        {L"a", largePath.c_str(), {}},
+    };
+    for (const auto& c : cases) {
+        std::vector<unsigned char> slide(1);
+        EXPECT_EQ(VEK::slideLoad(slide, c.name, c.library), !c.expected.empty()) << &c - cases;
+        EXPECT_EQ(slide, c.expected) << &c - cases;
+    }
+    fs::remove(large);
 }
 
 TEST(SlideLoad, ReadsADirectoryOfAnyLength)
@@ -205,14 +210,15 @@ TEST(SlideLoad, ReadsADirectoryOfAnyLength)
         EXPECT_EQ(slide.size(), 7u);
     }
     EXPECT_FALSE(VEK::slideLoad(slide, L"N3000", file.name().c_str()));
-}
-
-TEST(SlideLoad, RefusesAFileThatIsTooLarge)
-{
-    const TempFile file(library({{"A", 70}}, 100));
-    fs::resize_file(file.path(), VEK::kSlideFileLimit + 1);
-    std::vector<unsigned char> slide;
-    EXPECT_FALSE(VEK::slideLoad(slide, L"A", file.name().c_str()));
+    CVekArrayTempl<CVekString> names;
+    names.append(L"before");
+    EXPECT_TRUE(VEK::slideNames(names, file.name().c_str()));
+    ASSERT_EQ(names.len(), 3000);
+    for (int i = 0; i < 3000; ++i)
+        EXPECT_EQ(names[i], (L"N" + std::to_wstring(i)).c_str());
+    for (const wchar_t* none : {static_cast<const wchar_t*>(nullptr), L"", L"no such file"})
+        EXPECT_FALSE(VEK::slideNames(names, none));
+    EXPECT_EQ(names.len(), 0);
 }
 
 TEST(ExampleSlides, AreWhatTheirDrawingsGive)

@@ -3,17 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <random>
+#include <set>
 
 using namespace slide_test;
 using Records = std::vector<std::string>;
-
-TEST(SlideHeader, IdentificationTextIsNotLookedAt)
-{
-    Log log;
-    EXPECT_TRUE(VEK::SlideReader().read(withWords(littleHeader(), {1, 2, 3, 4, 0xFC00}), log));
-    EXPECT_EQ(log.records, Records{"L 1,2 3,4"});
-}
 
 TEST(SlideHeader, LevelDecides)
 {
@@ -63,29 +58,22 @@ TEST(SlideHeader, VisitorMayStopThere)
 TEST(SlideLevelOne, InheritsTheByteOrderOfTheLastSlide)
 {
     const Bytes slide = withWords(oldHeader({0x01, 0x02, 0x03, 0x04}), {0x0100, 0x0200, 0x0300, 0x0400, 0xFCFC});
-    const auto readAfter = [&](const Bytes& before) {
-        VEK::SlideReader reader;
-        Log ignored;
-        if (!before.empty())
-            reader.read(before, ignored);
-        auto log = std::make_unique<Log>();
-        EXPECT_TRUE(reader.read(slide, *log));
-        return log;
+    struct Case {
+        Bytes before;
+        int hiX, hiY;
+        const char* record;
     };
-    const auto fresh = readAfter({});
-    EXPECT_EQ(fresh->hiX, 0x0102);
-    EXPECT_EQ(fresh->hiY, 0x0304);
-    EXPECT_EQ(fresh->records, Records{"L 256,512 768,1024"});
-
-    const auto afterLittle = readAfter(littleHeader());
-    EXPECT_EQ(afterLittle->hiX, 0x0201);
-    EXPECT_EQ(afterLittle->hiY, 0x0403);
-    EXPECT_EQ(afterLittle->records, Records{"L 256,512 768,1024"});
-
-    const auto afterBig = readAfter(bigHeader());
-    EXPECT_EQ(afterBig->hiX, 0x0102);
-    EXPECT_EQ(afterBig->hiY, 0x0304);
-    EXPECT_EQ(afterBig->records, Records{"L 1,2 3,4"});
+    const Case cases[] = {{{}, 0x0102, 0x0304, "L 256,512 768,1024"},
+                          {littleHeader(), 0x0201, 0x0403, "L 256,512 768,1024"},
+                          {bigHeader(), 0x0102, 0x0304, "L 1,2 3,4"}};
+    for (const Case& c : cases) {
+        VEK::SlideReader reader;
+        Log ignored, log;
+        reader.read(c.before, ignored);
+        EXPECT_TRUE(reader.read(slide, log));
+        EXPECT_EQ(std::pair(log.hiX, log.hiY), std::pair(c.hiX, c.hiY));
+        EXPECT_EQ(log.records, Records{c.record});
+    }
 }
 
 TEST(SlideRecords, EachKindInBothByteOrders)
@@ -118,11 +106,7 @@ TEST(SlideRecords, LastPointIsTheStartOfALineButTheEndOfACommonEndpointVector)
     slide += {0, 0xFE, 5};        // from the start of the offset vector
     EXPECT_EQ(read(slide), (Records{"L 100,200 300,400", "L 100,200 101,201", "L 101,201 102,202", "L 112,202 102,202",
                                     "L 112,202 112,207"}));
-}
-
-TEST(SlideRecords, LastPointHasSixteenBits)
-{
-    Bytes slide = withWords(littleHeader(), {0x7FFF, 0x8000, 0, 0});
+    slide = withWords(littleHeader(), {0x7FFF, 0x8000, 0, 0}); // it has sixteen bits
     slide += {1, 0xFE, 0xFF, 0, 0xFE, 0};
     EXPECT_EQ(read(slide),
               (Records{"L 32767,-32768 0,0", "L 32767,-32768 32768,-32769", "L -32768,32767 -32768,32767"}));
@@ -136,62 +120,46 @@ TEST(SlideRecords, EndAtTheMarkAndAtAnyOtherWordWithTheTopBit)
     }
 }
 
-TEST(SlideFill, EndsAtItsTerminatorWhicheverWayItIsCounted)
+TEST(SlideFill, EndsAtItsTerminatorWhateverItsCount)
 {
-    const Records expected = {"F 1,2 3,4 5,6 1,2", "L 7,8 9,10"};
-    // The count leaves the terminator out, or counts it in.
-    EXPECT_EQ(read(withWords(littleHeader(),
-                             {0xFD00, 3, -1, 0xFD00, 1, 2, 0xFD00, 3, 4, 0xFD00, 5, 6, 0xFD00, 1, -2, 7, 8, 9, 10})),
-              expected);
-    EXPECT_EQ(read(withWords(littleHeader(),
-                             {0xFD00, 4, -1, 0xFD00, 1, 2, 0xFD00, 3, 4, 0xFD00, 5, 6, 0xFD00, 1, -2, 7, 8, 9, 10})),
-              expected);
-    // A count that is far too large does not matter then.
-    EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, 0xFFFF, -1, 0xFD00, 1, 2, 0xFD00, 3, 4, 0xFD00, 5, 6, 0xFD00, 1,
-                                              -2, 7, 8, 9, 10})),
-              expected);
-}
-
-TEST(SlideFill, OfOnePointAndOfNone)
-{
-    const Records expected = {"F 1,2 1,2", "L 7,8 9,10"};
-    for (const int count : {0, 1})
+    // The count leaves the terminator out, counts it in, or is far too large.
+    for (const int count : {3, 4, 0xFFFF}) {
+        EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, count, -1, 0xFD00, 1, 2, 0xFD00, 3, 4, 0xFD00, 5, 6, 0xFD00,
+                                                  1, -2, 7, 8, 9, 10})),
+                  (Records{"F 1,2 3,4 5,6 1,2", "L 7,8 9,10"}));
+    }
+    for (const int count : {0, 1}) {
         EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, count, -1, 0xFD00, 1, 2, 0xFD00, 1, -2, 7, 8, 9, 10})),
-                  expected);
+                  (Records{"F 1,2 1,2", "L 7,8 9,10"}));
+    }
     // With a negative y the only point is its own terminator.
     EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, 1, -1, 0xFD00, 1, -2, 7, 8, 9, 10})),
               (Records{"F 1,-2 1,-2", "L 7,8 9,10"}));
-}
-
-TEST(SlideFill, LastPointStays)
-{
     Bytes slide = withWords(littleHeader(), {50, 60, 0, 0, 0xFD00, 2, -1, 0xFD00, 1, 2, 0xFD00, 3, 4, 0xFD00, 1, -2});
-    slide += {1, 0xFE, 1};
+    slide += {1, 0xFE, 1}; // from the last point before
     EXPECT_EQ(read(slide), (Records{"L 50,60 0,0", "F 1,2 3,4 1,2", "L 50,60 51,61"}));
 }
 
 TEST(SlideEndOfData, MissingWordsReadAsTheEndMarkAndMissingBytesAsZero)
 {
-    // 0xFCFC is -772 as a coordinate. A byte that is left over is no word.
-    EXPECT_EQ(read(withWords(littleHeader(), {5})), Records{"L 5,-772 -772,-772"});
-    EXPECT_EQ(read(withWords(littleHeader(), {5, 6})), Records{"L 5,6 -772,-772"});
-    Bytes slide = withWords(littleHeader(), {5, 6});
-    slide += {7};
-    EXPECT_EQ(read(slide), Records{"L 5,6 -772,-772"});
-
-    slide = littleHeader();
-    slide += {9, 0xFE};
-    EXPECT_EQ(read(slide), Records{"L 0,0 9,0"});
-    slide = littleHeader();
-    slide += {9, 0xFB, 8};
-    EXPECT_EQ(read(slide), Records{"L 9,8 0,0"});
-}
-
-TEST(SlideEndOfData, FillThatPromisesMuchTakesNothing)
-{
-    EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, 0xFFFF})), Records{"F -772,-772 -772,-772"});
-    EXPECT_EQ(read(withWords(littleHeader(), {0xFD00, 0xFFFF, -1, 0xFD00, 1, 2, 0xFD00, 3, 4})),
-              Records{"F 1,2 3,4 1,2"});
+    struct Case {
+        std::initializer_list<int> words, bytes;
+        const char* record;
+    };
+    const Case cases[] = {
+        {{5}, {}, "L 5,-772 -772,-772"}, // 0xFCFC
+        {{5, 6}, {}, "L 5,6 -772,-772"},
+        {{5, 6}, {7}, "L 5,6 -772,-772"}, // a byte that is left over is no word
+        {{}, {9, 0xFE}, "L 0,0 9,0"},
+        {{}, {9, 0xFB, 8}, "L 9,8 0,0"},
+        {{0xFD00, 0xFFFF}, {}, "F -772,-772 -772,-772"}, // much promised
+        {{0xFD00, 0xFFFF, -1, 0xFD00, 1, 2, 0xFD00, 3, 4}, {}, "F 1,2 3,4 1,2"},
+    };
+    for (const Case& c : cases) {
+        Bytes slide = withWords(littleHeader(), c.words);
+        slide += c.bytes;
+        EXPECT_EQ(read(slide), Records{c.record});
+    }
 }
 
 TEST(SlideEndOfData, CutAnywhereLeavesWhatWasRead)
@@ -272,21 +240,51 @@ TEST(SlideWriterAndReader, AgreeOnRandomSlides)
     }
 }
 
+TEST(SlideWriter, DrawsEveryCornerOfAChain) // a device leaves the end of a line out
+{
+    std::mt19937 random(3);
+    for (int round = 0; round < 500; ++round) {
+        slides::SlideWriter writer(slides::Format::level2Little, 1000, 1000);
+        std::vector<slides::Point> chain(2 + random() % 9);
+        for (slides::Point& point : chain) {
+            const int range = random() % 2 ? 1000 : 100;
+            point = {static_cast<int>(random()) % range, static_cast<int>(random()) % range};
+            point = {std::abs(point.x), std::abs(point.y)};
+        }
+        const bool isClosed = random() % 2;
+        if (isClosed)
+            chain.push_back(chain.front());
+        writer.chain(chain);
+        std::set<std::string> begun;
+        const Records lines = read(writer.finish());
+        EXPECT_EQ(lines.size(), chain.size() - 1);
+        for (const std::string& line : lines)
+            begun.insert(line.substr(1, line.find(' ', 2) - 1));
+        for (std::size_t i = isClosed ? 0 : 1; i + 1 < chain.size(); ++i)
+            ASSERT_EQ(begun.count(Log::text({chain[i].x, chain[i].y})), 1u) << round;
+    }
+}
+
 TEST(SlideMapping, FitsAndCentres)
 {
-    VEK::SlideMapping mapping;
-    ASSERT_TRUE(mapping.set(0, 0, 101, 51, 100, 50));
-    EXPECT_EQ(mapping.map({0, 0}), (VEK::SlidePoint{0, 50}));
-    EXPECT_EQ(mapping.map({100, 50}), (VEK::SlidePoint{100, 0}));
-
-    // Twice as wide as needed: 103 pixels are left, half of them on each side, rounded down. The place does not count.
-    ASSERT_TRUE(mapping.set(10, 20, 214, 71, 100, 50));
-    EXPECT_EQ(mapping.map({0, 0}), (VEK::SlidePoint{51, 50}));
-
-    // Half the scale: what lies between two pixels is cut towards zero.
-    ASSERT_TRUE(mapping.set(0, 0, 51, 26, 100, 50));
-    EXPECT_EQ(mapping.map({3, 47}), (VEK::SlidePoint{1, 1}));
-    EXPECT_EQ(mapping.map({-3, 53}), (VEK::SlidePoint{-1, -1}));
+    struct Case {
+        int left, top, right, bottom;
+        VEK::SlidePoint from, to;
+    };
+    const Case cases[] = {
+        {0, 0, 101, 51, {0, 0}, {0, 50}},
+        {0, 0, 101, 51, {100, 50}, {100, 0}},
+        // Twice as wide as needed: 103 pixels are left, half of them on each side, rounded down. The place is nothing.
+        {10, 20, 214, 71, {0, 0}, {51, 50}},
+        // Half the scale: what lies between two pixels is cut towards zero.
+        {0, 0, 51, 26, {3, 47}, {1, 1}},
+        {0, 0, 51, 26, {-3, 53}, {-1, -1}},
+    };
+    for (const Case& c : cases) {
+        VEK::SlideMapping mapping;
+        ASSERT_TRUE(mapping.set(c.left, c.top, c.right, c.bottom, 100, 50));
+        EXPECT_EQ(mapping.map(c.from), c.to) << c.right << ' ' << c.from.x;
+    }
 }
 
 TEST(SlideMapping, RefusesASlideWithoutExtent)
@@ -301,13 +299,11 @@ TEST(SlideMapping, RefusesASlideWithoutExtent)
     EXPECT_EQ(mapping.map({98302, 0}).x, 2147483647);
 }
 
-struct ColorCase {
-    int index, red, green, blue;
-};
-
 TEST(SlideColor, IsComputedFromTheIndex)
 {
-    const ColorCase cases[] = {
+    struct {
+        int index, red, green, blue;
+    } const cases[] = {
         {0, 0, 0, 0},       {1, 255, 0, 0},      {2, 255, 255, 0},     {3, 0, 255, 0},       {4, 0, 255, 255},
         {5, 0, 0, 255},     {6, 255, 0, 255},    {7, 255, 255, 255},   {8, 127, 127, 127},   {9, 191, 191, 191},
         {10, 255, 0, 0},    {11, 255, 127, 127}, {12, 165, 0, 0},      {14, 127, 0, 0},      {16, 76, 0, 0},
@@ -316,16 +312,13 @@ TEST(SlideColor, IsComputedFromTheIndex)
         {155, 63, 95, 127}, {170, 0, 0, 255},    {180, 63, 0, 255},    {210, 255, 0, 255},   {240, 255, 0, 63},
         {249, 51, 25, 31},  {250, 84, 84, 84},   {251, 119, 119, 119}, {255, 255, 255, 255},
     };
-    for (const ColorCase& c : cases) {
+    for (const auto& c : cases) {
         const auto expected = static_cast<unsigned long>(c.red | c.green << 8 | c.blue << 16);
         EXPECT_EQ(VEK::acadRGB(c.index), expected) << c.index;
     }
     EXPECT_EQ(VEK::acadRGB(-1), 0u);
     EXPECT_EQ(VEK::acadRGB(100000), 0xFFFFFFu);
-}
-
-TEST(SlideColor, ForegroundShowsOnWhite)
-{
+    // The foreground shows on white.
     EXPECT_EQ(VEK::slideColor(7, 7), 0);
     EXPECT_EQ(VEK::slideColor(7, 0), 7);
     EXPECT_EQ(VEK::slideColor(3, 7), 3);
