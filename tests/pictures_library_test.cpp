@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <set>
 
 using namespace slide_test;
@@ -77,23 +76,6 @@ Bytes contents(const fs::path& path)
 {
     std::ifstream in(path, std::ios::binary);
     return Bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
-/// Counts the records of a slide by kind, by the layout alone: 'V', 'E', 'O', 'C', 'F' and 'X' for the end mark.
-std::map<char, int> recordKinds(const Bytes& slide)
-{
-    const bool big = slide[18] == 2 && slide[29] == 0x12;
-    std::size_t at = slide[18] == 2 ? 31 : 34;
-    std::map<char, int> kinds;
-    while (at + 1 < slide.size() && !kinds['X']) {
-        const int op = slide[at + (big ? 0 : 1)];
-        const bool isFill = op == 0xFD;
-        const char kind = op < 0x80 ? 'V' : op == 0xFE ? 'E' : op == 0xFB ? 'O' : op == 0xFF ? 'C' : isFill ? 'F' : 'X';
-        at += op < 0x80 ? 8 : op == 0xFE ? 3 : op == 0xFB ? 5 : isFill ? 6 : 2;
-        ++kinds[kind];
-    }
-    EXPECT_EQ(at, slide.size());
-    return kinds;
 }
 
 } // namespace
@@ -168,13 +150,10 @@ TEST(SlideLoad, ReadsOneSlideOfALibraryOrAWholeFile)
     Bytes bytes = library({{"A", 140}, {"B", 150}}, 100);
     bytes[140] = 'a';
     bytes[150] = 'b';
-    const TempFile file(bytes);
-    const std::wstring path = file.name(), absent = path + L"x",
+    const TempFile file(bytes), large(bytes);
+    fs::resize_file(large.path(), VEK::kSlideFileLimit + 1);
+    const std::wstring path = file.name(), absent = path + L"x", largePath = large.name(),
                        folder = VEK::platform::textOf(fs::temp_directory_path());
-    const fs::path large = file.path().parent_path() / "vek_large.slb";
-    fs::copy_file(file.path(), large, fs::copy_options::overwrite_existing);
-    fs::resize_file(large, VEK::kSlideFileLimit + 1);
-    const std::wstring largePath = VEK::platform::textOf(large);
     struct {
         const wchar_t *name, *library;
         Bytes expected;
@@ -194,7 +173,6 @@ TEST(SlideLoad, ReadsOneSlideOfALibraryOrAWholeFile)
         EXPECT_EQ(VEK::slideLoad(slide, c.name, c.library), !c.expected.empty()) << &c - cases;
         EXPECT_EQ(slide, c.expected) << &c - cases;
     }
-    fs::remove(large);
 }
 
 TEST(SlideLoad, ReadsADirectoryOfAnyLength)
@@ -230,24 +208,17 @@ TEST(ExampleSlides, AreWhatTheirDrawingsGive)
         EXPECT_TRUE(contents(folder / name) == bytes) << name << " is not what make_slides writes";
 }
 
-TEST(ExampleSlides, UseEveryFormAndRecord)
+TEST(ExampleSlides, HaveEveryForm)
 {
     const Bytes bytes = contents(fs::path(VEK_SOURCE_DIR) / "examples" / "facade.slb");
-    std::map<char, int> kinds;
     std::set<std::string> formats;
     VEK::SlideEntry entry;
     std::size_t count = 0;
     for (; VEK::slideEntry(entry, bytes, bytes.size(), count); ++count) {
         ASSERT_TRUE(entry.readable) << entry.name;
-        const Bytes slide(bytes.begin() + static_cast<std::ptrdiff_t>(entry.begin),
-                          bytes.begin() + static_cast<std::ptrdiff_t>(entry.end));
+        const unsigned char* slide = bytes.data() + entry.begin;
         formats.insert(slide[18] == 1 ? "old" : slide[29] == 0x34 ? "little" : "big");
-        for (const auto& [kind, times] : recordKinds(slide))
-            kinds[kind] += times;
     }
     EXPECT_GE(count, 8u);
     EXPECT_EQ(formats.size(), 3u);
-    for (const char kind : {'V', 'E', 'O', 'C', 'F'})
-        EXPECT_GT(kinds[kind], 20) << kind;
-    EXPECT_EQ(kinds['X'], static_cast<int>(count));
 }
