@@ -6,6 +6,7 @@
 
 #include <vek/pictures.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -70,8 +71,7 @@ TEST_F(SlidePic, ReadsFilesAndLibraries)
 {
     const auto file = temporary("vek_slide_pic_test.sld");
     const Bytes slide = middleLine();
-    std::ofstream(file, std::ios::binary)
-        .write(reinterpret_cast<const char*>(slide.data()), std::streamsize(slide.size()));
+    std::ofstream(file, std::ios::binary) << std::string(slide.begin(), slide.end());
     EXPECT_TRUE(control.show(file.c_str(), nullptr));
     EXPECT_EQ(pixel(50, 25), 0x0000FFu);
     std::filesystem::remove(file);
@@ -117,24 +117,12 @@ TEST_F(SlidePic, CopiesAMetafileForWhitePaper)
     ASSERT_TRUE(OpenClipboard(nullptr));
     const auto metafile = static_cast<HENHMETAFILE>(GetClipboardData(CF_ENHMETAFILE));
     ASSERT_NE(metafile, nullptr);
-    struct Found {
-        int lines = 0;
-        COLORREF pen = 1;
-    } found;
-    EnumEnhMetaFile(
-        nullptr, metafile,
-        [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM to) {
-            auto& result = *reinterpret_cast<Found*>(to);
-            if (record->iType == EMR_LINETO)
-                ++result.lines;
-            if (record->iType == EMR_CREATEPEN)
-                result.pen = reinterpret_cast<const EMRCREATEPEN*>(record)->lopn.lopnColor;
-            return 1;
-        },
-        &found, nullptr);
+    const Canvas paper(256, 512);
+    const RECT whole = {0, 0, 256, 512};
+    PlayEnhMetaFile(paper.dc, metafile, &whole);
     CloseClipboard();
-    EXPECT_EQ(found.lines, 1);
-    EXPECT_EQ(found.pen, 0u); // colour 7 is black there
+    const VEK::CPixels drawn = paper.pixels();
+    EXPECT_GT(std::count(drawn.data.begin(), drawn.data.end(), 0xFF000000), 200); // colour 7 is black there
 
     struct Failing : VEK::CSlidePic {
         HENHMETAFILE CreateEnhMetaFileW(CRect) override { throw 1; }
@@ -161,13 +149,9 @@ protected:
     void load(int width, int height)
     {
         std::string pixels;
-        for (int row = 0; row < height; ++row) {
-            for (int i = 0; i < width; ++i)
-                pixels += std::string("\xFF\0\0", 3);
-            pixels.append(static_cast<std::size_t>(width % 4), '\0');
-        }
-        const std::string bytes = picture_bytes::bmp(picture_bytes::info(width, height, 24), pixels);
-        std::ofstream(file, std::ios::binary).write(bytes.data(), std::streamsize(bytes.size()));
+        for (int i = 0; i < width * height; ++i)
+            pixels += picture_bytes::le(0xFF, 4);
+        std::ofstream(file, std::ios::binary) << picture_bytes::bmp(picture_bytes::info(width, height, 32), pixels);
         EXPECT_TRUE(control.LoadImage(file.c_str()));
     }
 
