@@ -94,8 +94,8 @@ public:
         const double rest = std::max(length - count * m_total, 0.0);
         m_pattern.assign(m_dashes, 1.0, m_total > 0.0 && m_gaps > 0 ? rest / (m_gaps * count) : 0.0);
         m_piece.setLogicalLength(0);
-        appendFlat(vertex, VEK::vx_split_dif(vertex, kMeasuredArcChord));
-        layPiece();
+        appendFlat(vertex, vertex.bulge == 0.0 ? 0 : VEK::vx_split_dif(vertex, kMeasuredArcChord));
+        layPiece(length);
     }
 
     /// Lays the pattern along a whole run.
@@ -104,9 +104,12 @@ public:
         const bool keepsArcs = VEK::plane::isLevel(run.normal());
         m_pattern.assign(m_dashes, 1.0, 0.0);
         m_piece.setLogicalLength(0);
-        for (const CVekVertex& vertex : run)
+        double length = 0.0;
+        for (const CVekVertex& vertex : run) {
             appendFlat(vertex, keepsArcs ? 0 : VEK::vx_split_dif(vertex, kMeasuredArcChord));
-        layPiece();
+            length += vertex.bulgLen();
+        }
+        layPiece(length);
     }
 
     // What the pattern hands over.
@@ -139,11 +142,9 @@ private:
             VEK::g_vx_xy(*v);
     }
 
-    void layPiece()
+    /// @param length of the piece before it was laid flat
+    void layPiece(double length)
     {
-        double length = 0.0;
-        for (const CVekVertex& vertex : m_piece)
-            length += vertex.bulgLen();
         if (std::isfinite(m_pattern.period()) && !m_pattern.draws())
             return;
         if (m_pattern.covers(length))

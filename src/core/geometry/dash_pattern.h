@@ -90,15 +90,15 @@ public:
     template <class Entries>
     void assign(const Entries& entries, double scale, double more)
     {
-        m_entries.clear();
-        m_begins.clear();
+        m_entries.assign(entries.begin(), entries.end());
+        m_begins.resize(m_entries.size());
         m_period = 0.0;
         m_draws = false;
-        for (const double given : entries) {
-            const double entry = given < 0.0 ? scale * given - more : scale * given;
-            m_entries.push_back(entry);
-            m_begins.push_back(m_period);
-            m_period += std::fabs(entry);
+        for (std::size_t i = 0; i < m_entries.size(); ++i) {
+            const double given = m_entries[i];
+            m_entries[i] = given < 0.0 ? scale * given - more : scale * given;
+            m_begins[i] = m_period;
+            m_period += std::fabs(m_entries[i]);
             m_draws = m_draws || given >= 0.0;
         }
     }
