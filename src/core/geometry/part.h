@@ -33,9 +33,14 @@ public:
         CVekVertex vertex = *m_vertex;
         if (from == 0.0 && to == 1.0)
             return vertex;
-        vertex.start = at(from);
-        vertex.end = at(to);
-        vertex.bulge = std::tan(0.25 * m_arc.bend.sweep * (to - from));
+        if (from != 0.0)
+            vertex.start = at(from);
+        if (to != 1.0)
+            vertex.end = at(to);
+        if (m_arc.bend.isArc())
+            vertex.bulge = std::tan(0.25 * m_arc.bend.sweep * (to - from));
+        else
+            vertex.bulge = 0.0;
         return vertex;
     }
 
