@@ -1,6 +1,9 @@
 // Views, the registry, and display objects made from configuration and data.
 #include "display_fixture.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <vek/data.h>
 #include <vek/host.h>
 
@@ -40,6 +43,14 @@ TEST(DisplayView, KeywordsTurnTheModel)
                                                    CVekPoint3d::kOrigin, true);
     expectNear(flat[0].start, {1, 3, 0});
     expectNear(flat[0].end, {4, 6, 0});
+    // An arc of the ground seen from the side is straight, whichever way its normal points.
+    for (const double up : {1.0, -1.0}) {
+        CVekVertexArray arc(CVekVertex({2, 0, 0}, {-2, 0, 0}, up));
+        arc.setNormal({0, 0, up});
+        for (const CVekPoint3d& p : vek_g_vl_mtx_view(arc, {0, -1, 0}, CVekPoint3d::kOrigin, true).pts(true, 1e-3))
+            EXPECT_LE(std::fabs(p[1]) + std::fabs(p[2]) + std::max(std::fabs(p[0]) - 2.0, 0.0), 1e-9);
+        EXPECT_EQ(vek_g_vl_mtx_view(arc, {0, 0, -1}, CVekPoint3d::kOrigin, true)[0].bulge, up); // from below still one
+    }
 }
 
 TEST(DisplayView, ExtentsToFitAreTheCallersOrTheItems)
