@@ -1,11 +1,11 @@
 // Views, the registry, and display objects made from configuration and data.
 #include "display_fixture.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include <vek/data.h>
 #include <vek/host.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace
 {

@@ -39,11 +39,11 @@ struct DrawArea {
                         ///< drawing. What is not above 0 and finite counts as 1
 };
 
-/// Draws a display object. Later items cover earlier ones; hidden ones are left out. A hatch too dense to draw becomes
-/// a solid fill (`vek_gdx_pattern_test`). A picture that cannot be loaded draws nothing. Sorts the list first
-/// (`CVekGDX::displListSort`), and fits the view to the size of the area where the rules say so; nothing else in the
-/// object changes. Where memory ends, in the pass or on the surface, so does the picture. The surface keeps the clip,
-/// pen and brush that were set last.
+/// Draws a display object. Later items cover earlier ones; hidden ones are left out. A hatch too dense to draw, or
+/// of which more than can be drawn would show, becomes a solid fill (`vek_gdx_pattern_test`, `VEK::kHatchPieces`). A
+/// picture that cannot be loaded draws nothing. Sorts the list first (`CVekGDX::displListSort`), and fits the view to
+/// the size of the area where the rules say so; nothing else in the object changes. Where memory ends, in the pass or
+/// on the surface, so does the picture. The surface keeps the clip, pen and brush that were set last.
 /// @param area everything is clipped to it; one that lies nowhere finite draws nothing
 /// @param pictures where the pictures come from; null is `pictureCache()`
 VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, const DrawArea& area, const PassRules& rules,
