@@ -2,6 +2,8 @@
 /// How a command ends early.
 #pragma once
 
+#include <vek/values/memory.h>
+
 #include <stdexcept>
 
 /// Ends the program with status 2. The text is one line that names the file, or the option, and the cause.
@@ -10,3 +12,10 @@ class Failure : public std::runtime_error
 public:
     using std::runtime_error::runtime_error;
 };
+
+/// Ends the program where something that it has built so far may be incomplete.
+inline void checkMemory()
+{
+    if (VEK::memoryShortages() > 0)
+        throw Failure("memory does not suffice");
+}

@@ -89,7 +89,10 @@ int main(int argc, char** argv)
 {
     try {
         run(VEK::platform::programArguments(argc, argv));
+        checkMemory();
         return std::fflush(stdout) == 0 ? 0 : fail("standard output: cannot be written");
+    } catch (const std::bad_alloc&) {
+        return fail("memory does not suffice");
     } catch (const std::exception& error) {
         return fail(error.what());
     }

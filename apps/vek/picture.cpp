@@ -21,6 +21,7 @@ void draw(CVekGDX& gdx, VEK::CSurface& surface, Size size, const PictureLook& lo
 {
     VEK::gdxDraw(gdx, surface, {0.0, 0.0, size.width, size.height, look.scale},
                  look.onScreen ? VEK::scalableScreenRules : VEK::scalableRules);
+    checkMemory();
 }
 
 constexpr int kSizeLimit = 32767;
@@ -61,12 +62,15 @@ void writePicture(CVekGDX& gdx, const std::string& path, Size size, const Pictur
             throw Failure(path + ": too large; a PNG file may have 268435456 pixels");
         if (!VEK::rasterPixels(pixels, size.width, size.height, kWhite))
             throw Failure(path + ": memory does not suffice for the pixels");
-        draw(gdx, *VEK::rasterSurface(pixels), size, look);
+        const auto surface = VEK::rasterSurface(pixels);
+        checkMemory();
+        draw(gdx, *surface, size, look);
         const std::string file = VEK::png::encode(pixels, VEK::png::Channels::color);
         isWritten = !file.empty() && sink.write(file) && sink.commit();
     } else {
         const auto surface =
             kind == ".emf" ? VEK::emfSurface(sink, kFineness) : VEK::svgSurface(sink, size.width, size.height);
+        checkMemory();
         if (kind == ".svg" &&
             !look.onScreen) // a metafile lies on its document's paper; a viewer of SVG may have a dark page
             surface->solidRect(0.0, 0.0, size.width, size.height, kWhite);

@@ -1,5 +1,6 @@
 #include "display/pass.h"
 
+#include "core/values/whole.h"
 #include "display/fetch.h"
 
 #include <vek/display/view.h>
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
-#include <new>
 
 namespace VEK
 {
@@ -167,8 +167,8 @@ const CVekMatrix3d& DrawPass::matrix(const CVekDisplayItem& item, From from)
     return m_matrix;
 }
 
-/// What the pattern test takes lengths through, to pixels. Here the item's own matrix acts after the one to the device: where a
-/// pattern becomes too dense has always been judged so, and drawings are set up by it.
+/// What the pattern test takes lengths through, to pixels. Here the item's own matrix acts after the one to the device:
+/// where a pattern becomes too dense has always been judged so, and drawings are set up by it.
 CVekMatrix3d DrawPass::testMatrix(const CVekDisplayItem& item)
 {
     CVekMatrix3d toPixels = (item.flag & itemScreenFixed) != 0 ? fixedMatrix(item) : m_total;
@@ -179,30 +179,29 @@ CVekMatrix3d DrawPass::testMatrix(const CVekDisplayItem& item)
     return m_rules.testsInView ? item.mtx * m_gdx.viewDirectionMtxGet() * toPixels : item.mtx * toPixels;
 }
 
-void gdxDraw(CVekGDX& gdx, CSurface& surface, const DrawArea& asked, const PassRules& rules, CPictureSource* pictures)
+bool gdxDraw(CVekGDX& gdx, CSurface& surface, const DrawArea& asked, const PassRules& rules, CPictureSource* pictures)
 {
     DrawArea area = asked;
     area.height = area.height > 0 ? area.height : 240;
     area.width = area.width > 0 ? area.width : 320;
     if (!(area.scale > 0.0) || !std::isfinite(area.scale))
         area.scale = 1.0;
-    gdx.displListSort();
-    if (rules.fitsView) {
-        CVekPoint3d min, max;
-        gdx.extMaxViewGet(min, max);
-        gdx.viewMtxSet(getViewMtx(min, max, area.height, area.width, kMargin));
-    }
-    if (!std::isfinite(area.left) || !std::isfinite(area.top))
-        return;
-    try {
-        DrawPass(gdx, surface, area, rules, pictures ? *pictures : pictureCache()).run();
-    } catch (const std::bad_alloc&) { // what has been drawn stays
-    }
+    return whole(false, [&] {
+        gdx.displListSort();
+        if (rules.fitsView) {
+            CVekPoint3d min, max;
+            gdx.extMaxViewGet(min, max);
+            gdx.viewMtxSet(getViewMtx(min, max, area.height, area.width, kMargin));
+        }
+        if (std::isfinite(area.left) && std::isfinite(area.top))
+            DrawPass(gdx, surface, area, rules, pictures ? *pictures : pictureCache()).run();
+        return true;
+    });
 }
 
-void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules, CPictureSource* pictures)
+bool gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules, CPictureSource* pictures)
 {
-    gdxDraw(gdx, surface, DrawArea{.width = width, .height = height}, rules, pictures);
+    return gdxDraw(gdx, surface, DrawArea{.width = width, .height = height}, rules, pictures);
 }
 
 } // namespace VEK

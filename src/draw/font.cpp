@@ -1,5 +1,7 @@
 /// @file
 /// The font's lookup table.
+#include "core/values/whole.h"
+
 #include <draw/font.h>
 
 #include <vek/draw/font.h>
@@ -46,14 +48,17 @@ void addGlyphs(GlyphMap& glyphs, std::span<const Row> rows)
     }
 }
 
-/// Built at the first lookup and never changed afterwards.
+/// Built at the first lookup that finds the memory for it and never changed afterwards.
 const GlyphMap& glyphTable()
 {
     static const GlyphMap table = [] {
+        const unsigned long shortages = VEK::memoryShortages();
         GlyphMap glyphs;
         for (std::span<const Row> rows :
              {VEK::font::kSigns, VEK::font::kCapitals, VEK::font::kSmallLetters, VEK::font::kFurtherCharacters})
             addGlyphs(glyphs, rows);
+        if (VEK::memoryShortages() != shortages)
+            throw std::bad_alloc(); // so that the next lookup builds it
         return glyphs;
     }();
     return table;
@@ -63,6 +68,8 @@ const GlyphMap& glyphTable()
 
 CVekArrayTempl<CVekArrayTempl<CVekVertexArray>> get_ascii_from_map(wchar_t c)
 {
-    const Glyph* glyph = glyphTable().get(c);
-    return glyph ? *glyph : Glyph();
+    return VEK::whole(Glyph(), [&] {
+        const Glyph* glyph = glyphTable().get(c);
+        return glyph ? *glyph : Glyph();
+    });
 }

@@ -1,3 +1,4 @@
+#include "core/values/whole.h"
 #include "draw/hatch_plane.h"
 #include "draw/hatch_rows.h"
 
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <new>
 #include <numbers>
 
 namespace
@@ -114,20 +114,21 @@ void addLines(const CVekArrayTempl<CVekVertexArray>& region, double pitch, doubl
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
                                                         const CVekString& name, double pitch, double angle,
                                                         bool& cutShort)
-try {
-    cutShort = false;
-    if (!(pitch > 0.0) || !std::isfinite(pitch) || !std::isfinite(angle) || !VEK::detail::bringToPlane(regl, mtx))
-        return {};
-    Collector collector(mtx);
-    if (name == L"DOTS")
-        addDots(regl, pitch, collector);
-    else
-        addLines(regl, pitch, angle, collector);
-    cutShort = collector.isCutShort();
-    return collector.take();
-} catch (const std::bad_alloc&) {
+{
     cutShort = true;
-    return {};
+    return VEK::whole(CVekArrayTempl<CVekVertexArray>(), [&] {
+        Collector collector(mtx);
+        const bool isGiven = pitch > 0.0 && std::isfinite(pitch) && std::isfinite(angle);
+        const unsigned long shortages = VEK::memoryShortages();
+        if (isGiven && VEK::detail::bringToPlane(regl, mtx)) {
+            if (name == L"DOTS")
+                addDots(regl, pitch, collector);
+            else
+                addLines(regl, pitch, angle, collector);
+        }
+        cutShort = collector.isCutShort() || VEK::memoryShortages() != shortages;
+        return collector.take();
+    });
 }
 
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,

@@ -1,4 +1,5 @@
 #include "core/values/stepping.h"
+#include "core/values/whole.h"
 #include "draw/hatch_dashes.h"
 #include "draw/hatch_plane.h"
 #include "draw/hatch_rows.h"
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <new>
 #include <numbers>
 
 namespace
@@ -395,22 +395,22 @@ void drawPattern(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatc
 CVekArrayTempl<CVekVertexArray> VEK::detail::hatchPattern(CVekArrayTempl<CVekVertexArray> region,
                                                           const CVekMatrix3d& mtx, const CHatchProp& hatch,
                                                           const HatchView* view, bool& cutShort)
-try {
-    cutShort = false;
-    if (!std::isfinite(hatch.angle) || !bringToPlane(region, mtx))
-        return {};
-    Collector collector(mtx);
-    if (isUserPattern(hatch.name) && hatch.crossed) {
-        CHatchProp across = hatch;
-        across.angle = g_ang(hatch.angle + std::numbers::pi / 2);
-        drawPattern(region, across, view, collector);
-    }
-    drawPattern(region, hatch, view, collector);
-    cutShort = collector.isCutShort();
-    return collector.lines();
-} catch (const std::bad_alloc&) {
+{
     cutShort = true;
-    return {};
+    return whole(CVekArrayTempl<CVekVertexArray>(), [&] {
+        Collector collector(mtx);
+        const unsigned long shortages = memoryShortages();
+        if (std::isfinite(hatch.angle) && bringToPlane(region, mtx)) {
+            if (isUserPattern(hatch.name) && hatch.crossed) {
+                CHatchProp across = hatch;
+                across.angle = g_ang(hatch.angle + std::numbers::pi / 2);
+                drawPattern(region, across, view, collector);
+            }
+            drawPattern(region, hatch, view, collector);
+        }
+        cutShort = collector.isCutShort() || memoryShortages() != shortages;
+        return collector.lines();
+    });
 }
 
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
@@ -455,5 +455,5 @@ bool VEK::detail::patternTest(const CVekArrayTempl<CVekVertexArray>& region, con
 // NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the region over by value
 bool vek_gdx_pattern_test(CVekArrayTempl<CVekVertexArray> regl, const VEK::CHatchProp& hatch, const CVekMatrix3d& mtx)
 {
-    return VEK::detail::patternTest(regl, hatch, mtx);
+    return VEK::whole(false, [&] { return VEK::detail::patternTest(regl, hatch, mtx); });
 }

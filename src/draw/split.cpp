@@ -1,4 +1,5 @@
 #include "core/geometry/dash_pattern.h"
+#include "core/values/whole.h"
 #include "draw/split_arc.h"
 
 #include <vek/draw/split.h>
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
 #include <vector>
 
 namespace
@@ -165,38 +165,51 @@ private:
 
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_split(const CVekArrayTempl<CVekVertexArray>& reg)
 {
-    CVekArrayTempl<CVekVertexArray> result;
-    result.reserve(reg.len());
-    for (const CVekVertexArray& vl : reg)
-        result.append(vek_gdx_image_vl_split(vl));
-    return result;
+    return VEK::whole(CVekArrayTempl<CVekVertexArray>(), [&] {
+        CVekArrayTempl<CVekVertexArray> result;
+        result.reserve(reg.len());
+        for (const CVekVertexArray& vl : reg)
+            result.append(vek_gdx_image_vl_split(vl));
+        return result;
+    });
 }
 
 CVekVertexArray vek_gdx_image_vl_split(const CVekVertexArray& vl)
 {
-    CVekVertexArray result;
-    result.reserve(vl.len());
-    result.setNormal(vl.normal());
-    appendSplit(result, vl);
-    return result;
+    return VEK::whole(CVekVertexArray(), [&] {
+        CVekVertexArray result;
+        result.reserve(vl.len());
+        result.setNormal(vl.normal());
+        appendSplit(result, vl);
+        return result;
+    });
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the pattern over by value
 bool vek_gdx_image_vl_measure(CVekVertexArray& vl, CVekArrayTempl<double> dashes, int mode)
-try {
+{
     if (dashes.len() < 2)
         return false;
+    const unsigned long shortages = VEK::memoryShortages();
     const CVekArrayTempl<CVekVertexArray> runs = VEK::vl_to_vll(vl);
-    vl.setLogicalLength(0);
-    Dashes pattern(vl, dashes, mode == 1);
-    for (const CVekVertexArray& run : runs) {
-        if (mode == 0)
-            pattern.layRun(run);
-        else
-            for (const CVekVertex& vertex : run)
-                pattern.laySegment(vertex);
+    if (VEK::memoryShortages() != shortages)
+        return false;
+    const bool complete = VEK::whole(false, [&] {
+        vl.setLogicalLength(0);
+        Dashes pattern(vl, dashes, mode == 1);
+        for (const CVekVertexArray& run : runs) {
+            if (mode == 0)
+                pattern.layRun(run);
+            else
+                for (const CVekVertex& vertex : run)
+                    pattern.laySegment(vertex);
+        }
+        return true;
+    });
+    if (!complete) {
+        vl.setLogicalLength(0); // there is still room for what stood in it
+        for (const CVekVertexArray& run : runs)
+            vl.CVekArrayTempl<CVekVertex>::operator+=(run);
     }
-    return true;
-} catch (const std::bad_alloc&) {
-    return false;
+    return complete;
 }

@@ -1,3 +1,5 @@
+#include "core/values/whole.h"
+
 #include <vek/draw/font.h>
 #include <vek/draw/text.h>
 #include <vek/geometry.h>
@@ -69,9 +71,7 @@ Size setGlyphs(const wchar_t* text, const CVekVector3d& start, RegionList& regl)
     return {x - kLastGap, height};
 }
 
-} // namespace
-
-RegionList textRegions(const wchar_t* text, const wchar_t* align, const CVekPoint3d& point)
+RegionList laidOut(const wchar_t* text, const wchar_t* align, const CVekPoint3d& point)
 {
     RegionList regl;
     const Size size = setGlyphs(text ? text : L"", point.asVector(), regl);
@@ -85,6 +85,13 @@ RegionList textRegions(const wchar_t* text, const wchar_t* align, const CVekPoin
             region[k].move(shift);
     }
     return regl;
+}
+
+} // namespace
+
+RegionList textRegions(const wchar_t* text, const wchar_t* align, const CVekPoint3d& point)
+{
+    return whole(RegionList(), [&] { return laidOut(text, align, point); });
 }
 
 } // namespace VEK

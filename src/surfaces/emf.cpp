@@ -1,5 +1,6 @@
 #include <vek/surfaces/emf.h>
 
+#include "core/values/whole.h"
 #include "surfaces/emf_records.h"
 #include "surfaces/holes.h"
 #include "surfaces/line_run.h"
@@ -49,7 +50,10 @@ public:
     }
 
     void clipTo(double left, double top, double right, double bottom) override;
-    void clipOut(const SurfacePoint* points, int count) override;
+    void clipOut(const SurfacePoint* points, int count) override
+    {
+        VEK::whole(false, [&] { return (addHole(points, count), true); });
+    }
     void clipRestore() override;
     void pen(int width, unsigned color) override { setPen(true, width, color); }
     void noPen() override { setPen(false, 1, 0); }
@@ -59,8 +63,14 @@ public:
     void moveTo(double x, double y) override { m_run.moveTo(fine({x, y}), Draw{*this}); }
     void lineTo(double x, double y) override { lineHere({x, y}); }
     void polyline(const SurfacePoint* points, int count) override;
-    void polylines(const SurfacePoint* points, const int* counts, int lines) override;
-    void polygon(const SurfacePoint* points, int count) override;
+    void polylines(const SurfacePoint* points, const int* counts, int lines) override
+    {
+        VEK::whole(false, [&] { return (addLines(points, counts, lines), true); });
+    }
+    void polygon(const SurfacePoint* points, int count) override
+    {
+        VEK::whole(false, [&] { return (addPolygon(points, count), true); });
+    }
     void rectangle(double x1, double y1, double x2, double y2) override
     {
         addBox(emf::kRectangle, corner(x1, y1), corner(x2, y2));
@@ -71,7 +81,10 @@ public:
     }
     void pixel(double x, double y, unsigned color) override;
     void solidRect(double x, double y, double width, double height, unsigned color) override;
-    void picture(double x, double y, const CPixels& pixels) override;
+    void picture(double x, double y, const CPixels& pixels) override
+    {
+        VEK::whole(false, [&] { return (addPicture(x, y, pixels), true); });
+    }
     bool finish() override;
 
 private:
@@ -112,6 +125,10 @@ private:
             m_run.moveTo(fine(to), Draw{*this});
     }
 
+    void addHole(const SurfacePoint* points, int count);
+    void addPolygon(const SurfacePoint* points, int count);
+    void addLines(const SurfacePoint* points, const int* counts, int lines);
+    void addPicture(double x, double y, const CPixels& pixels);
     void flushRun() { m_run.flush(Draw{*this}); }
     void writeRun(const std::vector<Point>& points);
     void writeLines(const std::vector<Point>& points, const std::vector<int>& counts);
@@ -133,6 +150,7 @@ private:
     void collect(const SurfacePoint* points, int count);
     void cut(const SurfacePoint* points, int count);
 
+    const unsigned long m_shortages = memoryShortages();
     emf::Records m_records;
     const int m_fine;      ///< units of the records to a device unit; all that follows is in the former
     const double m_factor; ///< the same, at hand for each point
@@ -191,10 +209,11 @@ void EmfSurface::clipTo(double left, double top, double right, double bottom)
     m_holesWritten = 0;
 }
 
-void EmfSurface::clipOut(const SurfacePoint* points, int count)
+void EmfSurface::addHole(const SurfacePoint* points, int count)
 {
     flushRun();
     cut(points, count);
+    m_points.reserve(m_cut.size()); // for the call that writes the hole
     m_holes.add(m_cut.data(), static_cast<int>(m_cut.size()));
 }
 
@@ -380,7 +399,7 @@ void EmfSurface::writeRun(const std::vector<Point>& points)
     }
 }
 
-void EmfSurface::polygon(const SurfacePoint* points, int pointCount)
+void EmfSurface::addPolygon(const SurfacePoint* points, int pointCount)
 {
     flushRun();
     cut(points, pointCount);
@@ -472,7 +491,7 @@ void EmfSurface::solidRect(double x, double y, double width, double height, unsi
 /// Pixels without opacity are cut from the clip: readers that know no clip regions show them in the colour that the
 /// picture has there, mostly the paper's, where the usual pair of masked copies would turn them black. On a grid finer
 /// than pixels the opaque parts are copied one by one: readers differ in the units of a region.
-void EmfSurface::picture(double x, double y, const CPixels& pixels)
+void EmfSurface::addPicture(double x, double y, const CPixels& pixels)
 {
     flushRun();
     const SurfacePoint place = fine({x, y});
@@ -511,7 +530,7 @@ void EmfSurface::polyline(const SurfacePoint* points, int count)
         lineHere(points[i]);
 }
 
-void EmfSurface::polylines(const SurfacePoint* points, const int* counts, int lines)
+void EmfSurface::addLines(const SurfacePoint* points, const int* counts, int lines)
 {
     flushRun();
     if (m_colors.penOn) {
@@ -547,14 +566,15 @@ bool EmfSurface::finish()
     m_finished = true;
     while (m_savedCount > 0)
         restore();
-    return m_records.finish(m_bounds, m_fine, m_handles);
+    return memoryShortages() == m_shortages && m_records.finish(m_bounds, m_fine, m_handles);
 }
 
 } // namespace
 
 std::unique_ptr<CFileSurface> emfSurface(CByteSink& sink, int fineness)
 {
-    return std::make_unique<EmfSurface>(sink, fineness);
+    return VEK::whole(std::unique_ptr<CFileSurface>(),
+                      [&]() -> std::unique_ptr<CFileSurface> { return std::make_unique<EmfSurface>(sink, fineness); });
 }
 
 } // namespace VEK

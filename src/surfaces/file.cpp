@@ -1,20 +1,14 @@
 #include <vek/surfaces/file.h>
 
 #include "core/platform/platform.h"
-
-#include <exception>
+#include "core/values/whole.h"
 
 namespace VEK
 {
 
 bool CMemorySink::write(std::string_view bytes)
 {
-    try {
-        if (m_good)
-            m_bytes.append(bytes);
-    } catch (const std::exception&) {
-        m_good = false;
-    }
+    m_good = m_good && whole(false, [&] { return (m_bytes.append(bytes), true); });
     return m_good;
 }
 
@@ -28,8 +22,10 @@ bool CMemorySink::rewrite(std::uint64_t offset, std::string_view bytes)
 
 CFileSink::CFileSink(const wchar_t* path)
 {
-    if (path != nullptr && *path != 0)
-        m_file = std::make_unique<platform::FileWriter>(platform::pathOf(path));
+    if (path != nullptr && *path != 0) {
+        m_file = whole(std::unique_ptr<platform::FileWriter>(),
+                       [&] { return std::make_unique<platform::FileWriter>(platform::pathOf(path)); });
+    }
 }
 
 CFileSink::~CFileSink() = default;

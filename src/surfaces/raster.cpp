@@ -1,12 +1,11 @@
 #include <vek/surfaces/raster.h>
 
+#include "core/values/whole.h"
 #include "surfaces/raster_areas.h"
 #include "surfaces/raster_ellipses.h"
 #include "surfaces/raster_lines.h"
 #include "surfaces/raster_pen.h"
 #include "surfaces/reach.h"
-
-#include <new>
 
 namespace VEK
 {
@@ -47,8 +46,8 @@ public:
     {
         m_penOn = true;
         m_penWidth = std::clamp(width, 1, raster::WidePen::kLimit);
-        if (m_penWidth > 1)
-            m_widePen.setWidth(m_penWidth);
+        if (m_penWidth > 1 && !VEK::whole(false, [&] { return (m_widePen.setWidth(m_penWidth), true); }))
+            m_penWidth = 1;
         m_pen = opaque(color);
     }
     void noPen() override { m_penOn = false; }
@@ -69,7 +68,10 @@ public:
     void polyline(const SurfacePoint* points, int count) override;
     void polygon(const SurfacePoint* points, int count) override;
     void rectangle(double x1, double y1, double x2, double y2) override;
-    void ellipse(double x1, double y1, double x2, double y2) override;
+    void ellipse(double x1, double y1, double x2, double y2) override
+    {
+        VEK::whole(false, [&] { return (addEllipse(x1, y1, x2, y2), true); });
+    }
     void pixel(double x, double y, unsigned color) override
     {
         if (reach::holds({x, y}))
@@ -96,6 +98,8 @@ private:
     void drawQuadrants(const Box& box);
     void fillBox(const Box& box, std::uint32_t color);
     void fillPolygon(const SurfacePoint* points, int count, bool asHole);
+    void addPolygon(const SurfacePoint* points, int count, bool asHole);
+    void addEllipse(double x1, double y1, double x2, double y2);
 
     /// A pixel of an outline after the one at `last`, or after none where that is the same.
     void dotAfter(const Point& at, const Point& last)
@@ -133,9 +137,8 @@ void RasterSurface::clipOut(const SurfacePoint* points, int count)
     fillPolygon(points, count, true);
 }
 
-/// Leaves the polygon out when memory does not suffice for its vertices or for the mask of holes.
-void RasterSurface::fillPolygon(const SurfacePoint* points, int count, bool asHole)
-try {
+void RasterSurface::addPolygon(const SurfacePoint* points, int count, bool asHole)
+{
     if (count < 3)
         return;
     const SurfacePoint* end = points + count;
@@ -153,7 +156,12 @@ try {
     } else {
         m_scan.fill(m_points, clip, [&](int y, int x1, int x2) { m_canvas.span(y, x1, x2, m_brush); });
     }
-} catch (const std::bad_alloc&) {
+}
+
+/// Leaves the polygon out where memory does not suffice for its vertices or for the mask of holes.
+void RasterSurface::fillPolygon(const SurfacePoint* points, int count, bool asHole)
+{
+    VEK::whole(false, [&] { return (addPolygon(points, count, asHole), true); });
 }
 
 void RasterSurface::polyline(const SurfacePoint* points, int count)
@@ -189,7 +197,7 @@ void RasterSurface::drawWide(const Point& from, const Point& to)
 {
     m_widePen.dot(m_canvas, from, m_pen);
     m_widePen.dot(m_canvas, to, m_pen);
-    m_widePen.body(m_canvas, m_scan, from, to, m_pen);
+    VEK::whole(false, [&] { return (m_widePen.body(m_canvas, m_scan, from, to, m_pen), true); });
 }
 
 /// The edge of a box, as the pen goes along its outermost pixels.
@@ -224,7 +232,7 @@ void RasterSurface::rectangle(double x1, double y1, double x2, double y2)
     drawRing(box);
 }
 
-void RasterSurface::ellipse(double x1, double y1, double x2, double y2)
+void RasterSurface::addEllipse(double x1, double y1, double x2, double y2)
 {
     const Box box = boxOf(corner(x1, y1), corner(x2, y2));
     const int width = box.right - box.left;
@@ -317,11 +325,11 @@ bool rasterPixels(CPixels& pixels, int width, int height, unsigned color)
     pixels = {};
     if (width < 1 || height < 1 || width > kRasterAreaLimit / height)
         return false;
-    try {
-        pixels.data.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), opaque(color));
-    } catch (const std::bad_alloc&) {
+    const std::size_t area = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    pixels.data =
+        VEK::whole(std::vector<std::uint32_t>(), [&] { return std::vector<std::uint32_t>(area, opaque(color)); });
+    if (pixels.data.empty())
         return false;
-    }
     pixels.width = width;
     pixels.height = height;
     return true;
@@ -329,7 +337,8 @@ bool rasterPixels(CPixels& pixels, int width, int height, unsigned color)
 
 std::unique_ptr<CSurface> rasterSurface(CPixels& pixels)
 {
-    return std::make_unique<RasterSurface>(pixels);
+    return VEK::whole(std::unique_ptr<CSurface>(),
+                      [&]() -> std::unique_ptr<CSurface> { return std::make_unique<RasterSurface>(pixels); });
 }
 
 } // namespace VEK

@@ -12,7 +12,7 @@ void WidePen::setWidth(int width)
 {
     if (width == m_width)
         return;
-    m_width = width;
+    m_width = 0; // until its rows are there
     m_insets.assign(static_cast<std::size_t>(width), 0);
     std::vector<Point> quadrant;
     if (width > 2)
@@ -22,6 +22,7 @@ void WidePen::setWidth(int width)
         m_insets[row] = quadrant[i].x;
         m_insets[m_insets.size() - 1 - row] = quadrant[i].x;
     }
+    m_width = width;
 }
 
 void WidePen::dot(Canvas& canvas, const Point& at, std::uint32_t color) const

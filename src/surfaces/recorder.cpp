@@ -1,5 +1,7 @@
 #include <vek/surfaces/recorder.h>
 
+#include "core/values/whole.h"
+
 #include <charconv>
 #include <cmath>
 
@@ -49,38 +51,51 @@ namespace VEK
 
 std::string SurfaceCall::text() const
 {
-    std::string text = nameOf(op);
-    for (const SurfacePoint& point : points) {
-        text += ' ';
-        addNumber(text, point.x);
-        text += ',';
-        addNumber(text, point.y);
-    }
-    if (op == SurfaceOp::pen)
-        text += ' ' + std::to_string(width);
-    if (hasColor(op)) {
-        text += " #";
-        for (int shift : {4, 0, 12, 8, 20, 16})
-            text += "0123456789abcdef"[color >> shift & 15u];
-    }
-    return text;
+    return whole(std::string(), [&] {
+        std::string text = nameOf(op);
+        for (const SurfacePoint& point : points) {
+            text += ' ';
+            addNumber(text, point.x);
+            text += ',';
+            addNumber(text, point.y);
+        }
+        if (op == SurfaceOp::pen)
+            text += ' ' + std::to_string(width);
+        if (hasColor(op)) {
+            text += " #";
+            for (int shift : {4, 0, 12, 8, 20, 16})
+                text += "0123456789abcdef"[color >> shift & 15u];
+        }
+        return text;
+    });
 }
 
 std::string CRecorder::text() const
 {
-    std::string text;
-    for (const SurfaceCall& call : m_calls)
-        text += call.text() + '\n';
-    return text;
+    return whole(std::string(), [&] {
+        std::string text;
+        for (const SurfaceCall& call : m_calls)
+            text += call.text() + '\n';
+        return text;
+    });
 }
 
-void CRecorder::add(SurfaceOp op, std::vector<SurfacePoint> points, int width, unsigned color)
+void CRecorder::add(SurfaceOp op, const SurfacePoint* points, int count, int width, unsigned color)
 {
-    if (m_whole) {
-        for (SurfacePoint& point : points)
-            point = {std::trunc(point.x) + 0.0, std::trunc(point.y) + 0.0};
-    }
-    m_calls.push_back({op, std::move(points), width, color});
+    whole(false, [&] {
+        SurfaceCall call{op, {points, points + count}, width, color};
+        if (m_whole) {
+            for (SurfacePoint& point : call.points)
+                point = {std::trunc(point.x) + 0.0, std::trunc(point.y) + 0.0};
+        }
+        m_calls.push_back(std::move(call));
+        return true;
+    });
+}
+
+void CRecorder::add(SurfaceOp op, std::initializer_list<SurfacePoint> points, int width, unsigned color)
+{
+    add(op, points.begin(), static_cast<int>(points.size()), width, color);
 }
 
 void CRecorder::clipTo(double left, double top, double right, double bottom)
@@ -89,7 +104,7 @@ void CRecorder::clipTo(double left, double top, double right, double bottom)
 }
 void CRecorder::clipOut(const SurfacePoint* points, int count)
 {
-    add(SurfaceOp::clipOut, {points, points + count});
+    add(SurfaceOp::clipOut, points, count);
 }
 void CRecorder::clipRestore()
 {
@@ -125,7 +140,7 @@ void CRecorder::lineTo(double x, double y)
 }
 void CRecorder::polygon(const SurfacePoint* points, int count)
 {
-    add(SurfaceOp::polygon, {points, points + count});
+    add(SurfaceOp::polygon, points, count);
 }
 void CRecorder::rectangle(double x1, double y1, double x2, double y2)
 {

@@ -1,6 +1,7 @@
 #include <vek/surfaces/svg.h>
 
 #include "core/png/png.h"
+#include "core/values/whole.h"
 #include "surfaces/ellipse.h"
 #include "surfaces/holes.h"
 #include "surfaces/reach.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
 #include <numbers>
 
 namespace VEK
@@ -43,7 +43,10 @@ public:
     SvgSurface(CByteSink& sink, int width, int height);
 
     void clipTo(double left, double top, double right, double bottom) override;
-    void clipOut(const SurfacePoint* points, int count) override;
+    void clipOut(const SurfacePoint* points, int count) override
+    {
+        whole(false, [&] { return (addHole(points, count), true); });
+    }
     void clipRestore() override;
     void pen(int width, unsigned color) override { setPen({true, std::max(width, 1), color & 0xFFFFFF}); }
     void noPen() override { setPen({false, 1, 0}); }
@@ -54,12 +57,18 @@ public:
     void lineTo(double x, double y) override;
     bool hasArcs() const override { return true; }
     void arcTo(const SurfaceArc& arc) override;
-    void polygon(const SurfacePoint* points, int count) override;
+    void polygon(const SurfacePoint* points, int count) override
+    {
+        whole(false, [&] { return (addPolygon(points, count), true); });
+    }
     void rectangle(double x1, double y1, double x2, double y2) override;
     void ellipse(double x1, double y1, double x2, double y2) override;
     void pixel(double x, double y, unsigned color) override;
     void solidRect(double x, double y, double width, double height, unsigned color) override;
-    void picture(double x, double y, const CPixels& pixels) override;
+    void picture(double x, double y, const CPixels& pixels) override
+    {
+        whole(false, [&] { return (addPicture(x, y, pixels), true); });
+    }
     bool finish() override;
 
 private:
@@ -81,6 +90,9 @@ private:
         unsigned color = 0;
     };
 
+    void addHole(const SurfacePoint* points, int count);
+    void addPolygon(const SurfacePoint* points, int count);
+    void addPicture(double x, double y, const CPixels& pixels);
     bool drawsArea() const { return (m_pen.on || m_brush.on) && !m_finished; }
     void setPen(const Pen& wanted);
 
@@ -96,6 +108,7 @@ private:
     void addOutline(const SurfacePoint* points, int count);
     void addRect(const Area& area);
 
+    const unsigned long m_shortages = memoryShortages();
     svg::Text m_text;
     bool m_finished = false;
     int m_lastId = 0;
@@ -186,7 +199,7 @@ void SvgSurface::clipTo(double left, double top, double right, double bottom)
     m_holesWritten = 0;
 }
 
-void SvgSurface::clipOut(const SurfacePoint* points, int count)
+void SvgSurface::addHole(const SurfacePoint* points, int count)
 {
     reach::cutPolygon(points, count, m_cut);
     m_holes.add(m_cut.data(), static_cast<int>(m_cut.size()));
@@ -325,7 +338,7 @@ void SvgSurface::addFlatArc(const SurfaceArc& arc, double turningPoint)
     lineTo(end.x, end.y);
 }
 
-void SvgSurface::polygon(const SurfacePoint* points, int count)
+void SvgSurface::addPolygon(const SurfacePoint* points, int count)
 {
     reach::cutPolygon(points, count, m_cut);
     const int cutCount = static_cast<int>(m_cut.size());
@@ -403,25 +416,22 @@ void SvgSurface::solidRect(double x, double y, double width, double height, unsi
     m_brush = askedBrush;
 }
 
-void SvgSurface::picture(double x, double y, const CPixels& pixels)
+void SvgSurface::addPicture(double x, double y, const CPixels& pixels)
 {
     if (pixels.empty() || !reach::holds({x, y}) || m_finished)
         return;
-    try {
-        const std::string file = png::encode(pixels, png::Channels::colorAndOpacity);
-        if (file.empty())
-            return;
-        closePath();
-        bringClip(true);
-        // Two words for whole pixels: the attribute of this version, and the style of later ones, which goes first.
-        m_text << "<image x=\"" << milli(x) << "\" y=\"" << milli(y) << "\" width=\"" << pixels.width << "\" height=\""
-               << pixels.height
-               << "\" image-rendering=\"optimizeSpeed\" style=\"image-rendering:pixelated\" "
-                  "xmlns:xlink=\"http://www.w3.org/1999/xlink\" xlink:href=\"data:image/png;base64,";
-        m_text.addBase64(file);
-        m_text << "\"/>\n";
-    } catch (const std::bad_alloc&) { // draws nothing
-    }
+    const std::string file = png::encode(pixels, png::Channels::colorAndOpacity);
+    if (file.empty())
+        return;
+    closePath();
+    bringClip(true);
+    // Two words for whole pixels: the attribute of this version, and the style of later ones, which goes first.
+    m_text << "<image x=\"" << milli(x) << "\" y=\"" << milli(y) << "\" width=\"" << pixels.width << "\" height=\""
+           << pixels.height
+           << "\" image-rendering=\"optimizeSpeed\" style=\"image-rendering:pixelated\" "
+              "xmlns:xlink=\"http://www.w3.org/1999/xlink\" xlink:href=\"data:image/png;base64,";
+    m_text.addBase64(file);
+    m_text << "\"/>\n";
 }
 
 bool SvgSurface::finish()
@@ -431,14 +441,15 @@ bool SvgSurface::finish()
         return false;
     m_finished = true;
     m_text << "</svg>\n";
-    return m_text.finish();
+    return memoryShortages() == m_shortages && m_text.finish();
 }
 
 } // namespace
 
 std::unique_ptr<CFileSurface> svgSurface(CByteSink& sink, int width, int height)
 {
-    return std::make_unique<SvgSurface>(sink, width, height);
+    return whole(std::unique_ptr<CFileSurface>(),
+                 [&]() -> std::unique_ptr<CFileSurface> { return std::make_unique<SvgSurface>(sink, width, height); });
 }
 
 } // namespace VEK

@@ -42,15 +42,16 @@ struct DrawArea {
 /// Draws a display object. Later items cover earlier ones; hidden ones are left out. A hatch too dense to draw, or
 /// of which more than can be drawn would show, becomes a solid fill (`vek_gdx_pattern_test`, `VEK::kHatchPieces`). A
 /// picture that cannot be loaded draws nothing. Sorts the list first (`CVekGDX::displListSort`), and fits the view to
-/// the size of the area where the rules say so; nothing else in the object changes. Where memory ends, in the pass or
-/// on the surface, so does the picture. The surface keeps the clip, pen and brush that were set last.
+/// the size of the area where the rules say so; nothing else in the object changes. The surface keeps the clip, pen and
+/// brush that were set last.
 /// @param area everything is clipped to it; one that lies nowhere finite draws nothing
 /// @param pictures where the pictures come from; null is `pictureCache()`
-VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, const DrawArea& area, const PassRules& rules,
+/// @return whether the picture is whole: false where memory ended, in the pass or on the surface, and parts are missing
+VEK_API bool gdxDraw(CVekGDX& gdx, CSurface& surface, const DrawArea& area, const PassRules& rules,
                      CPictureSource* pictures = nullptr);
 
 /// Draws a display object on the area of a height and width from (0, 0) on.
-VEK_API void gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
+VEK_API bool gdxDraw(CVekGDX& gdx, CSurface& surface, int height, int width, const PassRules& rules,
                      CPictureSource* pictures = nullptr);
 
 } // namespace VEK

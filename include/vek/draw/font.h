@@ -20,5 +20,5 @@
 /// and existing texts rely on it: "[" is a low bar for underlining, "_" a slanted mark at the height of an apostrophe.
 /// A blank has no glyph.
 ///
-/// @return a copy, which is the caller's own; empty for a character without a glyph
+/// @return a copy, which is the caller's own; empty for a character without a glyph, and where memory ends
 VEK_API CVekArrayTempl<CVekArrayTempl<CVekVertexArray>> get_ascii_from_map(wchar_t c);

@@ -81,7 +81,8 @@ VEK_API CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<
                                                                  bool& cutShort);
 
 /// Whether a pattern is worth drawing: it takes fewer than 95 lines across the outer contour, and its finest step is
-/// more than 2.3 device units. A pattern that the host does not know is, and so are L"_USER" and L"_U".
+/// more than 2.3 device units. A pattern that the host does not know is, and so are L"_USER" and L"_U". Where memory
+/// ends none is.
 /// @param mtx from the region's coordinates to device units
 VEK_API bool vek_gdx_pattern_test(CVekArrayTempl<CVekVertexArray> regl, const VEK::CHatchProp& hatch,
                                   const CVekMatrix3d& mtx);

@@ -6,6 +6,7 @@
 
 /// The polylines with their arcs replaced by chords, each in the plane of its own normal. Chords stay within 0.01 of
 /// an arc shorter than 4.0 and within 0.05 of a longer one, in drawing units. Straight segments stay as they are.
+/// Where memory ends the result is empty.
 VEK_API CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_split(const CVekArrayTempl<CVekVertexArray>& reg);
 VEK_API CVekVertexArray vek_gdx_image_vl_split(const CVekVertexArray& vl);
 
@@ -17,6 +18,6 @@ VEK_API CVekVertexArray vek_gdx_image_vl_split(const CVekVertexArray& vl);
 /// @param mode 1 lays the pattern on each segment by itself, arranged to begin and end within a long dash and with
 /// its gaps stretched to end with the segment; a segment not longer than the pattern stays as it is. A length within
 /// the tolerance of whole patterns counts as that. 0 runs the pattern along each continuous run.
-/// @return false, with the polyline as it was, for a pattern of fewer than two entries; also where memory does not
-/// suffice, with the dashes laid so far
+/// @return false, with the polyline as it was, for a pattern of fewer than two entries and where memory does not
+/// suffice
 VEK_API bool vek_gdx_image_vl_measure(CVekVertexArray& vl, CVekArrayTempl<double> dashes, int mode);

@@ -24,7 +24,8 @@ namespace VEK
 /// ones, which would grow with the square of the text.
 ///
 /// @param point where the text starts, before alignment
-/// @return the regions of all glyphs in the order of the characters, closed contours counter-clockwise about z
+/// @return the regions of all glyphs in the order of the characters, closed contours counter-clockwise about z; none
+///     where memory ends
 VEK_API CVekArrayTempl<CVekArrayTempl<CVekVertexArray>> textRegions(const wchar_t* text, const wchar_t* align,
                                                                     const CVekPoint3d& point);
 
@@ -34,7 +35,7 @@ inline constexpr int kTextPadLimit = 512;
 
 /// Asks the host for the regions of a text object that lives in a data item: its function "vek_text_to_regl" gets the
 /// item as a list and the factor as a real.
-/// @param regl receives the regions; empty when there is no host or it reports failure
+/// @param regl receives the regions; empty when there is no host, it reports failure, or memory ends
 /// @return whether there is any region
 VEK_API bool vek_text_to_regl(const CVekDataItem* item, CVekArrayTempl<CVekArrayTempl<CVekVertexArray>>& regl,
                               double factor);

@@ -20,6 +20,7 @@ namespace VEK
 /// it, and readers that ignore regions show the colours that those pixels have; on a fine grid it is one copy for each
 /// part without gaps. A file beyond the format's 4 GB fails.
 /// @param fineness 1 to 64; a number beyond that counts as the nearest
+/// @return null where memory ends
 VEK_API std::unique_ptr<CFileSurface> emfSurface(CByteSink& sink, int fineness = 1);
 
 } // namespace VEK

@@ -70,7 +70,8 @@ class VEK_API CFileSurface : public CSurface
 {
 public:
     /// Completes the file and commits the sink; calls after it draw nothing.
-    /// @return false when anything could not be written, and at a second call
+    /// @return false when anything could not be written, at a second call, and where memory was short since the
+    ///     surface was made: nothing tells that what came to it meanwhile was whole
     virtual bool finish() = 0;
 };
 

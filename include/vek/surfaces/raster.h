@@ -37,6 +37,7 @@ VEK_API bool rasterPixels(CPixels& pixels, int width, int height, unsigned color
 /// side; larger ones are drawn from rounded coordinates. Polygons are cut at plus and minus 2^27, boxes are moved to
 /// that border. What lies outside the clip costs next to nothing, however large it is. Holes take a byte for each
 /// pixel of the picture.
+/// @return null where memory ends. What does not suffice for a call later on leaves it out, as `memoryShortages` tells
 VEK_API std::unique_ptr<CSurface> rasterSurface(CPixels& pixels);
 
 } // namespace VEK

@@ -4,6 +4,7 @@
 
 #include <vek/surfaces/surface.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -43,7 +44,8 @@ struct VEK_API SurfaceCall {
     std::string text() const;
 };
 
-/// Keeps every call as it came; a `polyline` arrives as its moves and lines.
+/// Keeps every call as it came; a `polyline` arrives as its moves and lines. A call for which there is no memory is
+/// missing, which `memoryShortages` tells, and texts are empty then.
 class VEK_API CRecorder : public CSurface
 {
 public:
@@ -74,7 +76,8 @@ public:
     void picture(double x, double y, const CPixels& pixels) override;
 
 private:
-    void add(SurfaceOp op, std::vector<SurfacePoint> points = {}, int width = 0, unsigned color = 0);
+    void add(SurfaceOp op, std::initializer_list<SurfacePoint> points = {}, int width = 0, unsigned color = 0);
+    void add(SurfaceOp op, const SurfacePoint* points, int count, int width = 0, unsigned color = 0);
 
     bool m_whole;
     std::vector<SurfaceCall> m_calls;

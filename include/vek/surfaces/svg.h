@@ -16,6 +16,7 @@ namespace VEK
 /// Arcs are arc commands of the path that their neighbours stand in; one whose ellipse has no width is a line, and one
 /// beyond reach chords. A picture is embedded as PNG, without packing.
 /// @param width, height at least 1
+/// @return null where memory ends
 VEK_API std::unique_ptr<CFileSurface> svgSurface(CByteSink& sink, int width, int height);
 
 } // namespace VEK

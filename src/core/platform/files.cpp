@@ -54,18 +54,13 @@ bool readFile(const fs::path& path, std::string& bytes)
     std::ifstream in(path, std::ios::binary);
     if (!in)
         return false;
-    try {
-        // The size is a hint only: special files tell none, and a file may grow while it is read.
-        const std::uintmax_t size = fs::file_size(path, error);
-        if (!error)
-            bytes.reserve(static_cast<std::size_t>(size));
-        char block[1 << 16];
-        while (in.read(block, sizeof block), in.gcount() > 0)
-            bytes.append(block, static_cast<std::size_t>(in.gcount()));
-    } catch (const std::exception&) { // more than fits into memory
-        bytes = std::string();
-        return false;
-    }
+    // The size is a hint only: special files tell none, and a file may grow while it is read.
+    const std::uintmax_t size = fs::file_size(path, error);
+    if (!error)
+        bytes.reserve(static_cast<std::size_t>(size));
+    char block[1 << 16];
+    while (in.read(block, sizeof block), in.gcount() > 0)
+        bytes.append(block, static_cast<std::size_t>(in.gcount()));
     if (in.bad())
         bytes.clear();
     return !in.bad();

@@ -1,3 +1,4 @@
+#include "core/values/whole.h"
 #include "surfaces/window/clipboard.h"
 
 #include <vek/display/draw.h>
@@ -8,8 +9,11 @@ void refresh(CVekGDX* gdx, const wchar_t* file, int height, int width)
     if (!gdx)
         return;
     const HDC dc = CreateEnhMetaFileW(nullptr, file, nullptr, nullptr);
-    VEK::gdxDraw(*gdx, *VEK::gdiSurface(dc), height, width, VEK::paperRules);
+    const bool complete =
+        VEK::whole(false, [&] { return VEK::gdxDraw(*gdx, *VEK::gdiSurface(dc), height, width, VEK::paperRules); });
     const HENHMETAFILE metafile = CloseEnhMetaFile(dc);
-    if (metafile && (file || !VEK::toClipboard([&] { return metafile; })))
+    if (metafile && (file || !complete || !VEK::toClipboard([&] { return metafile; })))
         DeleteEnhMetaFile(metafile); // of a file only the handle
+    if (metafile && file && !complete)
+        DeleteFileW(file);
 }
