@@ -32,9 +32,11 @@ public:
 
     /// Runs a check with every allocation failing in turn, until none is left to fail.
     /// @param check gets a `FailingMemory&` and calls its `during` once
+    /// @return how many allocations failed that were alone in it
     template <class Check>
-    static void forEveryAllocation(Check&& check)
+    static int forEveryAllocation(Check&& check)
     {
+        int alone = 0;
         for (const bool lasting : {false, true}) {
             int rounds = 0;
             for (bool more = true; more; ++rounds) {
@@ -44,7 +46,9 @@ public:
                 more = memory.failed();
             }
             EXPECT_GT(rounds, 1) << "nothing was allocated";
+            alone = lasting ? alone : rounds - 1;
         }
+        return alone;
     }
 
     static bool refuses()

@@ -90,9 +90,11 @@ void Holes::add(const SurfacePoint* points, int count)
         box = {std::min(box.left, points[i].x), std::min(box.top, points[i].y), std::max(box.right, points[i].x),
                std::max(box.bottom, points[i].y)};
     }
+    m_boxes.resize(m_ends.size()); // without what was left of a hole for which memory ended
+    m_points.resize(m_ends.empty() ? 0 : static_cast<std::size_t>(m_ends.back()));
+    m_boxes.push_back(box);
     m_points.insert(m_points.end(), points, points + count);
     m_ends.push_back(static_cast<int>(m_points.size()));
-    m_boxes.push_back(box);
 }
 
 void Holes::clear()

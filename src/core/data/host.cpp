@@ -84,6 +84,9 @@ bool CVekLocalApp::imageObject(CVekGDX* gdx, CVekDataItem* object, CVekDataItem*
 {
     try {
         return m_image && m_image(gdx, object, parameters);
+    } catch (const std::bad_alloc&) {
+        VEK::memoryShort();
+        return false;
     } catch (...) {
         return false;
     }
@@ -136,6 +139,9 @@ int CVekLocalApp::callFunction(const wchar_t* name, resbuf* arguments, VEK::CUni
             return VEK::kHostError;
         const Function callee = function->second; // it may enter another one in its own place
         return callee(arguments, result);
+    } catch (const std::bad_alloc&) {
+        VEK::memoryShort();
+        return VEK::kHostError;
     } catch (...) {
         return VEK::kHostError;
     }

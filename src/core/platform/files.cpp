@@ -86,11 +86,11 @@ FileWriter::FileWriter(const fs::path& path)
             m_good = m_out.is_open();
             return;
         }
-        fs::path scratch = scratchPath(m_target);
-        m_out.open(scratch, std::ios::binary | std::ios::trunc);
+        m_scratch = scratchPath(m_target); // known before it is opened, which may make it and then find no memory
+        m_out.open(m_scratch, std::ios::binary | std::ios::trunc);
         m_good = m_out.is_open();
-        if (m_good)
-            m_scratch = std::move(scratch);
+        if (!m_good)
+            m_scratch.clear();
     } catch (const std::exception&) {
         m_good = false;
     }
