@@ -91,27 +91,19 @@ const Files& files()
 using Stack = CVekGDX::Stack;
 const Stack kLine{1}, kText{2}, kRegion{3}, kNew{7, 8};
 const CVekString kBmp = files().path("a.bmp"), kLibrary = files().path("a.slb");
-const CVekString kAnother(L"another key"), kUser(L"_USER"), kView(L"NO"), kSlide(L"one");
-const CVekString kDots(L"DOTS"), kLabel(L"\\de:Riegel");
+const CVekString kAnother(L"another key"), kUser(L"_USER"), kDots(L"DOTS"), kView(L"NO"), kSlide(L"one");
 const CVekArrayTempl<double> kDashes{0.5, -0.25}, kAngle{9, 9, 2, 2, 1};
-const CVekVertexArray kUpright = arcs({0, 1, 0}), kSlanted = arcs({0, 1, 1}) += arcs({0, 1, 1}), kCross{{{0.5, -1, 0}, {0.5, 2, 0}}};
+const CVekVertexArray kUpright = arcs({0, 1, 0}), kSlanted = arcs({0, 1, 1}) += arcs({0, 1, 1}),
+                      kCross{{{0.5, -1, 0}, {0.5, 2, 0}}};
 const CVekDataKey kDeep(5005, L"A", 5005, L"B", 5005, L"NEW", 5003, 7, 0), kMany(5005, L"MANY", 5003, 40, 0);
 const CVekArrayTempl<int> kMore{9, 8, 7, 6, 5, 4, 3, 2, 1};
 const CVekDataItem kTree = sample();
 const Polylines kPlate{shapes::rectangle(0, 0, 9, 9), shapes::circle(4, 4, 2)};
 const VEK::CHatchProp kHatch(kUser, 0.3, 2.0, true), kOther(L"a pattern of a long name", 1.0, 1.0, false);
 const CVekMatrix3d kStretch = CVekMatrix3d().setToScaling(3.0, {1, 1, 0});
-const CVekMatrix3d kNarrow = [] { // under which arcs become chords
-    CVekMatrix3d m;
-    m[0][0] = 0.5;
-    return m;
-}();
+const CVekMatrix3d kNarrow = CVekMatrix3d().setCoordSystem({}, {0.5, 0, 0}, {0, 1, 0}, {0, 0, 1}); // makes arcs chords
+const CVekPoint3d kLow(0, 1, 0), kHigh(4, 1, 0), kFar(44, 44, 0), kNear(-11, -8, 0);
 const CVekColor kColor;
-const CVekColor kNamed = [] {
-    CVekColor color;
-    color.setNames(L"a name of some length that", L"no object holds inside");
-    return color;
-}();
 
 /// Every kind of item, not sorted.
 CVekGDX picture()
@@ -127,17 +119,16 @@ CVekGDX picture()
 
 /// One of each kind of object that jobs work on.
 struct World {
-    CVekString text = L"a.b";
-    CVekArrayTempl<int> numbers{1, 2, 3};
-    CVekArrayTempl<int> others{4, 5};
+    CVekString text = L"a.b", label = L"\\de:Riegel";
+    CVekArrayTempl<int> numbers{1, 2, 3}, others{4, 5};
     CVekArrayTempl<CVekString> texts{L"one", L"two"};
-    CVekMapTempl<CVekString, CVekString> map;
+    CVekMapTempl<CVekString, CVekString> map, copied;
     CVekVertexArray polyline = arcs({0, 0, 1});
     CVekPoint3dArray points{{0, 0, 0}, {1, 1, 1}, {2, 0, 0}, {3, 1, 0}, {4, 5, 6}};
     VEK::CSharedPointer<CVekString> shared;
     CVekDataItem tree = sample();
-    CVekGDX gdx = picture();
-    CVekGDX sorted = gdx;
+    VEK::CUniqPointer<CVekDataItem> clone;
+    CVekGDX gdx = picture(), sorted = gdx;
     std::uint64_t handed = 0; ///< what a job has handed out
 
     // Copies that a job gives away: one that it made itself where the memory ends would be another argument.
@@ -146,10 +137,25 @@ struct World {
     CVekLineParm pattern{0.5, -0.25};
     CVekArrayTempl<double> dashes = kDashes;
     CVekString keyword = kView;
+    CVekColor named;
+
+    // Where a job puts what it hands out.
+    CVekArrayTempl<CVekString> parts{L"before"};
+    CVekPoint3dArray met;
+    CVekArrayTempl<CVekDataKey> keys;
+    CVekPoint3d low, high;
+    CVekArrayTempl<VEK::CHatchPattern> patterns;
+    CVekString error;
+    std::vector<unsigned char> bytes;
+    VEK::CPixels pixels;
+    VEK::CRecorder calls;
+    VEK::CMemorySink sink;
+    bool transparent = false;
 
     World()
     {
         map[L"key"] = L"value";
+        named.setNames(L"a name of some length that", L"no object holds inside");
         sorted.displListSort();
         gdxMapRemoveAt(1);
         VEK::setGdxImageFcn(kAnother, nullptr);
@@ -166,19 +172,31 @@ struct World {
         return handed != 0;
     }
     bool hand(int count) { return hand(std::span(&count, 1)); }
-    bool hand(const VEK::CPixels& pixels)
+    bool hand(const VEK::CPixels& shown)
     {
-        const auto* bytes = reinterpret_cast<const char*>(pixels.data.data());
-        return hand(std::string_view(bytes, pixels.data.size() * 4));
+        return hand(std::string_view(reinterpret_cast<const char*>(shown.data.data()), shown.data.size() * 4));
     }
+
+    bool draw(VEK::CSurface& surface) { return VEK::gdxDraw(sorted, surface, 99, 99, VEK::screenRules); }
+
+    /// Draws the picture into a file, whatever the pass tells.
+    bool drawn(const std::unique_ptr<VEK::CFileSurface>& surface)
+    {
+        if (surface)
+            draw(*surface);
+        return surface && surface->finish() && hand(sink.bytes());
+    }
+    bool drawn(const std::unique_ptr<VEK::CSurface>& surface) { return surface && draw(*surface) && hand(pixels); }
 
     std::uint64_t told() const
     {
         Hash hash;
-        hash << text << numbers << others << texts << color() << polyline << points << (shared ? 1 : 0) << handed;
-        for (const auto& [key, value] : map)
-            hash << key << value;
-        for (const char c : ::told(tree))
+        hash << text << label << numbers << others << texts << polyline << points << (shared ? 1 : 0) << handed;
+        for (const auto* one : {&map, &copied}) {
+            for (const auto& [key, value] : *one)
+                hash << key << value;
+        }
+        for (const char c : ::told(tree) + (clone ? ::told(*clone) : ""))
             hash << c;
         for (const CVekGDX* one : {&gdx, &sorted, static_cast<const CVekGDX*>(getGdxFromMap(1))}) {
             CVekPoint3d min, max;
@@ -186,13 +204,12 @@ struct World {
             for (int i = 0; one && i < one->lenGet(); ++i)
                 hash << one->getDisplayList()[i];
             for (int mode = 1; one && mode <= one->ColorTabLenGet(); ++mode)
-                hash << one->colorTabGet(mode);
+                hash << one->colorTabGet(mode).bookName();
             if (one)
                 hash << one->projMtxGet() << one->viewDirectionMtxGet();
         }
         return (hash << vek_gdx_image(kAnother, nullptr, nullptr, nullptr)).value();
     }
-    CVekColor color() const { return gdx.colorGet(0); }
 };
 
 /// A job, which tells whether it is done or only changes something, and how many blocks of memory it seeks at least.
@@ -214,12 +231,27 @@ struct Job {
     }
 };
 
-/// Draws the world's picture into a file surface, whatever the pass tells.
-bool drawn(World& w, VEK::CMemorySink& sink, const std::unique_ptr<VEK::CFileSurface>& surface)
+bool setByOwnKey(CVekDataItem& tree)
 {
-    if (surface)
-        VEK::gdxDraw(w.sorted, *surface, 100, 100, VEK::screenRules);
-    return surface && surface->finish() && w.hand(sink.bytes());
+    const CVekDataKey own(5005, L"A", 5005, L"NEW", 5005, L"C", 0); // lost where the memory ends in it
+    return VEK::dataItemSet(&tree, &own, 2.0);
+}
+
+bool opened(CVekDataItem& tree, CVekArrayTempl<CVekDataKey>& keys)
+{
+    VEK::CUniqPointer<VEK::CDtaFilePointer> copy(VEK::dtaOpen(6, 3, nullptr, &tree));
+    return copy && copy->get(L"MANY", false) && copy->get(L"HATCH", false) && copy->dir(keys, nullptr);
+}
+
+bool fromChain(CVekDataItem& tree, resbuf* chain)
+{
+    return chain && tree.setData(chain, false);
+}
+
+bool readPatterns(CVekArrayTempl<VEK::CHatchPattern>& patterns, CVekString& error)
+{
+    constexpr std::string_view kFile = "*ONE, first\n45, 0,0, 0,1, 1,-1\n*TWO\n0, 0,0, 0,2\n";
+    return VEK::hatchPatternsRead(patterns, kFile.data(), kFile.size(), L"p", error);
 }
 
 using W = World;
@@ -237,112 +269,42 @@ const Job kJobs[] = {
     {"polyline stretched", 1, [](W& w) { w.polyline.transformBy(kNarrow); }},
     {"polyline of points", 1, [](W& w) { w.polyline.fromPoints(w.points, true); }},
     {"shared pointer", 2, [](W& w) { w.shared = VEK::CSharedPointer<CVekString>(new CVekString(w.text)); }},
-    {"map copied", 4,
-     [](W& w) {
-         CVekMapTempl<CVekString, CVekString> copy(w.map);
-         copy = w.map;
-         if (copy.len() > 0)
-             w.map = std::move(copy);
-     }},
+    {"map =", 2, [](W& w) { w.copied = w.map; }},
 
     {"pts", 1, [](W& w) { return w.hand(w.polyline.pts(true, 1e-3)); }},
-    {"intersectWith", 1,
-     [](W& w) {
-         CVekPoint3dArray met;
-         return w.polyline.intersectWith(met, kCross, 3) && w.hand(met);
-     }},
-    {"strTok", 4,
-     [](W& w) {
-         CVekArrayTempl<CVekString> parts{L"before"};
-         return VEK::strTok(parts, L"one two three", L" ", false) && w.hand(parts);
-     }},
+    {"intersectWith", 1, [](W& w) { return w.polyline.intersectWith(w.met, kCross, 3) && w.hand(w.met); }},
+    {"strTok", 4, [](W& w) { return VEK::strTok(w.parts, L"one two three", L" ", false) && w.hand(w.parts); }},
     {"implode", 1, [](W& w) { return w.hand(std::wstring_view(VEK::implode(w.texts, L", "))); }},
     {"toUtf8", 1, [](W& w) { return w.hand(VEK::toUtf8(L"a wide text of some length")); }},
     {"fromUtf8", 1, [](W& w) { return w.hand(std::wstring_view(VEK::fromUtf8("a narrow text of some length", 28))); }},
     {"atof", 1, [](W&) { return VEK::atof(L"12345678901234567890.5e-15") != 0.0; }},
 
-    {"tree copied", 20,
-     [](W& w) {
-         VEK::CUniqPointer<CVekDataItem> copy(w.tree.clone());
-         if (copy)
-             w.tree = std::move(*copy->getItem(L"A"));
-         return copy != nullptr;
-     }},
-    {"tree = branch", 4,
-     [](W& w) {
-         w.tree = *w.tree.getItem(L"REG");
-         return w.tree.kind() == VEK::DataKind::regions;
-     }},
+    {"clone", 20, [](W& w) { return (w.clone = VEK::CUniqPointer<CVekDataItem>(w.tree.clone())) != nullptr; }},
+    {"tree = branch", 4, [](W& w) { return (w.tree = *w.tree.getItem(L"REG")).kind() == VEK::DataKind::regions; }},
     {"dataSet", 3, [](W& w) { return VEK::dataSet(&w.tree, L"TEXT\\X\\Y", L"a leaf that becomes a directory"); }},
     {"dataItemSet", 3, [](W& w) { return VEK::dataItemSet(&w.tree, &kDeep, kUpright); }},
     {"dataItemSet, many", 1, [](W& w) { return VEK::dataItemSet(&w.tree, &kMany, 1.0); }},
-    {"dataItemSet, own key", 3,
-     [](W& w) {
-         const CVekDataKey own(5005, L"A", 5005, L"NEW", 5005, L"C", 0); // lost where the memory ends in it
-         return VEK::dataItemSet(&w.tree, &own, 2.0);
-     }},
+    {"dataItemSet, own key", 3, [](W& w) { return setByOwnKey(w.tree); }},
     {"dataSetList", 2, [](W& w) { return VEK::dataSetList(&w.tree, L"A\\LIST", kUpright); }},
     {"dataSetList, empty", 1, [](W& w) { return VEK::dataSetList(&w.tree, L"LIST", CVekVertexArray()); }},
-    {"resbuf chain", 24,
-     [](W& w) {
-         resbuf* chain = w.tree.getItem(L"MANY")->mkLisp();
-         return chain && w.tree.setData(chain, false);
-     }},
+    {"resbuf chain", 30, [](W& w) { return fromChain(w.tree, w.tree.mkLisp()); }},
     {"insertCopy", 20, [](W& w) { return w.tree.getDir()->insertCopy(&kDeep, &kTree, true) != nullptr; }},
-    {"dataGet", 3,
-     [](W& w) {
-         CVekArrayTempl<CVekString> list{L"before"};
-         return VEK::dataGet(&w.tree, L"LIST", list) && w.hand(list);
-     }},
-    {"dtaOpen, dir", 6,
-     [](W& w) {
-         VEK::CUniqPointer<VEK::CDtaFilePointer> copy(VEK::dtaOpen(6, 3, nullptr, &w.tree));
-         CVekArrayTempl<CVekDataKey> keys;
-         return copy && copy->get(L"MANY", false) && copy->get(L"HATCH", false) && copy->dir(keys, nullptr) &&
-                w.hand(keys.len());
-     }},
-    {"label_set", 2,
-     [](W& w) {
-         CVekString own(kLabel);
-         if (own.isNull())
-             return false;
-         VEK::label_set(own, L"a mullion of some length", L"en");
-         return own != kLabel && w.hand(std::wstring_view(own));
-     }},
-    {"hatchPatternsRead", 6,
-     [](W& w) {
-         constexpr char kPattern[] = "*ONE, first\n45, 0,0, 0,1, 1,-1\n*TWO\n0, 0,0, 0,2\n";
-         CVekArrayTempl<VEK::CHatchPattern> patterns;
-         CVekString error;
-         return VEK::hatchPatternsRead(patterns, kPattern, sizeof kPattern - 1, L"p", error) &&
-                w.hand(patterns.len());
-     }},
-    {"mkLisp", 30,
-     [](W& w) {
-         VEK::CUniqResbuf chain(w.tree.mkLisp());
-         int nodes = 0;
-         for (const resbuf* node = chain; node; node = node->rbnext)
-             ++nodes;
-         return nodes > 0 && w.hand(nodes);
-     }},
+    {"dataGet", 3, [](W& w) { return VEK::dataGet(&w.tree, L"LIST", w.parts) && w.hand(w.parts); }},
+    {"dtaOpen, dir", 6, [](W& w) { return opened(w.tree, w.keys) && w.hand(w.keys.len()); }},
+    {"label_set", 2, [](W& w) { VEK::label_set(w.label, L"a mullion of some length", L"en"); }},
+    {"hatchPatternsRead", 6, [](W& w) { return readPatterns(w.patterns, w.error) && w.hand(w.patterns.len()); }},
 
     {"vl_to_vll", 2, [](W& w) { return w.hand(VEK::vl_to_vll(w.given)); }},
     {"vl_measure", 8, [](W& w) { return w.hand(VEK::vl_measure(std::move(w.given), 1.0, std::move(w.pattern))); }},
     {"vl_split_dif", 1, [](W& w) { return w.hand(VEK::vl_split_dif(std::move(w.given), 0.01)); }},
     {"g_vl_expl", 1, [](W& w) { return w.hand(VEK::g_vl_expl(w.given, 5)); }},
-    {"g_vl_cut", 1,
-     [](W& w) {
-         return w.hand(VEK::g_vl_cut(std::move(w.given), {0, 1, 0}, {4, 1, 0}));
-     }},
+    {"g_vl_cut", 1, [](W& w) { return w.hand(VEK::g_vl_cut(std::move(w.given), kLow, kHigh)); }},
     {"g_vl_proje", 1, [](W& w) { return w.hand(VEK::g_vl_proje_mtx_orig(std::move(w.given), kNarrow, 0.01)); }},
     {"vl_extmax", 1, [](W& w) { return w.hand(VEK::vl_extmax(w.given, 0.5)); }},
     {"vl_extrect", 1, [](W& w) { return w.hand(VEK::vl_extrect(w.given, 1.0)); }},
     {"vl_punch", 8, [](W& w) { return w.hand(VEK::vl_punch(std::move(w.given), w.plate[0], true)); }},
     {"vl_punch_reg", 8, [](W& w) { return w.hand(VEK::vl_punch_reg(std::move(w.given), w.plate, false)); }},
-    {"g_vll_pt_inside", 5,
-     [](W& w) {
-         return VEK::g_vll_pt_inside(w.plate, {1, 1, 0}) == 1;
-     }},
+    {"g_vll_pt_inside", 5, [](W& w) { return VEK::g_vll_pt_inside(w.plate, kLow) == 1; }},
     {"vll_regions_prepare", 8, [](W& w) { return w.hand(VEK::vll_regions_prepare(w.plate)); }},
     {"g_vll_regions", 6, [](W& w) { return w.hand(VEK::g_vll_regions(w.plate, 4)); }},
     {"g_outline", 2, [](W& w) { return w.hand(VEK::g_outline(13, CVekPoint3d(1, 1, 0), kAngle)); }},
@@ -356,89 +318,42 @@ const Job kJobs[] = {
     {"hatch dots", 9, [](W& w) { return w.hand(vek_gdx_image_reg_hatch(std::move(w.plate), {}, kDots, 1.0, 0.0)); }},
     {"hatch pattern", 9, [](W& w) { return w.hand(vek_gdx_image_reg_hatch2(std::move(w.plate), {}, kHatch)); }},
 
-    {"imagePt", 1,
-     [](W& w) {
-         w.gdx.imagePt(kNew, 0, {99, 5, 0}, kColor, {}, 4.0, 32, {});
-     }},
-    {"imageVl", 4, [](W& w) { w.gdx.imageVl(kNew, 0, kUpright, kColor, kNarrow, kDashes, 1.0, 1, {}); }},
+    {"imagePt", 1, [](W& w) { w.gdx.imagePt(kNew, 0, kFar, kColor, kNarrow, 4.0, 32, kLow); }},
+    {"imageVl", 4, [](W& w) { w.gdx.imageVl(kNew, 0, kUpright, kColor, kNarrow, kDashes, 1.0, 1, kLow); }},
     {"imageReg", 5,
-     [](W& w) { w.gdx.imageReg(kNew, 3, kPlate, kColor, kNarrow, kDashes, 1.0, 1, kColor, kHatch, {}); }},
-    {"imagePicture", 3,
-     [](W& w) {
-         w.gdx.imagePicture(kNew, 0, kBmp, 0, {1, 1, 0}, {20, 20, 0});
-     }},
-    {"imageTxt", 6,
-     [](W& w) {
-         w.gdx.imageTxt(kNew, 128, L"AB", kColor, kNarrow, L"CC", {50, 0, 0}, {1, 0, 0});
-     }},
-    {"imageTxt of the host", 6,
-     [](W& w) { return w.gdx.imageTxt(kNew, 0, &kTree, kColor, kNarrow, 1.0, CVekPoint3d()); }},
+     [](W& w) { w.gdx.imageReg(kNew, 3, kPlate, kColor, kNarrow, kDashes, 1, 1, kColor, kHatch, kLow); }},
+    {"imagePicture", 3, [](W& w) { w.gdx.imagePicture(kNew, 0, kBmp, 0, kLow, kFar); }},
+    {"imageTxt", 6, [](W& w) { w.gdx.imageTxt(kNew, 128, L"AB", kColor, kNarrow, L"CC", kFar, kLow); }},
+    {"host text", 6, [](W& w) { return w.gdx.imageTxt(kNew, 0, &kTree, kColor, kNarrow, 1.0, kLow); }},
     {"addDisplayList", 9, [](W& w) { return w.gdx.addDisplayList(w.sorted.getDisplayList()); }},
-    {"ColorTabSet", 2, [](W& w) { return w.gdx.ColorTabSet(9, kNamed); }},
+    {"ColorTabSet", 2, [](W& w) { return w.gdx.ColorTabSet(9, w.named); }},
     {"propSet", 1, [](W& w) { return w.gdx.propSet(kRegion, propNoExt); }},
     {"redraw", 1, [](W& w) { return w.gdx.redraw(kRegion, propNoExt); }},
-    {"hatchSet", 1,
-     [](W& w) {
-         return w.gdx.hatchSet(kRegion, kOther);
-     }},
+    {"hatchSet", 1, [](W& w) { return w.gdx.hatchSet(kRegion, kOther); }},
     {"mtxSet", 1, [](W& w) { return w.gdx.mtxSet(kRegion, kNarrow); }},
     {"txtSet", 6, [](W& w) { w.gdx.txtSet(kText, L"AB"); }},
     {"txtAlignSet", 3, [](W& w) { return w.gdx.txtAlignSet(kText, L"CC"); }},
-    {"txtPointSet", 3,
-     [](W& w) {
-         w.gdx.txtPointSet(kText, {44, 44, 0});
-     }},
+    {"txtPointSet", 3, [](W& w) { w.gdx.txtPointSet(kText, kFar); }},
     {"removeItemStack", 1, [](W& w) { return w.gdx.removeItemStack(kRegion); }},
     {"projMtxSet", 1, [](W& w) { w.gdx.projMtxSet(kNarrow); }},
     {"viewDirectionSet", 1, [](W& w) { return w.gdx.viewDirectionSet(std::move(w.keyword)); }},
-    {"extmaxGet", 1,
-     [](W& w) {
-         CVekPoint3d corners[2];
-         return w.gdx.extmaxGet(kLine, corners[0], corners[1]) && w.hand(std::span(corners));
-     }},
+    {"extmaxGet", 1, [](W& w) { return w.gdx.extmaxGet(kLine, w.low, w.high) && w.hand(std::span(&w.low, 1)); }},
     {"StackToItemNr", 1, [](W& w) { return w.hand(w.gdx.StackToItemNr(kLine)); }},
     {"displListSort", 1, [](W& w) { w.gdx.displListSort(); }},
-    {"imageItemGet", 1,
-     [](W& w) {
-         return w.sorted.imageItemGet({-11, -8, 0}) == 1;
-     }},
+    {"imageItemGet", 1, [](W& w) { return w.sorted.imageItemGet(kNear) == 1; }},
     {"gdxMapSetAt", 20, [](W& w) { gdxMapSetAt(1, w.gdx); }},
     {"createGdxInMap", 3, [](W&) { return createGdxInMap(&kTree) == 1; }},
     {"setGdxImageFcn", 2, [](W&) { VEK::setGdxImageFcn(kAnother, [](CVekGDX*, auto*, auto*) { return true; }); }},
     {"slide", 16, [](W& w) { return VEK::gdxImageSlide(&w.gdx, files().slide, 0, &kTree); }},
     {"slide of a library", 20, [](W& w) { return vek_gdx_image_sld(&w.gdx, kSlide, kLibrary, 0, nullptr); }},
-    {"slideLoad", 5,
-     [](W& w) {
-         std::vector<unsigned char> bytes;
-         return VEK::slideLoad(bytes, kSlide, kLibrary) && w.hand(bytes);
-     }},
+    {"slideLoad", 5, [](W& w) { return VEK::slideLoad(w.bytes, kSlide, kLibrary) && w.hand(w.bytes); }},
 
-    {"picture of a file", 4,
-     [](W& w) {
-         bool transparent = false;
-         return w.hand(VEK::loadPicture(kBmp, 0, 7, 3, transparent, 0));
-     }},
-    {"recorder", 20,
-     [](W& w) {
-         VEK::CRecorder calls;
-         return VEK::gdxDraw(w.sorted, calls, 100, 100, VEK::screenRules) && w.hand(calls.text());
-     }},
+    {"picture of a file", 4, [](W& w) { return w.hand(VEK::loadPicture(kBmp, 0, 7, 3, w.transparent, 0)); }},
+    {"recorder", 20, [](W& w) { return w.draw(w.calls) && w.hand(w.calls.text()); }},
     {"pixels", 20,
-     [](W& w) {
-         VEK::CPixels pixels;
-         const auto surface = VEK::rasterPixels(pixels, 100, 100, 0) ? VEK::rasterSurface(pixels) : nullptr;
-         return surface && VEK::gdxDraw(w.sorted, *surface, 100, 100, VEK::screenRules) && w.hand(pixels);
-     }},
-    {"metafile", 20,
-     [](W& w) {
-         VEK::CMemorySink sink;
-         return drawn(w, sink, VEK::emfSurface(sink));
-     }},
-    {"SVG", 20,
-     [](W& w) {
-         VEK::CMemorySink sink;
-         return drawn(w, sink, VEK::svgSurface(sink, 100, 100));
-     }},
+     [](W& w) { return VEK::rasterPixels(w.pixels, 99, 99, 0) && w.drawn(VEK::rasterSurface(w.pixels)); }},
+    {"metafile", 20, [](W& w) { return w.drawn(VEK::emfSurface(w.sink)); }},
+    {"SVG", 20, [](W& w) { return w.drawn(VEK::svgSurface(w.sink, 100, 100)); }},
 };
 
 } // namespace
