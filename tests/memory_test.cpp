@@ -228,11 +228,6 @@ bool opened(CVekDataItem& tree, CVekArrayTempl<CVekDataKey>& keys)
     return copy && copy->get(L"MANY", false) && copy->get(L"HATCH", false) && copy->dir(keys, nullptr);
 }
 
-bool fromChain(CVekDataItem& tree, resbuf* chain)
-{
-    return chain && tree.setData(chain, false);
-}
-
 bool readPatterns(CVekArrayTempl<VEK::CHatchPattern>& patterns, CVekString& error)
 {
     constexpr std::string_view kFile = "*ONE, first\n45, 0,0, 0,1, 1,-1\n*TWO\n0, 0,0, 0,2\n";
@@ -272,7 +267,7 @@ const Job kJobs[] = {
     {"dataItemSet, own key", 3, [](W& w) { return setByOwnKey(w.tree); }},
     {"dataSetList", 2, [](W& w) { return VEK::dataSetList(&w.tree, L"A\\LIST", kUpright); }},
     {"dataSetList, empty", 1, [](W& w) { return VEK::dataSetList(&w.tree, L"LIST", CVekVertexArray()); }},
-    {"resbuf chain", 30, [](W& w) { return fromChain(w.tree, w.tree.mkLisp()); }},
+    {"resbuf chain", 30, [](W& w) { return w.tree.setData(w.tree.mkLisp(), false); }},
     {"insertCopy", 20, [](W& w) { return w.tree.getDir()->insertCopy(&kDeep, &kTree, true) != nullptr; }},
     {"dataGet", 3, [](W& w) { return VEK::dataGet(&w.tree, L"LIST", w.parts) && w.hand(w.parts); }},
     {"dtaOpen, dir", 6, [](W& w) { return opened(w.tree, w.keys) && w.hand(w.keys.len()); }},

@@ -56,6 +56,11 @@ CVekGDX::Corners CVekGDX::cornersGet() const
 /// Both corners, or none where there is no room for them.
 void CVekGDX::cornersSet(const Corners& corners)
 {
+    if (corners.any && extMax.len() == 2) { // nearly always
+        extMax[0] = corners.min;
+        extMax[1] = corners.max;
+        return;
+    }
     extMax.setLogicalLength(0);
     if (!corners.any || !extMax.reserve(2))
         return;
@@ -67,13 +72,17 @@ void CVekGDX::addItem(Corners& corners, const CVekDisplayItem& item, const Seen&
 {
     static const CVekVertexArray kEmpty;
     const CVekMatrix3d m = view * *seen.mtx;
+    CVekPoint3d min, max;
     const auto add = [&](const CVekVertexArray& vl) {
-        CVekPoint3d min, max;
-        extentsUnder(vl, m, min, max);
+        if (!extentsUnder(vl, m, min, max))
+            min = max = CVekPoint3d::kOrigin;
         corners.add(min, max);
     };
     switch (item.type) {
-    case dispPoint: corners.add(item.point * m, item.point * m); break;
+    case dispPoint:
+        min = item.point * m;
+        corners.add(min, min);
+        break;
     case dispPolyline: add(item.vl); break;
     case dispRegion: add(item.reg.len() ? item.reg[0] : kEmpty); break;
     case dispText:
