@@ -112,10 +112,10 @@ CVekGDX picture()
 struct World {
     CVekString text = L"a.b", label = L"\\de:Riegel";
     CVekArrayTempl<int> numbers{1, 2, 3}, others{4, 5};
-    CVekArrayTempl<CVekString> texts{L"one", L"two"};
+    CVekArrayTempl<CVekString> texts{L"one", L"two"}, parts{L"before"};
     CVekMapTempl<CVekString, CVekString> map, copied;
     CVekVertexArray polyline = arcs({0, 0, 1});
-    CVekPoint3dArray points{{0, 0, 0}, {1, 1, 1}, {2, 0, 0}, {3, 1, 0}, {4, 5, 6}};
+    CVekPoint3dArray points{{0, 0, 0}, {1, 1, 1}, {2, 0, 0}, {3, 1, 0}, {4, 5, 6}}, met;
     VEK::CSharedPointer<CVekString> shared;
     CVekDataItem tree = sample();
     VEK::CUniqPointer<CVekDataItem> clone;
@@ -127,16 +127,13 @@ struct World {
     Polylines plate = kPlate;
     CVekLineParm pattern{0.5, -0.25};
     CVekArrayTempl<double> dashes = kDashes;
-    CVekString keyword = kView;
+    CVekString keyword = kView, error;
     CVekColor named;
 
     // Where a job puts what it hands out.
-    CVekArrayTempl<CVekString> parts{L"before"};
-    CVekPoint3dArray met;
     CVekArrayTempl<CVekDataKey> keys;
     CVekPoint3d low, high;
     CVekArrayTempl<VEK::CHatchPattern> patterns;
-    CVekString error;
     std::vector<unsigned char> bytes;
     VEK::CPixels pixels;
     VEK::CRecorder calls;
@@ -228,6 +225,11 @@ bool opened(CVekDataItem& tree, CVekArrayTempl<CVekDataKey>& keys)
     return copy && copy->get(L"MANY", false) && copy->get(L"HATCH", false) && copy->dir(keys, nullptr);
 }
 
+bool fromChain(CVekDataItem& tree, resbuf* chain)
+{
+    return chain && tree.setData(chain, false);
+}
+
 bool readPatterns(CVekArrayTempl<VEK::CHatchPattern>& patterns, CVekString& error)
 {
     constexpr std::string_view kFile = "*ONE, first\n45, 0,0, 0,1, 1,-1\n*TWO\n0, 0,0, 0,2\n";
@@ -267,7 +269,7 @@ const Job kJobs[] = {
     {"dataItemSet, own key", 3, [](W& w) { return setByOwnKey(w.tree); }},
     {"dataSetList", 2, [](W& w) { return VEK::dataSetList(&w.tree, L"A\\LIST", kUpright); }},
     {"dataSetList, empty", 1, [](W& w) { return VEK::dataSetList(&w.tree, L"LIST", CVekVertexArray()); }},
-    {"resbuf chain", 30, [](W& w) { return w.tree.setData(w.tree.mkLisp(), false); }},
+    {"resbuf chain", 30, [](W& w) { return fromChain(w.tree, w.tree.mkLisp()); }},
     {"insertCopy", 20, [](W& w) { return w.tree.getDir()->insertCopy(&kDeep, &kTree, true) != nullptr; }},
     {"dataGet", 3, [](W& w) { return VEK::dataGet(&w.tree, L"LIST", w.parts) && w.hand(w.parts); }},
     {"dtaOpen, dir", 6, [](W& w) { return opened(w.tree, w.keys) && w.hand(w.keys.len()); }},
