@@ -3,7 +3,7 @@
 #include <vek/surfaces.h>
 
 #include "surfaces_scene.h"
-#include "window/direct_surface.h"
+#include "window/device_pixels.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +14,8 @@
 
 namespace
 {
+
+constexpr int kWidth = 320, kHeight = 240;
 
 /// Plays a record as it stands, without the fit to a frame that would round coordinates.
 int CALLBACK playRecord(HDC dc, HANDLETABLE* table, const ENHMETARECORD* record, int handles, LPARAM)
@@ -37,8 +39,7 @@ protected:
     template <class Calls>
     void compare(Calls calls)
     {
-        DirectSurface direct(m_expected.dc);
-        calls(direct);
+        calls(*VEK::gdiSurface(m_expected.dc));
         VEK::CMemorySink sink;
         const auto surface = VEK::emfSurface(sink);
         calls(*surface);

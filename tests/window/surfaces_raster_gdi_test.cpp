@@ -2,7 +2,7 @@
 #include <vek/surfaces.h>
 
 #include "surfaces_scene.h"
-#include "window/direct_surface.h"
+#include "window/device_pixels.h"
 
 #include <gtest/gtest.h>
 
@@ -15,6 +15,8 @@
 namespace
 {
 
+constexpr int kWidth = 320, kHeight = 240;
+
 using VEK::SurfacePoint;
 using Calls = std::function<void(VEK::CSurface&)>;
 
@@ -25,10 +27,7 @@ protected:
     int differing(const Calls& calls)
     {
         m_expected.clear();
-        {
-            DirectSurface direct(m_expected.dc);
-            calls(direct);
-        }
+        calls(*VEK::gdiSurface(m_expected.dc));
         VEK::CPixels pixels;
         EXPECT_TRUE(VEK::rasterPixels(pixels, kWidth, kHeight, 0xFFFFFF));
         calls(*VEK::rasterSurface(pixels));

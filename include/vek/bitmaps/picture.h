@@ -39,8 +39,8 @@ VEK_API bool decodeBmp(std::string_view bytes, CPixels& pixels);
 
 /// Decodes one image of an icon file: the nearest to cx by cy by the sum of both differences, of those the one with the
 /// most bits a pixel, of those the first. 0 stands for the size of the first image. Images are bitmaps with a mask,
-/// whose absence means that all of it shows, or PNG, where the mask covers what has less than half of the opacity. Where
-/// a bitmap of 32 bits has an empty mask and any opacity, the mask covers what has none.
+/// whose absence means that all of it shows, or PNG, where the mask covers what has less than half of the opacity.
+/// Where a bitmap of 32 bits has an empty mask and any opacity, the mask covers what has none.
 /// @return false, with `icon` empty, when the file has no image or the one chosen is damaged
 VEK_API bool decodeIcon(std::string_view bytes, int cx, int cy, IconImage& icon);
 
