@@ -122,6 +122,8 @@ public:
     template <class Pieces>
     void lay(const CVekVertexArray& run, Pieces&& pieces) const
     {
+        if (run.len() == 0) // where memory ends
+            return;
         if (!(m_period > 0.0)) {
             pieces.dot(run.begin()->start);
             return;
