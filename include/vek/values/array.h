@@ -1,5 +1,5 @@
 /// @file
-/// The growable array that carries every list of the system.
+/// The growable array used for every list of the system.
 #pragma once
 
 #include <vek/values/object.h>
@@ -26,18 +26,18 @@ protected:
     CVekArray(const CVekArray&) = default;
     CVekArray& operator=(const CVekArray&) = default;
 
-    /// The capacity that follows from `capacity` when `wanted` elements must fit: doubled, from 8 on. 0 when an int
-    /// index could not reach them all.
+    /// The capacity after `capacity` that fits `wanted` elements: doubled, at least 8. 0 when an int index could not
+    /// reach them all.
     static unsigned grownCapacity(unsigned capacity, std::size_t wanted);
 
-    unsigned m_capacity = 0; ///< elements that fit into the block
+    unsigned m_capacity = 0; ///< elements that the block has room for
     unsigned m_length = 0;   ///< logical length
     unsigned m_built = 0;    ///< elements whose constructors have run; those past the length are kept for reuse
 };
 
-/// Whether values of a type may move as bytes, left behind without a destructor: where they are trivial, and where the
-/// type says so of itself by `using MovesAsBytes = T`. It also says then that its copy and its assignment store the
-/// same. A class derived from such a type does not inherit that.
+/// Whether values of a type may be moved by copying their bytes, without a destructor call on the source: trivially
+/// copyable types, and those that declare it by `using MovesAsBytes = T`. Such a type also guarantees that copy
+/// construction and assignment store the same. A derived class does not inherit the declaration.
 template <class T>
 inline constexpr bool kVekMovesAsBytes = std::is_trivially_copyable_v<T> || requires
 {
@@ -46,20 +46,19 @@ inline constexpr bool kVekMovesAsBytes = std::is_trivially_copyable_v<T> || requ
 
 /// Growable array of values. A copy is deep.
 ///
-/// Index rules, which callers rely on: -1 is the last element, -2 the one before it, and an index further below is
-/// taken modulo the length. Writing access at or past the end grows the array to that index. Reading access past the
-/// end, and any negative index of an empty array, gives a shared default element.
+/// Index rules, which callers rely on: -1 is the last element, -2 the one before it, and a lower index is taken modulo
+/// the length. Writing access at or past the end grows the array to that index. Reading access past the end, and any
+/// negative index of an empty array, gives a shared default element.
 ///
-/// The shared default element reads as a default again at the next such access, whatever was written to it.
+/// Each such access resets the shared default element, whatever was written to it before.
 ///
-/// What comes in is assigned to its slot, by copies of arrays too: an element holds what its assignment takes over.
+/// Elements are stored by assignment, also when an array is copied: an element holds what its type's assignment copies.
 ///
-/// Growth doubles the capacity and moves the elements, or assigns those whose move may throw to new slots; none is made
-/// by its copy constructor. Elements that fall behind the length stay built and keep their memory for later elements.
-/// Where memory is not to be had the array stays as it was; see `<vek/values/memory.h>`.
+/// Growth doubles the capacity and moves the elements; those whose move may throw are assigned to new slots instead,
+/// never copy-constructed. Elements past a reduced length stay constructed and keep their memory for reuse. When memory
+/// runs out the array stays as it was; see `<vek/values/memory.h>`.
 ///
-/// @tparam T a value with a default constructor and assignment. An exception of its own passes through; the array stays
-///         sound.
+/// @tparam T a value type with a default constructor and assignment. Its exceptions propagate; the array stays valid.
 template <class T>
 class CVekArrayTempl : public CVekArray
 {
@@ -101,7 +100,7 @@ public:
         return static_cast<unsigned>(inside) < m_length ? m_data[inside] : sharedDefault();
     }
 
-    /// Sets the length; new elements are default, a negative length counts as 0.
+    /// Sets the length; new elements are default values, a negative length gives 0.
     /// @return the new length
     int setLogicalLength(int length) override
     {
@@ -116,8 +115,8 @@ public:
         return len();
     }
 
-    /// Makes room for `capacity` elements, so that the next appends need no growth.
-    /// @return false when the memory is not to be had
+    /// Makes room for `capacity` elements, so that appending up to that number needs no growth.
+    /// @return false when memory runs out
     bool reserve(int capacity) { return capacity <= 0 || ensure(static_cast<std::size_t>(capacity)); }
 
     /// Adds a copy at the end. The value may be an element of this very array.
@@ -142,7 +141,7 @@ public:
         }
     }
 
-    /// Removes one element; the others close up. The index follows the reading rules; one outside changes nothing.
+    /// Removes one element and closes the gap. The index follows the reading rules; one out of range changes nothing.
     void removeAt(int index)
     {
         const unsigned at = static_cast<unsigned>(normalized(index));
@@ -153,7 +152,7 @@ public:
     }
 
     /// Linear search.
-    /// @param index receives the position of the first equal element and stays as it was without one
+    /// @param index receives the position of the first equal element, unchanged if there is none
     bool indexOf(const T& value, int& index) const
     {
         const T* hit = std::find(begin(), end(), value);
@@ -172,8 +171,8 @@ public:
         return *this;
     }
 
-    /// Appends all elements of another array by moving them; the other one is empty afterwards, except where the memory
-    /// was not to be had.
+    /// Appends all elements of another array by moving them; the other one is then empty. Both stay as they were when
+    /// memory runs out.
     CVekArrayTempl& operator+=(CVekArrayTempl&& other)
     {
         if (this == &other)
@@ -193,14 +192,14 @@ public:
     /// Sorts ascending by `<`.
     void sort() { std::sort(begin(), end()); }
 
-    /// Reverses the order, and the direction of what has one.
+    /// Reverses the order, and the direction of elements that have one.
     void revert()
     {
         std::reverse(begin(), end());
         revertElements();
     }
 
-    /// Exchanges the contents, with what either array holds beside its elements.
+    /// Exchanges the contents, including what either array holds besides its elements.
     void swap(CVekArrayTempl& other) noexcept
     {
         exchange(other);
@@ -219,7 +218,7 @@ public:
     const T* end() const { return m_data + m_length; }
 
 protected:
-    /// Exchanges the elements alone.
+    /// Exchanges the elements only.
     void exchange(CVekArrayTempl& other) noexcept
     {
         std::swap(m_capacity, other.m_capacity);
@@ -228,7 +227,7 @@ protected:
         std::swap(m_data, other.m_data);
     }
 
-    /// What a derived class adds to `revert`, behind the exchange of places.
+    /// What a derived class adds to `revert`, called once the order is reversed.
     virtual void revertElements() {}
 
     /// What a derived class adds to `swap`.
@@ -236,10 +235,10 @@ protected:
     virtual bool swapRest(CVekArrayTempl&) noexcept { return false; }
 
 private:
-    /// Whether a fresh slot may be made by a copy, since that stores what an assignment to a default would.
+    /// Whether a new slot may be copy-constructed, since that stores what assignment to a default value would.
     static constexpr bool kCopies = kVekMovesAsBytes<T>;
 
-    /// A block under construction, given back when an element's class throws.
+    /// A block under construction, freed when an element's constructor or assignment throws.
     struct Block {
         T* data;
         unsigned built = 0;
@@ -294,7 +293,7 @@ private:
         ++m_length;
     }
 
-    /// Appends copies; `count` together with the length is a length that an array has.
+    /// Appends copies; the new length must be valid for an array.
     void append(const T* values, unsigned count)
     {
         if (!room(m_length + count))
@@ -320,7 +319,7 @@ private:
 
     bool ensure(std::size_t wanted) { return wanted <= m_capacity || relocate(grownCapacity(m_capacity, wanted)); }
 
-    /// Room for a copy, which takes what it needs and not more.
+    /// Makes room for a copy, without spare capacity.
     bool room(unsigned count) { return count <= m_capacity || relocate(count); }
 
     bool relocate(unsigned capacity)
@@ -328,7 +327,7 @@ private:
         const std::size_t size = sizeof(T) * std::size_t{capacity};
         if (capacity == 0)
             return false;
-        if constexpr (kVekMovesAsBytes<T>) { // the system moves the pages of a large block without touching them
+        if constexpr (kVekMovesAsBytes<T>) { // the system remaps the pages of a large block without touching them
             void* block = CVekObj::resize(static_cast<void*>(m_data), size);
             if (!block)
                 return false;
@@ -346,7 +345,7 @@ private:
                 }
                 std::move(m_data, m_data + m_built, block.data);
             }
-            std::swap(m_data, block.data); // the old one goes
+            std::swap(m_data, block.data); // frees the old one
         }
         m_capacity = capacity;
         return true;

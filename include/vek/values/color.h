@@ -6,8 +6,8 @@
 
 /// A colour: an index of the AutoCAD Color Index scheme, an RGB value, or both, and two names.
 ///
-/// Index -1 is no colour of its own and draws as the inverse of the background. As a fill colour, index 0 stands for
-/// the pen colour. A fresh colour has index -1 and RGB 0.
+/// Index -1 means no colour of its own and is drawn as the inverse of the background. As a fill colour, index 0 means
+/// the pen colour. A default-constructed colour has index -1 and RGB 0.
 class VEK_API CVekColor : public CVekObj
 {
 public:
@@ -24,11 +24,11 @@ public:
     unsigned long color() const { return m_color; }
 
     /// Sets the RGB value from 0xRRGGBB. A colour of index -1 takes the index of the nearest palette entry, so that a
-    /// colour given by value counts as the item's own; another index stays.
+    /// colour given by value is the item's own; any other index is kept.
     void setColor(unsigned long rgb);
 
-    /// The colour as a Windows `COLORREF`, 0x00BBGGRR. It is always usable, also for a colour held by index alone;
-    /// the last of the three setters decides.
+    /// The colour as a Windows `COLORREF`, 0x00BBGGRR. It is always usable, also for a colour set by index alone; the
+    /// setter called last determines it.
     unsigned long oleColor() const { return m_oleColor; }
 
     /// Sets the RGB value from a `COLORREF`; the index as with `setColor`.
@@ -42,7 +42,7 @@ public:
     int green() const { return static_cast<int>(m_oleColor >> 8 & 0xFF); }
     int blue() const { return static_cast<int>(m_oleColor >> 16 & 0xFF); }
 
-    /// All five fields alike.
+    /// Compares all five fields.
     bool operator==(const CVekColor& other) const;
 
 private:

@@ -1,5 +1,5 @@
 /// @file
-/// Line patterns and hatch attributes: small descriptions that travel with the drawn things.
+/// Line patterns and hatch attributes: small descriptions stored with the drawn items.
 #pragma once
 
 #include <vek/values/string.h>
@@ -35,7 +35,7 @@ public:
     CVekString name;      ///< pattern name
     double angle = 0.0;   ///< radians
     double scale = 1.0;   ///< factor on all lengths of the pattern
-    bool crossed = false; ///< a user pattern is drawn a second time, a quarter turn on
+    bool crossed = false; ///< a user pattern is drawn a second time, turned by 90 degrees
 
     CHatchProp() = default;
     CHatchProp(const wchar_t* patternName, double patternAngle, double patternScale, bool isCrossed)

@@ -6,12 +6,12 @@
 
 #include <vector>
 
-/// The order of a map without its types: pointers to records, ascending, in blocks of bounded size, so that an
-/// insertion moves a part of one block only, however many records there are.
+/// The untyped order of a map: pointers to records, ascending, in blocks of bounded size, so that an insertion moves
+/// only part of one block, however many records there are.
 class VEK_API CVekMapOrder
 {
 public:
-    /// Where a key stands or would stand.
+    /// Where a key is or would be inserted.
     struct Place {
         unsigned block = 0;
         unsigned slot = 0;
@@ -22,24 +22,24 @@ public:
     int len() const { return m_starts.empty() ? 0 : static_cast<int>(m_starts.back()); }
 
     /// The first place whose record is not less than the sought key.
-    /// @param less says whether a record's key lies below the sought one
+    /// @param less whether a record's key is less than the sought one
     Place lowerBound(const void* key, bool (*less)(const void* record, const void* key)) const;
 
-    /// The record at a place, or null behind the last one of a block.
+    /// The record at a place, or null past the last one of a block.
     void* at(Place place) const;
 
-    /// The record of a number from 0 on; null outside.
+    /// The record at an index from 0; null if out of range.
     void* at(int index) const;
 
-    /// The place behind the last record.
+    /// The place past the last record.
     Place end() const;
 
-    /// The place behind one that has a record.
+    /// The place after one that has a record.
     Place next(Place place) const;
 
     int indexOf(Place place) const;
 
-    /// @return false, with nothing changed, when the memory is not to be had
+    /// @return false, with nothing changed, when memory runs out
     bool insert(Place place, void* record) noexcept;
 
     void erase(Place place);
@@ -54,8 +54,8 @@ private:
 };
 
 /// Sorted map: heap records of a key and a value, ascending by `<` of the keys. The address of a value stays valid
-/// until its record is removed. A copy is deep. Where memory is not to be had the map stays as it was, and a copy is
-/// empty; see `<vek/values/memory.h>`.
+/// until its record is removed. A copy is deep. When memory runs out the map stays as it was, and a new copy is empty;
+/// see `<vek/values/memory.h>`.
 template <class K, class V>
 class CVekMapTempl : public CVekObj
 {
@@ -63,8 +63,8 @@ class CVekMapTempl : public CVekObj
     class Walk;
 
 public:
-    /// What stands in the map: `for (auto& [key, value] : map)` walks through it in the order of the keys. Entering or
-    /// removing a record ends the walk.
+    /// An entry of the map: `for (auto& [key, value] : map)` iterates in the order of the keys. Inserting or removing a
+    /// record invalidates all iterators.
     struct Record {
         const K key;
         V value;
@@ -96,9 +96,9 @@ public:
     int len() const { return m_order.len(); }
 
     /// Searches a key.
-    /// @param index receives the record's number on a hit, and the insertion point otherwise: the number that the
-    /// key would get
-    /// @return whether the key is there
+    /// @param index receives the record's index if found, otherwise the insertion point: the index that the key would
+    /// get
+    /// @return whether the key is present
     bool find(const K& key, int& index) const
     {
         const CVekMapOrder::Place place = m_order.lowerBound(&key, less);
@@ -114,8 +114,7 @@ public:
     }
     const V* get(const K& key) const { return const_cast<CVekMapTempl*>(this)->get(key); }
 
-    /// The value of a key; an absent key is entered with a default value. A shared default value where the memory is
-    /// not to be had.
+    /// The value of a key; an absent key is inserted with a default value. A shared default value when memory runs out.
     V& operator[](const K& key)
     {
         const CVekMapOrder::Place place = m_order.lowerBound(&key, less);
@@ -129,7 +128,7 @@ public:
         return outsideValue();
     }
 
-    /// The key of a number below `len()`; a default key outside.
+    /// The key at an index below `len()`; a default key if out of range.
     const K& keyAt(int index) const
     {
         const Record* record = static_cast<const Record*>(m_order.at(index));
@@ -137,7 +136,7 @@ public:
         return record ? record->key : outside;
     }
 
-    /// The value of a number below `len()`; a shared default value outside.
+    /// The value at an index below `len()`; a shared default value if out of range.
     V& valueAt(int index)
     {
         Record* record = static_cast<Record*>(m_order.at(index));
@@ -202,7 +201,7 @@ private:
         return record && record->key == key ? record : nullptr;
     }
 
-    /// Copies all records into this map, which must be empty and stays so where the memory is not to be had.
+    /// Copies all records into this map, which must be empty and stays so when memory runs out.
     bool addAll(const CVekMapTempl& other)
     {
         const unsigned long shortages = VEK::memoryShortages();

@@ -6,9 +6,9 @@
 
 /// A transformation of space: 4 by 4 numbers, stored by rows as [row][column].
 ///
-/// A point is a column, so a transformed point is M times p. The translation stands in column 3, the coordinate axes
-/// in columns 0, 1 and 2. `A * B` applies B first. Row 3 counts as (0, 0, 0, 1): there is no perspective.
-/// A fresh matrix is the identity.
+/// A point is a column, so a transformed point is M times p. The translation is in column 3, the coordinate axes in
+/// columns 0, 1 and 2. `A * B` applies B first. Row 3 is taken as (0, 0, 0, 1): there is no perspective. A
+/// default-constructed matrix is the identity.
 class VEK_API CVekMatrix3d : public CVekObj
 {
 public:
@@ -25,7 +25,7 @@ public:
     /// The product that applies `b` first and this matrix second.
     CVekMatrix3d operator*(const CVekMatrix3d& b) const;
 
-    /// Multiplies on the left: `a *= b` makes a to b times a, so that b acts after what a did.
+    /// Multiplies on the left: `a *= b` sets a to b times a, which applies a first and then b.
     CVekMatrix3d& operator*=(const CVekMatrix3d& b) { return *this = b * *this; }
 
     /// Exact comparison of all numbers.
@@ -35,20 +35,20 @@ public:
     CVekMatrix3d& setToTranslation(const CVekVector3d& by);
     CVekMatrix3d& setToScaling(double factor, const CVekPoint3d& centre);
 
-    /// A rotation about the axis through `centre`, counter-clockwise seen against the axis; an axis without a
-    /// direction, zero or not finite, gives the identity.
+    /// A rotation about the axis through `centre`, counter-clockwise when the axis points at the viewer; a zero or
+    /// non-finite axis gives the identity.
     CVekMatrix3d& setToRotation(double angle, const CVekVector3d& axis, const CVekPoint3d& centre);
 
-    /// A mirroring at the plane; a normal without a direction gives the identity.
+    /// A reflection in the plane; a zero or non-finite normal gives the identity.
     CVekMatrix3d& setToMirroring(const CVekPlane& plane);
 
-    /// From the plane through the origin with that normal to the world. The x axis of the plane is chosen by the
+    /// Maps the plane through the origin with that normal to the world. The x axis of the plane is chosen by the
     /// arbitrary axis rule of the published DXF reference: the world's y axis cross the normal where the normal is
-    /// within 1/64 of the world's z axis in x and y, the world's z axis cross the normal otherwise. A normal
-    /// without a direction gives the identity.
+    /// within 1/64 of the world's z axis in x and y, the world's z axis cross the normal otherwise. A zero or
+    /// non-finite normal gives the identity.
     CVekMatrix3d& setToPlaneToWorld(const CVekVector3d& normal);
 
-    /// Axes into columns 0, 1, 2 and the origin into column 3, as they are given.
+    /// Puts the axes into columns 0, 1, 2 and the origin into column 3, unchanged.
     CVekMatrix3d& setCoordSystem(const CVekPoint3d& origin, const CVekVector3d& x, const CVekVector3d& y,
                                  const CVekVector3d& z);
 
@@ -58,12 +58,12 @@ public:
     /// Column 3.
     CVekVector3d translation() const { return {m_rows[0][3], m_rows[1][3], m_rows[2][3]}; }
 
-    /// Inverts in place, or gives the inverse, whatever the lengths of the axes. A matrix that has none (its axes lie
-    /// in one plane, or the numbers are no finite ones, here or in the inverse) becomes the identity.
+    /// Inverts in place, or returns the inverse, whatever the lengths of the axes. Without an inverse (the axes lie in
+    /// one plane, or a number of the matrix or the inverse is not finite) the result is the identity.
     CVekMatrix3d& invert();
     CVekMatrix3d inverse() const;
 
-    /// Determinant of the linear part; of very short or long axes it is 0 or infinite, in spite of an inverse.
+    /// Determinant of the linear part; with very short or long axes it is 0 or infinite although an inverse exists.
     double determinant() const;
 
     /// Whether the transformation mirrors, whatever the lengths of the axes.

@@ -1,17 +1,16 @@
 /// @file
-/// What happens where memory is not to be had.
+/// What happens when memory runs out.
 ///
-/// Values never throw for it. An array, string, map or tree that cannot take more stays as it was, a pointer that would
-/// lead to something new is null, and the process counts the shortage. A value made of several parts may so come out
-/// with some of them missing: the count tells.
+/// Values never throw for it. An array, string, map or tree that cannot grow stays as it was, a pointer to a new object
+/// is null, and the process counts the failed allocation. A value of several parts may thus end up incomplete; the
+/// count reveals it.
 ///
-/// What hands out, stores or reports a whole looks at the count for its caller: the reading and writing of files, the
-/// copy of a tree, the result of a function that says whether it succeeded. It gives its failure (false, null, an empty
-/// result) when memory was short meanwhile, and leaves its targets as they were. Since the count is that of the
-/// process, a shortage in another thread may make such a call fail as well; nothing that is incomplete ever passes for
-/// a success.
+/// Functions that return or store a complete result check the count for their caller: reading and writing files,
+/// copying a tree, everything that reports success. If an allocation failed during the call they report failure (false,
+/// null, an empty result) and leave their targets as they were. Since the count is that of the process, a failed
+/// allocation in another thread may make such a call fail as well; an incomplete result is never reported as success.
 ///
-/// A caller who puts values together by hand does the same: it reads the count before and after.
+/// A caller that assembles values itself does the same: it compares the count before and after.
 #pragma once
 
 #include <vek/export.h>
@@ -19,10 +18,10 @@
 namespace VEK
 {
 
-/// How often memory was not to be had since the process began. It only rises.
+/// How many allocations have failed since the process began. It only rises.
 VEK_API unsigned long memoryShortages() noexcept;
 
-/// Counts one more shortage, for an owner of memory that asks elsewhere for it.
+/// Counts one more failed allocation, for code that allocates by other means than these values.
 VEK_API void memoryShort() noexcept;
 
 } // namespace VEK

@@ -7,11 +7,11 @@
 #include <cstddef>
 #include <new>
 
-/// Root class without state. It gives every value a virtual destructor, and allocation functions that live inside
-/// the library, so that what one module allocates another one may delete.
+/// Root class without state. It gives every value a virtual destructor, and allocation functions inside the library, so
+/// that one module may delete what another one allocated.
 ///
-/// The allocation functions never throw: a `new` expression whose memory is not to be had gives null, and the shortage
-/// counts; see `<vek/values/memory.h>`.
+/// The allocation functions never throw: when memory runs out, a `new` expression gives null and the failure is
+/// counted; see `<vek/values/memory.h>`.
 class VEK_API CVekObj
 {
 public:
@@ -29,13 +29,14 @@ public:
     static void operator delete[](void* block) noexcept;
     static void operator delete(void*, void*) noexcept {}
 
-    /// Changes the size of a block of `operator new[]`, which may move with its bytes; null makes a new one.
-    /// @return null, with the block as it was, when the memory is not to be had
+    /// Changes the size of a block from `operator new[]`, which may move, keeping its contents; null allocates a new
+    /// one.
+    /// @return null, with the block as it was, when memory runs out
     static void* resize(void* block, std::size_t size) noexcept;
 };
 
-/// A scope object: construct it before a block of data or geometry calls and let it go after them. It carries no
-/// state; it marks for a reader that failures inside the block are ordinary results.
+/// A scope object, constructed before a block of data or geometry calls and destroyed after it. It has no state; it
+/// tells the reader that failures inside the block are ordinary results.
 class VEK_API CVekErrorHandler : public CVekObj
 {
 public:

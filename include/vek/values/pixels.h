@@ -8,8 +8,7 @@
 namespace VEK
 {
 
-/// The most pixels that a picture from a file may have; a larger one counts as unreadable, and none is scaled beyond
-/// it.
+/// The most pixels that a picture from a file may have; a larger one is unreadable, and none is scaled beyond it.
 inline constexpr int kPictureLimit = 1 << 26;
 
 /// Whether a picture from a file may have this size: both sides positive, the area within `kPictureLimit`.
@@ -18,9 +17,9 @@ constexpr bool isPictureSize(std::int64_t width, std::int64_t height)
     return width > 0 && height > 0 && width <= kPictureLimit && height <= kPictureLimit / width;
 }
 
-/// A picture of whole pixels. Rows run from the top, pixels of a row from the left; a pixel is 0xAABBGGRR, a Windows
-/// `COLORREF` with the opacity above it: 0xFF shows, 0 is left out, nothing between is used. On the machines that
-/// this builds for the bytes in memory are red, green, blue, opacity.
+/// A pixel picture. Rows run from the top, pixels of a row from the left; a pixel is 0xAABBGGRR, a Windows `COLORREF`
+/// with the opacity in the top byte: 0xFF is opaque, 0 transparent, no other values are used. On the supported
+/// (little-endian) machines the bytes in memory are red, green, blue, opacity.
 struct CPixels {
     int width = 0;
     int height = 0;

@@ -10,7 +10,7 @@
 class CVekMatrix3d;
 class CVekVector3d;
 
-/// The coordinates by their number.
+/// The coordinates by index.
 template <class T>
 inline constexpr double T::*kVekAxes[3] = {&T::x, &T::y, &T::z};
 
@@ -35,7 +35,7 @@ public:
         return *this;
     }
 
-    /// Coordinate 0, 1 or 2: the fields by number.
+    /// The coordinates by index: 0, 1 or 2.
     constexpr double& operator[](int axis) { return this->*kVekAxes<CVekPoint3d>[axis]; }
     constexpr double operator[](int axis) const { return this->*kVekAxes<CVekPoint3d>[axis]; }
 
@@ -83,7 +83,7 @@ public:
         return *this;
     }
 
-    /// Component 0, 1 or 2: the fields by number.
+    /// The components by index: 0, 1 or 2.
     constexpr double& operator[](int axis) { return this->*kVekAxes<CVekVector3d>[axis]; }
     constexpr double operator[](int axis) const { return this->*kVekAxes<CVekVector3d>[axis]; }
 
@@ -116,14 +116,13 @@ public:
     /// The scalar product.
     double dot(const CVekVector3d& b) const { return x * b.x + y * b.y + z * b.z; }
 
-    /// Brings the length to 1 in place, however long or short the vector is; a zero vector and one that is not finite
-    /// stay.
+    /// Scales the vector to length 1 in place, however long or short it is; a zero or non-finite vector stays as it is.
     CVekVector3d& normalize();
 
     /// Whether the length is 1, within rounding.
     bool isUnit() const { return std::fabs(dot(*this) - 1.0) <= 1e-14; }
 
-    /// The length. A plain square root, which every system rounds alike, unlike `hypot`.
+    /// The length. A plain square root, which is rounded the same on every system, unlike `hypot`.
     double abs() const
     {
         const double square = dot(*this);
@@ -134,7 +133,7 @@ public:
     static const CVekVector3d kYAxis;
     static const CVekVector3d kZAxis;
 
-    /// Tolerance of the comparison of vectors, for the whole process; 1e-10 at start.
+    /// Tolerance for comparing vectors, one for the process; initially 1e-10.
     static double tol;
 
 private:
@@ -200,11 +199,11 @@ inline CVekPoint3d p_max(const CVekPoint3d& a, const CVekPoint3d& b)
     return {b.x > a.x ? b.x : a.x, b.y > a.y ? b.y : a.y, b.z > a.z ? b.z : a.z};
 }
 
-/// The point at a distance in a direction of the xy plane, and the vector of a direction and length.
+/// The point at a distance in a direction in the xy plane, and the vector with a direction and length.
 VEK_API CVekPoint3d polar(const CVekPoint3d& point, double angle, double distance);
 VEK_API CVekVector3d polar(double angle, double distance);
 
-/// The angle brought into one turn: from 0 up to, but not including, 2 PI. What is no finite angle gives 0.
+/// The angle normalised to one turn: from 0 up to, but not including, 2 PI. A non-finite angle gives 0.
 VEK_API double g_ang(double angle);
 
 } // namespace VEK

@@ -11,14 +11,14 @@
 namespace VEK
 {
 
-/// What shared pointers have in common: the index of an entry in one table of the process, which holds a reference
-/// count and the pointer. It is the one type of the library that threads may use at a time: different holders of one
-/// object may live in different threads, though one holder belongs to one thread at a time.
+/// The base of shared pointers: the index of an entry in one table of the process, which holds a reference count and
+/// the pointer. It is the only type of the library that several threads may use at once: different holders of one
+/// object may be in different threads, but each holder is used by one thread at a time.
 class VEK_API CPtrMap : public CVekObj
 {
 public:
     struct Data {
-        int refs = 0;        ///< 0 for an entry that is free
+        int refs = 0;        ///< 0 for a free entry
         void* ptr = nullptr; ///< null once it was released
         int nextFree = -1;   ///< chain of free entries
     };
@@ -34,21 +34,21 @@ public:
     /// The pointer; null without an entry and after a release through any holder.
     void* ptr() const;
 
-    /// Takes a new entry with one reference. Each call makes an entry of its own: hand a raw pointer to one holder, and
-    /// copy that holder to share.
-    /// @return false, with the object still the caller's, for null, for a holder that has an entry already, and when
-    /// the memory is not to be had
+    /// Creates an entry with one reference. Each call creates a separate entry: give a raw pointer to one holder only,
+    /// and copy that holder to share.
+    /// @return false, and the caller still owns the object, for null, for a holder that has an entry already, and when
+    /// memory runs out
     bool newRef(void* object);
 
-    /// Lets go of the entry; the holder has none from then on.
-    /// @return the pointer when this was its last holder, which the caller then deletes; otherwise null
+    /// Releases the entry; the holder then has none.
+    /// @return the pointer, which the caller must delete, if this was its last holder; otherwise null
     void* decrRef();
 
     static std::vector<Data>& m_DataArr; ///< the table; guarded by `m_CrSec`, and never destroyed
     static std::mutex& m_CrSec;
 
 protected:
-    /// Takes the pointer out of the table, so that every holder reads null and nobody deletes it.
+    /// Takes the pointer out of the table, so that every holder reads null and none deletes it.
     void* releasePtr();
 
 private:
@@ -57,8 +57,8 @@ private:
     friend void swapEntries(CPtrMap& a, CPtrMap& b) noexcept { std::swap(a.m_index, b.m_index); }
 };
 
-/// A holder that shares an object with its copies; the last one deletes it. It takes a raw pointer over, and deletes it
-/// at once where the memory for its entry is not to be had.
+/// A holder that shares an object with its copies; the last one deletes it. It takes ownership of a raw pointer, and
+/// deletes it at once when memory for its entry runs out.
 template <class T>
 class CSharedPointer : public CPtrMap
 {
@@ -82,12 +82,12 @@ public:
     operator T*() const { return static_cast<T*>(ptr()); }
     T* operator->() const { return static_cast<T*>(ptr()); }
 
-    /// Gives the object back without deleting it; every holder reads null from then on.
+    /// Hands the object to the caller without deleting it; every holder then reads null.
     T* release() { return static_cast<T*>(releasePtr()); }
 };
 
-/// The sole owner of an object. It takes a raw pointer over. The operations of shared pointers are there as well,
-/// without an entry in the table: nobody else counts.
+/// The sole owner of an object, which takes ownership of a raw pointer. It has the operations of shared pointers too,
+/// without an entry in the table.
 template <class T>
 class CUniqPointer : public CVekObj
 {
@@ -110,8 +110,8 @@ public:
     int refCount() const { return m_object ? 1 : 0; }
     T* ptr() const { return m_object; }
 
-    /// Takes an object over.
-    /// @return false, with the object still the caller's, for null and for an owner that has one already
+    /// Takes ownership of an object.
+    /// @return false, and the caller still owns the object, for null and for an owner that has one already
     bool newRef(T* object)
     {
         if (!object || m_object)
@@ -120,10 +120,10 @@ public:
         return true;
     }
 
-    /// Gives the object to the caller, who then deletes it.
+    /// Hands the object to the caller, who must delete it.
     T* decrRef() { return release(); }
 
-    /// Gives the object to the caller.
+    /// Hands the object to the caller.
     T* release() { return std::exchange(m_object, nullptr); }
 
 private:

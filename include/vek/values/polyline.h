@@ -1,7 +1,7 @@
 /// @file
 /// Polyline segments, polylines and point lists.
 ///
-/// Tolerances of everything that asks whether a point lies on something stand in `<vek/values/tolerance.h>`.
+/// The tolerances for testing whether a point lies on something are in `<vek/values/tolerance.h>`.
 #pragma once
 
 #include <vek/values/array.h>
@@ -20,7 +20,7 @@ public:
     CVekPoint3d start;
     CVekPoint3d end;
     double bulge = 0.0;
-    unsigned char tag[8] = {}; ///< the owner's own; copied along and never interpreted
+    unsigned char tag[8] = {}; ///< for the owner's use; copied along and never interpreted
 
     CVekVertex() = default;
     CVekVertex(const CVekPoint3d& startPoint, const CVekPoint3d& endPoint, double bulgeFactor = 0.0)
@@ -36,17 +36,17 @@ public:
         return *this;
     }
 
-    /// Start, end, bulge and tag alike, compared exactly.
+    /// Compares start, end, bulge and tag exactly.
     bool operator==(const CVekVertex& other) const;
 
-    /// Transforms the segment, which lies in a plane parallel to xy; a mirroring turns the bulge's sign.
+    /// Transforms the segment, which must lie in a plane parallel to xy; mirroring negates the bulge.
     CVekVertex& transformBy(const CVekMatrix3d& m);
 
-    /// The point halfway along the segment or arc. Here and below an arc lies in a plane parallel to xy; where its ends
-    /// differ in z, z goes evenly from start to end.
+    /// The point halfway along the segment or arc. Here and below an arc lies in a plane parallel to xy; if its ends
+    /// differ in z, z runs linearly from start to end.
     CVekPoint3d mid() const;
 
-    /// The length along the segment or arc, in whatever plane the arc lies.
+    /// The length along the segment or arc, whatever plane the arc lies in.
     double bulgLen() const;
 
     /// Whether the point lies on the segment or arc, its ends included, within the point tolerance.
@@ -63,16 +63,16 @@ public:
     using CVekArrayTempl<CVekPoint3d>::CVekArrayTempl;
     CVekPoint3dArray() = default;
 
-    /// Sorts along a direction; points that share a station keep their order.
+    /// Sorts by the position along a direction; points with equal positions keep their order.
     void sort(const CVekVector3d& direction);
 
-    /// Position of the first point that equals exactly, or -1.
+    /// Index of the first point that is exactly equal, or -1.
     int indexOf(const CVekPoint3d& point) const;
 };
 
-/// A polyline: segments, and the normal of the plane in which its arcs lie, z at start. Consecutive segments need not
-/// touch; a list of separate dashes travels as one polyline. An assignment through a reference to the base, which knows
-/// of no normal, takes the segments alone.
+/// A polyline: segments, and the normal of the plane in which its arcs lie, initially z. Consecutive segments need not
+/// touch; a list of separate dashes can be one polyline. Assignment through a reference to the base class, which has no
+/// normal, copies the segments only.
 ///
 /// A `CVekArrayTempl<CVekVertexArray>` is a region: element 0 the outer boundary, the others holes.
 class VEK_API CVekVertexArray : public CVekArrayTempl<CVekVertex>
@@ -90,29 +90,29 @@ public:
     CVekVertexArray& operator=(const CVekVertexArray& other)
     {
         CVekArrayTempl<CVekVertex>::operator=(other);
-        if (len() == other.len()) // otherwise the memory was not to be had
+        if (len() == other.len()) // otherwise memory ran out
             m_normal = other.m_normal;
         return *this;
     }
     CVekVertexArray& operator=(CVekVertexArray&&) noexcept = default;
 
-    /// An open polyline straight through the points.
+    /// An open polyline of straight segments through the points.
     CVekVertexArray(std::initializer_list<CVekPoint3d> points)
     {
         throughPoints(points.begin(), static_cast<int>(points.size()), false);
     }
 
-    /// Appends the segments of another polyline. An empty polyline takes over the other's normal, and so does a
-    /// straight one where the other has arcs. Arcs about the opposite normal are appended with their bulge turned, arcs
-    /// of a plane that is inclined to this one's as fine chords, like those of `transformBy`.
+    /// Appends the segments of another polyline. An empty polyline takes the other's normal, and so does a straight one
+    /// if the other has arcs. Arcs about the opposite normal are appended with their bulge negated, arcs in a plane
+    /// inclined to this one's as fine chords, like those of `transformBy`.
     CVekVertexArray& operator+=(const CVekVertexArray& other);
 
-    /// Segments and normal alike, compared exactly.
+    /// Compares segments and normal exactly.
     bool operator==(const CVekVertexArray& other) const;
 
-    /// Transforms all segments and the normal (by the linear part, normalised). Arcs stay arcs where the matrix
-    /// scales alike in the polyline's plane; a mirroring turns the bulges' sign. Any other matrix replaces the arcs
-    /// by fine chords first, 256 to a full circle, which keeps them within 1e-4 of the radius.
+    /// Transforms all segments and the normal (by the linear part, normalised). Arcs stay arcs if the matrix scales
+    /// uniformly in the polyline's plane; mirroring negates the bulges. With any other matrix the arcs are first
+    /// replaced by fine chords, 256 to a full circle, which stay within 1e-4 of the radius.
     CVekVertexArray& transformBy(const CVekMatrix3d& m);
     CVekVertexArray getTransformedCopy(const CVekMatrix3d& m) const;
 
@@ -122,15 +122,16 @@ public:
     /// @param closed adds a segment from the last point to the first, unless they coincide
     CVekVertexArray& fromPoints(const CVekPoint3dArray& points, bool closed);
 
-    /// The points along the polyline, none where the memory is not to be had: the first start, and each segment's end;
-    /// where a segment does not begin at the end of the one before it, its start as well.
-    /// @param arcs whether arcs are stepped; false gives the segment ends only
-    /// @param tolerance greatest distance between chord and arc, in the polyline's unit. An arc has one chord at least
-    ///        for each quarter turn and 4096 at most, which is also what a tolerance of 0, below 0 or NaN gives
+    /// The points along the polyline, none when memory runs out: the first start, and each segment's end; if a segment
+    /// does not begin at the end of the one before it, its start as well.
+    /// @param arcs whether arcs are split into chords; false gives the segment ends only
+    /// @param tolerance chord tolerance, the greatest distance between chord and arc, in the polyline's unit. An arc
+    /// has at least one chord per quarter turn and at most 4096, which is also the number for a tolerance of 0, below 0
+    /// or NaN
     CVekPoint3dArray pts(bool arcs, double tolerance) const;
 
     /// The bounding box, arcs included.
-    /// @return false for an empty polyline, and the corners stay as they were
+    /// @return false for an empty polyline, with the corners unchanged
     bool extents(CVekPoint3d& min, CVekPoint3d& max) const;
 
     /// Whether the last end meets the first start, within the point tolerance; false when empty.
@@ -147,25 +148,24 @@ public:
     /// Reverses the direction: order, ends and bulges.
     CVekVertexArray& revert();
 
-    /// Exchanges segments and normals. A plain list of segments has no normal: what comes from one has its arcs about
-    /// z.
+    /// Exchanges segments and normals. A plain list of segments has no normal: arcs taken from one are about z.
     void swap(CVekVertexArray& other) noexcept;
     using CVekArrayTempl<CVekVertex>::swap;
 
-    /// Splits the segment at the index in two at the point, so that the polyline grows by one. Where the point is an
-    /// end of the segment, or is not on it, the segment stays one.
+    /// Splits the segment at the index in two at the point, so that the polyline grows by one. If the point is an end
+    /// of the segment or is not on it, nothing changes.
     /// @return whether it was split
     bool breakVertex(int index, const CVekPoint3d& point);
 
-    /// Collects the points in which the two polylines meet. Points that coincide within the point tolerance count
-    /// once; of a stretch that two segments share the ends count. Both polylines are seen along the normal of this one,
-    /// or, where only the other one has arcs, of that one; the points lie at the height of this polyline.
-    /// @param result receives the points in the order along this polyline; it is emptied first
-    /// @param mode 0 gives the first meeting point alone; any other collects all, and 3 is what callers pass for that
-    /// @return whether there is any
+    /// Collects the points where the two polylines meet. Points that coincide within the point tolerance are given
+    /// once; a common stretch of two segments gives its ends. Both polylines are seen along the normal of this one or,
+    /// if only the other one has arcs, of that one; the points lie at the height of this polyline.
+    /// @param result receives the points in order along this polyline; it is emptied first
+    /// @param mode 0 gives the first point only, any other value all of them; callers pass 3 for that
+    /// @return whether there is any point
     bool intersectWith(CVekPoint3dArray& result, const CVekVertexArray& other, unsigned mode) const;
 
-    /// The same without the points.
+    /// Whether the two polylines meet.
     bool intersectWith(const CVekVertexArray& other, unsigned mode) const;
 
 protected:
@@ -178,7 +178,7 @@ private:
     CVekVector3d m_normal{0.0, 0.0, 1.0};
 };
 
-/// A polyline of a projection, with what the projection knows of it beside its geometry.
+/// A polyline of a projection, with what the projection knows about it besides its geometry.
 class VEK_API CVekVertexArrayEx : public CVekVertexArray
 {
 public:

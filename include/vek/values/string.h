@@ -6,8 +6,8 @@
 
 #include <cwchar>
 
-/// A wide string value. The text ends at its first terminator; it is one pointer, and an empty string holds no
-/// memory. Where memory is not to be had it stays as it was. `wchar_t` is a UTF-16 unit on Windows and a code point
+/// A wide string value. The text ends at its first terminator. The object is one pointer, and an empty string holds no
+/// memory. When memory runs out a string stays as it was. `wchar_t` is a UTF-16 unit on Windows and a code point
 /// elsewhere; lengths and indices count `wchar_t`.
 class VEK_API CVekString : public CVekObj
 {
@@ -21,7 +21,7 @@ public:
     /// A null pointer gives the empty string.
     CVekString(const wchar_t* text);
 
-    /// The first `length` characters of `text`, or those up to a terminator before.
+    /// The first `length` characters of `text`, or fewer if a terminator comes first.
     CVekString(const wchar_t* text, unsigned length);
 
     ~CVekString() override
@@ -45,7 +45,7 @@ public:
     /// The text; never null, valid until the string changes.
     operator const wchar_t*() const { return text(); }
 
-    /// The character at an index; 0 outside the text.
+    /// The character at an index; 0 if out of range.
     wchar_t operator[](int index) const { return static_cast<unsigned>(index) < length() ? m_text[index] : L'\0'; }
 
     /// Length in characters.
@@ -54,25 +54,25 @@ public:
     /// Whether the text is empty.
     bool isNull() const { return length() == 0; }
 
-    /// Replaces one character; an index outside changes nothing, and a terminator cuts the text there.
+    /// Replaces one character; an index out of range changes nothing, and a terminator cuts the text there.
     void setAt(int index, wchar_t character);
 
-    /// Room for `count` characters and a terminator, owned by the string and valid until it changes. It starts with
-    /// the present text; afterwards the length is that up to the first terminator.
-    /// @return null when the memory is not to be had
+    /// A buffer for `count` characters and a terminator, owned by the string and valid until it changes. It contains
+    /// the present text; once written to, it is the string's text up to the first terminator.
+    /// @return null when memory runs out
     wchar_t* GetBuffer(unsigned count);
 
-    /// Index of the first hit from `start` on, or -1. An empty text is found at `start`, a null one nowhere.
+    /// Index of the first match from `start` on, or -1. An empty text is found at `start`, a null one nowhere.
     int find(const wchar_t* what, int start = 0) const;
     int find(wchar_t what, int start = 0) const;
 
-    /// Replaces all hits, from left to right, none inside a replacement. An empty or null `what` changes nothing; a
-    /// null `with` removes the hits.
-    /// @return the number of hits
+    /// Replaces all matches, from left to right, none inside a replacement. An empty or null `what` changes nothing; a
+    /// null `with` removes the matches.
+    /// @return the number of matches
     int replace(const wchar_t* what, const wchar_t* with);
     int replace(wchar_t what, wchar_t with);
 
-    /// The characters from `start` on, at most `count`; empty when `start` lies behind the end.
+    /// The characters from `start` on, at most `count`; empty if `start` is past the end.
     CVekString mid(unsigned start, unsigned count = ~0u) const;
 
     /// The last `count` characters, all when there are fewer.
@@ -83,15 +83,15 @@ public:
     void makeLower();
 
     /// `printf`-style; the result replaces the string. `%%s` and `%%c` take wide text and characters in every build,
-    /// `%%hs` takes narrow text. The arguments may point into this very string. Where the format is wrong the string
+    /// `%%hs` takes narrow text. The arguments may point into this very string. If the format is invalid the string
     /// becomes empty.
     CVekString& format(const wchar_t* form, ...);
 
-    /// Turns the escape sequences `\U+XXXX` and `\uXXXX`, each of four hexadecimal digits, into the characters. A
-    /// surrogate pair becomes one character where `wchar_t` can hold it; anything else stays as it stands.
+    /// Replaces the escape sequences `\U+XXXX` and `\uXXXX`, of four hexadecimal digits each, by their characters. A
+    /// surrogate pair becomes one character where `wchar_t` can hold it; anything else is left alone.
     void unEscapeWideChar();
 
-    /// Comparison with or without regard to case: below 0, 0 or above 0. A null text counts as empty.
+    /// Case-sensitive and case-insensitive comparison: below 0, 0 or above 0. A null text is taken as empty.
     int compare(const wchar_t* other) const { return std::wcscmp(text(), other ? other : L""); }
     int compareNoCase(const wchar_t* other) const;
 
@@ -113,7 +113,7 @@ private:
     CVekString& assign(const wchar_t* text, unsigned length);
     CVekString& append(const wchar_t* text, unsigned length);
 
-    wchar_t* m_text = nullptr; ///< behind a header with length and capacity; null for a text never written
+    wchar_t* m_text = nullptr; ///< preceded by a header with length and capacity; null for a text never written
 };
 
 VEK_API CVekString operator+(const CVekString& a, const CVekString& b);
@@ -125,15 +125,15 @@ namespace VEK
 {
 
 /// Splits a text at any of the delimiter characters into `parts`, which is emptied first.
-/// @param keepEmpty whether empty parts between, before and behind delimiters count
-/// @return whether there is any part; none where the memory is not to be had
+/// @param keepEmpty whether empty parts between, before and after delimiters are kept
+/// @return whether there is any part; there is none when memory runs out
 VEK_API bool strTok(CVekArrayTempl<CVekString>& parts, const wchar_t* text, const wchar_t* delimiters, bool keepEmpty);
 
-/// Joins the parts with the separator between them; a null separator counts as empty. Here and below the result is
-/// empty where the memory is not to be had.
+/// Joins the parts with the separator between them; a null separator is taken as empty. Here and below the result is
+/// empty when memory runs out.
 VEK_API CVekString implode(const CVekArrayTempl<CVekString>& parts, const wchar_t* separator);
 
-/// UTF-8 of a wide text, and the wide text of UTF-8. What is not valid in the source becomes U+FFFD.
+/// UTF-8 of a wide text, and the wide text of UTF-8. Invalid input becomes U+FFFD.
 VEK_API CVekArrayTempl<char> toUtf8(const wchar_t* text);
 VEK_API CVekString fromUtf8(const char* text, unsigned length);
 

@@ -49,16 +49,16 @@ enum lUnit : int {
 namespace VEK
 {
 
-/// The marker of an absent value: a quiet not-a-number.
+/// The marker of an absent value: a quiet NaN.
 VEK_API double nan();
 
-/// Plain conversion of a text's leading number, with a point for decimals whatever the locale; 0 without one or for
-/// null. Where a number is too large they give the limits of int and the largest double.
+/// Convert a text's leading number, with a decimal point whatever the locale; 0 if there is none, or for null. A number
+/// too large gives the limit of int, or the largest double.
 VEK_API int atoi(const wchar_t* text);
 VEK_API double atof(const wchar_t* text);
 
-/// Converts a length in place, or a constant by its result alone. The units are values of `Vek::lUnit`; -1 is the
-/// drawing's current unit. Unit 0, or any number that is no unit, has no size: converting from or to it changes
+/// Converts a length in place; for a constant only the result is returned. The units are values of `Vek::lUnit`; -1 is
+/// the drawing's current unit. Unit 0, or any number that is not a unit, has no size: converting from or to it changes
 /// nothing.
 /// @return the new value
 VEK_API double acadUnitCv(double& value, int from, int to);
@@ -68,16 +68,16 @@ inline double acadUnitCv(double&& value, int from, int to)
     return acadUnitCv(value, from, to);
 }
 
-/// The same into a result of its own.
-/// @return false, with the value unchanged in `result`, when one of the units has no size
+/// The same, with a separate result.
+/// @return false, with the unconverted value in `result`, if one of the units has no size
 VEK_API bool acadUnitCv(double value, int from, int to, double& result);
 
-/// The drawing's current unit, millimetres at start.
+/// The drawing's current unit, initially millimetres.
 VEK_API Vek::lUnit acad_unit_get();
 VEK_API void acad_unit_set(Vek::lUnit unit);
 
-/// Precision for a unit and format from a precision for millimetres: decimal digits in formats 1 to 3, powers of two
-/// of the denominator in formats 4 and 5. Another unit adds what keeps the same absolute fineness, within 0 to 8.
+/// Precision for a unit and format from a precision for millimetres: decimal digits in formats 1 to 3, powers of two of
+/// the denominator in formats 4 and 5. For another unit it is adjusted to the same absolute resolution, within 0 to 8.
 VEK_API int autoPrec(int precision, Vek::lUnit unit, Vek::lFormat format);
 
 /// The names of the units in a language, indexed by `Vek::lUnit`; an unknown or null language gives German ones.
@@ -86,23 +86,23 @@ VEK_API CVekArrayTempl<CVekString>& acad_units(const wchar_t* language);
 } // namespace VEK
 
 /// Reads a length as a user types it, in any of the five formats: "1.55E+01", "15,5" and "15.5", 1'-3.50", 1'-3 1/2",
-/// "15 1/2", "15-1/2", with a sign. Feet and inches give inches. A point or comma marks the decimals; where both occur,
-/// or groups of three digits follow one another, the first one parts thousands, and so does a blank before three
-/// digits: "1.234,5", "1 234.5" and "1,234,567". What stands behind the number is not looked at, and what is no number
-/// gives 0. The locale plays no part.
+/// "15 1/2", "15-1/2", with a sign. Feet and inches give inches. Both point and comma are decimal separators; if both
+/// occur, or several groups of three digits follow, the first one is a thousands separator, and so is a blank before
+/// three digits: "1.234,5", "1 234.5" and "1,234,567". Anything after the number is ignored, and a text without a
+/// number gives 0. The locale has no influence.
 VEK_API double vekAtoF(const wchar_t* text);
 
-/// Writes a length; `vekAtoF` reads it back. The value is in inches in formats 3 and 4. It is rounded to the nearest
-/// value that the precision can show, halves away from zero, as its shortest decimal form tells: 2.675 with two digits
-/// is 2.68. A value that rounds to zero has no sign, and 11.9999 inches are 1'-0" without decimals.
+/// Writes a length; `vekAtoF` reads it back. The value is in inches in formats 3 and 4. Its shortest decimal form is
+/// rounded to the precision, halves away from zero: 2.675 with two digits is 2.68. A value that rounds to zero has no
+/// sign, and 11.9999 inches without decimals are 1'-0".
 /// @param buffer receives the text; `vekRtoSSize` characters suffice for every value
-/// @param precision decimal digits, or powers of two of the denominator in formats 4 and 5; brought within 0 to 8
+/// @param precision decimal digits, or powers of two of the denominator in formats 4 and 5; clamped to 0 to 8
 /// @param suppressZeros leaves out trailing zeros of decimals, and feet or inches of zero, as the published variable
-/// DIMZIN does with the value 8: 15.5, 6", 1', 1/2", and 1'-0 1/2" as ever. Without it they are 15.50, 0'-6", 1'-0",
-/// 0'-0 1/2"
-/// @return false for a format that is none, for null and for what is no finite number; the buffer stays as it was
+/// DIMZIN does with the value 8: 15.5, 6", 1', 1/2"; 1'-0 1/2" stays. Without it they are 15.50, 0'-6", 1'-0", 0'-0
+/// 1/2"
+/// @return false for an unknown format, null or a non-finite value; the buffer stays as it was
 VEK_API bool vekRtoS(wchar_t* buffer, double value, Vek::lFormat format, int precision, bool suppressZeros);
 VEK_API bool vekRtoS(CVekString& text, double value, Vek::lFormat format, int precision, bool suppressZeros);
 
-/// Characters of the longest text of `vekRtoS`, with its terminator.
+/// Characters of the longest text of `vekRtoS`, including its terminator.
 inline constexpr int vekRtoSSize = 352;

@@ -1,11 +1,11 @@
 /// @file
-/// A polyline's segment in its plane: a straight line and an arc of any bulge in one form.
+/// A polyline's segment in its plane: straight lines and arcs of any bulge in one form.
 ///
 /// The plane of a polyline with normal n is that of `CVekMatrix3d::setToPlaneToWorld(n)`: the inverse of that matrix
 /// takes points to the plane, where x and y are the coordinates used here and the bulge is positive counter-clockwise.
 ///
-/// Nothing here goes through the centre of an arc unless it is asked for: the centre of a flat arc lies so far away
-/// that differences to it would keep no digits. Points, distances and parameters are taken relative to the start
+/// Nothing here uses the centre of an arc except the function that returns it: the centre of a flat arc is so far away
+/// that differences to it would lose all digits. Points, distances and parameters are computed relative to the start
 /// instead, with sine and cosine of half the sweep, which follow from the bulge without cancellation.
 #pragma once
 
@@ -61,7 +61,7 @@ struct Box {
     Vec extent() const { return (max - min) * 0.5; } ///< from the centre to the corner
 };
 
-/// What a bulge says of an arc, whatever its chord. A straight segment has the sweep 0, sine 0 and cosine 1.
+/// What a bulge says about an arc, whatever its chord. A straight segment has sweep 0, sine 0 and cosine 1.
 struct Bend {
     double sweep = 0.0;  ///< included angle, positive counter-clockwise; within one turn either way
     double sine = 0.0;   ///< of half the sweep; its sign is that of the bulge
@@ -69,7 +69,7 @@ struct Bend {
 
     Bend() = default;
 
-    /// @param chord length of the chord; without one, or where the numbers give no finite radius, the bend is none
+    /// @param chord length of the chord; if it is 0, or the radius is not finite, the segment is taken as straight
     Bend(double bulge, double chord)
     {
         const bool flat = std::fabs(bulge) <= 1.0;
@@ -84,13 +84,13 @@ struct Bend {
 
     bool isArc() const { return sine != 0.0; }
 
-    /// Where the point at a parameter from 0 to 1 lies, seen from the start: x along the chord and y to its left, the
-    /// chord being 1 long.
+    /// The point at a parameter from 0 to 1, relative to the start: x along the chord and y to its left, in units of
+    /// the chord's length.
     Vec at(double t) const
     {
         if (!isArc())
             return {t, 0.0};
-        if (t > 0.5) { // from the end backwards, which meets it exactly
+        if (t > 0.5) { // from the end backwards, to hit it exactly
             const double reach = std::sin((1.0 - t) * 0.5 * sweep) / sine;
             const double turn = t * 0.5 * sweep;
             return {1.0 - reach * std::cos(turn), -reach * std::sin(turn)};
@@ -104,11 +104,11 @@ struct Bend {
     double stretch() const { return isArc() ? 0.5 * sweep / sine : 1.0; }
 };
 
-/// Chords that one arc is replaced by at most, for any tolerance.
+/// The most chords that replace one arc, for any tolerance.
 inline constexpr int kMaxChords = 4096;
 
 /// The number of equal chords with which an arc stays within a tolerance; at least one for each quarter turn, so that
-/// the smallest circle keeps an area. A tolerance that is not above zero, or no number, gives the greatest number.
+/// the smallest circle keeps an area. A tolerance that is not above zero, or NaN, gives the greatest number.
 inline int chordCount(double radius, double sweep, double tolerance)
 {
     const double turn = std::fabs(sweep);
@@ -123,7 +123,7 @@ inline int chordCount(double radius, double sweep, double tolerance)
 }
 
 /// A segment of a polyline in its plane. Its parameter runs from 0 at the start to 1 at the end, in proportion to the
-/// length. Where start and end are the same it is that point, whatever the bulge.
+/// length. If start and end are the same it is that point, whatever the bulge.
 class Arc
 {
 public:
@@ -175,8 +175,8 @@ public:
     /// The parameter of the nearest point of the segment.
     double parameter(Vec p) const { return std::clamp(freeParameter(p), 0.0, 1.0); }
 
-    /// The parameter of the nearest point of the whole line or circle: below 0 before the start, above 1 behind the
-    /// end; on a circle whatever is nearer to one of the ends counts as beyond that end.
+    /// The parameter of the nearest point of the whole line or circle: below 0 before the start, above 1 past the end;
+    /// off the arc, a point of the circle belongs to the nearer end.
     double freeParameter(Vec p) const
     {
         const Vec q = p - m_start;
@@ -206,7 +206,7 @@ public:
 
 private:
     /// From the centre to a point relative to the start, times the sine: finite for every bend, and half a chord long
-    /// on the circle. It points inwards where the arc runs clockwise.
+    /// on the circle. It points inwards if the arc runs clockwise.
     Vec ray(Vec q) const { return q * m_bend.sine + startRay(); }
     Vec startRay() const { return (m_chord * m_bend.sine + m_chord.left() * m_bend.cosine) * -0.5; }
 

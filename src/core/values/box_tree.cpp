@@ -10,7 +10,7 @@ struct Item {
     std::uint32_t box;
 };
 
-/// Parts items by where they lie, over and over, so that those under one node of the tree lie close together.
+/// Partitions items by position, recursively, so that those under one node of the tree are close together.
 /// @param most number of items under a node at the level below that of all these
 void sortByPlace(Item* first, Item* last, std::ptrdiff_t most, std::ptrdiff_t fanOut)
 {
@@ -22,7 +22,7 @@ void sortByPlace(Item* first, Item* last, std::ptrdiff_t most, std::ptrdiff_t fa
         Box all{first->centre, first->centre};
         for (const Item* item = first; item != last; ++item)
             all.add(item->centre);
-        // In the middle, but between two nodes.
+        // In the middle, at a boundary between two nodes.
         Item* const middle = first + ((last - first) / most + 1) / 2 * most;
         if (all.max.x - all.min.x > all.max.y - all.min.y)
             std::nth_element(first, middle, last, [](const Item& a, const Item& b) { return a.centre.x < b.centre.x; });

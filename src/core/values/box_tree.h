@@ -1,5 +1,5 @@
 /// @file
-/// Boxes in a tree, so that those near a place are found without looking at all of them.
+/// A tree of boxes, which finds those near a place without looking at all of them.
 #pragma once
 
 #include "core/values/arc.h"
@@ -10,19 +10,19 @@
 namespace VEK::plane
 {
 
-/// Boxes that lie close together stand next to one another, and every few of them have a common box above them. A list
-/// of boxes has no further structure: no pointers, one block of memory.
+/// Boxes that are close together are stored next to one another, and every few of them have a common box above them.
+/// The tree is a plain list of boxes: no pointers, one block of memory.
 class BoxTree
 {
 public:
-    /// Takes over boxes without a coordinate that is no finite number.
-    /// @return their order in the tree: at each place the position that the box had. An owner that sorts what stands
-    ///     behind the boxes alike finds neighbours close together
+    /// Takes boxes, whose coordinates must be finite.
+    /// @return their order in the tree: for each place the index that the box had. An owner that sorts the items of the
+    /// boxes likewise has neighbours close together in memory
     std::vector<std::uint32_t> build(std::vector<Box> boxes);
 
     bool isEmpty() const { return m_boxes.empty(); }
 
-    /// The box around all of them; only if there is any.
+    /// The box around all of them; there must be one.
     const Box& all() const { return m_boxes.back(); }
 
     /// Calls `found(place, box)` for every box that passes `meets(box)` together with those above it.
@@ -39,7 +39,7 @@ public:
             found(0u, all());
             return;
         }
-        Node stack[64]; // sixteen levels leave three nodes each waiting
+        Node stack[64]; // sixteen levels with three pending nodes each
         int depth = 0;
         stack[depth++] = {top, 0};
         while (depth > 0) {
@@ -55,7 +55,7 @@ public:
                 }
                 continue;
             }
-            for (std::uint32_t i = end; i-- > begin;) { // so that what is found comes in the order of the tree
+            for (std::uint32_t i = end; i-- > begin;) { // so that boxes are found in the order of the tree
                 if (meets(boxes[i]))
                     stack[depth++] = {level, i};
             }

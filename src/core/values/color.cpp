@@ -18,7 +18,7 @@ constexpr unsigned swapped(unsigned long rgb)
 }
 
 /// Entry 10 to 249: 24 hues, 15 degrees apart, from red by way of yellow, green, cyan, blue and magenta. The last digit
-/// tells the brightness, two indices each, of which the odd one is half as saturated.
+/// is the brightness, two indices each, of which the odd one is half as saturated.
 constexpr unsigned wheelColor(int index)
 {
     constexpr unsigned kPercent[] = {100, 65, 50, 30, 15};
@@ -88,7 +88,7 @@ void CVekColor::setOleColor(unsigned long colorRef)
 
 void CVekColor::setNames(const wchar_t* colorName, const wchar_t* bookName)
 {
-    const CVekString book(bookName); // either may be a name of this colour
+    const CVekString book(bookName); // either may point to a name of this colour
     m_colorName = colorName;
     m_bookName = book;
 }

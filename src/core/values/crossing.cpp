@@ -5,9 +5,9 @@ namespace VEK::plane
 namespace
 {
 
-/// A passage of the whole curve of a segment.
+/// A crossing of the whole curve of a segment.
 struct Root {
-    double t; ///< its parameter, brought to the nearer end where it lies beyond one
+    double t; ///< its parameter, clamped to the nearer end
     bool beyond;
 };
 
@@ -51,7 +51,7 @@ Passages passages(const Carrier& carrier, Vec start, Vec end, double bulge, doub
     if (!(discriminant >= 0.0)) {
         if (!passes)
             return {};
-        // Rounding hides a touch of which one end counts to the other side.
+        // Rounding hides a touch if one end is classified to the other side.
         const Root touch =
             std::fabs(before) > std::fabs(square) ? root(before, -0.5 * linear) : root(-0.5 * linear, square);
         return {{touch.t, 0.0}, 1};
@@ -60,8 +60,9 @@ Passages passages(const Carrier& carrier, Vec start, Vec end, double bulge, doub
     const Root a = root(q, square), b = root(before, q);
     if (passes && a.beyond != b.beyond)
         return {{a.beyond ? b.t : a.t, 0.0}, 1};
-    // By the side on which the segment runs between the roots: one passage is the root at which it leaves the side of
-    // its start, and two are there only if it is not the side of both ends; else it touches, or passes beyond its ends.
+    // By the side on which the segment runs between the roots: a single crossing is the root at which it leaves the
+    // side of its start; there are two only if that is not the side of both ends; else it touches, or crosses beyond
+    // its ends.
     const double first = std::min(a.t, b.t), last = std::max(a.t, b.t);
     const double between = carrier(Arc(start, end, bulge).at(0.5 * (first + last)));
     const bool left = (between > 0.0) != (before > 0.0);

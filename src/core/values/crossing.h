@@ -1,8 +1,8 @@
-/// Where the segments of a contour pass from one side of a line or circle to the other.
+/// Where the segments of a contour cross from one side of a line or circle to the other.
 ///
-/// Sides are judged at the vertices, by the same arithmetic for both segments that share one, and a segment passes as
-/// often as its two ends tell: an odd number of times where they differ, an even number otherwise. So the passages of
-/// a closed contour always add up to an even number, and neither a vertex on the line nor a touch is counted twice or
+/// Sides are determined at the vertices, by the same arithmetic for both segments that share one, and a segment crosses
+/// as its two ends require: an odd number of times if they differ, an even number otherwise. So the crossings of a
+/// closed contour always add up to an even number, and neither a vertex on the line nor a touch is counted twice or
 /// lost.
 #pragma once
 
@@ -41,14 +41,14 @@ private:
     double m_cosine;
 };
 
-/// Parameters along a segment at which it passes its carrier, in order; two at most.
+/// Parameters along a segment at which it crosses the carrier, in order; at most two.
 struct Passages {
     double t[2];
     int count = 0;
 };
 
-/// The passages of a segment through a line or circle.
-/// @param before, behind the form at its start and its end
+/// The crossings of a segment through a line or circle.
+/// @param before, behind the form at the segment's start and end
 Passages passages(const Carrier& carrier, Vec start, Vec end, double bulge, double before, double behind);
 
 } // namespace VEK::plane

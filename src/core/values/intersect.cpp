@@ -11,13 +11,13 @@ namespace
 {
 
 /// A line or circle as the zeros of k |q|^2 + h q + f, scaled so that the slope there is 1: near it the form is the
-/// distance. k is half the curvature, so a line is no case of its own.
+/// distance. k is half the curvature, so a line needs no special case.
 struct Form {
     double k = 0.0;
     Vec h;
     double f = 0.0;
 
-    /// @param origin point from which q counts
+    /// @param origin point from which q is measured
     Form(const Arc& arc, Vec origin)
     {
         const Carrier carrier(arc);
@@ -45,7 +45,7 @@ public:
         const bool together = (endsOfA == 2 && near(m_a.at(0.5), m_b)) || (endsOfB == 2 && near(m_b.at(0.5), m_a));
         if (!separate && !together && !m_a.isPoint() && !m_b.isPoint())
             crossings();
-        for (int i = 1; i < m_found.count; ++i) { // so few that a library's sort would be the longer way
+        for (int i = 1; i < m_found.count; ++i) { // so few that a library sort would be slower
             for (int j = i; j > 0 && m_found.points[j].a < m_found.points[j - 1].a; --j)
                 std::swap(m_found.points[j], m_found.points[j - 1]);
         }
@@ -60,7 +60,7 @@ private:
     bool within(Vec p, Vec q) const { return (p - q).dot(p - q) <= m_tolerance * m_tolerance; }
     bool near(Vec p, const Arc& carrier) const { return std::fabs(carrier.offset(p)) <= m_tolerance; }
 
-    /// Whether both ends of a segment lie on one side of a straight one, too far from it to touch.
+    /// Whether both ends of a segment are on the same side of a straight one, too far from it to touch.
     bool apart(const Arc& segment, const Arc& line) const
     {
         const double first = line.offset(segment.start());
@@ -100,7 +100,7 @@ private:
         return onCarrier;
     }
 
-    /// Adds where the whole lines or circles cross or touch, as far as it lies on both segments.
+    /// Adds the points where the whole lines or circles cross or touch, if they lie on both segments.
     void crossings()
     {
         const bool aBendsMore =
@@ -117,7 +117,7 @@ private:
             return;
         }
 
-        // The circles' common chord lies on the line on which both forms, the one scaled to the other, agree.
+        // The circles' common chord is on the line where both forms agree, one scaled to the other.
         const double ratio = d.k / c.k;
         const Vec normal = d.h - c.h * ratio;
         const double square = normal.dot(normal);
@@ -129,7 +129,7 @@ private:
         const double constant = c.form(foot);
         const double discriminant = half * half - c.k * constant;
 
-        // The circle reaches farthest past the chord's line on the normal through the middle of the chord.
+        // The circle extends farthest past the chord's line on the normal through the chord's middle.
         const Vec middle = foot + along * (half / c.k);
         const Vec outwards = normal * (std::copysign(1.0, c.slope(middle).dot(normal)) / std::sqrt(square));
         const Vec farthest = middle - outwards * c.offset(middle);

@@ -14,19 +14,19 @@ struct Meeting {
     double b = 0.0; ///< parameter along the second segment
 };
 
-/// What two segments share, in the order of `a`. Two arcs of one circle that lap over at both ends give four points,
-/// which is the most; any others give two at most, but for ends that lie within the tolerance of a touch.
+/// What two segments share, in the order of `a`. Two arcs of one circle that overlap at both ends give four points,
+/// which is the most; any others give at most two, apart from ends within the tolerance of a touch.
 struct Meetings {
     Meeting points[4];
     int count = 0;
-    bool along[4] = {}; ///< whether the stretch from the point of that number to the next one is common to both
+    bool along[4] = {}; ///< whether the stretch from that point to the next one is common to both
 };
 
-/// The points that two segments share within a tolerance, ends and touches among them; of a common stretch its ends.
+/// The points that two segments share within a tolerance, including ends and touches; for a common stretch its ends.
 ///
-/// Points closer together than the tolerance count once. Where an end takes part, the point is that end and the
-/// parameter is 0 or 1 exactly. A curve that reaches no deeper than the tolerance past another one touches it, in one
-/// point. Segments that are points meet what they lie on.
+/// Points closer together than the tolerance are given once. If an end is involved, the point is that end and the
+/// parameter is exactly 0 or 1. A curve that reaches no deeper than the tolerance past another one touches it, in one
+/// point. Segments without length meet what they lie on.
 /// @param tolerance greatest distance of such a point from either segment
 Meetings meet(const Arc& a, const Arc& b, double tolerance);
 

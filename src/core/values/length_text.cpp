@@ -9,7 +9,7 @@ namespace
 
 constexpr int kInchesPerFoot = 12;
 
-/// The text as it grows; no value fills the room.
+/// The text under construction; no value fills the buffer.
 class Text
 {
 public:
@@ -45,7 +45,7 @@ private:
 };
 
 /// A number of at least 0 in decimal form, from the shortest digits that identify the double. Rounding these and not
-/// the binary value is what a user expects of 2.675: they see 2.68.
+/// the binary value gives what a user expects: 2.675 becomes 2.68.
 class Decimal
 {
 public:
@@ -69,7 +69,7 @@ public:
     /// The exponent of ten of the first digit.
     int exponent() const { return isZero() ? 0 : m_point - 1; }
 
-    /// The digit that counts 10 to the power `power`.
+    /// The digit of 10 to the power `power`.
     char digit(int power) const
     {
         const int at = m_point - 1 - power;
@@ -100,7 +100,7 @@ public:
 private:
     char m_digits[20]; ///< a double has at most 17
     int m_count = 0;
-    int m_point = 0; ///< digits in front of the decimal point; the number is below 1 when it is 0 or less
+    int m_point = 0; ///< digits before the decimal point; the number is below 1 if it is 0 or less
 };
 
 void putInteger(Text& text, const Decimal& number)
@@ -109,7 +109,7 @@ void putInteger(Text& text, const Decimal& number)
         text << number.digit(power);
 }
 
-/// The point and what stands behind it, with the digit of 10 to the power `unit` in front of the point.
+/// The point and the digits after it; the digit before the point is that of 10 to the power `unit`.
 void putDecimals(Text& text, const Decimal& number, int unit, int decimals, bool suppressZeros)
 {
     while (suppressZeros && decimals > 0 && number.digit(unit - decimals) == '0')
@@ -121,8 +121,8 @@ void putDecimals(Text& text, const Decimal& number, int unit, int decimals, bool
 }
 
 /// Divides a whole number of inches by 12.
-/// @param text receives the feet, or stays as it was without any
-/// @return the inches that are left
+/// @param text receives the feet, unchanged if there are none
+/// @return the remaining inches
 int putFeet(Text& text, const Decimal& inches)
 {
     int rest = 0;
@@ -137,7 +137,7 @@ int putFeet(Text& text, const Decimal& inches)
     return rest;
 }
 
-/// Feet and inches; `fraction` writes what stands behind the whole inches and tells whether there is anything.
+/// Feet and inches; `fraction` writes what follows the whole inches and returns whether there is anything.
 /// Zero suppression leaves out feet of zero and inches of zero, as the value 0 of DIMZIN does.
 template <class Fraction>
 void putFeetAndInches(Text& text, const Decimal& wholeInches, bool anyFraction, bool suppressZeros, Fraction fraction)
@@ -198,7 +198,7 @@ struct Mixed {
 
     bool isZero() const { return whole == 0.0 && numerator == 0; }
 
-    /// The fraction behind a whole that the caller has written or, being zero, left out.
+    /// The fraction after a whole that the caller has written or, being zero, left out.
     void putFraction(Text& text, bool behindWhole) const
     {
         if (numerator == 0)
@@ -235,7 +235,7 @@ bool write(Text& text, double value, Vek::lFormat format, int precision, bool su
     precision = std::clamp(precision, 0, 8);
     const double magnitude = std::fabs(value);
     const auto sign = [&](bool isZero) {
-        if (value < 0.0 && !isZero) // what rounds to zero has no sign
+        if (value < 0.0 && !isZero) // a value that rounds to zero has no sign
             text << '-';
     };
     Decimal number(magnitude);

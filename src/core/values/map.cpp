@@ -52,7 +52,7 @@ CVekMapOrder::Place CVekMapOrder::next(Place place) const
 
 bool CVekMapOrder::insert(Place place, void* record) noexcept
 try {
-    if (m_blocks.size() == m_blocks.capacity()) { // first all that may fail
+    if (m_blocks.size() == m_blocks.capacity()) { // everything that may fail comes first
         m_blocks.reserve(2 * m_blocks.size() + 1);
         m_starts.reserve(2 * m_blocks.size() + 1);
     }
@@ -63,7 +63,7 @@ try {
     }
     std::vector<void*>* records = &m_blocks[place.block];
     if (records->size() == kBlock) {
-        // A block that is full and grows at its end keeps its records: keys often arrive in ascending order.
+        // A full block that grows at its end keeps its records: keys often arrive in ascending order.
         const unsigned kept = place.slot == kBlock ? kBlock : kBlock / 2;
         std::vector<void*> tail;
         tail.reserve(kBlock);

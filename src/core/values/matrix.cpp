@@ -5,10 +5,10 @@
 namespace
 {
 
-/// The axes of a matrix, very short and long ones scaled by a power of two so that products of them keep their digits.
+/// The axes of a matrix; very short and long ones are scaled by a power of two so that products stay in range.
 struct ScaledAxes {
     CVekVector3d axis[3];
-    int exponent[3] = {0, 0, 0}; ///< what was taken out
+    int exponent[3] = {0, 0, 0}; ///< of the powers of two taken out
 
     explicit ScaledAxes(const CVekMatrix3d& m)
     {
@@ -48,7 +48,7 @@ bool CVekMatrix3d::operator==(const CVekMatrix3d& other) const
 {
     const double* a = m_rows[0];
     const double* b = other.m_rows[0];
-    bool equal = true; // matrices that are compared mostly are equal, and without a branch that is quickest
+    bool equal = true; // compared matrices are mostly equal, and no branches is fastest then
     for (int i = 0; i < 16; ++i)
         equal &= a[i] == b[i];
     return equal;

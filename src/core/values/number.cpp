@@ -11,14 +11,14 @@
 namespace
 {
 
-constexpr std::size_t kGroup = 3; ///< digits between two marks that part thousands
+constexpr std::size_t kGroup = 3; ///< digits between two thousands separators
 
 bool isDigit(wchar_t c)
 {
     return c >= L'0' && c <= L'9';
 }
 
-/// Blanks, among them those that word processors and number formats put in.
+/// Blanks, including those that word processors and number formats insert.
 bool isBlank(wchar_t c)
 {
     return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n' || c == 0xA0 || c == 0x2009 || c == 0x202F;
@@ -45,7 +45,7 @@ class Reader
 public:
     explicit Reader(const wchar_t* text) : m_at(text ? text : L"") {}
 
-    wchar_t ahead(std::size_t by = 0) const { return m_at[by]; } // never asked for beyond the terminator
+    wchar_t ahead(std::size_t by = 0) const { return m_at[by]; } // never called past the terminator
 
     void skip() { ++m_at; }
     void skipBlanks()
@@ -54,7 +54,7 @@ public:
             ++m_at;
     }
 
-    /// -1.0 when a minus stands here, else 1.0; a sign is skipped.
+    /// -1.0 at a minus sign, else 1.0; a sign is skipped.
     double sign()
     {
         const bool minus = isMinus(*m_at);
@@ -63,7 +63,7 @@ public:
         return minus ? -1.0 : 1.0;
     }
 
-    /// A number with a point for decimals.
+    /// A number with a decimal point.
     bool plainNumber(double& value)
     {
         std::string text = digits();
@@ -72,9 +72,9 @@ public:
         return finish(text, value);
     }
 
-    /// A number as people write it: with a point or comma for decimals and perhaps blanks or the other mark between
-    /// thousands. One mark alone is that of decimals; it parts thousands when exactly three digits and another mark
-    /// follow it.
+    /// A number as people write it: with a point or comma as decimal separator and perhaps blanks or the other mark
+    /// between thousands. A single mark is the decimal separator; it separates thousands if exactly three digits and
+    /// another mark follow.
     bool typedNumber(double& value)
     {
         std::string text = digits();
@@ -129,7 +129,7 @@ private:
         text += digits();
     }
 
-    /// Whether a mark between thousands stands here, given the one that did so before.
+    /// Whether there is a thousands separator here, given the previous one.
     bool isGroup(wchar_t before) const
     {
         const bool blank = isBlank(*m_at);
@@ -161,7 +161,7 @@ private:
         return false;
     }
 
-    /// Takes an exponent and makes the value of it all.
+    /// Reads an exponent and computes the value.
     /// @param text digits with at most one point
     bool finish(std::string text, double& value)
     {

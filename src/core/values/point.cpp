@@ -17,8 +17,8 @@ bool CVekVector3d::operator==(const CVekVector3d& other) const
 namespace
 {
 
-/// Brings the greatest component to between 1 and 2 by a power of two, which loses nothing.
-/// @return the exponent of the power that was taken out; the vector stays where it has no direction
+/// Scales the greatest component to between 1 and 2 by a power of two, which is exact.
+/// @return the exponent of the power that was taken out; a vector without direction stays as it is
 int scaleDown(CVekVector3d& v)
 {
     const double size = std::fmax(std::fabs(v.x), std::fmax(std::fabs(v.y), std::fabs(v.z)));

@@ -5,8 +5,8 @@
 namespace
 {
 
-// Shared pointers may stand in static objects of any module, so table and guard are made at the first need and stay
-// until the process ends.
+// Shared pointers may be in static objects of any module, so table and mutex are created on first use and live until
+// the process ends.
 std::vector<VEK::CPtrMap::Data>& table()
 {
     static auto& data = *new std::vector<VEK::CPtrMap::Data>;

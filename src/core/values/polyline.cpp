@@ -10,10 +10,10 @@ namespace plane = VEK::plane;
 namespace
 {
 
-/// Chords that a full circle becomes when a transformation bends it out of shape: they stay within 1e-4 of the radius.
+/// Chords that replace a full circle when a transformation distorts it: they stay within 1e-4 of the radius.
 constexpr int kCircleChords = 256;
 
-/// How far a matrix may be from scaling a plane alike for arcs to stay arcs, relative to the scale.
+/// How far a matrix may be from scaling a plane uniformly for arcs to stay arcs, relative to the scale.
 constexpr double kAlike = 1e-9;
 
 bool same(const CVekVector3d& a, const CVekVector3d& b)
@@ -21,10 +21,10 @@ bool same(const CVekVector3d& a, const CVekVector3d& b)
     return a[0] == b[0] && a[1] == b[1] && a[2] == b[2];
 }
 
-/// Brings the length to 1; false for a vector that has no direction.
+/// Scales to length 1; false for a vector without direction.
 bool makeUnit(CVekVector3d& v)
 {
-    constexpr double kRounding = 2e-15; // a vector that was brought to 1 before stays as it is, to the last bit
+    constexpr double kRounding = 2e-15; // a vector that was normalised before stays as it is, to the last bit
     return std::fabs(v.dot(v) - 1.0) <= kRounding || v.normalize().isUnit();
 }
 
@@ -44,8 +44,8 @@ struct PlaneImage {
         const double limit = kAlike * std::max(xx, yy);
         alike = std::fabs(xx - yy) <= limit && std::fabs(x.dot(y)) <= limit;
         mirrors = m.mirrors();
-        // The normal goes along by the linear part, except where that shears it out of its right angle to the plane or
-        // flattens it: then the arcs need the plane's own normal, on the same side.
+        // The normal is transformed by the linear part. If that makes it oblique to the plane or flattens it, the arcs
+        // need the plane's true normal, on the same side.
         normal = from * m;
         CVekVector3d upright = x * y;
         if (!makeUnit(upright)) {

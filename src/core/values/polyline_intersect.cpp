@@ -16,9 +16,9 @@ using VEK::plane::BoxTree;
 using VEK::plane::Meetings;
 using VEK::plane::Vec;
 
-constexpr int kFew = 4; ///< segments up to which going through all of the other polyline is quicker than a tree
+constexpr int kFew = 4; ///< up to so many segments, testing all of the other polyline is faster than a tree
 
-/// Sine of the angle up to which two planes count as parallel.
+/// Sine of the angle up to which two planes are parallel.
 constexpr double kParallel = 1e-9;
 
 /// The plane of a polyline, through the origin.
@@ -37,7 +37,7 @@ public:
     Vec operator()(const CVekPoint3d& p) const { return {p.asVector().dot(m_x), p.asVector().dot(m_y)}; }
     Arc arc(const CVekVertex& v, double turn) const { return {(*this)(v.start), (*this)(v.end), v.bulge * turn}; }
 
-    /// Back to space, on the height of a segment at a parameter.
+    /// Back to space, at the height of a segment at a parameter.
     CVekPoint3d lift(Vec p, const CVekVertex& segment, double t) const
     {
         if (t == 0.0 || t == 1.0)
@@ -53,7 +53,7 @@ private:
     CVekVector3d m_normal;
 };
 
-/// A box that a segment does not leave, quicker to have than the least one.
+/// A box around a segment, faster to compute than the smallest one.
 Box roughBox(Vec start, Vec end, double bulge)
 {
     Box box{start, start};
@@ -65,7 +65,7 @@ Box roughBox(Vec start, Vec end, double bulge)
     return box;
 }
 
-/// The meetings of two polylines as seen along the normal of the first, or of the other where that one alone has arcs.
+/// The meetings of two polylines as seen along the normal of the first, or of the other if only that one has arcs.
 class Encounter
 {
 public:
@@ -75,7 +75,7 @@ public:
         const CVekVector3d aslant = own.normal() * other.normal();
         const bool parallel = aslant.dot(aslant) <= kParallel * kParallel;
         if (!parallel && VEK::plane::hasArcs(other)) {
-            if (VEK::plane::hasArcs(own)) { // the others, seen aslant, are none
+            if (VEK::plane::hasArcs(own)) { // tilted arcs are not arcs in this view
                 m_chords = VEK::plane::inFineChords(other);
                 m_other = &m_chords;
             } else {
@@ -85,8 +85,9 @@ public:
         m_turn = m_plane.normal().dot(other.normal()) < 0.0 ? -1.0 : 1.0;
     }
 
-    /// Hands the meetings to `visit(segment index, meetings)` in the order of the own segments until that gives false.
-    /// @param first ends behind the first segment that meets anything
+    /// Passes the meetings to `visit(segment index, meetings)` in the order of the own segments until that returns
+    /// false.
+    /// @param first stops after the first segment that meets anything
     template <class Visit>
     void visit(bool first, Visit&& visitMeetings) const
     {
@@ -120,7 +121,7 @@ private:
         finite.reserve(m_other->len());
         for (int i = 0; i < m_other->len(); ++i) {
             const Box box = otherArc(i).box();
-            if (!std::isfinite(box.min.x + box.min.y + box.max.x + box.max.y)) // meets nothing, and has no order
+            if (!std::isfinite(box.min.x + box.min.y + box.max.x + box.max.y)) // meets nothing, and cannot be sorted
                 continue;
             boxes.push_back(box);
             finite.push_back(i);
@@ -173,10 +174,10 @@ private:
     const CVekVertexArray* m_other;
     CVekVertexArray m_chords;
     Plane m_plane;
-    double m_turn = 1.0; ///< -1 where the other polyline's normal points the other way
+    double m_turn = 1.0; ///< -1 if the other polyline's normal points the other way
 };
 
-/// A meeting with its place along the first polyline.
+/// A meeting with its position along the first polyline.
 struct Hit {
     int index = 0;
     double t = 0.0;
@@ -185,10 +186,10 @@ struct Hit {
     bool operator<(const Hit& b) const { return index != b.index ? index < b.index : t < b.t; }
 };
 
-/// Appends the points of sorted hits, leaving out what coincides with an earlier one.
+/// Appends the points of sorted hits, leaving out those that coincide with an earlier one.
 void appendDistinct(CVekPoint3dArray& result, const std::vector<Hit>& hits)
 {
-    // Neighbours are looked for along a slanted direction, so that rows and columns of points do not share a station.
+    // Neighbours are searched along a slanted direction, so that rows and columns of points do not share a position.
     const CVekVector3d slanted{1.0, 0.7548776662466927, 0.5698402909980532};
     const double reach = std::sqrt(slanted.dot(slanted));
     struct Station {

@@ -1,5 +1,5 @@
 /// @file
-/// Walking along polylines in space, without a list of points in between.
+/// Walking along polylines in space, without an intermediate list of points.
 #pragma once
 
 #include "core/values/arc.h"
@@ -10,7 +10,7 @@
 namespace VEK::plane
 {
 
-/// Whether two points count as one.
+/// Whether two points coincide within tolerance.
 inline bool meets(const CVekPoint3d& a, const CVekPoint3d& b)
 {
     if (a == b)
@@ -34,8 +34,8 @@ inline bool hasArcs(const CVekVertexArray& polyline)
     return std::any_of(polyline.begin(), polyline.end(), [](const CVekVertex& v) { return v.bulge != 0.0; });
 }
 
-/// A segment in space: the chord's part in the plane of the normal, a quarter turn of it in that plane, and the rise
-/// along the normal, which goes linearly from start to end.
+/// A segment in space: the chord's projection onto the plane of the normal, that projection turned by 90 degrees in the
+/// plane, and the rise along the normal, which is linear from start to end.
 struct SpaceArc {
     CVekPoint3d start;
     CVekPoint3d end;
@@ -83,19 +83,19 @@ struct SpaceArc {
 
     int chords(double tolerance) const { return bend.isArc() ? chordCount(radius(), bend.sweep, tolerance) : 1; }
 
-    /// Hands on the points of an arc at which a coordinate is greatest or least.
+    /// Passes on the points of an arc at which a coordinate is greatest or least.
     template <class Out>
     void forEachExtreme(Out&& out) const
     {
         if (!bend.isArc())
             return;
-        const double unbent = 1.0 / bend.stretch(); // weight of the rise beside a chord's worth of travel
+        const double unbent = 1.0 / bend.stretch(); // weight of the rise relative to travel along the chord
         for (int axis = 0; axis < 3; ++axis) {
             const double reach = std::sqrt(chord[axis] * chord[axis] + left[axis] * left[axis]);
             const double level = -rise[axis] * unbent / reach;
             if (!(std::fabs(level) <= 1.0))
                 continue;
-            const double towards = std::atan2(left[axis], chord[axis]); // where travel goes straight along the axis
+            const double towards = std::atan2(left[axis], chord[axis]); // direction of travel that follows the axis
             const double aside = std::acos(level);
             for (const double turn : {towards - aside, towards + aside}) {
                 const double t = 0.5 + std::remainder(turn, 2.0 * std::numbers::pi) / bend.sweep;
@@ -105,12 +105,12 @@ struct SpaceArc {
         }
     }
 
-    /// Hands on the points that part the segment into `count` equal chords: those in between, and the end.
+    /// Passes on the points that divide the segment into `count` equal chords: those in between, and the end.
     template <class Out>
     void step(int count, Out&& out) const
     {
         if (count > 1) {
-            // Equal chords turn by equal angles, so each follows from the one before by a rotation. All angles come
+            // Equal chords turn by equal angles, so each follows from the previous one by a rotation. All angles come
             // from half the angle of one chord and half the sweep.
             const double angle = 0.5 * bend.sweep / count;
             const double c = std::cos(angle);
@@ -129,7 +129,7 @@ struct SpaceArc {
     }
 };
 
-/// Appends a segment as `count` equal chords with its tag, or as one where it is straight.
+/// Appends a segment as `count` equal chords with its tag, or as one if it is straight.
 inline void appendChords(CVekVertexArray& chords, const CVekVertex& vertex, const SpaceArc& arc, int count)
 {
     CVekVertex chord = vertex;
@@ -141,8 +141,8 @@ inline void appendChords(CVekVertexArray& chords, const CVekVertex& vertex, cons
     });
 }
 
-/// Whether a segment stays within a tolerance of its chord, as far as that can be told quickly: every straight one, and
-/// an arc of up to a quarter turn, whose sagitta is half the chord times the bulge.
+/// Whether a segment is quickly seen to stay within a tolerance of its chord: every straight one, and an arc of up to a
+/// quarter turn, whose sagitta is half the chord times the bulge.
 inline bool isFlat(const CVekVertex& vertex, double tolerance)
 {
     constexpr double kQuarterTurn = std::numbers::sqrt2 - 1.0;
@@ -154,9 +154,10 @@ inline bool isFlat(const CVekVertex& vertex, double tolerance)
            bulge * bulge * chord.dot(chord) <= 4.0 * tolerance * tolerance;
 }
 
-/// Hands the points along a polyline to `out(const CVekPoint3d&)`, in order: what `CVekVertexArray::pts` collects,
-/// without an allocation, so that a draw pass can write them where it needs them. `start(const CVekPoint3d&)` gets the
-/// first point and every point at which the polyline goes on after a gap; with it the runs can be told apart.
+/// Passes the points along a polyline to `out(const CVekPoint3d&)`, in order: those that `CVekVertexArray::pts`
+/// collects, but without an allocation, so that a draw pass can write them where it needs them.
+/// `start(const CVekPoint3d&)` gets the first point and every point where the polyline continues after a gap, which
+/// separates the runs.
 template <class Start, class Out>
 void forEachPoint(const CVekVertexArray& polyline, bool arcs, double tolerance, Start&& start, Out&& out)
 {
@@ -179,18 +180,18 @@ void forEachPoint(const CVekVertexArray& polyline, bool arcs, double tolerance, 
     forEachPoint(polyline, arcs, tolerance, out, out);
 }
 
-/// A copy whose arcs are replaced by chords within 1e-4 of their radius, for what cannot keep them; empty where the
-/// memory is not to be had.
+/// A copy whose arcs are replaced by chords within 1e-4 of their radius, for use where arcs cannot be kept; empty when
+/// memory runs out.
 CVekVertexArray inFineChords(const CVekVertexArray& polyline);
 
-/// Whether a plane with this normal, of any length, lies parallel to xy, so that its arcs are arcs from above, too.
+/// Whether a plane with this normal, of any length, is parallel to xy, so that its arcs are also arcs seen from above.
 inline bool isLevel(const CVekVector3d& normal)
 {
     constexpr double kLevel = 1e-9; // sine of the angle to xy
     return normal[0] * normal[0] + normal[1] * normal[1] <= kLevel * kLevel * normal[2] * normal[2];
 }
 
-/// A polyline for those who look at it from above: itself, or where its arcs lie aslant a copy of it in fine chords.
+/// A polyline as seen from above: the polyline itself or, if its arcs are tilted, a copy with fine chords.
 class Levelled
 {
 public:
@@ -212,7 +213,7 @@ private:
     CVekVertexArray m_chords;
 };
 
-/// A segment of a level polyline as seen from above. About a normal that points down its bulge turns the other way.
+/// A segment of a level polyline as seen from above. If the normal points down, the bulge is negated.
 inline Arc flatArc(const CVekVertex& vertex, const CVekVector3d& normal)
 {
     return {{vertex.start[0], vertex.start[1]},

@@ -10,12 +10,12 @@
 namespace
 {
 
-/// What stands before the characters of a string.
+/// The header before the characters of a string.
 struct Header {
     unsigned length;
-    unsigned capacity; ///< characters that fit beside the terminator
+    unsigned capacity; ///< characters that fit, without the terminator
 };
-constexpr unsigned kUnmeasured = ~0u; ///< somebody outside may have written into the buffer
+constexpr unsigned kUnmeasured = ~0u; ///< a caller may have written into the buffer
 constexpr unsigned kMaxLength = 0x3FFFFFFF;
 
 Header* headerOf(wchar_t* text)
@@ -83,7 +83,7 @@ bool isLowSurrogate(int unit)
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// The format with its `%s` and `%c` marked as wide, since C libraries differ in what these take in wide formats.
+/// The format with its `%s` and `%c` marked as wide, since C libraries differ in what these mean in wide formats.
 std::wstring wideFormat(const wchar_t* form)
 {
     std::wstring wide;
@@ -100,7 +100,7 @@ std::wstring wideFormat(const wchar_t* form)
             wide += *form++;
         const bool narrow = *form == L'h' && (form[1] == L's' || form[1] == L'c');
         if (narrow) {
-            // glibc takes a plain %s as narrow and does not know %hs; the Windows library wants the h.
+            // glibc takes a plain %s as narrow and does not know %hs; the Windows library needs the h.
             if (sizeof(wchar_t) == 2)
                 wide += L'h';
             wide += form[1];
@@ -155,7 +155,7 @@ bool CVekString::room(unsigned count)
     const unsigned capacity = m_text ? headerOf(m_text)->capacity : 0;
     if (m_text && count <= capacity)
         return true;
-    // Growth by half keeps a text built piece by piece linear.
+    // Growth by half keeps building a text piece by piece linear.
     wchar_t* grown = newText(m_text ? std::max(count, std::min(kMaxLength, capacity + capacity / 2)) : count);
     if (!grown)
         return false;
@@ -228,7 +228,7 @@ int CVekString::find(const wchar_t* what, int start) const
     if (!what || start < 0 || start > len())
         return -1;
     if (!*what)
-        return start; // the C libraries differ in whether an empty text is found at the end
+        return start; // C libraries differ in whether an empty text is found at the end
     const wchar_t* hit = std::wcsstr(text() + start, what);
     return hit ? static_cast<int>(hit - text()) : -1;
 }
@@ -256,7 +256,7 @@ int CVekString::replace(const wchar_t* what, const wchar_t* with)
             from = at + static_cast<int>(count);
         }
         result.append(m_text + from, length() - static_cast<unsigned>(from));
-        result.room(1); // a text that is there has a block, even where all of it went
+        result.room(1); // the result of a replacement has a block, even if empty
         return result;
     });
     if (!replaced.m_text)
@@ -315,8 +315,8 @@ int CVekString::compareNoCase(const wchar_t* other) const
 
 CVekString& CVekString::format(const wchar_t* form, ...)
 {
-    // The C functions do not tell how much room a wide text needs, so the room doubles up to a limit that no text of
-    // this system comes near.
+    // The C functions do not return the size that a wide text needs, so the buffer doubles up to a limit that no text
+    // of this system comes near.
     constexpr unsigned kFirst = 256;
     constexpr unsigned kLast = 1u << 24;
     CVekString result;
@@ -344,7 +344,7 @@ void CVekString::unEscapeWideChar()
 {
     if (find(L'\\') < 0)
         return;
-    // The characters are never longer than their escape sequences, so they take their place from the left on.
+    // The characters are never longer than their escape sequences, so they are replaced in place from the left.
     wchar_t* to = m_text;
     for (const wchar_t* c = m_text; *c;) {
         const int unit = escapeAt(c);

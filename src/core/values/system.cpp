@@ -16,7 +16,7 @@ std::wstring_view viewOf(const wchar_t* text)
     return text ? std::wstring_view(text) : std::wstring_view();
 }
 
-/// A key without a backslash at its ends, which a registry would not take.
+/// A key without leading and trailing backslashes, which the registry would reject.
 std::wstring_view keyOf(const wchar_t* key)
 {
     const std::wstring_view text = viewOf(key);
@@ -77,7 +77,7 @@ bool regAppKey(CVekString& key, const wchar_t* text)
         return true;
     });
     if (good)
-        key = std::move(path); // only now, since `text` may be the key itself
+        key = std::move(path); // last, since `text` may be the key itself
     return good;
 }
 

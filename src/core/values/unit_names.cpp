@@ -13,7 +13,7 @@ struct UnitNames {
     const wchar_t* names;
 };
 
-// German first: it serves where a language is unknown.
+// German first: it is used if a language is unknown.
 constexpr UnitNames kUnitNames[] = {
     {L"de", L"Keine "
             L"Einheit|Zoll|Fuß|Meile|Millimeter|Zentimeter|Meter|Kilometer|Mikrozoll|Mil|Yard|Ångström|Nanometer|"

@@ -7,7 +7,7 @@ namespace
 {
 
 /// A unit's size in metres: `digits` times ten to the power `exponent`. Both are whole numbers, so that the ratio of
-/// two units comes out as near as a double can hold it; an inch is exactly 25.4 millimetres.
+/// two units is as precise as a double can be; an inch is exactly 25.4 millimetres.
 struct UnitSize {
     double digits = 0.0;
     int exponent = 0;
@@ -87,7 +87,7 @@ bool acadUnitCv(double value, int from, int to, double& result)
         return true;
     const Ratio ratio = ratioOf(fromUnit, toUnit);
     const double raised = value * ratio.up;
-    // The product keeps whole results whole; only where it overflows is the ratio taken first.
+    // Multiplying first keeps whole results whole; only if that overflows is the ratio computed first.
     result = std::isinf(raised) ? value * (ratio.up / ratio.down) : raised / ratio.down;
     return true;
 }
@@ -124,7 +124,7 @@ int autoPrec(int precision, Vek::lUnit unit, Vek::lFormat format)
     const bool fractions = format == Vek::formatArchitectural || format == Vek::formatFractional;
     const double millimetres = acadUnitCv(1.0, target, Vek::unitMillimetre);
     const double digits = fractions ? std::log2(millimetres) : std::log10(millimetres);
-    // Never coarser than in millimetres. A whole number of digits may come out of the logarithm a touch above itself.
+    // Never coarser than in millimetres. The logarithm of a whole number of digits may come out slightly too large.
     const int more = static_cast<int>(std::ceil(digits - 1e-9));
     return std::clamp(std::clamp(precision, -32, 32) + more, 0, 8);
 }

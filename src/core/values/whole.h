@@ -1,5 +1,5 @@
 /// @file
-/// The guard of everything that hands out, stores or reports a whole.
+/// The guard of everything that returns, stores or reports a complete result.
 #pragma once
 
 #include <vek/values/memory.h>
@@ -11,9 +11,10 @@
 namespace VEK
 {
 
-/// Runs a job that makes its result by itself and changes nothing else: the result goes where it belongs when it is
-/// there as a whole. A failure is so without traces, for whatever reason the count rose.
-/// @param failure the result when memory was short meanwhile; it is prepared before, and its move needs no memory
+/// Runs a job that computes its result and changes nothing else; the result is passed on only if it is complete. So a
+/// failure has no effects, for whatever reason the count rose.
+/// @param failure the result if an allocation failed meanwhile; it is prepared beforehand, and moving it must not
+/// allocate
 template <class Result, class Job>
 Result whole(Result failure, Job&& job)
 {
@@ -24,7 +25,7 @@ Result whole(Result failure, Job&& job)
             return result;
     } catch (const std::bad_alloc&) {
         memoryShort();
-    } catch (const std::length_error&) { // more than a standard container ever holds
+    } catch (const std::length_error&) { // more than a standard container can hold
         memoryShort();
     }
     return failure;

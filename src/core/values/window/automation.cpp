@@ -9,7 +9,7 @@
 namespace
 {
 
-/// The default value of a key below HKEY_CLASSES_ROOT, variables replaced; empty without one.
+/// The default value of a key below HKEY_CLASSES_ROOT, with variables expanded; empty if absent.
 std::wstring classValue(const std::wstring& key, REGSAM view)
 {
     HKEY handle = nullptr;
@@ -20,7 +20,7 @@ std::wstring classValue(const std::wstring& key, REGSAM view)
     while (status == ERROR_MORE_DATA) {
         value.resize(value.size() * 2);
         DWORD size = static_cast<DWORD>(value.size() * sizeof(wchar_t));
-        // RRF_RT_REG_SZ takes REG_EXPAND_SZ too and replaces its variables; the size told may then be too small.
+        // RRF_RT_REG_SZ accepts REG_EXPAND_SZ too and expands its variables; the reported size may then be too small.
         status = RegGetValueW(handle, nullptr, nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &size);
     }
     RegCloseKey(handle);
@@ -52,7 +52,7 @@ bool VEK::serverFromProgID(const wchar_t* progId, CVekString& path)
     const std::wstring key = std::wstring(L"CLSID\\") + idText + L"\\LocalServer32";
     std::wstring command = classValue(key, 0);
     if (command.empty())
-        command = classValue(key, KEY_WOW64_32KEY); // a server of 32 bits
+        command = classValue(key, KEY_WOW64_32KEY); // a 32-bit server
     const std::wstring program = platform::commandOf(command).program;
     if (program.empty())
         return false;
