@@ -1,5 +1,5 @@
 /// @file
-/// A region that is asked many times.
+/// A region prepared for many queries.
 #pragma once
 
 #include <vek/values/polyline.h>
@@ -14,15 +14,16 @@ namespace plane
 class PreparedRegion;
 }
 
-/// A region, or a single contour, made ready once for many cuts and questions; the rules are those of
+/// A region, or a single contour, prepared once for many cuts and queries; the rules are those of
 /// `<vek/geometry/region.h>`.
 ///
-/// To make it ready takes time as its segments do, with the logarithm of their number. A question then costs about what
-/// the way to the place asked before crosses, a cut what the polyline crosses, and neither looks at the whole region.
-/// `vl_punch`, `vl_punch_reg` and `g_vll_pt_inside` make one for a single use: worth having for the second question on.
+/// Preparing n segments takes time in n log n. A query then costs about as many steps as the way from the previously
+/// queried place crosses segments, a cut as many as the polyline crosses, and neither visits the whole region.
+/// `vl_punch`, `vl_punch_reg` and `g_vll_pt_inside` prepare one for a single use, so it pays off from the second query
+/// on.
 ///
-/// It keeps nothing of the polylines it was made of. It works with memory of its own from one call to the next, so one
-/// thread at a time may ask it. Where memory ends it contains nothing.
+/// It keeps no reference to the polylines it was made from. It reuses scratch memory between calls, so only one thread
+/// at a time may use it. When memory runs out it contains nothing.
 class VEK_API CPreparedRegion
 {
 public:
@@ -33,7 +34,7 @@ public:
     CPreparedRegion(CPreparedRegion&& other) noexcept;
     CPreparedRegion& operator=(CPreparedRegion&& other) noexcept;
 
-    /// Whether a point lies in the region or on its boundary; z is not looked at.
+    /// Whether a point lies in the region or on its boundary; z is ignored.
     bool isInside(const CVekPoint3d& point);
 
     /// The parts of a polyline inside the region, or the rest of it, as `vl_punch_reg` gives them.

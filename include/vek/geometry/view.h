@@ -10,12 +10,12 @@ namespace VEK
 /// The matrix of a view along a direction.
 ///
 /// In the view the direction is +z and points at the viewer, `point` is the origin, and the world's z axis points up;
-/// where the direction is vertical, the world's y axis does. So (0, 0, 1) with the origin gives the identity.
-/// @param direction from the drawing to the viewer, of any length; a null vector counts as (0, 0, 1)
-/// @param toView true takes the world to the view, false the view to the world
+/// if the direction is vertical, the world's y axis does. So (0, 0, 1) with the origin gives the identity.
+/// @param direction from the drawing to the viewer, of any length; a null vector is taken as (0, 0, 1)
+/// @param toView true maps the world to the view, false the view to the world
 VEK_API CVekMatrix3d g_mtx_view(const CVekVector3d& direction, const CVekPoint3d& point, bool toView);
 
-/// The matrix that takes the world to a named view.
+/// The matrix that maps the world to a named view.
 ///
 /// | name | direction | name | direction |
 /// |---|---|---|---|
@@ -25,18 +25,18 @@ VEK_API CVekMatrix3d g_mtx_view(const CVekVector3d& direction, const CVekPoint3d
 /// | "O" | (-1, 0, 0) | "SW" | (-1, -1, 1) |
 /// | "W" | (1, 0, 0) | "E" | (1, 0, 0) |
 ///
-/// The sign of x in "O" and "W" is opposite to that in "NO" and "SW": drawings rely on both as they are.
-/// @param name compared exactly, in upper case, a `CVekString` or plain text; any other name is the plan "P"
+/// The sign of x in "O" and "W" is opposite to that in "NO" and "SW": existing drawings rely on both.
+/// @param name compared exactly, in upper case; any other name is the plan view "P"
 VEK_API CVekMatrix3d g_mtx_view_dir(const wchar_t* name, const CVekPoint3d& point);
 
-/// Drops a segment into the xy plane: z of both points becomes 0.
+/// Projects a segment onto the xy plane: z of both points becomes 0.
 /// @return the same segment
 VEK_API CVekVertex& g_vx_xy(CVekVertex& vertex);
 
-/// The polyline as the matrix shows it: transformed, and every point dropped to z = 0.
+/// The polyline transformed by the matrix and projected onto the xy plane.
 ///
-/// Arcs stay arcs where their plane comes to lie parallel to xy; all others become chords first. A segment that is
-/// seen from its end stays, without length.
+/// Arcs stay arcs if their plane ends up parallel to xy; all others are first replaced by chords. A segment seen end-on
+/// is kept, without length.
 /// @param tolerance greatest distance between chord and arc, in the unit of the polyline
 VEK_API CVekVertexArray g_vl_proje_mtx_orig(CVekVertexArray vl, const CVekMatrix3d& m, double tolerance);
 

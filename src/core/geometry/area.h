@@ -6,8 +6,8 @@
 namespace VEK::detail
 {
 
-/// The area that a polyline encloses, arcs included, as its axis shows it: positive where it runs counter-clockwise
-/// about the axis. Gaps count as closed by straight segments.
+/// The area that a polyline encloses, arcs included, seen along the axis: positive if it runs counter-clockwise about
+/// the axis. Gaps are closed by straight segments.
 /// @param axis of length 1
 double signedArea(const CVekVertexArray& vl, const CVekVector3d& axis);
 

@@ -9,7 +9,7 @@ namespace VEK
 namespace
 {
 
-/// Chords of one arc that a caller can ask for; a number beyond it would only fill the memory.
+/// The most chords per arc that a caller gets; more would only fill the memory.
 constexpr int kMaxExplode = 1000000;
 
 template <class Count>
@@ -31,7 +31,7 @@ CVekVertexArray chordsOf(const CVekVertexArray& vl, Count&& count)
     });
 }
 
-/// Whether the plane of a normal comes to lie parallel to xy.
+/// Whether the plane of a normal ends up parallel to xy.
 bool liesLevel(const CVekVector3d& normal, const CVekMatrix3d& m)
 {
     CVekMatrix3d frame;
@@ -43,7 +43,7 @@ bool liesLevel(const CVekVector3d& normal, const CVekMatrix3d& m)
 
 int vx_split_dif(const CVekVertex& vertex, double dif)
 {
-    // In whatever plane the arc lies: a lone vertex does not tell, and the chord is as long from anywhere.
+    // Whatever plane the arc lies in: a lone vertex has no normal, and the chord's length does not depend on it.
     const double chord = vertex.start.distanceTo(vertex.end);
     const plane::Bend bend(vertex.bulge, chord);
     return bend.isArc() ? plane::chordCount(0.5 * chord / std::fabs(bend.sine), bend.sweep, dif) : 1;

@@ -9,7 +9,7 @@ bool appendChain(std::vector<Link>& links, const CVekVertexArray& contour)
 {
     const Levelled level(contour);
     const std::size_t first = links.size();
-    const double turn = level->normal()[2] < 0.0 ? -1.0 : 1.0; // as flatArc has it
+    const double turn = level->normal()[2] < 0.0 ? -1.0 : 1.0; // as in flatArc
     const auto add = [&](const CVekPoint3d& point, double bulge) {
         Link& link = links.emplace_back();
         link.point.x = point[0];
@@ -19,7 +19,7 @@ bool appendChain(std::vector<Link>& links, const CVekVertexArray& contour)
     const auto same = [](const CVekPoint3d& a, const CVekPoint3d& b) {
         return (a[0] == b[0] && a[1] == b[1]) || meets(Vec{a[0], a[1]}, Vec{b[0], b[1]});
     };
-    const CVekPoint3d* at = nullptr; // the end so far
+    const CVekPoint3d* at = nullptr; // the last point so far
     const CVekPoint3d* start = nullptr;
     for (const CVekVertex& vertex : *level) {
         const double dx = vertex.end[0] - vertex.start[0], dy = vertex.end[1] - vertex.start[1];

@@ -16,10 +16,10 @@ struct Link {
     double bulge = 0.0;
 };
 
-/// Appends a contour as seen from above: its points, the first one once more at the end. Points that count as one
-/// become the same, so that both segments there judge them alike; a gap is closed by a straight segment. Nothing is
-/// appended where no segment has a length.
-/// @return false where a coordinate is no finite number
+/// Appends a contour as seen from above: its points, with the first one repeated at the end. Points within tolerance of
+/// one another become identical, so that both segments there classify them alike; a gap is closed by a straight
+/// segment. Nothing is appended if no segment has a length.
+/// @return false if a coordinate is not finite
 bool appendChain(std::vector<Link>& links, const CVekVertexArray& contour);
 
 } // namespace VEK::plane

@@ -9,7 +9,7 @@ namespace
 
 constexpr std::uint32_t kLeafSegments = 8;
 
-/// Adds a box around an arc, for one up to a half circle without the price of the tight one.
+/// Adds a box around an arc; up to a half circle it is not the tight one, which costs more.
 void addArc(Box& box, Vec start, Vec end, double bulge)
 {
     Box arc{start, start};
@@ -57,7 +57,7 @@ ContourTree::ContourTree(const CVekVertexArray* contours, int count)
 void ContourTree::addLeaves(std::uint32_t first, std::uint32_t contour, std::vector<Box>& boxes)
 {
     const std::uint32_t last = static_cast<std::uint32_t>(m_links.size()) - 1;
-    // Short contours in four leaves at least: their box would say nothing of where their sides run.
+    // Short contours get at least four leaves: one box would say nothing about where their sides run.
     const std::uint32_t most = std::clamp((last - first) / 4, 1u, kLeafSegments);
     for (; first < last; first += most) {
         const Leaf leaf{first, std::min(most, last - first), contour};

@@ -1,4 +1,4 @@
-/// The contours of a region, made ready for being searched many times.
+/// The contours of a region, prepared for many searches.
 #pragma once
 
 #include "core/geometry/contour_chain.h"
@@ -10,24 +10,24 @@
 namespace VEK::plane
 {
 
-/// The segments of contours, a few to a leaf of a tree of boxes. It keeps no reference to the polylines.
+/// The segments of contours in a box tree, a few per leaf. It keeps no reference to the polylines.
 class ContourTree
 {
 public:
     /// Consecutive segments of one contour.
     struct Leaf {
-        std::uint32_t first; ///< position of the first one's link
+        std::uint32_t first; ///< index of the first one's link
         std::uint32_t count;
         std::uint32_t contour;
     };
 
-    /// Stays empty where a coordinate is no finite number.
+    /// Stays empty if a coordinate is not finite.
     ContourTree(const CVekVertexArray* contours, int count);
 
     bool isEmpty() const { return m_leaves.empty(); }
     bool hasOuter() const { return m_hasOuter; } ///< the first contour has a segment
     double tolerance() const { return m_tolerance; }
-    const Box& box() const { return m_tree.all(); } ///< of all contours; only if there are any
+    const Box& box() const { return m_tree.all(); } ///< of all contours; there must be one
     Vec start(std::uint32_t link) const { return m_links[link].point; }
     Arc side(std::uint32_t link) const { return {m_links[link].point, m_links[link + 1].point, m_links[link].bulge}; }
     bool isStraight(std::uint32_t link) const { return m_links[link].bulge == 0.0; }
@@ -39,9 +39,9 @@ public:
         m_tree.visit(meets, [&](std::uint32_t place, const Box& box) { found(m_leaves[place], box); });
     }
 
-    /// Calls `pass(point, positive)` for every passage of a leaf's segments through the carrier; positive tells to
+    /// Calls `pass(point, positive)` for every crossing of a leaf's segments through the carrier; positive says to
     /// which side.
-    /// @return the carrier's form at the vertex that is nearest to it, without its sign
+    /// @return the absolute value of the carrier's form at the vertex nearest to it
     template <class Pass>
     double visitPassages(const Leaf& leaf, const Carrier& carrier, Pass&& pass) const
     {
@@ -64,7 +64,7 @@ public:
         return nearest;
     }
 
-    /// Calls `touch(contour)` for segments on which a point lies within the tolerance, once for each of their leaves.
+    /// Calls `touch(contour)` for segments on which a point lies within the tolerance, once per leaf.
     template <class Touch>
     void visitTouched(Vec p, Touch&& touch) const
     {

@@ -48,7 +48,7 @@ CVekVertexArray partOf(const CVekVertexArray& vl, const CVekPoint3d& from, const
         const bool starts = i == first->index;
         const bool ends = i == last->index;
         CVekVertex part = detail::Segment(vl[i], vl.normal()).part(starts ? first->t : 0.0, ends ? last->t : 1.0);
-        // The given points themselves, so that parts cut at one point meet in it.
+        // Use the given points, so that parts cut at one point meet exactly.
         if (starts)
             part.start = *firstPoint;
         if (ends)

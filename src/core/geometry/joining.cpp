@@ -26,7 +26,7 @@ std::uint64_t mixed(std::uint64_t bits)
     return bits ^ bits >> 29;
 }
 
-/// Gives points numbers; points that count as one get the same.
+/// Numbers points; points within tolerance of one another get the same number.
 class PointNumbers
 {
 public:
@@ -34,7 +34,7 @@ public:
 
     int operator()(const CVekPoint3d& p)
     {
-        // What counts as one lies in the same cell, or beside it where the point is that near to the cell's side.
+        // A point within tolerance is in the same cell, or in the next one if the point is that close to its side.
         const double x = p[0] / (kCell * m_tolerance), y = p[1] / (kCell * m_tolerance);
         const double xs[] = {std::floor(x - 1.0 / kCell), std::floor(x + 1.0 / kCell)};
         const double ys[] = {std::floor(y - 1.0 / kCell), std::floor(y + 1.0 / kCell)};
@@ -61,14 +61,14 @@ private:
 
     struct Numbered {
         CVekPoint3d point;
-        int next; ///< the one before in the same cell
+        int next; ///< the previous one in the same cell
     };
 
     static std::size_t at(int i) { return static_cast<std::size_t>(i); }
 
     static std::uint64_t key(double x, double y)
     {
-        // Cells that share a key only cost a comparison more.
+        // Cells that share a key only cost another comparison.
         const auto bits = [](double v) {
             return std::fabs(v) < 1e18 ? static_cast<std::uint64_t>(static_cast<std::int64_t>(v)) : std::uint64_t{0};
         };
@@ -80,7 +80,7 @@ private:
     std::unordered_map<std::uint64_t, int> m_first;
 };
 
-/// What tells a segment from another one whatever its direction: the numbers of its ends and of its middle.
+/// Identifies a segment whatever its direction: the numbers of its ends and of its middle.
 using Identity = std::array<int, 3>;
 
 Identity identity(int start, int end, int middle)
@@ -98,7 +98,7 @@ struct IdentityHash {
     }
 };
 
-/// An order of points that comes from nothing but where they lie.
+/// An order of points that depends only on their position.
 bool before(const CVekPoint3d& a, const CVekPoint3d& b)
 {
     for (int axis = 0; axis < 3; ++axis) {
@@ -113,9 +113,9 @@ struct Edge {
     CVekVertex vertex;
     CVekVector3d normal;
     int from, to;
-    int order; ///< of the run that it comes from
+    int order; ///< of the run it comes from
 
-    /// The segment in the other direction, or in its own one.
+    /// The segment in its own or in the opposite direction.
     CVekVertex directed(bool back) const
     {
         CVekVertex own = vertex;
@@ -127,10 +127,10 @@ struct Edge {
     }
 };
 
-/// The faces of the plane graph of loose segments: what they part the plane into, but for the endless rest.
+/// The bounded faces of the planar graph of loose segments.
 ///
-/// Each edge is gone along in both directions, with the face at its left. At a node a face goes on along the edge that
-/// comes next by angle. Neither the order nor the directions of the segments come into it.
+/// Each edge is walked in both directions, with the face on its left. At a node a face continues along the next edge by
+/// angle. Neither the order nor the direction of the segments matters.
 class Faces
 {
 public:
@@ -160,7 +160,7 @@ public:
                 m_onPath[size(start(way))] = static_cast<int>(m_path.size());
                 m_path.push_back(way);
                 const int begin = m_onPath[size(end(way))];
-                if (begin >= 0) // a face that meets itself in a node is taken apart there; a dead end bounds nothing
+                if (begin >= 0) // a face that touches itself in a node is split there; a dead end bounds nothing
                     takeLoop(size(begin), found);
             }
             m_path.clear();
@@ -168,7 +168,7 @@ public:
     }
 
 private:
-    /// An edge in one direction: twice its number, one more against the direction of its segment.
+    /// An edge in one direction: twice its number, plus one if it is against the direction of its segment.
     using Way = std::size_t;
 
     static std::size_t size(int number) { return static_cast<std::size_t>(number); }
@@ -176,8 +176,8 @@ private:
     int start(Way way) const { return way % 2 ? edge(way).to : edge(way).from; }
     int end(Way way) const { return start(way ^ 1); }
 
-    /// Where a way has gone to at a distance from its start, as seen from there: all ways out of a node are compared at
-    /// one distance, since those that leave it as tangents part only on their way.
+    /// The position of a way at a distance from its start, relative to that. All ways out of a node are compared at the
+    /// same distance, since those with a common tangent separate only further on.
     static CVekVector3d leaving(const plane::SpaceArc& arc, double distance)
     {
         if (!arc.bend.isArc())
@@ -186,7 +186,7 @@ private:
         return arc.at(std::min(1.0, 2.0 * half / std::fabs(arc.bend.sweep))) - arc.start;
     }
 
-    /// How far from its start a way gets before it can come back.
+    /// How far a way gets from its start before it may turn back.
     static double reach(const plane::SpaceArc& arc)
     {
         return std::fabs(arc.bend.sweep) > std::numbers::pi ? 2.0 * arc.radius() : arc.length;
@@ -243,7 +243,7 @@ private:
         }
         contour[-1].end = contour[0].start;
         m_path.resize(begin);
-        if (detail::signedArea(contour, CVekVector3d::kZAxis) > 0.0) // else the rest around it
+        if (detail::signedArea(contour, CVekVector3d::kZAxis) > 0.0) // else the unbounded face around it
             found(std::move(contour), order);
     }
 
@@ -254,16 +254,16 @@ private:
     };
 
     const std::vector<Edge>& m_edges;
-    std::vector<std::size_t> m_begins; ///< of each node in the list of ways
-    std::vector<Way> m_ways;           ///< those out of the first node, out of the second, ...
-    std::vector<Way> m_clockwise;      ///< of each way, the one out of the same node that is next clockwise
+    std::vector<std::size_t> m_begins; ///< where each node's ways begin in the list
+    std::vector<Way> m_ways;           ///< those leaving the first node, the second, ...
+    std::vector<Way> m_clockwise;      ///< for each way, the next one clockwise at the same node
     std::vector<char> m_isUsed;        ///< of each way
-    std::vector<int> m_onPath;         ///< of each node, its place on the path
+    std::vector<int> m_onPath;         ///< for each node, its place on the path
     std::vector<Way> m_path;
     std::vector<Out> m_outs;
 };
 
-/// A run without segments that have no length or no finite numbers; those that remain meet exactly.
+/// A run without its segments that have no length or are not finite; the rest meet exactly.
 CVekVertexArray cleaned(const CVekVertexArray& run, double tolerance)
 {
     CVekVertexArray clean;
@@ -324,7 +324,7 @@ CVekArrayTempl<CVekVertexArray> joined(const CVekArrayTempl<CVekVertexArray>& vl
     std::stable_sort(contours.begin(), contours.end(), [](const Ordered& a, const Ordered& b) {
         if (a.order != b.order)
             return a.order < b.order;
-        // Faces of which one and the same segment is the first.
+        // Faces with the same first segment.
         const CVekVertex &first = a.contour[0], &second = b.contour[0];
         return first.start != second.start ? before(first.start, second.start) : before(first.end, second.end);
     });

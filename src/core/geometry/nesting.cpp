@@ -16,14 +16,14 @@ namespace
 
 constexpr int kNone = -1;
 
-/// A piece of a contour between two places at which it turns back in x.
+/// A piece of a contour that is monotonic in x.
 struct Piece {
     plane::Vec left;
     plane::Vec right;
     double bulge; ///< from left to right
     int contour;
-    bool enters;              ///< the inside of the contour lies above it
-    std::uint32_t begin, end; ///< the columns that it goes through
+    bool enters;              ///< the inside of the contour is above it
+    std::uint32_t begin, end; ///< the columns that it crosses
 };
 
 double heightAt(const Piece& piece, double x)
@@ -38,11 +38,11 @@ double heightAt(const Piece& piece, double x)
     return plane::Arc(piece.left, piece.right, piece.bulge).at(found.t[0]).y;
 }
 
-/// Looks straight down from a place of each contour that lies on no vertex of any.
+/// Looks straight down from a place on each contour that has no vertex of any contour on its vertical.
 ///
-/// What comes first below either belongs to the contour that contains it, or to one beside it, with which it shares
-/// what contains it. Pieces at one height follow one another as they would if the contours stood a little apart: what
-/// ends there comes first, small ones before large ones, then what begins, large ones before small ones.
+/// The first piece below belongs either to the contour that contains it, or to a neighbour with the same container.
+/// Pieces at one height are ordered as if the contours were slightly apart: first those that end there, small ones
+/// before large ones, then those that begin, large ones before small ones.
 class Nesting
 {
 public:
@@ -76,7 +76,7 @@ public:
             path.clear();
             while (true) {
                 int& own = parents[at(contour)];
-                if (own != kOpen) { // contours that cross may name each other
+                if (own != kOpen) { // contours that cross may refer to each other
                     parent = own == kOnPath ? kNone : own;
                     break;
                 }
@@ -87,7 +87,7 @@ public:
                     parent = below.contour;
                     break;
                 }
-                contour = below.contour; // beside it
+                contour = below.contour; // a neighbour
             }
             for (const int beside : path)
                 parents[at(beside)] = parent;
@@ -96,7 +96,7 @@ public:
     }
 
 private:
-    /// A straight line up and down, between the x of two vertices.
+    /// A vertical line, between the x of two vertices.
     struct Column {
         double x;
         std::uint32_t gap;
@@ -123,7 +123,7 @@ private:
             addPiece(side.at(from), side.at(to), side.isArc() ? std::tan(0.25 * part) : 0.0);
             from = to;
         };
-        if (side.isArc()) { // it turns back where it runs straight up or down
+        if (side.isArc()) { // it turns back in x where its tangent is vertical
             constexpr double kHalf = std::numbers::pi;
             const double way = side.sweep() > 0.0 ? 1.0 : -1.0;
             const double first = std::atan2(side.chord().y, side.chord().x) - 0.5 * side.sweep();
@@ -146,7 +146,7 @@ private:
             m_pieces.push_back({to, from, -bulge, contour, m_areas.back() < 0.0, 0, 0});
     }
 
-    /// Chooses for each contour the piece to look down from, and where.
+    /// Chooses for each contour the piece and the place to look down from.
     void chooseColumns()
     {
         std::vector<double> xs;
@@ -198,7 +198,8 @@ private:
         Column column;
     };
 
-    /// The lowest piece of a contour in the middle of one of its pieces, best where the contour is not thin above it.
+    /// The lowest piece of a contour at the middle of one of its pieces, preferably where the contour is not thin above
+    /// it.
     Lookout lookout(std::size_t contour, const std::vector<double>& xs) const
     {
         constexpr std::size_t kTries = 8;
@@ -239,7 +240,7 @@ private:
 
     double width(std::size_t piece) const { return m_pieces[piece].right.x - m_pieces[piece].left.x; }
 
-    /// Calls `visit(node)` for the nodes of the tree over the columns that together cover those of a piece.
+    /// Calls `visit(node)` for the nodes of the column tree that together cover the columns of a piece.
     template <class Visit>
     void visitNodes(const Piece& piece, Visit&& visit) const
     {
@@ -252,7 +253,7 @@ private:
         }
     }
 
-    /// Lists for each node of the tree the pieces that go through all of its columns, from below upwards.
+    /// Lists for each node of the tree the pieces that cross all of its columns, from bottom to top.
     void fillTree()
     {
         for (m_leaves = 1; m_leaves < m_columns.size();)
@@ -284,7 +285,7 @@ private:
     void sortUpwards(Iterator begin, Iterator end) const
     {
         std::sort(begin, end, [](const Entry& a, const Entry& b) { return a.y < b.y; });
-        while (begin != end) { // pieces at one height among themselves
+        while (begin != end) { // sort pieces at one height
             Iterator behind = begin + 1;
             while (behind != end && behind->y - (behind - 1)->y <= m_tolerance)
                 ++behind;
@@ -304,7 +305,7 @@ private:
         return a.contour != b.contour && outer == a.enters;
     }
 
-    /// The order of pieces that stand at two heights in one column.
+    /// The order of pieces at different heights in one column.
     bool isLower(const Piece& a, double y, const Piece& b, double than) const
     {
         return std::fabs(y - than) > m_tolerance ? y < than : precedes(a, b);
@@ -349,11 +350,11 @@ private:
 
     std::vector<double> m_areas;
     std::vector<Piece> m_pieces;
-    std::vector<std::size_t> m_first; ///< of each contour, its first piece
+    std::vector<std::size_t> m_first; ///< for each contour, its first piece
     double m_tolerance = 0.0;
     std::vector<Lookout> m_lookouts;
     std::vector<Column> m_columns;
-    std::size_t m_leaves = 1; ///< of the tree; node n has the nodes 2n and 2n + 1 below it
+    std::size_t m_leaves = 1; ///< of the tree; node n has the children 2n and 2n + 1
     std::vector<std::size_t> m_begins;
     std::vector<Entry> m_entries;
 };

@@ -1,4 +1,4 @@
-/// Which contour lies in which.
+/// Which contour contains which.
 #pragma once
 
 #include <vek/values/polyline.h>
@@ -8,8 +8,8 @@
 namespace VEK::detail
 {
 
-/// For each of some closed contours that do not cross, the position of the smallest one that contains it, or -1.
-/// Contours may touch and share sides; of two that are the same neither contains the other. Takes n log^2 n for n
+/// For each of a list of closed contours that do not cross, the index of the smallest one that contains it, or -1.
+/// Contours may touch and share sides; of two identical ones neither contains the other. Takes n log^2 n time for n
 /// segments, however the contours lie.
 std::vector<int> parentsOf(const CVekArrayTempl<CVekVertexArray>& contours);
 

@@ -14,7 +14,7 @@ double arcAreaOfUnitChord(double bulge)
 {
     const double angle = 4.0 * std::atan(bulge);
     const double square = angle * angle;
-    // Angle minus sine, by its series where the difference would lose its digits.
+    // Angle minus sine, by its series where the difference would cancel.
     const double difference = std::fabs(angle) < 0.5
                                   ? angle * square / 6.0 * (1.0 - square / 20.0 * (1.0 - square / 42.0))
                                   : angle - std::sin(angle);
@@ -28,7 +28,7 @@ double detail::signedArea(const CVekVertexArray& vl, const CVekVector3d& axis)
 {
     if (vl.len() == 0)
         return 0.0;
-    // Relative to a point of the polyline, so that a small one far from the origin keeps its digits.
+    // Relative to a point of the polyline, so that a small one far from the origin keeps its precision.
     const CVekPoint3d origin = vl[0].start;
     CVekVector3d before, twice;
     double arcs = 0.0;

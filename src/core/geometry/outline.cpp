@@ -20,7 +20,7 @@ struct Corner {
 
 using Corners = std::vector<Corner>;
 
-/// Lengths that differ by no more than this part of them are one.
+/// Lengths are equal within this relative difference.
 constexpr double kSame = 1e-12;
 
 void append(CVekVertexArray& vl, double x0, double y0, double x1, double y1, double bulge = 0.0)
@@ -28,8 +28,8 @@ void append(CVekVertexArray& vl, double x0, double y0, double x1, double y1, dou
     vl.append(CVekVertex({x0, y0, 0.0}, {x1, y1, 0.0}, bulge));
 }
 
-/// The shape of counter-clockwise corners about the middle of its box. Corners that coincide with the one before are
-/// left out; empty where fewer than three remain or a rounding finds no room.
+/// The shape of counter-clockwise corners about the centre of its box. Corners that coincide with the previous one are
+/// left out; empty if fewer than three remain or a corner radius does not fit.
 CVekVertexArray cornered(Corners corners)
 {
     struct Rounded {
@@ -78,7 +78,7 @@ CVekVertexArray cornered(Corners corners)
             vl.append(CVekVertex(here.in, here.out, here.bulge));
         if (straight > kSame * side)
             vl.append(CVekVertex(here.out, next.in));
-        else if (here.reach > 0.0) // the roundings meet: in one point
+        else if (here.reach > 0.0) // the roundings meet in one point
             vl[-1].end = next.in;
     }
     return vl;
@@ -173,7 +173,8 @@ CVekVertexArray chamfered(double w, double h, double c)
     return cornered({{c, 0}, {w - c, 0}, {w, c}, {w, h - c}, {w - c, h}, {c, h}, {0, h - c}, {0, c}});
 }
 
-// The profiles: w and h are width and height of the box, s the thickness of what stands, t of what lies, r the fillet.
+// The profiles: w and h are width and height of the box, s and t the thickness of vertical and horizontal parts, r the
+// fillet.
 
 CVekVertexArray profileL(double w, double h, double s, double t, double r)
 {
@@ -263,9 +264,9 @@ CVekVertexArray cross(double w, double h, double s, double t)
                      {left, low}});
 }
 
-/// A row of the table of kinds. One letter for each parameter: '+' above 0, '0' also 0 itself, '*' any number, 'x' and
-/// 'y' of either sign but not 0: a negative one mirrors, x at the y axis and y at the x axis, and the shape is made of
-/// its amount.
+/// A row of the table of kinds. One letter per parameter: '+' above 0, '0' at least 0, '*' any number, 'x' and 'y' of
+/// either sign but not 0: the shape is made with the absolute value, and a negative one mirrors it, x at the y axis and
+/// y at the x axis.
 struct Kind {
     const char* rules;
     CVekVertexArray (*make)(const double* p);
@@ -310,7 +311,7 @@ const Kind kKinds[] = {
 
 constexpr int kMostParameters = 5;
 
-/// Whether a parameter is possible by the letter of its rule.
+/// Whether a parameter is valid by the letter of its rule.
 bool fits(char rule, double value)
 {
     if (!std::isfinite(value))

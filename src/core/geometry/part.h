@@ -10,7 +10,7 @@
 namespace VEK::detail
 {
 
-/// A segment of a polyline, prepared for lengths, parameters and parts. Its parameter runs from 0 to 1 along it.
+/// A segment of a polyline, prepared for computing lengths, parameters and parts. Its parameter runs from 0 to 1.
 class Segment
 {
 public:
@@ -44,7 +44,7 @@ public:
         return vertex;
     }
 
-    /// Appends the segment as `count` equal chords, or as it is where it is straight.
+    /// Appends the segment as `count` equal chords, or unchanged if it is straight.
     void appendChords(CVekVertexArray& chords, int count) const
     {
         plane::appendChords(chords, *m_vertex, m_arc, count);

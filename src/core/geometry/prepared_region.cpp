@@ -7,7 +7,7 @@ namespace VEK::plane
 namespace
 {
 
-/// Sweep above which the centre of an arc is near enough to judge by the distance from it.
+/// Sweep above which the centre of an arc is near enough to classify points by their distance from it.
 constexpr double kBent = 0.5;
 
 /// Whether the whole line of a straight segment passes through a box.
@@ -51,7 +51,7 @@ void PreparedRegion::findTouched(Vec p, std::vector<std::uint32_t>& touched) con
     touched.erase(std::unique(touched.begin(), touched.end()), touched.end());
 }
 
-/// Brings the standing of contours on which a point does not lie from outside to that point: from the known place, or
+/// Updates the standing of the contours that a point is not on, from outside to that point: from the known place, or
 /// from the nearest side where nothing is inside.
 void PreparedRegion::goTo(Vec p, Walk walk)
 {
@@ -90,7 +90,7 @@ void PreparedRegion::goTo(Vec p, Walk walk)
                      });
 }
 
-/// Keeps a place on no boundary, to which the present standing belongs.
+/// Remembers a place on no boundary, to which the current standing belongs.
 void PreparedRegion::keepKnown(Vec p)
 {
     m_known = p;
@@ -146,7 +146,7 @@ void PreparedRegion::addStretches(const Arc& segment, const ContourTree::Leaf& l
     }
 }
 
-/// Collects what happens along a segment, in order.
+/// Collects the events along a segment, in order.
 void PreparedRegion::gather(const Arc& segment)
 {
     m_events.clear();
@@ -170,7 +170,7 @@ void PreparedRegion::gather(const Arc& segment)
                 if (t >= 0.0 && t <= 1.0)
                     m_events.push_back({t, leaf.contour, Standing::kPass});
             });
-            // A stretch in common ends where one of the two segments ends, so an end of one lies on the other.
+            // A common stretch ends where one of the two segments ends, so an end of one lies on the other.
             box.grow(tolerance);
             if (nearest <= near || (box.holds(segment.start()) && box.holds(segment.end())))
                 addStretches(segment, leaf, carrier);
@@ -178,7 +178,7 @@ void PreparedRegion::gather(const Arc& segment)
     std::sort(m_events.begin(), m_events.end(), [](const Event& a, const Event& b) { return a.t < b.t; });
 }
 
-/// The longest piece between events that runs along no boundary, or not along that of one contour; empty without any.
+/// The longest piece between events that runs along no boundary, or not along that of one contour; empty if none.
 Span PreparedRegion::longestFree(int contour) const
 {
     Span best{0.0, 0.0};
@@ -199,11 +199,11 @@ Span PreparedRegion::longestFree(int contour) const
     return best;
 }
 
-/// A place of the segment within a free piece of it at which a contour does not touch it; what lies on the contour
-/// there goes into the touched.
+/// A place within a free piece of the segment that a contour does not touch; `m_touched` receives the contours that it
+/// lies on.
 double PreparedRegion::placeOff(const Arc& segment, std::uint32_t contour, const Span& free)
 {
-    // Touches stand alone or in even rows; steps by the golden section keep away from both.
+    // Touches are isolated or evenly spaced; steps by the golden section avoid both.
     constexpr double kGolden = 0.6180339887498949;
     constexpr int kTries = 64;
     double part = 0.5;
@@ -216,8 +216,8 @@ double PreparedRegion::placeOff(const Arc& segment, std::uint32_t contour, const
     return free.from + part * (free.to - free.from);
 }
 
-/// Brings the standing of contours to the start of a segment, from a place of it that does not lie on them. The
-/// passages between the two are the events themselves, so that rounding at the start cannot turn the rest over.
+/// Updates the standing of contours to the start of a segment, from a place on it that is not on them. The crossings
+/// between the two are the events themselves, so that rounding at the start cannot invert the rest.
 void PreparedRegion::judge(const Arc& segment, double place, Walk walk)
 {
     const Vec p = segment.at(place);
@@ -232,8 +232,8 @@ void PreparedRegion::judge(const Arc& segment, double place, Walk walk)
     }
 }
 
-/// Brings the standing to the start of a segment. A contour is judged from a place that it does not touch, almost
-/// always from the same one as all others.
+/// Updates the standing to the start of a segment. A contour is classified from a place that it does not touch, almost
+/// always the same one for all contours.
 void PreparedRegion::findStart(const Arc& segment)
 {
     m_standing.reset();
@@ -252,7 +252,7 @@ void PreparedRegion::findStart(const Arc& segment)
         const std::uint32_t contour = m_open.back();
         m_open.pop_back();
         const Span own = longestFree(static_cast<int>(contour));
-        if (!(own.to > own.from)) // it runs along the whole segment, which is all that counts
+        if (!(own.to > own.from)) // it runs along the whole segment, which is all that matters
             continue;
         const double place = placeOff(segment, contour, own);
         const auto stays = std::partition(m_open.begin(), m_open.end(), [&](std::uint32_t other) {
@@ -269,7 +269,7 @@ void PreparedRegion::findStart(const Arc& segment)
     }
 }
 
-/// Walks the events from the start and collects what is inside.
+/// Walks the events from the start and collects the inside stretches.
 void PreparedRegion::sweep(double length)
 {
     const double least = m_contours.tolerance() / length;

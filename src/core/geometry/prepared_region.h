@@ -1,4 +1,4 @@
-/// A region made ready for being cut many times.
+/// A region prepared for many cuts.
 #pragma once
 
 #include "core/geometry/contour_tree.h"
@@ -14,13 +14,12 @@ struct Span {
     double to;
 };
 
-/// A region made ready once for many cuts and questions: a cut costs what it crosses and little more, not the whole
-/// contour. It keeps no reference to the polylines it was made of, and its scratch memory from one call to the next; so
-/// one thread at a time.
+/// A region prepared once for many cuts and queries: a cut costs little more than what it crosses, not the whole
+/// contour. It keeps no reference to the polylines it was made from, and reuses scratch memory between calls, so only
+/// one thread at a time may use it.
 ///
 /// Inside is what lies inside the outer contour and outside every hole; the boundary belongs to the region, within the
-/// point tolerance. A region whose outer contour is empty, or that has a coordinate that is no finite number, contains
-/// nothing.
+/// point tolerance. A region whose outer contour is empty, or that has a non-finite coordinate, contains nothing.
 class PreparedRegion
 {
 public:
@@ -40,19 +39,19 @@ public:
         return touches;
     }
 
-    /// The stretches of a segment that lie inside, in order and apart from one another; none is shorter than the
-    /// tolerance unless the segment is. What is outside lies between them. They stand until the next call.
+    /// The stretches of a segment that are inside, in order and separate; none is shorter than the tolerance unless the
+    /// segment is. What is between them is outside. Valid until the next call.
     const std::vector<Span>& spans(const Arc& segment);
 
 private:
-    /// What happens at a place along a segment; the step is that of `Standing`.
+    /// An event at a place along a segment; the step is that of `Standing`.
     struct Event {
         double t;
         std::uint32_t contour;
         int step;
     };
 
-    /// Contours that a walk looks at: those that are set aside, or all others.
+    /// The contours that a walk considers: those that are set aside, or all others.
     enum class Walk { others, setAside };
 
     static constexpr int kAnyContour = -1;
@@ -81,12 +80,12 @@ private:
     std::vector<Event> m_events;
     std::vector<Span> m_spans;
 
-    // Contours that need a place of their own to be judged from.
+    // Contours that need a separate place to be classified from.
     std::vector<char> m_isSetAside; ///< one for each contour
     std::vector<std::uint32_t> m_open;
     std::vector<std::uint32_t> m_touched;
 
-    // A place that lies on no boundary, from which the next one is often not far.
+    // A place on no boundary; the next one queried is often near it.
     Vec m_known;
     std::vector<std::uint32_t> m_knownWithin; ///< the contours around it
     bool m_isKnown = false;

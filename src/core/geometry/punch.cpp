@@ -12,7 +12,7 @@ namespace
 
 using Pieces = CVekArrayTempl<CVekVertexArray>;
 
-/// Collects the wanted parts of one continuous run, and joins those that follow on one another.
+/// Collects the wanted parts of one continuous run, and joins consecutive ones.
 class RunCollector
 {
 public:
@@ -65,8 +65,8 @@ private:
     Pieces& m_pieces;
     int m_begin;              ///< the run's first piece
     bool m_first = true;      ///< the run's first segment
-    bool m_fromStart = false; ///< a piece begins where the run begins
-    bool m_goesOn = false;    ///< the segment before was wanted up to its end
+    bool m_fromStart = false; ///< a piece begins at the start of the run
+    bool m_goesOn = false;    ///< the previous segment was wanted up to its end
     bool m_reachesEnd = false;
 };
 

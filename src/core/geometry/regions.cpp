@@ -21,7 +21,7 @@ bool boundsArea(const CVekVertexArray& contour)
     return std::isfinite(area) && area != 0.0;
 }
 
-/// How many contours lie around each.
+/// How many contours contain each one.
 std::vector<int> depthsOf(const std::vector<int>& parents)
 {
     constexpr int kOpen = -1, kOnPath = -2;
@@ -36,7 +36,7 @@ std::vector<int> depthsOf(const std::vector<int>& parents)
                 break;
             walk = static_cast<std::size_t>(parents[walk]);
         }
-        int depth = depths[walk] >= 0 ? depths[walk] : -1; // contours that cross may name each other
+        int depth = depths[walk] >= 0 ? depths[walk] : -1; // contours that cross may refer to each other
         for (; !path.empty(); path.pop_back())
             depths[path.back()] = ++depth;
     }

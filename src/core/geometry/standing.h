@@ -1,4 +1,4 @@
-/// Inside or outside, kept up while one goes along a line.
+/// Inside or outside, updated along a line.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,9 @@
 namespace VEK::plane
 {
 
-/// How a place stands to each contour of a region, number 0 being the outer one. It begins outside of all, and each
-/// passage through a contour and each stretch along one changes it, so that a step costs the same however many contours
-/// there are.
+/// Whether a place is inside each contour of a region, number 0 being the outer one. It begins outside all of them and
+/// is updated at each crossing of a contour and each stretch along one, so that a step takes constant time however many
+/// contours there are.
 class Standing
 {
 public:
@@ -17,8 +17,8 @@ public:
 
     explicit Standing(std::size_t contours) : m_contours(contours) {}
 
-    /// Goes on over what happens at a contour.
-    /// @param step `kPass`, or 1 and -1 where a stretch along its boundary begins and ends
+    /// Steps over an event at a contour.
+    /// @param step `kPass`, or 1 and -1 at the beginning and end of a stretch along its boundary
     void apply(std::uint32_t contour, int step)
     {
         Contour& own = m_contours[contour];
@@ -34,7 +34,7 @@ public:
         own.listed = true;
     }
 
-    /// Outside of all again.
+    /// Goes back to outside all contours.
     void reset()
     {
         for (const std::uint32_t contour : m_touched)
@@ -46,22 +46,22 @@ public:
     bool isWithin(std::uint32_t contour) const { return m_contours[contour].within; }
     bool isInOuter() const { return m_contours[0].within || m_contours[0].along > 0; }
 
-    /// Whether the place lies in the region, to which its boundary belongs.
+    /// Whether the place is in the region, whose boundary belongs to it.
     bool isInside() const { return isInOuter() && m_blocked == 0; }
 
-    /// The contours that were passed or run along, in which alone the place can lie.
+    /// The contours that were crossed or run along; the place can be inside no others.
     const std::vector<std::uint32_t>& touched() const { return m_touched; }
 
 private:
     struct Contour {
-        bool listed = false; ///< among the touched
+        bool listed = false; ///< is among the touched
         bool within = false;
         int along = 0; ///< number of stretches of its boundary that run here
     };
 
     std::vector<Contour> m_contours;
     std::vector<std::uint32_t> m_touched;
-    int m_blocked = 0; ///< holes that the place lies in
+    int m_blocked = 0; ///< holes that contain the place
 };
 
 } // namespace VEK::plane

@@ -52,7 +52,7 @@ CVekMatrix3d g_mtx_view_dir(const wchar_t* name, const CVekPoint3d& point)
 {
     if (name && std::wcscmp(name, L"E") == 0)
         return g_mtx_view(CVekVector3d::kXAxis, point, true);
-    return g_mtx_view(detail::viewDirection(name), point, true); // no direction counts as the plan
+    return g_mtx_view(detail::viewDirection(name), point, true); // a null direction gives the plan view
 }
 
 CVekVertex& g_vx_xy(CVekVertex& vertex)
