@@ -1,5 +1,5 @@
 /// @file
-/// The host: the program in which the library runs, as a CAD package.
+/// The host: the program in which the library runs, for example a CAD package.
 #pragma once
 
 #include <vek/data/file.h>
@@ -13,7 +13,7 @@
 
 class CVekGDX;
 
-/// What the library asks of its host. A host derives from it; the order of the operations is part of the interface.
+/// The interface to the host, from which a host derives; the order of the operations is part of it.
 class VEK_API CVekApp : public CVekObj
 {
 public:
@@ -23,41 +23,41 @@ public:
     /// The background of display objects and pictures, as a `COLORREF`.
     virtual unsigned long backgroundColor() = 0;
 
-    /// Lets the host draw an object into a display object; nothing passes into its ownership.
+    /// Lets the host draw an object into a display object; the host gets ownership of nothing.
     virtual bool imageObject(CVekGDX* gdx, CVekDataItem* object, CVekDataItem* parameters) = 0;
 
-    /// Gives the lines of a hatch pattern; an unknown name leaves the table empty.
+    /// Returns the lines of a hatch pattern; an unknown name leaves the table empty.
     virtual void hatchPatternGet(const wchar_t* name, VekPatternLines& lines) = 0;
 
-    /// Gives a named view of the drawing; an unknown name leaves the matrix as it is.
+    /// Returns a named view of the drawing; an unknown name leaves the matrix as it is.
     virtual void viewMatrix(const wchar_t* name, CVekMatrix3d& matrix) = 0;
 
-    /// Finds the drawing's data object of a kind, as "HOLE".
+    /// Finds the drawing's data object of a kind, such as "HOLE".
     /// @param name receives the name by which `VEK::dtaOpen` opens it
-    /// @param create whether a missing one is made
+    /// @param create whether a missing one is created
     virtual bool namedDataObject(VEK::CAdsName& name, const wchar_t* kind, bool create) = 0;
 
     /// Calls a function of the host by its name.
-    /// @param arguments a chain that stays the caller's; null for none
+    /// @param arguments a chain that the caller still owns; null for none
     /// @param result receives a chain
     /// @return `VEK::kHostNormal`, which is 5100, on success
     virtual int callFunction(const wchar_t* name, resbuf* arguments, VEK::CUniqResbuf& result) = 0;
 
-    /// The data tree of an entity of the drawing, shared with it; null when it has none.
+    /// The data tree of an entity of the drawing, shared with it; null if it has none.
     virtual VEK::CSharedPointer<CVekDataItem> dataObject(const VEK::CAdsName& name);
 };
 
-/// The installed host, never null. Without one a default host stands there, whose operations report failure: the unit
-/// code is 2, the background black, nothing is drawn, found or called.
+/// The installed host, never null. Without one it is a default host whose operations report failure: the unit code is
+/// 2, the background black, nothing is drawn, found or called.
 VEK_API CVekApp* vekAppPtr();
 
-/// Installs a host, which stays the caller's and must live until another one is installed; null installs the default
-/// host.
-/// @return the host before
+/// Installs a host, which the caller still owns and which must live until another one is installed; null installs the
+/// default host.
+/// @return the previous host
 VEK_API CVekApp* vekAppSet(CVekApp* app);
 
 /// A host for programs without a CAD package: a drawing in memory, and functions, views and hatch patterns that the
-/// program enters.
+/// program registers.
 class VEK_API CVekLocalApp : public CVekApp
 {
 public:
@@ -73,25 +73,25 @@ public:
     int callFunction(const wchar_t* name, resbuf* arguments, VEK::CUniqResbuf& result) override;
     VEK::CSharedPointer<CVekDataItem> dataObject(const VEK::CAdsName& name) override;
 
-    /// The values that the operations of the like name give: 2 and black at start.
+    /// The values that `defaultUnit` and `backgroundColor` return, initially 2 and black.
     void defaultUnitSet(int unit) { m_defaultUnit = unit; }
     void backgroundColorSet(unsigned long colorRef) { m_backgroundColor = colorRef; }
 
-    /// Enters a hatch pattern; a table without lines removes it. Names compare without regard to case.
+    /// Registers a hatch pattern; an empty table removes it. Names are case-insensitive.
     void hatchPatternSet(const wchar_t* name, const VekPatternLines& lines);
 
-    /// Enters the hatch patterns of a file; see `VEK::hatchPatternsLoad`. A name that is there already gets the lines
-    /// of the file, of two patterns of one name in the file those of the later one.
-    /// @return false, with the patterns before the wrong line entered, when the file is not read to its end
+    /// Registers the hatch patterns of a file; see `VEK::hatchPatternsLoad`. An existing name gets the lines of the
+    /// file; if a name occurs twice in the file, the later pattern is used.
+    /// @return false, with the patterns before the error registered, if the file could not be read to its end
     bool hatchPatternFile(const wchar_t* path, CVekString& error);
 
-    /// Enters a named view.
+    /// Registers a named view.
     void viewMatrixSet(const wchar_t* name, const CVekMatrix3d& matrix);
 
-    /// Enters a function; an empty one removes the name. Its result is the status of the call.
+    /// Registers a function; an empty one removes the name. Its return value is the status of the call.
     void functionSet(const wchar_t* name, Function function);
 
-    /// Enters what draws objects; an empty one draws nothing.
+    /// Sets the function that draws objects; with an empty one nothing is drawn.
     void imageObjectSet(Image image) { m_image = std::move(image); }
 
 private:
@@ -105,6 +105,6 @@ private:
     std::map<std::wstring, VekPatternLines> m_patterns;
     std::map<std::wstring, CVekMatrix3d> m_views;
     std::map<std::wstring, Function> m_functions;
-    std::vector<DataObject> m_objects; ///< an entity's name is its number here plus one
+    std::vector<DataObject> m_objects; ///< an entity's name is its index here plus one
     Image m_image;
 };

@@ -21,10 +21,10 @@ namespace json
 namespace
 {
 
-constexpr int kListDepth = 8;           ///< no leaf's value lies deeper
+constexpr int kListDepth = 8;           ///< no leaf's value is nested deeper
 constexpr std::size_t kCauseSize = 300; ///< bytes of a message, which may quote from the text
 
-/// Steps through the text and leaves word of how far it came, since the parser's events tell no place.
+/// Steps through the text and records the position, which the parser's events do not give.
 class CCursor
 {
 public:
@@ -56,7 +56,7 @@ private:
     const char** m_mark;
 };
 
-/// Builds a tree from the parser's events. A leaf that is no plain value is collected first.
+/// Builds a tree from the parser's events. The tokens of a leaf that is not a plain value are collected first.
 class CTreeBuilder
 {
 public:
@@ -95,15 +95,15 @@ private:
     }
 
     const char* m_begin;
-    const char* m_at;     ///< behind the last character that the parser took
-    CVekDataItem* m_item; ///< what the next value goes into: a directory between two children, else a leaf
+    const char* m_at;     ///< after the last character that the parser read
+    CVekDataItem* m_item; ///< where the next value goes: a directory between two children, else a leaf
     CVekDataKey m_key;
     CWideText m_wide;
     CTokens m_tokens;
-    std::string m_tag;        ///< of the leaf that is collected
-    int m_depth = 0;          ///< directories that are open
-    int m_collected = 0;      ///< lists and objects open in the leaf that is collected; 0 when none is
-    bool m_undecided = false; ///< whether an object was opened that may be a directory or a leaf
+    std::string m_tag;        ///< of the leaf being collected
+    int m_depth = 0;          ///< open directories
+    int m_collected = 0;      ///< open lists and objects of the leaf being collected; 0 if none
+    bool m_undecided = false; ///< whether an object was opened that may still be a directory or a leaf
     Fault m_fault;
 };
 
@@ -153,7 +153,7 @@ bool CTreeBuilder::number_unsigned(std::uint64_t value)
 
 bool CTreeBuilder::number_float(double value, const std::string& text)
 {
-    // The C library of every system rounds as it likes; this one is exact.
+    // C libraries round differently; this function is exact.
     std::from_chars(text.data(), text.data() + text.size(), value);
     if (m_collected)
         m_tokens.addReal(value, m_at);
@@ -195,7 +195,7 @@ bool CTreeBuilder::key(std::string& name)
     return enter(name);
 }
 
-/// Makes the child of a name the item that takes the next value.
+/// Makes the child with a name the item that receives the next value.
 bool CTreeBuilder::enter(std::string& name)
 {
     CVekDataKey::keyType type = CVekDataKey::keyText;
@@ -259,7 +259,7 @@ bool CTreeBuilder::start_array(std::size_t)
     return open(Token::beginList);
 }
 
-/// Ends a list or object of a leaf, and reads the leaf when that was its outermost one.
+/// Ends a list or object of a leaf, and reads the leaf if that was its outermost one.
 bool CTreeBuilder::close(Token::Kind kind)
 {
     m_tokens.add(kind, m_at);
@@ -289,7 +289,7 @@ bool CTreeBuilder::end_array()
 
 bool CTreeBuilder::parse_error(std::size_t position, const std::string&, const std::exception& problem)
 {
-    // "[json.exception.parse_error.101] parse error at line 1, column 2: cause", or without the place.
+    // "[json.exception.parse_error.101] parse error at line 1, column 2: cause", or without the position.
     std::string cause = problem.what();
     for (const char* before : {"] ", "column "})
         if (const std::size_t start = cause.find(before); start != std::string::npos)
@@ -299,7 +299,7 @@ bool CTreeBuilder::parse_error(std::size_t position, const std::string&, const s
     return false;
 }
 
-/// "NAME:LINE: cause". The parser looks one character ahead behind a number, which may end the line already.
+/// "NAME:LINE: cause". After a number the parser has read one character ahead, which may be the line end.
 CVekString messageOf(const wchar_t* name, const char* begin, const Fault& fault)
 {
     const char* end = fault.at && fault.at > begin ? fault.at - 1 : begin;

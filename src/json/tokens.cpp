@@ -20,7 +20,7 @@ bool readBits(const char* text, std::size_t length, std::uint64_t& bits)
     return length == 16 && std::from_chars(text, end, bits, 16).ptr == end;
 }
 
-/// What JSON numbers cannot say.
+/// Values that JSON numbers lack.
 bool readSpecial(const std::string& text, double& value)
 {
     std::uint64_t bits = 0;

@@ -1,5 +1,5 @@
 /// @file
-/// The tokens of one leaf of a JSON text, and the reading of leaf values from them.
+/// The tokens of one leaf of a JSON text, and reading leaf values from them.
 #pragma once
 
 #include <vek/data/item.h>
@@ -18,7 +18,7 @@ struct Fault {
     std::string cause; ///< UTF-8
 };
 
-/// Turns UTF-8 into wide text, in memory that is kept for the next one.
+/// Converts UTF-8 to wide text in a buffer that is reused.
 class CWideText
 {
 public:
@@ -33,8 +33,8 @@ struct Token {
     enum Kind : unsigned char {
         null,
         boolean,
-        whole,   ///< an integer of 64 bits with a sign
-        natural, ///< an integer above those, of 64 bits
+        whole,   ///< a signed 64-bit integer
+        natural, ///< an unsigned 64-bit integer above those
         real,    ///< a number with a point or an exponent, or an integer beyond 64 bits
         text,
         key,
@@ -42,7 +42,7 @@ struct Token {
         endList,
         beginObject,
         endObject,
-        none ///< behind the last token
+        none ///< after the last token
     };
 
     Kind kind = none;
@@ -51,12 +51,12 @@ struct Token {
         std::int64_t whole_ = 0;
         std::uint64_t natural_;
         double real_;
-        std::size_t text_; ///< number of the text
+        std::size_t text_; ///< index of the text
     };
-    const char* at = nullptr; ///< the place in the text behind the token
+    const char* at = nullptr; ///< the position after the token
 };
 
-/// The tokens of one leaf. The memory is kept for the next one.
+/// The tokens of one leaf. The memory is reused for the next one.
 class CTokens
 {
 public:
@@ -85,7 +85,7 @@ class CLeafReader
 public:
     CLeafReader(const CTokens& tokens, Fault& fault) : m_tokens(tokens), m_fault(fault) {}
 
-    /// Reads the value of a tag; the tokens begin behind its name and end with the object's end.
+    /// Reads the value of a tag; the tokens begin after its name and end with the object's end.
     bool readTagged(const std::string& tag, CVekDataItem& item);
 
     /// Reads a list without a tag.
@@ -131,7 +131,7 @@ private:
         bool good = expect(Token::beginObject, "an object is missing here");
         while (good && !skip(Token::endObject)) {
             const std::string& name = m_tokens.text(peek());
-            ++m_next; // a key: nothing else stands in an object
+            ++m_next; // a key: nothing else can come in an object
             good = member(name);
         }
         return good;

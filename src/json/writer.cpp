@@ -18,13 +18,13 @@ namespace
 
 constexpr std::uint64_t kPlainNan = 0x7FF8000000000000; ///< the bits of "nan"
 
-/// Appends a tree to a text. Directories take a line for each child, leaves stand on one line.
+/// Appends a tree to a text. Each child of a directory begins a new line, a leaf takes one line.
 class CTreeWriter
 {
 public:
     explicit CTreeWriter(std::string& text) : m_text(text) {}
 
-    /// @return false when directories lie too deep in each other
+    /// @return false if directories are nested too deep
     bool write(const CVekDataItem& item);
 
 private:
@@ -95,7 +95,7 @@ void CTreeWriter::bits(std::uint64_t value)
         m_text += "0123456789abcdef"[value >> shift & 15];
 }
 
-/// A number among others: JSON cannot say all of them.
+/// A number inside a tagged value: JSON lacks some of them.
 void CTreeWriter::add(double value)
 {
     std::uint64_t pattern = 0;
@@ -115,7 +115,7 @@ void CTreeWriter::add(double value)
     }
 }
 
-/// A number that stands alone: it must not look like an integer.
+/// A number as a plain value: it must not look like an integer.
 void CTreeWriter::real(double value)
 {
     if (!std::isfinite(value))

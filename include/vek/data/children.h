@@ -1,5 +1,5 @@
 /// @file
-/// The children of one directory: their order, and the look-up by name.
+/// The children of one directory: their order, and lookup by name.
 #pragma once
 
 #include <vek/data/key.h>
@@ -9,50 +9,50 @@ class CVekDataItem;
 namespace VEK
 {
 
-/// One element of a path, as it is looked up. It owns nothing.
+/// One element of a path, for lookup. It owns nothing.
 struct DataName {
     const wchar_t* text = nullptr; ///< not terminated; null for an integer
     unsigned length = 0;
     int number = 0;
 
-    /// The name that a key's first element, which must be there, stands for.
+    /// The name in a key's first element, which must exist.
     static DataName of(const CVekDataKey& key);
 };
 
-/// Items in the order in which they came, owned by nobody here. Beyond a few items a hash table stands beside them, so
-/// that a look-up, an addition and a removal cost the same however many there are. A removal leaves a gap, which keeps
-/// the places of the others until the next addition.
+/// Items in order of insertion, not owned. Beyond a few items a hash table is added, so that lookup, insertion and
+/// removal take constant time. A removal leaves a gap, so that the places of the others stay valid until the next
+/// insertion.
 class VEK_API CDataChildren
 {
 public:
     /// Number of items.
     unsigned len() const { return m_count; }
 
-    /// Places run from 0 up to this number; an item's place is above those of the items that came before it.
+    /// Places run from 0 up to this number; an item's place is above those of the items inserted before it.
     unsigned places() const { return static_cast<unsigned>(m_items.len()); }
 
-    /// The item at a place; null for a gap and outside.
+    /// The item at a place; null for a gap and if out of range.
     CVekDataItem* at(unsigned place) const { return place < places() ? m_items.begin()[place] : nullptr; }
 
-    /// The first item at a place or behind it, and its place; null behind the last one.
+    /// The first item at or after a place, and its place; null past the last one.
     CVekDataItem* from(unsigned& place) const;
 
-    /// The item behind one of these; null behind the last one.
+    /// The item after the given one; null after the last one.
     CVekDataItem* after(const CVekDataItem& item) const;
 
     /// The place of a name, or -1.
     int find(const DataName& name) const;
 
-    /// Adds an item whose name is not there yet.
-    /// @return false when the memory is not to be had
+    /// Adds an item whose name is not present yet.
+    /// @return false when memory runs out
     bool append(CVekDataItem* item);
 
-    /// Puts an item at the place of another one of the same name.
+    /// Replaces the item at a place by another one of the same name.
     void replace(unsigned place, CVekDataItem* item);
 
     void remove(unsigned place);
 
-    /// Ends the look-up by name, ahead of the removal of every item.
+    /// Drops the hash table, before all items are removed.
     void dropSlots();
 
 private:

@@ -1,5 +1,5 @@
 /// @file
-/// The configuration: one data tree of the process with named roots.
+/// The configuration: one data tree per process, with named roots.
 #pragma once
 
 #include <vek/data/dir.h>
@@ -11,7 +11,7 @@ namespace VEK
 class VEK_API CConfig : public CVekObj
 {
 public:
-    /// The directory in which the root of that name stands or would stand. All roots stand in one.
+    /// The directory that contains, or would contain, the root of that name. It is the same for all roots.
     CVekDataDir* getCfgRoot(const wchar_t* name);
 
     /// The whole tree, for loading and saving.
@@ -21,7 +21,7 @@ private:
     CVekDataItem m_tree{CVekDataItem::directory};
 };
 
-/// The manager, which lives as long as the process.
+/// The manager; it lives as long as the process.
 VEK_API CConfig* cfgMgrPtr();
 
 /// The item at a path from the configuration roots, or null; "MRA_MENU\COLOR\PDSIZE" descends at the backslashes.
@@ -31,26 +31,26 @@ VEK_API CVekDataItem* cfg_get(const CVekDataKey* key);
 /// The directory at a path from the configuration roots, created when it is missing.
 VEK_API CVekDataItem* cfg_dir_make(const wchar_t* path);
 
-/// Stores a text under a key whose first element names the root; the rest of the key descends in it.
-/// @return false for a null key and for one that does not begin with a text
+/// Stores a text under a key whose first element names the root; the rest is the path below it.
+/// @return false for a null key and one that does not begin with a text
 VEK_API bool cfgSet(const CVekDataKey* key, const wchar_t* value);
 VEK_API bool cfgSet(const CVekDataKey* key, const CVekString& value);
 
-/// A guard in scope: it saves parts of the configuration and puts them back at its end. The part's own item keeps its
-/// address, unless it was removed meanwhile; the items below it come anew.
+/// A scope guard that saves parts of the configuration and restores them on destruction. The item at a saved path keeps
+/// its address, unless it was removed meanwhile; the items below it are recreated.
 class VEK_API CCfgBackup : public CVekObj
 {
 public:
-    /// @param restore whether anything is put back; false makes a guard that does nothing
+    /// @param restore false makes a guard that does nothing
     explicit CCfgBackup(bool restore) : m_restore(restore) {}
     CCfgBackup(const CCfgBackup&) = delete;
     CCfgBackup& operator=(const CCfgBackup&) = delete;
 
-    /// Puts the saved parts back, the last one first.
+    /// Restores the saved parts, the last one first.
     ~CCfgBackup() override;
 
-    /// Saves what stands at a path, or that nothing does; null saves the whole configuration. What the memory does not
-    /// hold twice is not put back.
+    /// Saves the item at a path, or that there is none; null saves the whole configuration. If memory runs out, the
+    /// part is not restored.
     void attach(const wchar_t* path);
 
 private:

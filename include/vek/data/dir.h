@@ -5,11 +5,11 @@
 #include <vek/data/children.h>
 #include <vek/data/item.h>
 
-/// The children of a directory item, in the order in which they came; one that replaces another takes its place. A
-/// look-up does not walk the children.
+/// The children of a directory item, in order of insertion; one that replaces another takes its place. Lookup by name
+/// does not walk the children.
 ///
-/// A key of several elements descends; what is missing on its way is created, and leaves on it become directories.
-/// A null key or a key without an element names no child.
+/// A key of several elements is a path. Operations that create an item also create what is missing on the path, and
+/// turn leaves on it into directories. A null key or a key without an element names no child.
 class VEK_API CVekDataDir : public CVekObj
 {
 public:
@@ -26,31 +26,31 @@ public:
     CVekDataItem* getItem(const CVekDataKey* key) const;
 
     /// The child at a path, created when it is missing: as a directory, or as an empty leaf. `makeDir` turns a leaf
-    /// into a directory. Null without a key, and here and below when the memory is not to be had.
+    /// into a directory. Null without a key, and here and below when memory runs out.
     CVekDataItem* makeDir(const CVekDataKey* key);
     CVekDataItem* makeItem(const CVekDataKey* key);
 
     /// Removes the child at a path.
-    /// @return false when there is none
+    /// @return false if there is none
     bool remove(const CVekDataKey* key);
 
-    /// Removes all children, at any depth.
+    /// Removes all children, however deep the tree.
     void removeAll();
 
-    /// Stores a shared item under a key in place of what stood there; the tree and the holders share it from then on,
-    /// and nobody may take it back by `release` while it stands in the tree. An item that already has a parent, or
-    /// that holds this directory, is stored as a copy.
+    /// Stores a shared item under a key, replacing what was there; the tree and the other holders then share it, and no
+    /// holder may `release` it while it is in the tree. An item that already has a parent, or that contains this
+    /// directory, is stored as a copy.
     /// @param reserved pass false
-    /// @return the item that now stands there; null without a key or an item
+    /// @return the stored item; null without a key or an item
     virtual CVekDataItem* insertItem(const CVekDataKey* key, const VEK::CSharedPointer<CVekDataItem>& item,
                                      bool reserved);
 
-    /// Stores a deep copy under a key in place of what stood there; a null item gives an empty leaf.
+    /// Stores a deep copy under a key, replacing what was there; a null item gives an empty leaf.
     /// @param reserved pass true
     /// @return the copy, owned by the directory; null without a key
     virtual CVekDataItem* insertCopy(const CVekDataKey* key, const CVekDataItem* item, bool reserved);
 
-    /// The children themselves, for a walk by place.
+    /// The children, for walking by place.
     const VEK::CDataChildren& children() const { return m_children; }
 
 private:

@@ -4,7 +4,7 @@
 
 #include <vek/data/item.h>
 
-/// Kind of a data file. Others than these two cannot be opened here.
+/// Kind of a data file. Only these two can be opened.
 using VekDtaType = int;
 inline constexpr VekDtaType vekDtaDrawing = 3; ///< a data object of the drawing
 inline constexpr VekDtaType vekDtaMemory = 6;  ///< a file in memory
@@ -12,7 +12,7 @@ inline constexpr VekDtaType vekDtaMemory = 6;  ///< a file in memory
 namespace VEK
 {
 
-/// The host's name of an entity of the drawing. A fresh one names nothing.
+/// The host's name of an entity of the drawing. A default-constructed one names nothing.
 class VEK_API CAdsName : public CVekObj
 {
 public:
@@ -30,8 +30,8 @@ private:
     long long m_name[2] = {0, 0};
 };
 
-/// An open data file: a data tree of its own, or a place in one that others hold as well. Items that it gives belong
-/// to that tree and are valid while it is open.
+/// An open data file: its own data tree, or a place in a shared one. Items that it returns belong to that tree and are
+/// valid while the file is open.
 class VEK_API CDtaFilePointer : public CVekObj
 {
 public:
@@ -40,29 +40,29 @@ public:
 
     /// The item at a path; a null key or text gives the root. A text is a path as with `CVekDataItem::getItem`.
     ///
-    /// Callers ask an optional file without a test, so that a call on a null pointer gives null. Code that may use
-    /// `fileItem` does better, as the language does not bear such a call.
+    /// Callers query an optional file without testing for null, so a call on a null pointer gives null. New code should
+    /// use `fileItem`: such a call is undefined behaviour in C++.
     /// @param reserved pass false
-    /// @return null when it is absent
+    /// @return null if it is absent
     CVekDataItem* get(const CVekDataKey* key, bool reserved) const;
     CVekDataItem* get(const wchar_t* path, bool reserved) const;
     CVekDataItem* get(std::nullptr_t, bool reserved) const;
 
-    /// Stores a copy at a path and creates what is missing; a null item gives an empty leaf, a null key replaces the
+    /// Stores a copy at a path, creating what is missing; a null item gives an empty leaf, a null key replaces the
     /// root.
-    /// @return false, with the file as it was, when the memory is not to be had
+    /// @return false, with the file as it was, when memory runs out
     bool set(const CVekDataItem* item, const CVekDataKey* key);
 
     /// Lists the keys below a path, each of one element.
     /// @param keys is emptied first
-    /// @return false when there is no directory at the path, or not the memory for the list
+    /// @return false if there is no directory at the path, or when memory runs out
     bool dir(CVekArrayTempl<CVekDataKey>& keys, const CVekDataKey* key) const;
 
-    /// Opens the linked object of the file, the directory "LOBJ" of its root. What is written into it reaches this
+    /// Opens the linked object of the file, the directory "LOBJ" of its root. What is written to it is written to this
     /// file; either may be closed first.
-    /// @param key further elements of the way to the object, null for none
+    /// @param key further elements of the path to the object, null for none
     /// @param reserved pass false
-    /// @return a new file, owned by the caller; null when there is no such object
+    /// @return a new file, owned by the caller; null if there is no such object
     CDtaFilePointer* lobjGet(const CVekDataKey* key, bool reserved) const;
 
 private:
@@ -82,13 +82,13 @@ private:
     CVekDataKey m_way; ///< from the tree to the root of this file; without an element for the tree itself
 };
 
-/// Opens the data object of a drawing entity, type 3, of which the host knows; writing into the file writes into the
-/// drawing. With type 6 the name does not count.
+/// Opens the data object of a drawing entity known to the host, type 3; writing to the file writes to the drawing. With
+/// type 6 the name is ignored.
 /// @param mode pass 3
-/// @param key with an item: where the item is stored after opening, null for the root
-/// @param item null to take what is there
-/// @return a file owned by the caller; null for an unknown type, when the drawing has no such object, and here and
-/// below when the memory is not to be had
+/// @param key where `item` is stored after opening, null for the root
+/// @param item null to leave the contents as they are
+/// @return a file owned by the caller; null for an unknown type, if the drawing has no such object, and here and below
+/// when memory runs out
 VEK_API CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CAdsName& name, const CVekDataKey* key,
                                  const CVekDataItem* item);
 
@@ -98,7 +98,7 @@ VEK_API CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CAds
 /// @return a file owned by the caller; null for another type
 VEK_API CDtaFilePointer* dtaOpen(VekDtaType type, unsigned long mode, const CVekDataKey* key, const CVekDataItem* item);
 
-/// The item at a path of a file that may be missing; null when either is.
+/// The item at a path of a file; null if the file is null or has no such item.
 VEK_API CVekDataItem* fileItem(const CDtaFilePointer* file, const CVekDataKey* key);
 VEK_API CVekDataItem* fileItem(const CDtaFilePointer* file, const wchar_t* path);
 

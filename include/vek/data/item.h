@@ -17,7 +17,7 @@ namespace VEK
 
 class CDataChildren;
 
-/// A list of polylines, which may also be one region: outline and holes.
+/// A list of polylines, or one region: outline and holes.
 using VertexArrays = CVekArrayTempl<CVekVertexArray>;
 
 /// A list of regions.
@@ -47,23 +47,23 @@ enum class DataKind {
 
 } // namespace VEK
 
-/// A node of the data tree: a leaf that holds one value, or a directory that holds named children in the order in
-/// which they came.
+/// A node of the data tree: a leaf that holds one value, or a directory that holds named children in order of
+/// insertion.
 ///
-/// A child stays at its address as long as it stands in its directory; setting a leaf anew keeps its address. What
-/// `getItem` and its like return belongs to the tree. A tree of any depth can be copied and destroyed. Where memory is
-/// not to be had a tree stays as it was; see `<vek/values/memory.h>`.
+/// A child keeps its address as long as it is in its directory, also when a leaf gets a new value. The tree owns what
+/// `getItem` and similar functions return. A tree of any depth can be copied and destroyed. When memory runs out a tree
+/// stays as it was; see `<vek/values/memory.h>`.
 ///
-/// Reading never converts, with one exception: `bool`, `int`, `unsigned long`, `double` and the length unit read as
-/// one another. Fractions are cut towards zero; a negative integer reads as the `unsigned long` of the same 32 bits,
-/// and back; a value that the target cannot hold does not read.
+/// Reading never converts, with one exception: `bool`, `int`, `unsigned long`, `double` and the length unit read as one
+/// another. Fractions are truncated towards zero; a negative integer reads as the `unsigned long` of the same 32 bits,
+/// and back; a value that the target cannot hold is not read.
 ///
-/// Paths given as text descend at backslashes, empty names included. At each level a child of exactly the remaining
-/// text comes first. A null text is the item itself, and L"" is the child named "".
+/// Paths given as text descend at backslashes, empty names included. At each level a child named exactly as the
+/// remaining text takes precedence. A null text is the item itself, and L"" is the child named "".
 class VEK_API CVekDataItem : public CVekObj
 {
 public:
-    /// What a fresh item is.
+    /// What a new item is.
     enum type : int { leaf = 0, directory = 1 };
 
     /// An empty leaf.
@@ -72,22 +72,21 @@ public:
     /// An empty item of a kind given by a value of `type`: 1 makes a directory.
     explicit CVekDataItem(int kind);
 
-    /// A deep copy. A source that is missing gives an empty leaf, and so does one that the memory does not hold twice;
-    /// `clone` tells of that.
+    /// A deep copy. A null source gives an empty leaf, and so does running out of memory, which `clone` reports.
     CVekDataItem(const CVekDataItem& other);
     explicit CVekDataItem(const CVekDataItem* source);
 
-    /// Takes the contents over and leaves an empty leaf behind. Children keep their addresses.
+    /// Moves the contents and leaves an empty leaf behind. Children keep their addresses.
     CVekDataItem(CVekDataItem&& other) noexcept;
 
     ~CVekDataItem() override;
 
-    /// Replaces the contents by a deep copy, or takes them over; the item keeps its place and key. The source may
-    /// lie below or above this very item.
+    /// Copies deeply or moves the contents; the item keeps its place and key. The source may be below or above this
+    /// item in the tree.
     CVekDataItem& operator=(const CVekDataItem& other);
     CVekDataItem& operator=(CVekDataItem&& other) noexcept;
 
-    /// A deep copy on the heap, owned by the caller; null when the memory is not to be had.
+    /// A deep copy on the heap, owned by the caller; null when memory runs out.
     CVekDataItem* clone() const;
 
     VEK::DataKind kind() const { return m_kind; }
@@ -96,32 +95,32 @@ public:
     /// The directory, owned by the item; null for a leaf.
     CVekDataDir* getDir() const;
 
-    /// Turns the item into an empty directory if it is none.
+    /// Turns a leaf into an empty directory.
     /// @return the directory, owned by the item
     CVekDataDir* mkDir();
 
-    /// The child directory at a path; what is missing of the path is created, and leaves on it become directories. The
-    /// text may be that of such a leaf. Null, here and below, when the memory is not to be had.
+    /// The child directory at a path; missing parts of the path are created, and leaves on it become directories. The
+    /// text may be that of such a leaf. Null, here and below, when memory runs out.
     CVekDataItem* makeDir(const wchar_t* path);
 
-    /// The item at a path, created as an empty leaf when it is missing.
+    /// The item at a path, created as an empty leaf if missing.
     CVekDataItem* makeItem(const wchar_t* path);
     CVekDataItem* makeItem(const CVekDataKey* key);
 
-    /// The item at a path, or null when it is absent.
+    /// The item at a path, or null if absent.
     CVekDataItem* getItem(const wchar_t* path) const;
     CVekDataItem* getItem(const CVekDataKey* key) const;
     CVekDataItem* getItem(std::nullptr_t) const { return getItem(static_cast<const CVekDataKey*>(nullptr)); }
 
-    /// The key under which the item stands in its parent; a key without an element for an item without a parent.
+    /// The key of the item in its parent; a key without an element if it has no parent.
     const CVekDataKey* getKey() const { return &m_key; }
 
-    /// The item whose directory this one stands in, or null.
+    /// The item whose directory contains this one, or null.
     CVekDataItem* getParent() const;
 
-    /// Read the value at a path; a null key reads the item's own.
-    /// @param value receives the value, and stays untouched without one
-    /// @return false when the path is absent or its value is not of that type
+    /// Reads the value at a path; a null key reads the item's own.
+    /// @param value receives the value; unchanged on failure
+    /// @return false if the path is absent or its value is not of that type
     bool get(bool& value, const CVekDataKey* key = nullptr) const;
     bool get(int& value, const CVekDataKey* key = nullptr) const;
     bool get(unsigned long& value, const CVekDataKey* key = nullptr) const;
@@ -133,35 +132,35 @@ public:
     bool get(CVekArrayTempl<int>& value, const CVekDataKey* key = nullptr) const;
     bool get(CVekArrayTempl<CVekString>& value, const CVekDataKey* key = nullptr) const;
 
-    /// The stored value itself, owned by the item and valid until it changes; null when the item holds another type.
-    /// T is one of the types of the leaves, as `dataItemGet` reads them.
+    /// The stored value, owned by the item and valid until it changes; null if the item holds another type. T is one of
+    /// the leaf types that `dataItemGet` reads.
     template <class T>
     const T* peek() const;
 
-    /// Puts a value in the place of the contents, children included.
-    /// @return false, with the contents as they were, when the memory is not to be had
+    /// Replaces the contents, including children, by a value.
+    /// @return false, with the contents as they were, when memory runs out
     template <class T>
     bool put(T value);
 
     /// Removes the child at a path; an absent one is no error.
     void remove(const wchar_t* path);
 
-    /// Replaces the contents by what a chain describes, in the form of `mkLisp` or of the `mkResbuf` family.
-    /// @param chain is released in any case; null describes an empty directory
+    /// Replaces the contents by what a chain describes, in the form of `mkLisp` or the `mkResbuf` family.
+    /// @param chain always released; null describes an empty directory
     /// @param reserved pass false
-    /// @return false when the chain describes no value; the contents stay then
+    /// @return false, with the contents as they were, if the chain describes no value
     bool setData(resbuf* chain, bool reserved);
 
-    /// The item as a chain, owned by the caller. A leaf gives the form of the `mkResbuf` family, a directory the
-    /// sequence of its children, each a list of key, dot (5018) and value, without a list around them; null for an
-    /// empty directory, and when the memory is not to be had.
+    /// The item as a chain, owned by the caller. A leaf has the form of the `mkResbuf` family, a directory is the
+    /// sequence of its children, each a list of key, dot (5018) and value, without an enclosing list; null for an empty
+    /// directory, and when memory runs out.
     resbuf* mkLisp() const;
 
 private:
     friend class CVekDataDir;
     friend class VEK::CDataChildren;
 
-    /// Numbers stand in place, everything else in an object of its own, a directory included.
+    /// Numbers are stored in place; everything else, including a directory, is a separate object.
     union Value {
         bool boolean;
         int integer;
@@ -184,15 +183,15 @@ private:
     Value m_value;
     CVekDataDir* m_parent = nullptr;
     CVekDataKey m_key;
-    VEK::CSharedPointer<CVekDataItem> m_shared; ///< the item itself, while the parent shares it with other holders
+    VEK::CSharedPointer<CVekDataItem> m_shared; ///< the item itself, while other holders share it with the parent
 };
 
 namespace VEK
 {
 
 /// Reads the value at a path of an item, as `CVekDataItem::get` does.
-/// @return false, with the target untouched, for a null item, an absent path and a value of another type, and when the
-/// memory for it is not to be had
+/// @return false, with the target unchanged, for a null item, an absent path or a value of another type, and when
+/// memory runs out
 VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, bool& value);
 VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, int& value);
 VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, unsigned long& value);
@@ -211,9 +210,9 @@ VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CVekC
 VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, Vek::lUnit& value);
 VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, CHatchProp& value);
 
-/// Stores a value at a path of an item: what the path lacks is created, leaves on the way become directories, and what
-/// stands there is replaced. An item that stands there keeps its address. The value may be a part of the tree.
-/// @return false, with the tree as it was, for a null item and when the memory is not to be had
+/// Stores a value at a path of an item: missing parts of the path are created, leaves on it become directories, and an
+/// existing item is replaced but keeps its address. The value may be a part of the tree.
+/// @return false, with the tree as it was, for a null item and when memory runs out
 VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, bool value);
 VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, int value);
 VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, unsigned long value);
@@ -235,7 +234,7 @@ VEK_API bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const CHatc
 bool dataItemSet(CVekDataItem* item, const CVekDataKey* key, const void* value) = delete; // no pointer is a bool
 
 /// Reads the value at a text path of an item; a null path reads the item's own.
-/// @return false, with the target untouched, as with `dataItemGet`
+/// @return false, with the target unchanged, as with `dataItemGet`
 template <class T>
 bool dataGet(const CVekDataItem* item, const wchar_t* path, T& target)
 {
@@ -255,9 +254,9 @@ bool dataSet(CVekDataItem* item, const wchar_t* path, const T& value)
     return place != nullptr;
 }
 
-/// Stores a list at a text path of an item, which becomes a directory. A list without elements removes what stands
-/// there. A null or empty text replaces the item's own value. Path and value may be parts of the tree.
-/// @return false for a null item and when the value cannot be stored
+/// Stores a list at a text path of an item, which becomes a directory. An empty list removes what is there. A null or
+/// empty text replaces the item's own value. Path and value may be parts of the tree.
+/// @return false for a null item and if the value cannot be stored
 VEK_API bool dataSetList(CVekDataItem* item, const wchar_t* key, const CVekArrayTempl<int>& value);
 VEK_API bool dataSetList(CVekDataItem* item, const wchar_t* key, const CVekArrayTempl<CVekString>& value);
 VEK_API bool dataSetList(CVekDataItem* item, const wchar_t* key, const CVekMatrix3d& value);

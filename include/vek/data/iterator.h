@@ -1,5 +1,5 @@
 /// @file
-/// The walk through the children of a directory.
+/// Iterating over the children of a directory.
 #pragma once
 
 #include <vek/data/dir.h>
@@ -7,10 +7,10 @@
 namespace VEK
 {
 
-/// Walks through the children of a directory in their order. A null or leaf source is finished at once.
+/// Iterates over the children of a directory in order. A null source or a leaf has none.
 ///
-/// The directory must outlive the walk. Children may be removed on the way, the present one included; one that is
-/// added on the way may be met or not.
+/// The directory must outlive the iterator. Children may be removed during the iteration, including the current one; a
+/// child added meanwhile may or may not be visited.
 class VEK_API CDataIterator : public CVekObj
 {
 public:
@@ -18,20 +18,20 @@ public:
     explicit CDataIterator(const CVekDataItem* item) : CDataIterator(item ? item->getDir() : nullptr) {}
     explicit CDataIterator(std::nullptr_t) {}
 
-    /// Goes back to the first child.
+    /// Returns to the first child.
     void start() { seek(0); }
 
-    /// Whether the last child lies behind.
+    /// Whether all children have been visited.
     bool done() const { return !m_item; }
 
-    /// Goes on to the next child.
+    /// Advances to the next child.
     void next()
     {
         if (m_item)
             seek(m_place + 1);
     }
 
-    /// The present child, owned by the directory; null when the walk is done.
+    /// The current child, owned by the directory; null when done.
     CVekDataItem* item() const { return m_item; }
     CVekDataItem* operator->() const { return m_item; }
     operator CVekDataItem*() const { return m_item; }

@@ -6,17 +6,17 @@
 
 #include <memory>
 
-/// A path of the data tree: a chain of elements, each a text or an integer. Texts compare with regard to case; the
-/// empty text is an element like any other. A key without an element addresses the item itself.
+/// A path of the data tree: a chain of elements, each a text or an integer. Texts are case-sensitive; the empty text is
+/// an element like any other. A key without an element addresses the item itself.
 ///
-/// A key is not split: a backslash in one of its texts belongs to the name. Only paths given as one text descend at
+/// The texts of a key are not split: a backslash in one belongs to the name. Only paths given as one text descend at
 /// backslashes.
 class VEK_API CVekDataKey : public CVekObj
 {
 public:
-    /// Kind of an element. The numbers are those of the published result types of the host package.
+    /// Kind of an element. The numbers are the published result types of the host package.
     enum keyType : short {
-        keyLost = -1,    ///< an element for which the memory was not to be had: a path with it finds and makes nothing
+        keyLost = -1,    ///< an element lost when memory ran out: a path with it finds and creates nothing
         keyNone = 0,     ///< no element
         keyInt = 5003,   ///< an integer
         keyText = 5005,  ///< a text
@@ -28,9 +28,9 @@ public:
     /// A key of one text element; null gives a key without an element.
     CVekDataKey(const wchar_t* text) { set(text); }
 
-    /// A path from pairs of type and value, ended by a 0 in the place of a type:
-    /// `CVekDataKey(5005, L"BT", 5003, 7, 0)`. The path ends as well before a pair that is incomplete, whose type is
-    /// none of `keyType`, or whose value does not suit its type.
+    /// A path from pairs of type and value, ended by a 0 in place of a type: `CVekDataKey(5005, L"BT", 5003, 7, 0)`.
+    /// The path also ends before a pair that is incomplete, whose type is not a `keyType`, or whose value does not
+    /// match its type.
     template <class... Rest>
     CVekDataKey(short type, const Rest&... rest)
     {
@@ -41,13 +41,13 @@ public:
     CVekDataKey(const CVekDataKey& other);
     CVekDataKey(CVekDataKey&& other) noexcept;
 
-    /// Takes over the first element only and drops the rest of both: callers rely on it to cut a path short.
+    /// Copies the first element only and drops the rest of both: callers rely on it to cut a path short.
     CVekDataKey& operator=(const CVekDataKey& other);
 
     /// Replaces the key by one text element; null leaves none.
     CVekDataKey& set(const wchar_t* text);
 
-    /// Replaces the key by a path as the constructor does.
+    /// Replaces the key by a path as with the constructor.
     template <class... Rest>
     CVekDataKey& set(short type, const Rest&... rest)
     {
@@ -55,7 +55,7 @@ public:
         return build(parts, sizeof...(rest) + 1);
     }
 
-    /// Adds all elements of another path at the end.
+    /// Appends all elements of another path.
     CVekDataKey& append(const CVekDataKey& tail);
 
     /// Kind of the first element.
@@ -68,13 +68,13 @@ public:
     /// The first element's integer; 0 for any other kind.
     operator int() const { return m_number; }
 
-    /// The path behind the first element, owned by the key; null at the end.
+    /// The path after the first element, owned by the key; null at the end.
     const CVekDataKey* next() const { return m_next.get(); }
 
     /// Whether the key has no element.
     bool isEmpty() const { return m_type == keyNone; }
 
-    /// All elements alike in type and value. The two forms of a text differ here.
+    /// Compares type and value of all elements. The two forms of a text are different here.
     bool operator==(const CVekDataKey& other) const;
 
 private:

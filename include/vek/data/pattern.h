@@ -1,19 +1,19 @@
 /// @file
-/// Hatch patterns, and the text files that carry them.
+/// Hatch patterns and their text files.
 #pragma once
 
 #include <vek/values/string.h>
 
 #include <cstddef>
 
-/// The families of lines of a hatch pattern: for each its angle in degrees, x and y of a point on its first line, shift
-/// along and distance to the next line, then the dashes; lengths are in pattern units.
+/// The line families of a hatch pattern, each with its angle in degrees, x and y of a point on its first line, shift
+/// along the lines and distance to the next line, then the dashes; lengths are in pattern units.
 using VekPatternLines = CVekArrayTempl<CVekArrayTempl<double>>;
 
 namespace VEK
 {
 
-/// A hatch pattern as a file tells it.
+/// A hatch pattern as read from a file.
 class VEK_API CHatchPattern : public CVekObj
 {
 public:
@@ -30,16 +30,16 @@ public:
 ///
 /// A star begins a pattern; its name ends at the first comma, and a description may be missing. Each further line is a
 /// family of five numbers and any number of dashes: above 0 drawn, below 0 a gap, 0 a dot. A semicolon begins a
-/// comment, but in a description. Blanks may stand around every value, empty lines anywhere. Numbers have a point for
-/// decimals. Names and descriptions are UTF-8, or else code page 1252. A control character 26 ends the file.
+/// comment, except in a description. Blanks are allowed around every value, empty lines anywhere. Numbers have a
+/// decimal point. Names and descriptions are UTF-8, or else code page 1252. A control character 26 ends the file.
 ///
-/// Reading ends at the first line that is wrong: a value that is no finite number, an empty value, a family of fewer
-/// than five numbers or without a pattern, a pattern without a name or without a family.
+/// Reading ends at the first invalid line: a value that is not a finite number, an empty value, a family of fewer than
+/// five numbers or without a pattern, a pattern without a name or without a family.
 ///
-/// @param patterns receives the patterns behind those that it holds, on failure those that were complete before; none
-///     when the memory is not to be had
-/// @param error receives "NAME:LINE: cause" on failure, without the line where a file cannot be read at all, and stays
-///     untouched otherwise; NAME is the path or `name`
+/// @param patterns the patterns are appended to it, on failure those complete before the error; none when memory runs
+/// out
+/// @param error receives "NAME:LINE: cause" on failure, without the line if a file cannot be read at all, and is
+/// unchanged otherwise; NAME is the path or `name`
 VEK_API bool hatchPatternsLoad(CVekArrayTempl<CHatchPattern>& patterns, const wchar_t* path, CVekString& error);
 VEK_API bool hatchPatternsRead(CVekArrayTempl<CHatchPattern>& patterns, const char* bytes, std::size_t size,
                                const wchar_t* name, CVekString& error);

@@ -1,5 +1,5 @@
 /// @file
-/// The linked lists by which the host package and the data tree exchange values.
+/// The linked lists with which the host package and the data tree exchange values.
 #pragma once
 
 #include <vek/data/item.h>
@@ -38,7 +38,7 @@ enum RbType : short {
     rbInt64 = 5031,
 };
 
-/// Status of a host function call that went well.
+/// Status of a host function call that succeeded.
 inline constexpr int kHostNormal = 5100;
 
 /// Status of a host function call that failed.
@@ -46,10 +46,10 @@ inline constexpr int kHostError = -5001;
 
 } // namespace VEK
 
-/// A new node of that type with a zero value, owned by the caller; null when the memory is not to be had.
+/// A new node of that type with a zero value, owned by the caller; null when memory runs out.
 VEK_API resbuf* vekNewRb(short restype);
 
-/// Releases a whole chain with its texts; null is none.
+/// Releases a whole chain with its texts; null is allowed.
 VEK_API void vekRelRb(resbuf* chain);
 
 namespace VEK
@@ -61,7 +61,7 @@ class VEK_API CUniqResbuf : public CVekObj
 public:
     CUniqResbuf() = default;
 
-    /// Takes the chain over.
+    /// Takes ownership of the chain.
     CUniqResbuf(resbuf* chain) : m_chain(chain) {}
     CUniqResbuf(CUniqResbuf&& other) noexcept : CVekObj() { exchange(other); }
     ~CUniqResbuf() override { vekRelRb(m_chain); }
@@ -74,11 +74,11 @@ public:
     operator resbuf*() const { return m_chain; }
     resbuf* operator->() const { return m_chain; }
 
-    /// Adds a chain at the end and takes it over. It goes on from where the last addition ended, so that a chain is
-    /// built in linear time; nodes up to there may be changed by hand meanwhile, but not taken out.
+    /// Appends a chain and takes ownership of it. It continues from the end of the previous append, so that a chain is
+    /// built in linear time; nodes up to there may be modified meanwhile, but not removed.
     void append(resbuf* chain);
 
-    /// Gives the chain to the caller.
+    /// Hands the chain to the caller.
     resbuf* release()
     {
         m_last = nullptr;
@@ -96,7 +96,7 @@ private:
     resbuf* m_last = nullptr; ///< a node near the end; null to begin at the first one
 };
 
-/// One node of the given type with the number as its value. A type that holds no number gives null.
+/// One node of the given type with the number as its value; null for a type that holds no number.
 VEK_API resbuf* mkResbuf(int value, short restype);
 VEK_API resbuf* mkResbuf(double value, short restype);
 
@@ -106,8 +106,7 @@ VEK_API resbuf* mkResbuf(const wchar_t* value, short restype);
 /// A chain that describes the value, owned by the caller; one nil node for a list without elements. An integer is a
 /// 5010, a text a 5005, a point a 5009, a list stands between 5016 and 5017. A matrix is a list of four lists of four
 /// reals; a polyline is a list of vertices, each a list of start point, end point and bulge; a region, or a list of
-/// polylines, is a list of those, and a list of regions a list of those again. Normals and tags of polylines do not
-/// travel.
+/// polylines, is a list of those, and a list of regions a list of those again. Normals and tags of polylines are lost.
 VEK_API resbuf* mkResbuf(const CVekArrayTempl<int>& value);
 VEK_API resbuf* mkResbuf(const CVekArrayTempl<CVekString>& value);
 VEK_API resbuf* mkResbuf(const CVekPoint3dArray& value);
@@ -116,12 +115,12 @@ VEK_API resbuf* mkResbuf(const CVekVertexArray& value);
 VEK_API resbuf* mkResbuf(const VertexArrays& value);
 VEK_API resbuf* mkResbuf(const Regions& value);
 
-/// Wraps a chain as one list, between list begin and list end, and takes it over; null gives an empty list.
+/// Wraps a chain as one list, between list begin and list end, and takes ownership of it; null gives an empty list.
 VEK_API resbuf* rbToList(resbuf* chain);
 
-/// Reads a list of regions and moves the pointer behind it; a nil is an empty list. The nodes stay the caller's.
+/// Reads a list of regions and advances the pointer past it; a nil is an empty list. The caller still owns the nodes.
 /// @param reserved pass 0
-/// @return false when the chain does not begin with such a list; value and pointer stay
+/// @return false, with value and pointer unchanged, if the chain does not begin with such a list
 VEK_API bool fromRb(Regions& value, resbuf*& chain, int reserved);
 
 } // namespace VEK

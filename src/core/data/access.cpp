@@ -33,7 +33,7 @@ bool readObject(const CVekDataItem* item, const CVekDataKey* key, T& value)
     return true;
 }
 
-/// Copies the value first: it may stand in what the path replaces.
+/// Copies the value first: it may be part of what the path replaces.
 template <class T>
 bool write(CVekDataItem* item, const CVekDataKey* key, const T& value)
 {
@@ -48,7 +48,7 @@ bool write(CVekDataItem* item, const CVekDataKey* key, const T& value)
 template <class T>
 bool setList(CVekDataItem* item, const wchar_t* key, const T& value)
 {
-    CUniqResbuf chain(mkResbuf(value)); // before anything changes that key and value may stand in
+    CUniqResbuf chain(mkResbuf(value)); // before a change to what key and value may be part of
     if (!item || !chain)
         return false;
     if (!key || !*key)

@@ -7,7 +7,7 @@
 namespace VEK
 {
 
-/// Builds a chain at its end.
+/// Builds a chain by appending.
 class CChain
 {
 public:
@@ -15,7 +15,7 @@ public:
     CChain(const CChain&) = delete;
     CChain& operator=(const CChain&) = delete;
 
-    /// Adds a whole chain and takes it over; null says that the memory was not to be had.
+    /// Appends a whole chain and takes ownership of it; null means that memory ran out.
     void node(resbuf* chain);
     void node(short restype) { node(vekNewRb(restype)); }
 
@@ -40,10 +40,10 @@ public:
         addList(values, nullptr);
     }
 
-    /// Adds the value of an item that is no directory; nil without one.
+    /// Adds the value of an item that is not a directory; nil if it has none.
     void addLeaf(const CVekDataItem& item);
 
-    /// The chain, the caller's from then on; null when the memory was not to be had.
+    /// The chain, which the caller then owns; null if memory ran out.
     resbuf* take();
 
 private:
@@ -65,8 +65,8 @@ private:
     bool m_complete = true;
 };
 
-/// Reads values from a chain. Each operation reads one value in the form of `CChain::add` and moves behind it, or gives
-/// false and stays where it is; the value may be half read then.
+/// Reads values from a chain. Each operation reads one value in the form of `CChain::add` and advances past it, or
+/// returns false without advancing; the value may then be incomplete.
 class CChainReader
 {
 public:
@@ -74,13 +74,13 @@ public:
 
     const resbuf* at() const { return m_at; }
 
-    /// Whether a node of that type stands here.
+    /// Whether the current node has that type.
     bool isAt(short restype) const;
 
-    /// Moves behind a node of that type, if it stands here.
+    /// Advances past the current node if it has that type.
     bool skip(short restype);
 
-    /// Whether an entry of a directory stands here: a list that begins with a key and a dot.
+    /// Whether an entry of a directory begins here: a list that begins with a key and a dot.
     bool isEntry() const;
 
     bool read(int& value);
@@ -138,7 +138,7 @@ private:
     const resbuf* m_at;
 };
 
-/// A colour from what its accessors gave.
+/// A colour from what its accessors returned.
 CVekColor colorOf(int index, unsigned long rgb, const wchar_t* colorName, const wchar_t* bookName);
 
 } // namespace VEK

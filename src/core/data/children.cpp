@@ -11,9 +11,9 @@ namespace VEK
 namespace
 {
 
-constexpr unsigned kFew = 8; ///< so many items are searched faster one by one
+constexpr unsigned kFew = 8; ///< up to so many items, a linear search is faster
 
-/// Different in every process, so that nobody can write a data file whose names all meet in one slot.
+/// Different in every process, so that nobody can write a data file whose names all collide in one slot.
 std::uint64_t seed()
 {
     static const std::uint64_t value = [] {
@@ -138,7 +138,7 @@ void CDataChildren::dropSlots()
     m_slots = CVekArrayTempl<Slot>();
 }
 
-/// Where the memory is not to be had the items are searched one by one.
+/// When memory runs out the items are searched one by one.
 void CDataChildren::growSlots()
 {
     CVekArrayTempl<Slot> old;
@@ -151,7 +151,7 @@ void CDataChildren::growSlots()
     for (const Slot& slot : old)
         if (slot.place != kFree)
             enter(slot);
-    // What the old table knows needs no look at its name again: all but the last item.
+    // The old table has the hashes of all but the last item.
     for (unsigned place = old.len() > 0 ? places() - 1 : 0; place < places(); ++place)
         if (at(place))
             enter({hashOf(DataName::of(*at(place)->getKey())), place});
@@ -167,7 +167,7 @@ void CDataChildren::enter(const Slot& slot)
     slots[i] = slot;
 }
 
-/// Frees a slot and moves up those behind it that could stand there, so that no search ends too early.
+/// Frees a slot and moves up later ones that could be there, so that no search ends too early.
 void CDataChildren::leave(unsigned place)
 {
     if (m_slots.len() == 0)

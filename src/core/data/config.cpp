@@ -10,7 +10,7 @@ CVekDataDir* CConfig::getCfgRoot(const wchar_t*)
 
 CConfig* cfgMgrPtr()
 {
-    static union Kept { // without an end: other objects of the process may ask it at theirs
+    static union Kept { // never destroyed: other objects may use it in their destructors
         CConfig manager;
         Kept() : manager() {}
         ~Kept() {}
@@ -37,7 +37,7 @@ bool cfgSet(const CVekDataKey* key, const wchar_t* value)
 {
     if (!key || !key->isText())
         return false;
-    CVekDataItem text; // before the key makes a directory of what the value may stand in
+    CVekDataItem text; // before the key turns what the value may be part of into a directory
     if (!dataItemSet(&text, nullptr, value))
         return false;
     CVekDataDir* dir = cfgMgrPtr()->getCfgRoot(*key);
@@ -81,7 +81,7 @@ void CCfgBackup::attach(const wchar_t* path)
     const CVekDataItem* item = cfg_get(path);
     saved.existed = item != nullptr;
     saved.state = CVekDataItem(item);
-    // Of a path that is not there, what its end would create on the way has to go as well.
+    // For a path that did not exist, directories created on the way to its end must be removed as well.
     for (int end = saved.path.find(L'\\'); !item && end >= 0; end = saved.path.find(L'\\', end + 1)) {
         const CVekString beginning = saved.path.mid(0, static_cast<unsigned>(end));
         if (!cfg_get(beginning)) {

@@ -34,8 +34,8 @@ bool CVekDataDir::remove(const CVekDataKey* key)
     return item != nullptr;
 }
 
-/// Goes down to the last child that has children of its own and takes its childless ones away, and so on up again.
-/// Neither a deep tree nor one of shared items thus needs a stack.
+/// Descends to the last child that has children itself and removes its childless ones, and so on upwards. Thus neither
+/// a deep tree nor one of shared items needs a stack.
 void CVekDataDir::removeAll()
 {
     CVekDataDir* dir = this;
@@ -46,7 +46,7 @@ void CVekDataDir::removeAll()
             continue;
         }
         CVekDataItem* last = dir->m_children.at(dir->m_children.places() - 1);
-        if (last->m_shared.refCount() == 1) { // nobody else holds it: it dies here as the others do
+        if (last->m_shared.refCount() == 1) { // the last holder: it is destroyed here like the others
             last->m_shared.release();
             last->m_shared = nullptr;
         }
@@ -77,7 +77,7 @@ CVekDataItem* CVekDataDir::insertCopy(const CVekDataKey* key, const CVekDataItem
 {
     if (!key || key->isEmpty())
         return nullptr;
-    // Before anything changes that it may stand in.
+    // Before a change to what it may be part of.
     VEK::CUniqPointer<CVekDataItem> copy(item ? item->clone() : new CVekDataItem);
     CVekDataItem* stored = copy ? store(*key, copy) : nullptr;
     if (stored)
@@ -91,7 +91,7 @@ CVekDataItem* CVekDataDir::child(const DataName& name) const
     return place < 0 ? nullptr : m_children.at(static_cast<unsigned>(place));
 }
 
-/// The child of a name; a missing one is created as an empty leaf under a key of that type.
+/// The child with a name; a missing one is created as an empty leaf under a key of that type.
 CVekDataItem* CVekDataDir::makeChild(const DataName& name, CVekDataKey::keyType type)
 {
     if (CVekDataItem* there = child(name))
@@ -111,7 +111,7 @@ CVekDataItem* CVekDataDir::makeChild(const DataName& name, CVekDataKey::keyType 
     return m_children.append(fresh) ? fresh.release() : nullptr;
 }
 
-/// Puts an item without a parent in the place that a path names.
+/// Stores an item without a parent at a path.
 CVekDataItem* CVekDataDir::store(const CVekDataKey& key, CVekDataItem* item)
 {
     CVekDataItem* old = makeItem(&key);
@@ -131,7 +131,7 @@ CVekDataItem* CVekDataDir::store(const CVekDataKey& key, CVekDataItem* item)
     return item;
 }
 
-/// Whether this directory is the value of an item or stands anywhere below it.
+/// Whether this directory is the value of an item or anywhere below it.
 bool CVekDataDir::isWithin(const CVekDataItem* item) const
 {
     const CVekDataDir* top = item->getDir();

@@ -28,7 +28,7 @@ CVekDataItem* CDtaFilePointer::root() const
 
 bool CDtaFilePointer::set(const CVekDataItem* item, const CVekDataKey* key)
 {
-    // Before the path changes anything that the item may stand in.
+    // Before the path changes anything that the item may be part of.
     const CUniqPointer<CVekDataItem> copy(item ? item->clone() : new CVekDataItem);
     if (!copy)
         return false;

@@ -5,7 +5,7 @@
 namespace
 {
 
-/// What stands in for a host: every operation reports failure.
+/// The default host: every operation reports failure.
 class CNoApp : public CVekApp
 {
 public:
@@ -20,7 +20,7 @@ public:
 
 CVekApp* noApp()
 {
-    static union Kept { // without an end: objects of the process may ask it at theirs
+    static union Kept { // never destroyed: other objects may use it in their destructors
         CNoApp app;
         Kept() : app() {}
         ~Kept() {}
@@ -42,7 +42,7 @@ std::wstring upperOf(const wchar_t* name)
     return static_cast<const wchar_t*>(text);
 }
 
-/// Enters a copy of a value into a table, or removes it; nothing changes where the memory is not to be had.
+/// Stores a copy of a value in a table, or removes it; nothing changes when memory runs out.
 template <class Map, class NameOf>
 void enter(Map& map, NameOf&& nameOf, const typename Map::mapped_type& value, bool remove)
 {
@@ -137,7 +137,7 @@ int CVekLocalApp::callFunction(const wchar_t* name, resbuf* arguments, VEK::CUni
         const auto function = m_functions.find(textOf(name));
         if (function == m_functions.end())
             return VEK::kHostError;
-        const Function callee = function->second; // it may enter another one in its own place
+        const Function callee = function->second; // the call may replace the function by another one
         return callee(arguments, result);
     } catch (const std::bad_alloc&) {
         VEK::memoryShort();

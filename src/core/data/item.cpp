@@ -35,7 +35,7 @@ bool isObject(DataKind kind)
 }
 
 /// Splits a path at its first backslash.
-/// @return the rest, or null when the path is one name
+/// @return the rest, or null if the path is one name
 const wchar_t* firstName(const wchar_t* path, DataName& name)
 {
     const wchar_t* end = std::wcschr(path, L'\\');
@@ -70,9 +70,9 @@ CVekDataItem::~CVekDataItem()
 
 CVekDataItem& CVekDataItem::operator=(CVekDataItem&& other) noexcept
 {
-    if (m_parent && m_parent->isWithin(&other)) // its contents hold this very item
+    if (m_parent && m_parent->isWithin(&other)) // its contents include this item
         return *this = static_cast<const CVekDataItem&>(other);
-    CVekDataItem contents(std::move(other)); // other may stand below this item
+    CVekDataItem contents(std::move(other)); // other may be below this item
     clear();
     takeOver(contents);
     return *this;
@@ -123,13 +123,13 @@ CVekDataItem* CVekDataItem::getItem(const wchar_t* path) const
     return const_cast<CVekDataItem*>(item);
 }
 
-/// Makes what a path lacks, given as a text or as a key. A leaf on the way keeps its value until all of it is there:
-/// the path may be its text, and the tree stays as it was when the memory ends. Null then.
+/// Creates the missing parts of a path, given as a text or as a key. A leaf on the way keeps its value until all of
+/// them exist: the path may be its text, and when memory runs out the tree stays as it was and the result is null.
 CVekDataItem* CVekDataItem::makeWay(const wchar_t* path, const CVekDataKey* key)
 {
     CVekDataItem contents;          // of the leaf that becomes a directory
     CVekDataItem* former = nullptr; // that leaf
-    CVekDataItem* fresh = nullptr;  // the first new child of a directory that stands
+    CVekDataItem* fresh = nullptr;  // the first new child of an existing directory
     CVekDataItem* item = this;
     while (item && (path || key)) {
         if (!item->isDir() && !former && !fresh) {
@@ -202,7 +202,7 @@ void CVekDataItem::clear()
         delete m_value.object;
 }
 
-/// Takes the contents of another item; this one must be empty.
+/// Moves the contents of another item here; this one must be empty.
 void CVekDataItem::takeOver(CVekDataItem& other)
 {
     m_value = other.m_value;
@@ -228,7 +228,7 @@ bool CVekDataItem::copyLeaf(const CVekDataItem& source)
 }
 
 /// Copies a subtree, or nothing when it is missing, into this item, which must be empty.
-/// @return false, with the item still empty, when the memory is not to be had
+/// @return false, with the item still empty, when memory runs out
 bool CVekDataItem::copyFrom(const CVekDataItem* source)
 {
     const bool good = VEK::whole(false, [&] { return !source || copyTree(*source); });
@@ -237,8 +237,8 @@ bool CVekDataItem::copyFrom(const CVekDataItem* source)
     return good;
 }
 
-/// Copies a subtree into this item, which must be empty. The way is found by parents and places, so that a tree of any
-/// depth needs no stack. Where the memory is not to be had the copy ends early.
+/// Copies a subtree into this item, which must be empty. It walks by parents and places, so that a tree of any depth
+/// needs no stack. When memory runs out the copy ends early.
 bool CVekDataItem::copyTree(const CVekDataItem& source)
 {
     const CVekDataItem* from = &source;

@@ -16,7 +16,7 @@ CVekDataKey& CVekDataKey::operator=(const CVekDataKey& other)
     m_type = other.m_type;
     m_number = other.m_number;
     setText(other.m_text);
-    m_next.reset(); // last: other may be the rest of this very path
+    m_next.reset(); // last: other may be the rest of this path
     return *this;
 }
 
@@ -38,7 +38,7 @@ void CVekDataKey::setText(const wchar_t* text)
         m_type = keyLost;
 }
 
-/// A new element behind this one; null, with this one lost, where the memory is not to be had.
+/// A new element after this one; null, with this one marked as lost, when memory runs out.
 CVekDataKey* CVekDataKey::grow()
 {
     m_next.reset(new CVekDataKey);
@@ -52,7 +52,7 @@ CVekDataKey& CVekDataKey::append(const CVekDataKey& tail)
     CVekDataKey* end = this;
     while (end->m_next)
         end = end->m_next.get();
-    const CVekDataKey* last = end; // tail may be this very path
+    const CVekDataKey* last = end; // tail may be this path
     for (const CVekDataKey* from = &tail; from && from->m_type != keyNone; from = from->next()) {
         const bool done = from == last;
         if (end->m_type != keyNone)

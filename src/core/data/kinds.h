@@ -1,10 +1,10 @@
 /// @file
-/// The types of the leaves: each with its kind.
+/// The leaf types and their kinds.
 #pragma once
 
 #include <vek/data/item.h>
 
-/// Calls X(type, kind) for every type that a leaf holds as an object of its own.
+/// Calls X(type, kind) for every type that a leaf holds as a separate object.
 #define VEK_OBJECT_KINDS(X)                                                                                            \
     X(CVekString, text)                                                                                                \
     X(CVekPoint3d, point)                                                                                              \
@@ -18,7 +18,7 @@
     X(CVekColor, color)                                                                                                \
     X(VEK::CHatchProp, hatch)
 
-/// The same for those that stand in the item itself.
+/// The same for those stored in the item itself.
 #define VEK_SCALAR_KINDS(X)                                                                                            \
     X(bool, boolean)                                                                                                   \
     X(int, integer)                                                                                                    \

@@ -24,7 +24,7 @@ bool isMulti(const wchar_t* label)
     return label[0] == L'\\';
 }
 
-/// The languages and texts of a label in the multi-language form, as far as it is sound.
+/// The languages and texts of a label in the multi-language form, up to the first error.
 Sections sectionsOf(const wchar_t* label)
 {
     Sections sections;

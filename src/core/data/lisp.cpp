@@ -9,7 +9,7 @@ namespace VEK
 namespace
 {
 
-/// Adds the entries of a directory. Parents and places lead the way, so that a tree of any depth needs no stack.
+/// Adds the entries of a directory. It walks by parents and places, so that a tree of any depth needs no stack.
 void addEntries(CChain& chain, const CVekDataItem& root)
 {
     unsigned first = 0;
@@ -50,7 +50,7 @@ bool beginsDirectory(const CChainReader& in)
     return inside.skip(rbListBegin) && (inside.isEntry() || inside.isAt(rbListEnd));
 }
 
-/// Reads entries up to the end of the directory, or of the chain.
+/// Reads entries to the end of the directory or the chain.
 bool readEntries(CChainReader& in, CVekDataItem& root)
 {
     CVekDataItem* dir = &root;

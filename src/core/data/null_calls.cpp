@@ -1,6 +1,6 @@
 /// @file
-/// Calls that callers make on what may not be there. This source is compiled so that the language's promise of a
-/// present object is not believed.
+/// Member functions that callers may call on a null pointer. This source is compiled with an option that keeps the
+/// compiler from assuming that `this` is not null.
 #include <vek/data/file.h>
 
 namespace VEK
@@ -28,7 +28,7 @@ CVekDataItem::CVekDataItem(const CVekDataItem& other) : CVekDataItem(&other) {}
 CVekDataItem& CVekDataItem::operator=(const CVekDataItem& other) // NOLINT(bugprone-unhandled-self-assignment)
 {
     CVekDataItem copy;
-    if (copy.copyFrom(&other)) { // before anything goes: other may stand below this item or above it
+    if (copy.copyFrom(&other)) { // before anything is destroyed: other may be below or above this item
         clear();
         takeOver(copy);
     }

@@ -29,7 +29,7 @@ CVekString textOf(std::string_view bytes)
     return CVekString(text.c_str());
 }
 
-/// Takes the text up to a line end, and the line end, off its front.
+/// Removes the first line and its line end from the text.
 std::string_view takeLine(std::string_view& text)
 {
     const std::size_t end = text.find_first_of("\r\n");
@@ -70,7 +70,7 @@ private:
         return false;
     }
 
-    /// A name as an error shows it.
+    /// A name as shown in an error.
     static std::string quoted(std::string_view text)
     {
         constexpr std::size_t shown = 40;
@@ -128,7 +128,7 @@ private:
         return true;
     }
 
-    /// Hands the present pattern over.
+    /// Appends the current pattern to the result.
     bool finish()
     {
         if (!m_open)

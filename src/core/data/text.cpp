@@ -12,7 +12,7 @@ namespace VEK
 namespace
 {
 
-/// The language of the process and the one before; the text of either stays where it is while the other one changes.
+/// The process's language and the previous one; the text of either stays in place while the other one changes.
 struct Languages {
     CVekString text[2] = {L"de", L""};
     int present = 0;
@@ -30,7 +30,7 @@ CVekArrayTempl<CVekString>& folders()
     return value;
 }
 
-/// The full path of a file, when it is one.
+/// The full path of a file, if it exists.
 bool fileAt(CVekString& out, const fs::path& path)
 {
     std::error_code error;
@@ -88,7 +88,7 @@ bool fileFind(CVekString& out, const wchar_t* name)
     const bool good = whole(false, [&] {
         try {
             return name && *name && findFile(found, name);
-        } catch (const fs::filesystem_error&) { // a name that is no path
+        } catch (const fs::filesystem_error&) { // the name is not a valid path
             return false;
         }
     });
