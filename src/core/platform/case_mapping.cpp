@@ -6,7 +6,7 @@
 namespace
 {
 
-/// Characters `first`, `first + stride`, ... `last` whose counterpart stands `delta` further on.
+/// Characters `first`, `first + stride`, ... `last` whose counterpart is `delta` further on.
 struct Run {
     unsigned short first;
     unsigned short last;
@@ -15,7 +15,7 @@ struct Run {
 };
 
 // Simple case mappings of the Unicode Character Database, version 14.0, basic plane, ascending. A table of our own,
-// since the functions of the C library know other characters in each system and locale.
+// since the C library functions know different characters in each system and locale.
 // clang-format off
 constexpr Run kToUpper[] = {
     {0x0061, 0x007A, 1, -32}, {0x00B5, 0x00B5, 1, 743}, {0x00E0, 0x00F6, 1, -32}, {0x00F8, 0x00FE, 1, -32},

@@ -18,7 +18,7 @@ namespace
     return VEK::platform::wideOf(text);
 }
 
-/// A name beside `path` that nobody else uses.
+/// An unused file name in the folder of `path`.
 fs::path scratchPath(const fs::path& path)
 {
     fs::path scratch = path;
@@ -77,7 +77,7 @@ FileWriter::FileWriter(const fs::path& path)
     try {
         std::error_code error;
         const fs::file_status status = fs::status(path, error);
-        // A link stays a link: the file that it names is replaced.
+        // A link stays a link: the file it points to is replaced.
         m_target = fs::is_symlink(fs::symlink_status(path, error)) ? fs::weakly_canonical(path) : path;
         if (fs::is_directory(status))
             return;

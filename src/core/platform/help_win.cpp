@@ -1,5 +1,5 @@
-// Compiled help. The records are the documented ones of HtmlHelpW, which stands in a DLL of its own that few programs
-// need, so it is loaded with the first question.
+// Compiled help. The records are the documented ones of HtmlHelpW. It is in a DLL that few programs need, so that is
+// loaded on first use.
 #include "core/platform/outside.h"
 
 #include <windows.h>

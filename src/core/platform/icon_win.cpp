@@ -7,7 +7,7 @@ namespace VEK::platform
 namespace
 {
 
-/// Reads a device bitmap as 32 bits a pixel.
+/// Reads a device bitmap as 32 bits per pixel.
 bool readBits(HDC dc, HBITMAP bitmap, std::vector<std::uint32_t>& pixels, int& width, int& height)
 {
     BITMAP size{};
@@ -18,7 +18,7 @@ bool readBits(HDC dc, HBITMAP bitmap, std::vector<std::uint32_t>& pixels, int& w
     pixels.resize(static_cast<std::size_t>(size.bmWidth) * static_cast<std::size_t>(size.bmHeight));
     if (GetDIBits(dc, bitmap, 0, static_cast<UINT>(size.bmHeight), pixels.data(), &info, DIB_RGB_COLORS) == 0)
         return false;
-    for (std::uint32_t& pixel : pixels) // comes with blue in the lowest byte
+    for (std::uint32_t& pixel : pixels) // the system puts blue in the lowest byte
         pixel = (pixel & 0xFF00) | (pixel >> 16 & 0xFF) | (pixel & 0xFF) << 16;
     width = size.bmWidth;
     height = size.bmHeight;

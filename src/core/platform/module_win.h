@@ -1,5 +1,5 @@
 /// @file
-/// The module that this code stands in.
+/// The module that contains this code.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 namespace VEK::platform
 {
 
-/// The DLL, or the program that it is linked into: where the library's own resources are.
+/// The DLL, or the program that this is linked into, which has the library's resources.
 HINSTANCE ownModule();
 
 } // namespace VEK::platform

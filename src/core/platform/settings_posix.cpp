@@ -13,8 +13,8 @@
 #include <vector>
 
 // The file of settings is UTF-8 text: a line "[key]" for each key, and below it a line "name=number:123" or
-// "name=text:abc" for each value. A character that would break this form stands there as "%" and two hexadecimal
-// digits of each byte. Lines of any other form are kept.
+// "name=text:abc" for each value. A character that would break this form is written as "%" and two hexadecimal digits
+// for each byte. Lines of any other form are kept.
 
 namespace fs = std::filesystem;
 using namespace VEK::platform;
@@ -97,7 +97,7 @@ std::wstring decoded(std::string_view line)
     return wideOf(bytes);
 }
 
-/// @return false when the file is there and cannot be read
+/// @return false if the file exists and cannot be read
 bool readLines(const fs::path& path, std::vector<std::string>& lines)
 {
     std::string text;
@@ -119,9 +119,9 @@ bool isSection(const std::string& line)
     return line.size() >= 2 && line.front() == '[' && line.back() == ']';
 }
 
-/// Where the value of a name stands.
+/// The position of a name's value.
 struct Place {
-    std::size_t line = 0;    ///< its line, or else the line before which it belongs
+    std::size_t line = 0;    ///< its line, or else the line before which to insert it
     bool hasSection = false; ///< whether that line is in the key's section
     bool hasValue = false;
 };
@@ -148,7 +148,7 @@ Place placeOf(const std::vector<std::string>& lines, std::wstring_view key, std:
     return place;
 }
 
-/// The value behind "name=" with its type in front; empty without one.
+/// The value after "name=", preceded by its type; empty if there is none.
 std::string valueOf(std::wstring_view key, std::wstring_view name, std::string_view type)
 {
     std::vector<std::string> lines;

@@ -5,7 +5,7 @@
 namespace
 {
 
-/// The bytes of a registry value and its type; REG_NONE when it is absent.
+/// The bytes of a registry value and its type; REG_NONE if absent.
 DWORD query(std::wstring_view key, std::wstring_view name, std::string& bytes)
 {
     const std::wstring keyText(key);
@@ -15,7 +15,7 @@ DWORD query(std::wstring_view key, std::wstring_view name, std::string& bytes)
     const DWORD flags = RRF_RT_ANY | RRF_NOEXPAND;
     LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, keyText.c_str(), nameText.c_str(), flags, &type, nullptr, &size);
     do {
-        bytes.resize(size); // the value may have grown since its size was told
+        bytes.resize(size); // the value may have grown since its size was queried
         if (status == ERROR_SUCCESS || status == ERROR_MORE_DATA)
             status =
                 RegGetValueW(HKEY_CURRENT_USER, keyText.c_str(), nameText.c_str(), flags, &type, bytes.data(), &size);

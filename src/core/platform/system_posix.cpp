@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 namespace
 {
 
-/// The words of an argument text; double quotes hold one together.
+/// The words of an argument text; double quotes enclose a word with blanks.
 std::vector<std::string> argumentsOf(std::wstring_view text)
 {
     std::vector<std::string> arguments;
@@ -43,10 +43,10 @@ std::vector<std::string> argumentsOf(std::wstring_view text)
 
 bool hasEnded(pid_t process)
 {
-    return waitpid(process, nullptr, WNOHANG) != 0; // an error says that it is no child of ours any more
+    return waitpid(process, nullptr, WNOHANG) != 0; // an error means that it is no longer our child
 }
 
-/// Keeps a process that nobody waits for until it has ended, so that the system may forget it.
+/// Keeps a process that nobody waits for until it can be reaped.
 void leaveRunning(pid_t process)
 {
     static std::mutex& guard = *new std::mutex;

@@ -48,7 +48,7 @@ fs::path modulePath()
 
 std::vector<std::string> programArguments(int, const char* const*)
 {
-    // What main() gets has gone through the code page of the system.
+    // The arguments of main() were converted to the system's code page.
     SetConsoleOutputCP(CP_UTF8);
     int count = 0;
     wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);

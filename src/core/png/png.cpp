@@ -11,8 +11,8 @@
 namespace
 {
 
-/// The largest block that the reader may take. A few bytes of a file can unpack to gigabytes, which the size that the
-/// file tells does not foresee.
+/// The largest block that the reader may allocate. A few bytes of a file can unpack to gigabytes, whatever size the
+/// file states.
 thread_local std::size_t readLimit = 0;
 
 void* resizedReadBlock(void* block, std::size_t size)
@@ -34,7 +34,7 @@ struct ReadBlockFree {
     void operator()(void* block) const { std::free(block); }
 };
 
-/// A block of the writer, in front of its bytes.
+/// The header of a block of the writer.
 struct WriteBlock {
     WriteBlock* before;
     WriteBlock* behind;
@@ -42,7 +42,7 @@ struct WriteBlock {
 
 thread_local WriteBlock* lastBlock = nullptr;
 
-/// The writer takes for granted that it gets what it asks for. Where memory ends, an exception leaves it.
+/// The writer does not check its allocations, so when memory runs out an exception leaves it.
 void* resizedWriteBlock(void* bytes, std::size_t size)
 {
     WriteBlock* const old = bytes ? static_cast<WriteBlock*>(bytes) - 1 : nullptr;
@@ -84,7 +84,7 @@ struct WriteScope {
 #define STBI_ONLY_PNG
 #define STBI_NO_STDIO
 #define STBI_NO_FAILURE_STRINGS
-#define STBI_MAX_DIMENSIONS (1 << 26) // kPictureLimit, in one row
+#define STBI_MAX_DIMENSIONS (1 << 26) // kPictureLimit, as a single row
 #define STBI_MALLOC readBlock
 #define STBI_REALLOC resizedReadBlock
 #define STBI_FREE std::free
@@ -106,7 +106,7 @@ namespace
 static_assert(STBI_MAX_DIMENSIONS == kPictureLimit);
 
 constexpr std::string_view kSignature = "\x89PNG\r\n\x1a\n";
-constexpr std::size_t kFrame = 8; ///< length and name in front of the bytes of a chunk
+constexpr std::size_t kFrame = 8; ///< length and name before the bytes of a chunk
 
 std::int64_t number(std::string_view bytes, std::size_t at)
 {
@@ -128,7 +128,7 @@ bool readHeader(std::string_view bytes, Header& header)
                                &header.width, &header.height, nullptr) ||
         !isPictureSize(header.width, header.height))
         return false;
-    static constexpr int kChannels[] = {1, 0, 3, 1, 2, 0, 4}; // of each type of colour
+    static constexpr int kChannels[] = {1, 0, 3, 1, 2, 0, 4}; // by colour type
     header.bits = bytes[24] * kChannels[static_cast<std::size_t>(bytes[25])];
     header.packedBytes = 0;
     for (std::size_t at = kSignature.size(); bytes.size() - at >= kFrame;) {
@@ -136,7 +136,7 @@ bool readHeader(std::string_view bytes, Header& header)
         const std::string_view name = bytes.substr(at + 4, 4);
         if (name == "IEND")
             return true;
-        if (bytes.size() - at - kFrame < size + 4) // a checksum stands behind
+        if (bytes.size() - at - kFrame < size + 4) // followed by a checksum
             return false;
         if (name == "IDAT")
             header.packedBytes += size;
@@ -149,9 +149,9 @@ bool readPixels(std::string_view bytes, const Header& header, CPixels& pixels)
 {
     const std::size_t area = static_cast<std::size_t>(header.width) * static_cast<std::size_t>(header.height);
     const std::size_t unpacked = area * static_cast<std::size_t>(header.bits) / 8;
-    if (unpacked / 1032 > header.packedBytes) // deflate packs no denser
+    if (unpacked / 1032 > header.packedBytes) // the greatest ratio of deflate
         return false;
-    // 16 bits a channel and a byte for each row, twice that when it has to grow.
+    // 16 bits per channel and one byte per row, twice that when the block grows.
     readLimit = area * 18 + bytes.size() * 2 + (1 << 16);
     int width = 0, height = 0;
     const std::unique_ptr<stbi_uc, ReadBlockFree> data(
@@ -173,7 +173,7 @@ std::string encode(const CPixels& pixels, Channels channels)
         return true;
     }();
     const int count = static_cast<int>(channels);
-    constexpr std::int64_t kLimit = INT_MAX / 2; // the writer counts in int and doubles its blocks
+    constexpr std::int64_t kLimit = INT_MAX / 2; // the writer uses int sizes and doubles its blocks
     const std::int64_t size = (std::int64_t{pixels.width} * count + 1) * pixels.height;
     if (!isSet || pixels.width <= 0 || pixels.height <= 0 || size + size / 8 >= kLimit ||
         pixels.data.size() != static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height))

@@ -1,4 +1,4 @@
-// Portable network graphics, ISO/IEC 15948. Files of any kind are read, also interlaced ones.
+// Portable network graphics, ISO/IEC 15948. All kinds of files are read, including interlaced ones.
 #pragma once
 
 #include <vek/values/pixels.h>
@@ -12,28 +12,28 @@ namespace VEK::png
 struct Header {
     int width = 0;
     int height = 0;
-    int bits = 0;                ///< a pixel
-    std::size_t packedBytes = 0; ///< of pixels in the file
+    int bits = 0;                ///< per pixel
+    std::size_t packedBytes = 0; ///< of pixel data in the file
 };
 
-/// Looks at a file without unpacking anything.
-/// @return false when it is no such file, ends early, or has a size that is none for a picture
+/// Reads a file's header without unpacking anything.
+/// @return false if it is not such a file, ends early, or has no valid picture size
 bool readHeader(std::string_view bytes, Header& header);
 
-/// Decodes an image with its opacity, 0 to 255 above each colour. Of 16 bits a channel the upper 8 count. Checksums are
-/// not looked at. A file that unpacks to far more than its size allows takes no memory for it.
+/// Decodes an image with opacity, 0 to 255 in the byte above each colour. Of 16 bits per channel the upper 8 are used.
+/// Checksums are ignored. A file that unpacks to far more than its picture size does not get the memory for that.
 /// @param header of the same bytes
-/// @return false, with `pixels` as they were, when the data are damaged
+/// @return false, with `pixels` unchanged, if the data is damaged
 bool readPixels(std::string_view bytes, const Header& header, CPixels& pixels);
 
 enum class Channels {
-    color = 3, ///< without the opacity
+    color = 3, ///< without opacity
     colorAndOpacity = 4,
 };
 
-/// A whole file of 8 bits a channel, its rows unfiltered, which packs lines on one colour best.
+/// A whole file with 8 bits per channel and unfiltered rows, which compress best for lines on a plain background.
 /// @return empty for an empty picture, one whose data are not width times height pixels or more than 950 million bytes,
-/// and where memory does not suffice
+/// and when memory runs out
 std::string encode(const CPixels& pixels, Channels channels);
 
 } // namespace VEK::png
