@@ -1,4 +1,4 @@
-// The entry function of a DLL: its application object, if it has one, begins and ends with it.
+// The entry function of a DLL: initialises and ends its application object, if it has one.
 #include <afxwin.h>
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID)

@@ -1,5 +1,5 @@
-// What the compiler's runtime, which is linked into each DLL here, would leave behind when the DLL goes: its thread
-// library keeps a thread slot, of which a process has some thousand, and its exception support keeps memory.
+// Frees what the compiler's runtime, which is linked into each DLL here, would leak when the DLL is unloaded: its
+// thread library keeps a thread slot, of which a process has about a thousand, and its exception support keeps memory.
 #if defined(__MINGW32__)
 
 #include <windows.h>
@@ -15,7 +15,7 @@ void __freeres();
 namespace
 {
 
-/// The slots that were taken in this module and not given back; plain, since it is used before anything is constructed.
+/// The slots that this module has allocated and not freed; a plain array, since it is used before any constructor runs.
 struct Slots {
     std::array<DWORD, 8> taken;
     std::size_t count;
@@ -44,7 +44,7 @@ BOOL WINAPI giveSlotBack(DWORD slot)
     return ofSystem<BOOL WINAPI(DWORD)>("TlsFree")(slot);
 }
 
-/// Constructed first and so destroyed last of all objects of the module.
+/// Constructed first, and so the last of the module's objects to be destroyed.
 struct AtTheEnd {
     ~AtTheEnd()
     {
@@ -56,7 +56,7 @@ struct AtTheEnd {
 
 } // namespace
 
-/// What the calls of the runtime go through; defined here, they take the place of the system's import library.
+/// The runtime calls through these; defined here, they replace those of the system's import library.
 extern "C" {
 extern DWORD(WINAPI* const __imp_TlsAlloc)();
 extern BOOL(WINAPI* const __imp_TlsFree)(DWORD);

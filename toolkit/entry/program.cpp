@@ -1,9 +1,9 @@
-// The entry function of a program whose work stands in an application object.
+// The entry function of a program with an application object.
 #include <afxwin.h>
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE before, LPSTR, int show)
 {
-    // The system tells the program's own name first, in quotes or up to a blank.
+    // The command line begins with the program's own name, in quotes or up to a blank.
     LPWSTR line = ::GetCommandLineW();
     const bool quoted = *line == L'"';
     for (line += quoted; *line != L'\0' && (quoted ? *line != L'"' : *line > L' '); ++line) {

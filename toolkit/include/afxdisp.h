@@ -1,5 +1,5 @@
 /// @file
-/// Automation: calling other programs' objects.
+/// Automation: calling objects of other programs.
 #pragma once
 
 #include <afxwin.h>
@@ -16,7 +16,7 @@ public:
     BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, UINT* pnHelpContext = nullptr) const override;
 };
 
-/// What an object's own failure brings.
+/// The failure that an object reported.
 class AFX_EXPORTED COleDispatchException : public COleException
 {
     DECLARE_DYNAMIC(COleDispatchException)
@@ -36,12 +36,12 @@ public:
     throw exception;
 }
 
-/// Starts OLE for the thread; it ends with the process.
+/// Initialises OLE for the thread, until the process ends.
 AFX_EXPORTED BOOL AFXAPI AfxOleInit();
 
 /// @name Kinds of parameters
-/// Written one after the other, as in VTS_BSTR VTS_I4. An integer, truth value or number is passed as itself, a BSTR as
-/// wide text, a VARIANT by pointer; the forms with P take a pointer that the object writes to.
+/// Written one after the other, as in VTS_BSTR VTS_I4. An integer, BOOL or number is passed by value, a BSTR as wide
+/// text, a VARIANT by pointer; the forms with P take a pointer to which the object writes.
 /// @{
 #define VTS_NONE nullptr
 #define VTS_I2 "\x02"
@@ -65,12 +65,12 @@ AFX_EXPORTED BOOL AFXAPI AfxOleInit();
 #define VTS_PVARIANT "\x4C"
 /// @}
 
-/// A client of an automation object. It releases the object at its end, unless told otherwise.
+/// A client of an automation object. Its destructor releases the object unless auto-release is off.
 class AFX_EXPORTED COleDispatchDriver
 {
 public:
     COleDispatchDriver() = default;
-    /// Takes the caller's reference over when it releases by itself.
+    /// Takes ownership of the caller's reference if auto-release is on.
     explicit COleDispatchDriver(LPDISPATCH lpDispatch, BOOL bAutoRelease = TRUE)
         : m_lpDispatch(lpDispatch), m_bAutoRelease(bAutoRelease)
     {
@@ -83,16 +83,16 @@ public:
     BOOL m_bAutoRelease = TRUE;
 
     operator LPDISPATCH() const { return m_lpDispatch; }
-    /// False when the class is not known or no object could be made; the exception, when given, gets the cause.
+    /// False if the class is unknown or no object could be created; the exception, if given, gets the cause.
     BOOL CreateDispatch(REFCLSID clsid, COleException* pError = nullptr);
     BOOL CreateDispatch(LPCTSTR lpszProgID, COleException* pError = nullptr);
     void AttachDispatch(LPDISPATCH lpDispatch, BOOL bAutoRelease = TRUE);
     LPDISPATCH DetachDispatch();
     void ReleaseDispatch();
 
-    /// Calls a method or property. The result goes to `pvRet` in the type told by `vtRet`: CString for VT_BSTR, BOOL
-    /// for VT_BOOL, VARIANT for VT_VARIANT; VT_EMPTY wants none. Throws COleDispatchException for a failure that the
-    /// object tells of, COleException for others.
+    /// Calls a method or property. The result goes to `pvRet` in the type given by `vtRet`: CString for VT_BSTR, BOOL
+    /// for VT_BOOL, VARIANT for VT_VARIANT; VT_EMPTY for none. Throws COleDispatchException for a failure that the
+    /// object reports, COleException for others.
     void AFX_CDECL InvokeHelper(DISPID dwDispID, WORD wFlags, VARTYPE vtRet, void* pvRet, const BYTE* pbParamInfo, ...);
     void InvokeHelperV(DISPID dwDispID, WORD wFlags, VARTYPE vtRet, void* pvRet, const BYTE* pbParamInfo,
                        va_list argList);

@@ -20,7 +20,7 @@ class AFX_EXPORTED CFileDialog : public CCommonDialog
     DECLARE_DYNAMIC(CFileDialog)
 
 public:
-    /// The filter is a list of pairs, "Texts (*.txt)|*.txt||". The system decides on the look of the dialog: the last
+    /// The filter is a list of pairs, "Texts (*.txt)|*.txt||". The system determines the look of the dialog: the last
     /// two arguments have no effect.
     explicit CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt = nullptr, LPCTSTR lpszFileName = nullptr,
                          DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCTSTR lpszFilter = nullptr,
@@ -30,7 +30,7 @@ public:
     const OPENFILENAME& GetOFN() const { return m_ofn; }
     OPENFILENAME& GetOFN() { return m_ofn; }
 
-    /// IDOK when a file was chosen.
+    /// IDOK if a file was chosen.
     INT_PTR DoModal() override;
 
     /// @name What was chosen

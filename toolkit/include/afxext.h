@@ -12,10 +12,10 @@ public:
     CMetaFileDC() = default;
     ~CMetaFileDC() override;
 
-    /// A context without one for questions: SetAttribDC gives it one.
+    /// A context without an attribute context, which SetAttribDC sets.
     BOOL Create(LPCTSTR lpszFilename = nullptr);
     BOOL CreateEnhanced(CDC* pDCRef, LPCTSTR lpszFileName, LPCRECT lpBounds, LPCTSTR lpszDescription);
-    /// The finished picture, owned by the caller. A context that is not closed is given up with what it drew.
+    /// The finished picture, owned by the caller. If a context is not closed, what it drew is discarded.
     HMETAFILE Close();
     HENHMETAFILE CloseEnhanced();
 };

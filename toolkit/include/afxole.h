@@ -1,5 +1,5 @@
 /// @file
-/// Dragging data to other programs.
+/// Dragging data into other programs.
 #pragma once
 
 #include <afxdisp.h>
@@ -16,10 +16,10 @@ class AFX_EXPORTED COleDropSource : public CCmdTarget
 public:
     COleDropSource() = default;
 
-    /// Waits while the button is held: true when the pointer has left the start rectangle or a fifth of a second has
-    /// passed, false when the button was let go or Escape was pressed.
+    /// Waits while the button is held: true once the pointer has left the start rectangle or a fifth of a second has
+    /// passed, false if the button was released or Escape pressed.
     virtual BOOL OnBeginDrag(CWnd* pWnd);
-    /// Escape or the other button cancels; the end of the button that began it drops.
+    /// Escape or the other button cancels; releasing the button that began the drag drops.
     virtual SCODE QueryContinueDrag(BOOL bEscapePressed, DWORD dwKeyState);
     virtual SCODE GiveFeedback(DROPEFFECT dropEffect);
 
@@ -28,7 +28,7 @@ public:
     DWORD m_dwButtonCancel = 0;
 };
 
-/// Data offered to other programs.
+/// Data for other programs.
 class AFX_EXPORTED COleDataSource : public CCmdTarget
 {
     DECLARE_DYNAMIC(COleDataSource)
@@ -37,15 +37,15 @@ public:
     COleDataSource();
     ~COleDataSource() override;
 
-    /// Takes data over, for every aspect unless a format tells more.
+    /// Takes ownership of data, for every aspect unless a format is given.
     void CacheGlobalData(CLIPFORMAT cfFormat, HGLOBAL hGlobal, LPFORMATETC lpFormatEtc = nullptr);
     void CacheData(CLIPFORMAT cfFormat, LPSTGMEDIUM lpStgMedium, LPFORMATETC lpFormatEtc = nullptr);
     void Empty();
-    /// Drags until the data is dropped or the drag cancelled; what was done with the data, DROPEFFECT_NONE for nothing.
-    /// The drag begins when the pointer leaves the rectangle given on the screen, at the pointer when there is none.
+    /// Drags until the data is dropped or the drag cancelled; returns what was done with the data, DROPEFFECT_NONE for
+    /// nothing. The drag begins when the pointer leaves the given screen rectangle, by default the one at the pointer.
     DROPEFFECT DoDragDrop(DWORD dwEffects = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK,
                           LPCRECT lpRectStartDrag = nullptr, COleDropSource* pDropSource = nullptr);
-    /// The interface of an id, without a reference for the caller; null for one that the data does not have.
+    /// The interface of an id, without a reference for the caller; null if the data does not have it.
     LPUNKNOWN GetInterface(const void* iid);
 
 private:

@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <utility>
 
-/// What a map takes for the hash of a key and for equality; a program may give its own for a key type.
+/// The hash and equality of keys; a program may specialise them for a key type.
 template <class ARG_KEY>
 inline UINT AFXAPI HashKey(ARG_KEY key)
 {
@@ -36,8 +36,8 @@ inline BOOL AFXAPI CompareElements(const TYPE* pElement1, const ARG_TYPE* pEleme
 struct __POSITION;
 using POSITION = __POSITION*;
 
-/// Values by key. The order of a walk is that of the buckets and means nothing; a walk must not remove any pair but the
-/// one that it has just been given.
+/// Values by key. Iteration is in the order of the buckets, which has no meaning; it must not remove any pair but the
+/// one just returned.
 template <class KEY, class ARG_KEY = const KEY&, class VALUE = KEY, class ARG_VALUE = const VALUE&>
 class CMap : public CObject
 {
@@ -72,7 +72,7 @@ public:
     }
     const CPair* PLookup(ARG_KEY key) const { return find(key); }
     CPair* PLookup(ARG_KEY key) { return find(key); }
-    /// The value of the key, a new one when it is not there.
+    /// The value of the key, a new one if it is absent.
     VALUE& operator[](ARG_KEY key);
     void SetAt(ARG_KEY key, ARG_VALUE newValue) { (*this)[key] = newValue; }
     BOOL RemoveKey(ARG_KEY key);
@@ -105,7 +105,7 @@ private:
             node = node->next;
         return node;
     }
-    /// `node`, or the first of the buckets behind when it is null.
+    /// `node`, or if it is null the first node of the following buckets.
     Node* next(UINT bucket, Node* node) const
     {
         if (m_table == nullptr || node != nullptr)
@@ -120,7 +120,7 @@ private:
         return next(node->bucket + 1, node->next);
     }
 
-    std::unique_ptr<Node*[]> m_table; ///< made with the first pair
+    std::unique_ptr<Node*[]> m_table; ///< allocated with the first pair
     UINT m_size = 17;
     INT_PTR m_count = 0;
 };

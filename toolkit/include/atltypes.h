@@ -1,5 +1,5 @@
 /// @file
-/// Points, sizes and rectangles of whole device units, layouts of the system's own structures.
+/// Points, sizes and rectangles in whole device units, with the layout of the system's structures.
 #pragma once
 
 #include <toolkit/base.h>
@@ -14,7 +14,7 @@ public:
     CSize(int initCX, int initCY) : SIZE{initCX, initCY} {}
     CSize(SIZE initSize) : SIZE(initSize) {}
     CSize(POINT initPt) : SIZE{initPt.x, initPt.y} {}
-    /// Low word and high word of a message's parameter.
+    /// From the low and high word of a message's parameter.
     CSize(DWORD dwSize) : SIZE{static_cast<short>(LOWORD(dwSize)), static_cast<short>(HIWORD(dwSize))} {}
 
     void SetSize(int width, int height) { cx = width, cy = height; }
@@ -59,7 +59,7 @@ public:
     inline CRect operator-(const RECT* lpRect) const;
 };
 
-/// Right and bottom lie outside. Width and Height do not sort the edges; NormalizeRect does.
+/// Right and bottom are exclusive. Width and Height do not sort the edges; NormalizeRect does.
 class CRect : public RECT
 {
 public:

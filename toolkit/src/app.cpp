@@ -97,7 +97,7 @@ CWinApp::~CWinApp()
 
 int CWinApp::Run()
 {
-    if (m_pMainWnd == nullptr) // nobody would end the loop
+    if (m_pMainWnd == nullptr) // nothing would end the loop
         ::PostQuitMessage(0);
     return CWinThread::Run();
 }

@@ -49,7 +49,7 @@ HIMAGELIST handleOf(const CImageList* list)
     return list == nullptr ? nullptr : list->GetSafeHandle();
 }
 
-/// Reads a text whose length is not told beforehand: `read` fills a buffer and gives the length that it took.
+/// Reads a text of unknown length: `read` fills a buffer and returns the length used.
 template <class Read>
 CString textBy(Read read)
 {

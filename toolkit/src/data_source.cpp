@@ -8,7 +8,7 @@
 IMPLEMENT_DYNAMIC(COleDropSource, CCmdTarget)
 IMPLEMENT_DYNAMIC(COleDataSource, CCmdTarget)
 
-/// The data as the system takes it; it may hold it longer than the source lives.
+/// The data as the system gets it; the system may keep it longer than the source lives.
 class COleDataSource::Data final : public IDataObject
 {
 public:
@@ -101,7 +101,7 @@ private:
 namespace
 {
 
-/// Asks the program's object, which lives at least as long as the drag.
+/// Calls the program's object, which lives at least as long as the drag.
 class Asking final : public IDropSource
 {
 public:

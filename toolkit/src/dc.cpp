@@ -54,7 +54,7 @@ BOOL CDC::RestoreDC(int nSavedDC)
 {
     if (m_hAttribDC == m_hDC || m_hAttribDC == nullptr)
         return ::RestoreDC(m_hDC, nSavedDC);
-    // The two may count their saved states differently, so only the last one is sure to belong together.
+    // The two contexts may number their saved states differently, so only the last ones are sure to match.
     return nSavedDC == -1 && ::RestoreDC(m_hDC, -1) && ::RestoreDC(m_hAttribDC, -1);
 }
 
@@ -157,7 +157,7 @@ CPoint CDC::MoveTo(int x, int y)
 
 BOOL CDC::LineTo(int x, int y)
 {
-    // The context of questions follows the current position without drawing.
+    // The attribute context follows the current position without drawing.
     if (m_hAttribDC != m_hDC && m_hAttribDC != nullptr)
         ::MoveToEx(m_hAttribDC, x, y, nullptr);
     return ::LineTo(m_hDC, x, y);

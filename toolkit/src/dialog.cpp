@@ -15,7 +15,7 @@ END_MESSAGE_MAP()
 namespace
 {
 
-/// Whether the template leaves the place of the dialog to others.
+/// Whether the template gives the dialog no position.
 bool leavesPlace(LPCDLGTEMPLATE source)
 {
     const auto words = reinterpret_cast<const WORD*>(source);
@@ -26,7 +26,7 @@ bool leavesPlace(LPCDLGTEMPLATE source)
     return (MAKELONG(style[0], style[1]) & placed) == 0 && place[0] == 0 && place[1] == 0;
 }
 
-/// @param unplaced points to the hook that saw the window's first place when the template leaves it open, else null
+/// @param unplaced the hook that saw the window's initial position if the template gives none, else null
 INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM, LPARAM unplaced)
 {
     if (message != WM_INITDIALOG)
@@ -48,7 +48,7 @@ LPCDLGTEMPLATE templateOf(LPCTSTR name, HINSTANCE module)
                                : static_cast<LPCDLGTEMPLATE>(::LockResource(::LoadResource(module, resource)));
 }
 
-/// Keeps a window from being used while a modal one stands over it.
+/// Disables a window while a modal one is over it.
 class Disabled
 {
 public:
@@ -148,7 +148,7 @@ int CDialog::runModal(LPCDLGTEMPLATE source, HINSTANCE module)
     HWND top = nullptr;
     const CWnd* owner = GetSafeOwner(m_pParentWnd, &top);
     const HWND parent = owner == nullptr ? nullptr : owner->m_hWnd;
-    // The parent, and the window behind it all when that is another one.
+    // The parent, and the top-level window if that is a different one.
     Disabled behind(top), below(parent == ::GetDesktopWindow() ? nullptr : parent);
     setModal();
     int result = -1;
@@ -157,7 +157,7 @@ int CDialog::runModal(LPCDLGTEMPLATE source, HINSTANCE module)
         if (m_hWnd != nullptr)
             SetWindowPos(nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
     }
-    // Before the dialog goes, or another program's window would come to the front.
+    // Before the dialog is destroyed, or another program's window would come to the front.
     below.end();
     behind.end();
     if (parent != nullptr && ::GetActiveWindow() == m_hWnd)
@@ -223,12 +223,12 @@ BOOL CWnd::ExecuteDlgInit(LPVOID lpResource)
     // list.
     const auto word = [at = static_cast<const BYTE*>(lpResource)](size_t offset) {
         WORD value;
-        std::memcpy(&value, at + offset, sizeof value); // rows stand at odd places, too
+        std::memcpy(&value, at + offset, sizeof value); // rows may be at odd addresses
         return value;
     };
     for (size_t at = 0; lpResource != nullptr && word(at) != 0;) {
         const HWND control = ::GetDlgItem(m_hWnd, word(at));
-        const UINT message = word(at + 2); // LB_ADDSTRING and CB_ADDSTRING have the numbers of old systems
+        const UINT message = word(at + 2); // LB_ADDSTRING and CB_ADDSTRING have their 16-bit numbers here
         const size_t length = static_cast<size_t>(MAKELONG(word(at + 4), word(at + 6)));
         const CString row(static_cast<const char*>(lpResource) + at + 8);
         at += 8 + length;

@@ -64,13 +64,13 @@ bool asksForColours(UINT message)
     return message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
 }
 
-/// What controls tell while UpdateData fills or reads them is no doing of the user's, and reaches no handler.
+/// Notifications of controls that UpdateData fills or reads are not caused by the user, and reach no handler.
 bool isExchanging(HWND window)
 {
     return threadState().exchanging == window;
 }
 
-/// The message that stands in maps for this one.
+/// The message that represents this one in the maps.
 UINT mapped(UINT message)
 {
     if (asksForColours(message))
@@ -96,7 +96,7 @@ LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPara
                      static_cast<DWORD>(::GetMessageTime()),
                      {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))}};
     const MSG before = std::exchange(thread.message, now);
-    // The handler may delete the window's object: nothing behind this line touches it.
+    // The handler may delete the window's object: nothing below this line touches it.
     const LRESULT result = guarded(window->m_pModuleState, now, [window, message, wParam, lParam] {
         return window->WindowProc(message, wParam, lParam);
     });
@@ -119,7 +119,7 @@ LRESULT AFXAPI AfxProcessWndProcException(CException* e, const MSG* pMsg)
 {
     if (pMsg->message == WM_CREATE)
         return -1;
-    if (pMsg->message == WM_PAINT) // or it would come again at once
+    if (pMsg->message == WM_PAINT) // or it would be sent again at once
         ::ValidateRect(pMsg->hwnd, nullptr);
     else if (e != nullptr && !e->IsKindOf(RUNTIME_CLASS(CUserException)))
         e->ReportError(MB_ICONEXCLAMATION);

@@ -94,7 +94,7 @@ namespace
 
 constexpr BYTE kByReference = 0x40;
 
-/// Owned variants: texts made for the call go with them.
+/// Owned variants, which free the texts made for the call.
 class Variants
 {
 public:
@@ -130,7 +130,7 @@ void COleDispatchDriver::InvokeHelperV(DISPID dwDispID, WORD wFlags, VARTYPE vtR
     const size_t count = pbParamInfo == nullptr ? 0 : strlen(reinterpret_cast<const char*>(pbParamInfo));
     Variants parameters(count);
     for (size_t i = 0; i < count; ++i) {
-        VARIANT& it = parameters[count - 1 - i]; // the last one comes first
+        VARIANT& it = parameters[count - 1 - i]; // in reverse order
         const BYTE kind = pbParamInfo[i];
         if ((kind & kByReference) != 0) {
             it.vt = static_cast<VARTYPE>((kind & ~kByReference) | VT_BYREF);
@@ -211,7 +211,7 @@ void COleDispatchDriver::InvokeHelperV(DISPID dwDispID, WORD wFlags, VARTYPE vtR
 namespace
 {
 
-/// Ends the list of arguments however the call ends.
+/// Calls va_end however the call ends.
 struct Arguments {
     ~Arguments() { va_end(list); }
     va_list list;

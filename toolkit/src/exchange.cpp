@@ -12,7 +12,7 @@
 namespace
 {
 
-/// Marks the window that exchanges values, for the life of this object.
+/// Marks the window that exchanges values, during the lifetime of this object.
 class Exchanging
 {
 public:
@@ -101,7 +101,7 @@ CString textOf(HWND control)
     return text;
 }
 
-/// A text set anew would move the caret and mark the field as changed.
+/// Setting an equal text would move the caret and mark the field as changed.
 void show(HWND control, const CString& text)
 {
     if (textOf(control) != text)
@@ -124,7 +124,7 @@ void exchangeNumber(CDataExchange* exchange, int id, Value& value)
     errno = 0;
     if constexpr (std::is_floating_point_v<Value>) {
         const double number = std::wcstod(text, &end);
-        inside = std::fabs(number) <= static_cast<double>(Bounds::max()); // which no NaN is
+        inside = std::fabs(number) <= static_cast<double>(Bounds::max()); // false for NaN
         read = static_cast<Value>(inside ? number : 0);
     } else if constexpr (std::is_signed_v<Value>) {
         const long long number = std::wcstoll(text, &end, 10);
@@ -160,7 +160,7 @@ void exchangeIndex(CDataExchange* exchange, int id, int& index, UINT get, UINT s
         ::SendMessageW(control, set, static_cast<WPARAM>(index), 0);
 }
 
-/// Selects the row that `find` finds for a text. False when there is none.
+/// Selects the row that `find` finds for a text. False if there is none.
 bool selectRow(HWND control, const CString& text, UINT find, UINT select)
 {
     const LRESULT row =

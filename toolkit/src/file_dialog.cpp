@@ -17,7 +17,7 @@ CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszF
     if (lpszFileName != nullptr)
         lstrcpynW(m_file, lpszFileName, _countof(m_file));
     if (lpszFilter != nullptr) {
-        m_filter.Replace(L'|', L'\0'); // the system's list has terminators in place of the bars
+        m_filter.Replace(L'|', L'\0'); // the system separates by terminators instead of bars
         m_ofn.lpstrFilter = m_filter;
     }
 }

@@ -1,5 +1,5 @@
-// Which object stands for a handle, in one thread. A permanent object has entered itself and takes itself out; a
-// temporary one belongs to the map, which forgets it when told that nobody can still hold it.
+// Maps handles to objects, for one thread. A permanent object registers and unregisters itself; a temporary one belongs
+// to the map, which deletes it when told that nobody can still hold it.
 #pragma once
 
 #include <algorithm>
@@ -29,7 +29,7 @@ public:
             m_permanent.erase(it);
     }
 
-    /// The permanent object, else the temporary one, which `make` makes at first; null for a null handle.
+    /// The permanent object, else the temporary one, which `make` creates when needed; null for a null handle.
     template <class Make>
     Object* object(Handle handle, int level, Make make)
     {
@@ -51,8 +51,8 @@ public:
         drop([level](const Temporary& each) { return each.level >= level; });
     }
 
-    /// Whether it is time to look for temporary objects whose handles are no more: in a program with a message loop of
-    /// its own nobody tells when it is idle.
+    /// Whether it is time to look for temporary objects whose handles are gone: in a program with its own message loop
+    /// there is no idle notification.
     bool isFull() const { return m_temporary.size() >= m_full; }
     void forgetDead()
     {

@@ -1,4 +1,4 @@
-// Loops of messages: that of a program and those of modal windows, which may run inside one another.
+// Message loops: that of a program and those of modal windows, which may be nested.
 #include <afxwin.h>
 
 #include "thread_state.h"
@@ -44,7 +44,7 @@ int CWnd::RunModalLoop(DWORD dwFlags)
     while (ContinueModal() && m_hWnd != nullptr) {
         MSG message;
         const bool waits = ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
-        // A window that never validates itself wishes to be painted for ever, which must not keep the loop busy.
+        // A window that never validates itself gets WM_PAINT for ever, which must not keep the loop from being idle.
         const bool busy = waits && isNews(message);
         if (!busy && show) {
             show = false;
@@ -62,12 +62,12 @@ int CWnd::RunModalLoop(DWORD dwFlags)
         } else if (AfxPumpMessage()) {
             idle = idle || busy;
         } else {
-            ::PostQuitMessage(static_cast<int>(threadState().quitCode)); // for the loop outside
+            ::PostQuitMessage(static_cast<int>(threadState().quitCode)); // for the outer loop
             m_modal = false;
             return -1;
         }
     }
-    const bool ended = !m_modal; // by EndModalLoop and not by the end of the window
+    const bool ended = !m_modal; // by EndModalLoop and not by the window's destruction
     m_modal = false;
     return ended ? m_nModalResult : -1;
 }
@@ -108,7 +108,7 @@ BOOL pumpMessage(CWinThread* thread)
 
 bool isNews(const MSG& message)
 {
-    constexpr UINT caretBlinks = 0x0118; // a timer of the system's own
+    constexpr UINT caretBlinks = 0x0118; // a timer of the system
     if (message.message != WM_MOUSEMOVE && message.message != WM_NCMOUSEMOVE)
         return message.message != WM_PAINT && message.message != caretBlinks;
     CPoint& before = threadState().pointer;

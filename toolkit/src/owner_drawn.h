@@ -1,9 +1,9 @@
-// The messages of a control that its owner draws, to the control's own members.
+// Passes the messages of an owner-drawn control to the control's own members.
 #pragma once
 
 #include <windows.h>
 
-/// False for other messages, and for those of rows of a control that knows only to draw.
+/// False for other messages, and for row messages to a control that can only draw.
 template <class Control>
 bool drawnByOwner(Control& control, UINT message, LPARAM lParam, LRESULT* result)
 {

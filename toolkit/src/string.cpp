@@ -77,13 +77,13 @@ void CString::ReleaseBuffer(int nNewLength)
 
 BOOL CString::LoadString(UINT nID)
 {
-    // A module has texts in blocks of 16, so that a block that is there may lack this one.
+    // String resources are in blocks of 16, so an existing block may lack this one.
     return nID != 0 && findModule([=, this](HINSTANCE module) { return LoadString(module, nID); }) != nullptr;
 }
 
 BOOL CString::LoadString(HINSTANCE hInst, UINT nID)
 {
-    const wchar_t* text = nullptr; // the system hands out its own text, which has no terminator
+    const wchar_t* text = nullptr; // the system returns its own text, which has no terminator
     const int length = ::LoadStringW(hInst, nID, reinterpret_cast<LPWSTR>(&text), 0);
     m_text.assign(length > 0 ? text : L"", static_cast<size_t>(std::max(length, 0)));
     return length > 0;

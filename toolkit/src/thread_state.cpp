@@ -7,14 +7,14 @@
 namespace
 {
 
-// A slot of the system, not thread_local: it can be emptied while threads live on that the DLL must not outlive.
+// A system slot, not thread_local: it can be cleared while threads that outlive the DLL are running.
 struct Threads {
     const DWORD slot = TlsAlloc();
     std::mutex lock;
     std::vector<std::unique_ptr<ThreadState>> states;
 };
 
-/// Made at first use: objects with static life ask for it early.
+/// Created at first use: static objects need it early.
 Threads& threads()
 {
     static Threads it;
@@ -32,12 +32,12 @@ void endThread()
     std::erase_if(all.states, [state](const auto& each) { return each.get() == state; });
 }
 
-/// A message of the lowest rank, so that the loop has had nothing better to do.
+/// A message of lowest priority, so the loop has nothing else to do.
 void CALLBACK timeToForget(HWND, UINT, UINT_PTR, DWORD)
 {
     ThreadState& thread = threadState();
     thread.endTimer();
-    // Within a handler or a modal loop somebody may hold one still.
+    // Within a handler or a modal loop somebody may still hold one.
     const bool held = thread.depth > 0 || thread.level > 0;
     const auto look = [held](auto& map) { held ? map.putOff() : map.forgetDead(); };
     std::apply([look](auto&... each) { (look(each), ...); }, thread.maps);

@@ -1,4 +1,4 @@
-// What the toolkit keeps for each thread: which object stands for which handle.
+// The toolkit's state of each thread, with the objects of its handles.
 #pragma once
 
 #include <afxcmn.h>
@@ -9,7 +9,7 @@
 #include <functional>
 #include <tuple>
 
-/// @name Telling a temporary object its handle
+/// @name Giving a temporary object its handle
 /// @{
 inline void hold(CGdiObject& object, HGDIOBJ handle)
 {
@@ -33,7 +33,7 @@ inline void hold(CImageList& list, HIMAGELIST handle)
 }
 /// @}
 
-/// @name Whether the handle of a temporary object still stands for something
+/// @name Whether the handle of a temporary object is still valid
 /// @{
 inline bool alive(const CGdiObject& object)
 {
@@ -67,21 +67,21 @@ struct ThreadState {
                HandleMap<HIMAGELIST, CImageList>>
         maps;
     AFX_MODULE_STATE* module = nullptr; ///< null: the program's
-    MSG message = {};                   ///< at work in a window's procedure
+    MSG message = {};                   ///< current in a window procedure
     class WindowHook* hook = nullptr;   ///< of the window about to be created
     HWND tip = nullptr;                 ///< the tool tip used last
-    HWND exchanging = nullptr;          ///< the window that exchanges values, and is deaf to its controls meanwhile
-    CPoint pointer;                     ///< where the last message of the pointer was
-    WPARAM quitCode = 0;                ///< what the last WM_QUIT brought
-    int level = 0;                      ///< how many modal loops run inside one another
-    int depth = 0;                      ///< how many calls to handlers run inside one another
-    UINT_PTR timer = 0;                 ///< runs while dead temporary objects are to be looked for
+    HWND exchanging = nullptr;          ///< the window that exchanges values and ignores its controls meanwhile
+    CPoint pointer;                     ///< position of the last mouse message
+    WPARAM quitCode = 0;                ///< exit code of the last WM_QUIT
+    int level = 0;                      ///< number of nested modal loops
+    int depth = 0;                      ///< number of nested calls to handlers
+    UINT_PTR timer = 0;                 ///< runs while dead temporary objects must be searched for
 
     void forgetTemporary()
     {
         std::apply([this](auto&... each) { (each.forget(level), ...); }, maps);
     }
-    /// Lets dead temporary objects go in a turn of the message loop in which no handler can hold one.
+    /// Deletes dead temporary objects in an iteration of the message loop in which no handler can hold one.
     void forgetDeadSoon();
     void endTimer()
     {
@@ -92,7 +92,7 @@ struct ThreadState {
 
 ThreadState& threadState();
 
-/// @name What Attach, Detach and FromHandle do in every class of handles
+/// @name Attach, Detach and FromHandle of every handle class
 /// @{
 template <class Object, class Handle>
 bool attachHandle(Object& object, Handle& member, Handle handle)
@@ -116,7 +116,7 @@ Object* permanentObject(Handle handle)
 {
     return std::get<HandleMap<Handle, Object>>(threadState().maps).permanent(handle);
 }
-/// @param make gives a new object, as a unique pointer, when there is none
+/// @param make returns a new object, as a unique pointer, if there is none
 template <class Object, class Handle, class Make>
 Object* objectOf(Handle handle, Make make)
 {
@@ -134,7 +134,7 @@ Object* objectOf(Handle handle)
 }
 /// @}
 
-/// One more modal loop inside the others, for the life of this object: temporary objects of the outer ones stay.
+/// One more nested modal loop during the lifetime of this object: temporary objects of the outer ones stay.
 class ModalLevel
 {
 public:
@@ -148,12 +148,12 @@ public:
     ModalLevel& operator=(const ModalLevel&) = delete;
 };
 
-/// Asks the application object, ends the exception. Null stands for one that is not the toolkit's.
+/// Passes the exception to the application object and deletes it. Null means one that is not the toolkit's.
 LRESULT resultOfException(CException* exception, const MSG& message);
 
-/// Makes a call for an object of a module, under the module's state. An exception goes to the application object, or
-/// without one to the toolkit, as that of a handler of the message.
-/// @return what the call gives, or what is made of the exception
+/// Runs a call for an object of a module, under the module's state. An exception goes to the application object, or if
+/// there is none to the toolkit, as one from a handler of the message.
+/// @return the result of the call, or of the exception's handling
 template <class Call>
 LRESULT guarded(AFX_MODULE_STATE* module, const MSG& message, Call call)
 {
@@ -175,12 +175,13 @@ LRESULT guarded(AFX_MODULE_STATE* module, const MSG& message, Call call)
     return context.result;
 }
 
-/// Takes one message, asks the thread's object or, without one, the windows alone for PreTranslateMessage, dispatches.
+/// Retrieves one message, calls PreTranslateMessage of the thread's object or, without one, of the windows, and
+/// dispatches.
 BOOL pumpMessage(CWinThread* thread);
-/// Whether a message is news: not the wish to paint, the blinking of a caret or a pointer that rests.
+/// Whether a message counts as activity: not WM_PAINT, the blinking of a caret or a mouse message without movement.
 bool isNews(const MSG& message);
-/// The state of the program, or that of nobody when the program does not use the toolkit itself.
+/// The state of the program, or a default one if the program itself does not use the toolkit.
 AFX_MODULE_STATE* programState();
-/// The first module that has what is asked for: the current one, the libraries that offer their resources to all, the
-/// program. Null when none has.
+/// The first module that has the resource: the current one, the libraries that offer their resources to all, the
+/// program. Null if none has.
 HINSTANCE findModule(const std::function<bool(HINSTANCE)>& has);

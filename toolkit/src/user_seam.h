@@ -1,4 +1,4 @@
-// What the rest of the toolkit asks of the seam to the user.
+// What the rest of the toolkit needs from the interface to the user.
 #pragma once
 
 #include <afxwin.h>
@@ -7,7 +7,7 @@
 namespace toolkit
 {
 
-/// The object in the user's place; null for the person at the screen.
+/// The object that answers in place of the user; null for the person at the screen.
 User* userInPlace();
 /// The text of one of the numbers AFX_IDP_, with %1 and %2 still to be filled in.
 CString userText(UINT id);

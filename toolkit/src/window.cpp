@@ -1,4 +1,4 @@
-// The bond between windows and objects, and what windows are asked most.
+// The connection between windows and objects, and the most used members of windows.
 #include <afxwin.h>
 
 #include "thread_state.h"
@@ -111,7 +111,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
                                    cs.cx, cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams);
         bound = hook.bound();
     }
-    if (!bound) // a window that had come to life has called it when it went
+    if (!bound) // otherwise the window called it when it was destroyed
         PostNcDestroy();
     return window != nullptr;
 }
@@ -126,7 +126,7 @@ void CWnd::OnNcDestroy()
     CWinThread* thread = AfxGetThread();
     if (thread != nullptr && thread->m_pMainWnd == this) {
         thread->m_pMainWnd = nullptr;
-        // A DLL must not end the program that it works for.
+        // A DLL must not end its program.
         if (AfxGetModuleState()->m_hCurrentInstanceHandle == ::GetModuleHandleW(nullptr))
             ::PostQuitMessage(0);
     }
@@ -172,7 +172,7 @@ CWnd* topOf(HWND window)
     HWND above = window;
     while (above != nullptr) {
         window = above;
-        above = ::GetParent(window); // the owner, for a window that is no child
+        above = ::GetParent(window); // the owner, if the window is not a child
     }
     return CWnd::FromHandle(window);
 }

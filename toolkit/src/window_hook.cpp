@@ -5,7 +5,7 @@
 namespace
 {
 
-/// Windows that the system makes beside ours on its own.
+/// Windows that the system itself creates along with ours.
 bool isInputMethod(HWND window)
 {
     wchar_t name[16];

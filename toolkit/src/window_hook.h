@@ -12,7 +12,7 @@ public:
     WindowHook& operator=(const WindowHook&) = delete;
 
     bool bound() const { return m_window == nullptr; }
-    /// Where the system makes the window, in coordinates of its parent or, for one without, of the screen.
+    /// Where the system creates the window, in coordinates of its parent or, without a parent, of the screen.
     CPoint place() const { return m_place; }
 
 private:

@@ -1,6 +1,6 @@
 /// @file
-/// What every header of the toolkit stands on: the system's headers, how names leave the toolkit's DLL, and the
-/// checking macros.
+/// Basics of every toolkit header: the system's headers, the export of names from the toolkit's DLL, and the assertion
+/// macros.
 #pragma once
 
 #if defined(_MSC_VER)
@@ -16,12 +16,12 @@
 #include <shellapi.h>
 #include <tchar.h>
 
-#undef GetNextWindow // a macro of the system with the name of a member
+#undef GetNextWindow // a system macro with the name of a member
 
 #include <cassert>
 #include <cstddef>
 
-/// Marks what the toolkit's DLL gives to programs. Inline members live in each module by themselves.
+/// Marks what the toolkit's DLL exports. Each module has its own copy of inline members.
 #if defined(VEK_TOOLKIT_BUILDING)
 #define AFX_EXPORTED __declspec(dllexport)
 #else
@@ -38,7 +38,7 @@
 #define _countof(array) (sizeof(array) / sizeof(*(array)))
 #endif
 
-/// Debug builds (without NDEBUG) stop where a condition does not hold; VERIFY evaluates it in every build.
+/// Debug builds (without NDEBUG) stop if a condition does not hold; VERIFY evaluates it in every build.
 #if defined(NDEBUG)
 #define ASSERT(condition) static_cast<void>(0)
 #define VERIFY(condition) static_cast<void>(condition)
@@ -50,5 +50,5 @@
 #endif
 #define ASSERT_VALID(object) ASSERT((object) != nullptr)
 
-/// Writes a text, filled in as `wsprintf` does, to the debugger.
+/// Writes a text, formatted as by `wsprintf`, to the debugger.
 AFX_EXPORTED void AFX_CDECL AfxTrace(LPCTSTR lpszFormat, ...);

@@ -1,5 +1,5 @@
 /// @file
-/// What can get commands, and the application object.
+/// Objects that receive commands, and the application object.
 #pragma once
 
 #include <toolkit/exception.h>
@@ -8,7 +8,7 @@
 
 class CWnd;
 
-struct AFX_CMDHANDLERINFO; // no caller has a use for it here
+struct AFX_CMDHANDLERINFO; // no caller needs it
 
 /// What a notification carries on its way to the handler.
 struct AFX_NOTIFY {
@@ -24,24 +24,24 @@ class AFX_EXPORTED CCmdTarget : public CObject
 public:
     CCmdTarget() : m_pModuleState(AfxGetModuleState()) {}
 
-    /// The state that was in force when the object was made; its messages are handled under it.
+    /// The module state that was current when the object was created; its messages are handled under it.
     AFX_MODULE_STATE* m_pModuleState;
 
-    /// Gives a command or notification to its handler. The high word of `nCode` is the message, WM_COMMAND when it is
-    /// 0, the low word the code; `pExtra` is an AFX_NOTIFY for WM_NOTIFY. False when nobody handles it.
+    /// Passes a command or notification to its handler. The high word of `nCode` is the message, WM_COMMAND if it is 0,
+    /// the low word the code; `pExtra` is an AFX_NOTIFY for WM_NOTIFY. False if nobody handles it.
     virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
 
-    /// The wait cursor stands from Begin to the End that belongs to it; Restore shows it again within.
+    /// Shows the wait cursor from Begin to the matching End; Restore shows it again in between.
     inline void BeginWaitCursor();
     inline void EndWaitCursor();
     inline void RestoreWaitCursor();
 
 protected:
-    /// The entry of this class or its bases that fits, null when there is none. Codes compare by their low word.
+    /// The matching entry of this class or its bases, null if there is none. Codes compare by their low word.
     const AFX_MSGMAP_ENTRY* FindEntry(UINT message, UINT code, UINT id) const;
 };
 
-/// The wait cursor for the life of this object.
+/// Shows the wait cursor during the lifetime of this object.
 class CWaitCursor
 {
 public:
@@ -64,22 +64,23 @@ public:
     DWORD m_nThreadID = 0;
 
     virtual BOOL InitInstance() { return FALSE; }
-    /// Handles messages until WM_QUIT; the result is that of ExitInstance.
+    /// Handles messages until WM_QUIT; returns the result of ExitInstance.
     virtual int Run();
     virtual int ExitInstance();
-    /// True for a message that must not be dispatched: windows from the one addressed up to the main window are asked,
-    /// then the main window for windows that do not belong to it.
+    /// True for a message that must not be dispatched: asks the windows from the addressed one up to the main window,
+    /// and the main window also for windows that do not belong to it.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
-    /// Takes and dispatches one message; false for WM_QUIT.
+    /// Retrieves and dispatches one message; false for WM_QUIT.
     virtual BOOL PumpMessage();
-    /// Called while no message waits, with a growing count, until it gives false. Ends temporary objects.
+    /// Called while no message is waiting, with a rising count, until it returns false. Deletes temporary objects.
     virtual BOOL OnIdle(LONG lCount);
-    /// Whether OnIdle is called anew behind a message: not behind the wish of a window to be painted, the blinking of a
-    /// caret, or a message of a pointer that has not moved.
+    /// Whether OnIdle is called again after a message: not after WM_PAINT, the blinking of a caret, or a mouse message
+    /// without movement.
     virtual BOOL IsIdleMessage(MSG* pMsg);
-    /// Called for an exception that no handler caught; the result is that of the message. The exception is ended after.
+    /// Called for an exception that no handler caught; returns the result of the message. The exception is deleted
+    /// afterwards.
     virtual LRESULT ProcessWndProcException(CException* e, const MSG* pMsg);
-    /// The active window when the thread has no main window.
+    /// The active window if the thread has no main window.
     virtual CWnd* GetMainWnd();
 };
 
@@ -88,7 +89,7 @@ class AFX_EXPORTED CWinApp : public CWinThread
     DECLARE_DYNAMIC(CWinApp)
 
 public:
-    /// The application object of the module that makes it. A module has one at most.
+    /// The application object of the module that creates it. A module has at most one.
     explicit CWinApp(LPCTSTR lpszAppName = nullptr) : CWinApp(AfxGetStaticModuleState(), lpszAppName) {}
     ~CWinApp() override;
 
@@ -120,7 +121,7 @@ private:
 };
 
 /// @name A DLL whose resources all modules find
-/// It begins with AfxInitExtensionModule and `new CDynLinkLibrary`, and ends with AfxTermExtensionModule.
+/// It calls AfxInitExtensionModule and `new CDynLinkLibrary` on loading, and AfxTermExtensionModule on unloading.
 /// @{
 struct AFX_EXTENSION_MODULE {
     BOOL bInitialized;
@@ -129,10 +130,10 @@ struct AFX_EXTENSION_MODULE {
 };
 
 AFX_EXPORTED BOOL AFXAPI AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE hModule);
-/// Ends what the module has offered.
+/// Withdraws the module's resources.
 AFX_EXPORTED void AFXAPI AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL bAll = FALSE);
 
-/// The offer, as long as it lives; the one made last is asked first.
+/// Offers a module's resources during its lifetime; the newest one is searched first.
 class AFX_EXPORTED CDynLinkLibrary : public CCmdTarget
 {
     DECLARE_DYNAMIC(CDynLinkLibrary)
@@ -147,34 +148,35 @@ public:
 /// @}
 
 /// @name The application object of the module that the thread works for
-/// Null when it has none. It is its thread object too.
+/// Null if it has none. It is also the thread object.
 /// @{
 AFX_EXPORTED CWinApp* AFXAPI AfxGetApp();
 AFX_EXPORTED CWinThread* AFXAPI AfxGetThread();
-/// That of the program when the module has none, else the active window.
+/// The program's main window if the module has none, else the active window.
 AFX_EXPORTED CWnd* AFXAPI AfxGetMainWnd();
 AFX_EXPORTED LPCTSTR AFXAPI AfxGetAppName();
 /// @}
 
-/// What the toolkit does for an exception that a handler let out: no window for WM_CREATE, a valid one for WM_PAINT, a
-/// message box for others, unless the user knows already. Null stands for an exception of another kind, which is
-/// silent.
+/// Default handling of an exception that escaped a handler: WM_CREATE fails, for WM_PAINT the window is validated,
+/// others show a message box unless the user has been informed already. Null means an exception that is not the
+/// toolkit's, which is swallowed.
 AFX_EXPORTED LRESULT AFXAPI AfxProcessWndProcException(CException* e, const MSG* pMsg);
-/// For a program with an entry function of its own: tells its application object the command line. False without one.
+/// For a program with its own entry function: passes the command line to the application object. False if there is
+/// none.
 AFX_EXPORTED BOOL AFXAPI AfxWinInit(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine, int nCmdShow);
-/// What a program's entry function does: the application object is asked for InitInstance, then for Run.
+/// The body of a program's entry function: calls InitInstance and then Run of the application object.
 AFX_EXPORTED int AFXAPI AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine, int nCmdShow);
-/// Takes and dispatches one message with or without an application object; false for WM_QUIT.
+/// Retrieves and dispatches one message with or without an application object; false for WM_QUIT.
 AFX_EXPORTED BOOL AFXAPI AfxPumpMessage();
-/// A message box of the active window, titled with the application's name.
+/// A message box over the active window, titled with the application's name.
 AFX_EXPORTED int AFXAPI AfxMessageBox(LPCTSTR lpszText, UINT nType = MB_OK, UINT nIDHelp = 0);
 AFX_EXPORTED int AFXAPI AfxMessageBox(UINT nIDPrompt, UINT nType = MB_OK, UINT nIDHelp = 0);
 /// The name of a window class with these properties, registered at first use and for the rest of the module's life.
 AFX_EXPORTED LPCTSTR AFXAPI AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor = nullptr,
                                                 HBRUSH hbrBackground = nullptr, HICON hIcon = nullptr);
-/// Registers a class, unless it is there; the toolkit takes it back when the module goes.
+/// Registers a class, unless it is registered; the toolkit unregisters it when the module is unloaded.
 AFX_EXPORTED BOOL AFXAPI AfxRegisterClass(WNDCLASS* lpWndClass);
-/// 1 begins, -1 ends, 0 restores the wait cursor of the application object, if there is one.
+/// 1 begins, -1 ends, 0 restores the application object's wait cursor, if there is such an object.
 AFX_EXPORTED void AfxWaitCursor(int code);
 
 inline void CCmdTarget::BeginWaitCursor()

@@ -1,5 +1,5 @@
 /// @file
-/// Entries of message maps for commands and for what controls tell their parents. Comes with <afxwin.h>.
+/// Message map entries for commands and for notifications of controls. Included by <afxwin.h>.
 #pragma once
 
 /// @name Commands, from menus, accelerators and buttons
@@ -62,7 +62,7 @@
 /// @}
 
 /// @name Notifications that a control handles itself
-/// The parent is asked only when the control has no such entry or, in the forms with EX, returns false.
+/// The parent gets them only if the control has no such entry or, in the forms with EX, returns false.
 /// @{
 #define ON_CONTROL_REFLECT(wNotifyCode, memberFxn)                                                                     \
     AFX_ENTRY(WM_COMMAND + WM_REFLECT_BASE, wNotifyCode, 0, 0, nullptr, memberFxn, void, (), (self->*handler)();       \

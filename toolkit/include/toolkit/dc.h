@@ -1,5 +1,5 @@
 /// @file
-/// Device contexts. Drawing goes to `m_hDC`, questions go to `m_hAttribDC`; both are the same but for a metafile.
+/// Device contexts. Drawing goes to `m_hDC`, queries to `m_hAttribDC`; both are the same except for a metafile.
 #pragma once
 
 #include <toolkit/gdi.h>
@@ -28,8 +28,8 @@ public:
     CWnd* GetWindow() const;
     BOOL IsPrinting() const { return m_bPrinting; }
 
-    /// @name Making and letting go
-    /// An object deletes its context at its end, unless it was detached.
+    /// @name Creating and releasing
+    /// The destructor deletes the context, unless it was detached.
     /// @{
     BOOL Attach(HDC hDC);
     HDC Detach();
@@ -45,7 +45,7 @@ public:
     {
         return Attach(::CreateICW(driver, device, output, static_cast<const DEVMODEW*>(init)));
     }
-    /// A context in memory, fit for the screen when there is no other.
+    /// A memory context, compatible with the screen if no other is given.
     BOOL CreateCompatibleDC(CDC* pDC) { return Attach(::CreateCompatibleDC(pDC == nullptr ? nullptr : pDC->m_hDC)); }
     BOOL DeleteDC();
     virtual int SaveDC();
@@ -54,7 +54,7 @@ public:
     /// @}
 
     /// @name Objects
-    /// The result is what was selected before, a temporary object unless an object owns it; null on failure.
+    /// Returns the previous selection, a temporary object unless an object owns it; null on failure.
     /// @{
     virtual CGdiObject* SelectStockObject(int nIndex)
     {
@@ -65,7 +65,7 @@ public:
     virtual CFont* SelectObject(CFont* pFont) { return swap(pFont); }
     CBitmap* SelectObject(CBitmap* pBitmap) { return swap(pBitmap); }
     CGdiObject* SelectObject(CGdiObject* pObject) { return swap(pObject); }
-    /// Selects a copy of the region; the result tells how complex it is.
+    /// Selects a copy of the region; returns its complexity.
     int SelectObject(CRgn* pRgn) { return SelectClipRgn(pRgn); }
     CPalette* SelectPalette(CPalette* pPalette, BOOL bForceBackground)
     {
@@ -80,7 +80,7 @@ public:
     /// @}
 
     /// @name Colours and modes
-    /// Setters give the value before.
+    /// Setters return the previous value.
     /// @{
     COLORREF GetNearestColor(COLORREF crColor) const { return ::GetNearestColor(m_hAttribDC, crColor); }
     COLORREF GetBkColor() const { return ::GetBkColor(m_hAttribDC); }
@@ -182,7 +182,7 @@ public:
     void InvertRect(LPCRECT lpRect) { ::InvertRect(m_hDC, lpRect); }
     BOOL FillRgn(CRgn* pRgn, CBrush* pBrush) { return ::FillRgn(m_hDC, *pRgn, *pBrush); }
     BOOL PaintRgn(CRgn* pRgn) { return ::PaintRgn(m_hDC, *pRgn); }
-    /// These two leave the colour as the background colour.
+    /// These two also set the background colour.
     void FillSolidRect(LPCRECT lpRect, COLORREF clr);
     void FillSolidRect(int x, int y, int cx, int cy, COLORREF clr);
     void Draw3dRect(LPCRECT lpRect, COLORREF clrTopLeft, COLORREF clrBottomRight);
@@ -213,7 +213,7 @@ public:
     /// @}
 
     /// @name Pixels and pictures
-    /// A null source stands for none, as for raster codes that need no source.
+    /// The source may be null for raster codes that need none.
     /// @{
     COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hDC, x, y); }
     COLORREF GetPixel(POINT point) const { return GetPixel(point.x, point.y); }
@@ -302,7 +302,7 @@ private:
     {
         return object == nullptr ? nullptr : static_cast<Object*>(CGdiObject::FromHandle(select(object->m_hObject)));
     }
-    /// A setting for the context of drawing and for that of questions, whose answer counts.
+    /// Sets a value in both contexts; the result is that of the attribute context.
     template <class Result, class... Takes, class... Gives>
     Result both(Result(WINAPI* set)(HDC, Takes...), Gives... values)
     {

@@ -5,7 +5,7 @@
 #include <toolkit/controls.h>
 #include <toolkit/exchange.h>
 
-/// The kind of resource that tells the first rows of a dialog's boxes.
+/// The type of the resource with the initial rows of a dialog's list and combo boxes.
 #define RT_DLGINIT MAKEINTRESOURCE(240)
 
 class AFX_EXPORTED CDialog : public CWnd
@@ -34,10 +34,10 @@ public:
 
     /// @name Modal
     /// @{
-    /// The template must live until DoModal has ended.
+    /// The template must live until DoModal returns.
     BOOL InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd = nullptr, void* lpDialogInit = nullptr);
-    /// Shows the dialog over its parent, which is disabled for that time, and runs until EndDialog, whose value is the
-    /// result. -1 when the dialog cannot be made or its window is destroyed otherwise.
+    /// Shows the dialog over its parent, which is disabled meanwhile, and runs until EndDialog, whose value is
+    /// returned. -1 if the dialog cannot be created or its window is destroyed otherwise.
     virtual INT_PTR DoModal();
     void EndDialog(int nResult);
     /// @}
@@ -48,22 +48,22 @@ public:
     void SetDefID(UINT nID) { SendMessage(DM_SETDEFID, nID); }
     DWORD GetDefID() const { return static_cast<DWORD>(SendMessage(DM_GETDEFID)); }
 
-    /// Called before the dialog shows; fills the controls, from the resource RT_DLGINIT of the template's name and then
-    /// by UpdateData. False when it has set the focus itself. Behind it a dialog that nobody has placed, neither its
-    /// template nor a handler, moves over the middle of its owner.
+    /// Called before the dialog is shown; fills the controls, from the resource RT_DLGINIT of the template's name and
+    /// then by UpdateData. False if it has set the focus itself. Afterwards a dialog that neither its template nor a
+    /// handler has positioned is centred on its owner.
     virtual BOOL OnInitDialog();
     BOOL PreTranslateMessage(MSG* pMsg) override;
     /// Commands that the dialog does not handle go to its parent, then to the application object.
     BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override;
 
 protected:
-    /// Takes the values over, unless one is refused, and ends with IDOK.
+    /// Reads the values into the members, unless one is invalid, and ends with IDOK.
     virtual void OnOK();
     virtual void OnCancel();
 
     LPCTSTR m_lpszTemplateName = nullptr;
     LPCDLGTEMPLATE m_lpDialogTemplate = nullptr;
-    void* m_lpDialogInit = nullptr; ///< what RT_DLGINIT would hold, for a template in memory
+    void* m_lpDialogInit = nullptr; ///< in place of RT_DLGINIT, for a template in memory
     CWnd* m_pParentWnd = nullptr;
 
 private:

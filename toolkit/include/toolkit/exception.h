@@ -1,6 +1,5 @@
 /// @file
-/// Exceptions of the toolkit are thrown by pointer: whoever catches one ends it by Delete. None passes a window's
-/// procedure.
+/// Exceptions of the toolkit are thrown by pointer; the catcher must call Delete. None leaves a window procedure.
 #pragma once
 
 #include <toolkit/object.h>
@@ -16,9 +15,9 @@ public:
     CException() = default;
 
     void Delete() { delete this; }
-    /// The text for the user, cut to the room given; false and empty when there is none.
+    /// The text for the user, cut to the given size; false and empty if there is none.
     virtual BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, UINT* pnHelpContext = nullptr) const;
-    /// Shows the text, or that of the resource when the exception has none, in a message box.
+    /// Shows the text, or if there is none that of the resource, in a message box.
     virtual int ReportError(UINT nType = MB_OK, UINT nMessageID = 0);
 };
 
@@ -37,14 +36,14 @@ class AFX_EXPORTED CResourceException : public CException
     DECLARE_DYNAMIC(CResourceException)
 };
 
-/// Thrown when the user has been told already, such as of a wrong value in a field.
+/// Thrown when the user has been informed already, for example of an invalid value in a field.
 class AFX_EXPORTED CUserException : public CException
 {
     DECLARE_DYNAMIC(CUserException)
 };
 
 /// @name Throwing
-/// Inline, so that it is the caller's module that throws.
+/// Inline, so that the caller's module throws.
 /// @{
 [[noreturn]] inline void AFXAPI AfxThrowMemoryException()
 {
@@ -64,8 +63,8 @@ class AFX_EXPORTED CUserException : public CException
 }
 /// @}
 
-/// Runs a call and keeps its exception: `failed` gets it, null for one that is not the toolkit's. Each module brings
-/// its own copy of this function, since an exception is best caught by the run-time library that threw it.
+/// Runs a call and catches its exception: `failed` gets it, null for one that is not the toolkit's. Each module has its
+/// own copy of this function, since an exception is best caught by the run-time library that threw it.
 using AFX_GUARD = void (*)(void (*call)(void*), void (*failed)(void*, CException*), void* context);
 inline void AfxRunGuarded(void (*call)(void*), void (*failed)(void*, CException*), void* context)
 {

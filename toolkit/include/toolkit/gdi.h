@@ -1,7 +1,7 @@
 /// @file
-/// Drawing objects. An object owns the handle that it made or that was attached, and deletes it at its end. FromHandle
-/// gives the object that owns a handle or, when there is none, a temporary one that owns nothing and lives until the
-/// program is idle. Two objects must not own one handle.
+/// GDI objects. An object owns the handle that it created or that was attached, and its destructor deletes it.
+/// FromHandle returns the object that owns a handle or, if there is none, a temporary one that owns nothing and lives
+/// until the program is idle. Two objects must not own one handle.
 #pragma once
 
 #include <atltypes.h>
@@ -109,7 +109,7 @@ public:
                                     cStrikeOut, nCharSet, nOutPrecision, nClipPrecision, nQuality, nPitchAndFamily,
                                     lpszFacename));
     }
-    /// A font of a height in tenths of a point on the device, which is the screen when there is none.
+    /// A font with a height in tenths of a point on the device, by default the screen.
     BOOL CreatePointFont(int nPointSize, LPCTSTR lpszFaceName, CDC* pDC = nullptr);
     int GetLogFont(LOGFONT* pLogFont) { return GetObject(sizeof(LOGFONT), pLogFont); }
 };

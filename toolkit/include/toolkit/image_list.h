@@ -1,5 +1,5 @@
 /// @file
-/// Lists of pictures of one size. An object that made a list, or had one attached, destroys it at its end.
+/// Lists of pictures of one size. The destructor destroys the list that was created or attached.
 #pragma once
 
 #include <toolkit/dc.h>
@@ -24,7 +24,7 @@ public:
     {
         return Attach(::ImageList_Create(cx, cy, nFlags, nInitial, nGrow));
     }
-    /// A row of pictures cut from a bitmap of the module's resources.
+    /// A list made from a bitmap of the module's resources, which has the pictures in a row.
     BOOL Create(LPCTSTR lpszBitmapID, int cx, int nGrow, COLORREF crMask);
     BOOL Create(UINT nBitmapID, int cx, int nGrow, COLORREF crMask)
     {

@@ -1,5 +1,5 @@
 /// @file
-/// Menus. An object that made a menu, or had one attached, destroys it at its end.
+/// Menus. The destructor destroys the menu that was created or attached.
 #pragma once
 
 #include <toolkit/object.h>
@@ -56,6 +56,6 @@ public:
     UINT GetMenuState(UINT nID, UINT nFlags) const { return ::GetMenuState(m_hMenu, nID, nFlags); }
     int GetMenuString(UINT nIDItem, CString& rString, UINT nFlags) const;
     CMenu* GetSubMenu(int nPos) const { return FromHandle(::GetSubMenu(m_hMenu, nPos)); }
-    /// With TPM_RETURNCMD the result is the command, 0 for none.
+    /// With TPM_RETURNCMD returns the command, 0 for none.
     BOOL TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, LPCRECT lpRect = nullptr);
 };

@@ -1,9 +1,9 @@
 /// @file
-/// Entries of message maps for the system's messages: the handler's name and arguments are fixed for each. Comes with
+/// Message map entries for the system's messages: the handler's name and parameters are fixed for each. Included by
 /// <afxwin.h>.
 #pragma once
 
-// What clang-format would make of these rows is harder to read.
+// clang-format would make these rows harder to read.
 // clang-format off
 
 #define AFX_W_WINDOW CWnd::FromHandle(reinterpret_cast<HWND>(m.wParam))
@@ -13,7 +13,7 @@
 #define AFX_W_WORDS LOWORD(m.wParam), HIWORD(m.wParam)
 #define AFX_L_WORDS LOWORD(m.lParam), HIWORD(m.lParam)
 
-/// @name Life and state
+/// @name Lifetime and state
 /// @{
 #define ON_WM_CREATE() \
     AFX_WM(WM_CREATE, OnCreate, int, (LPCREATESTRUCT), \
@@ -173,7 +173,7 @@
            m.result = reinterpret_cast<LRESULT>(brush))
 /// @}
 
-/// @name Messages that a control gets back from its parent
+/// @name Messages that the parent reflects to the control
 /// @{
 #define ON_WM_DRAWITEM_REFLECT() \
     AFX_WM(WM_DRAWITEM + WM_REFLECT_BASE, DrawItem, void, (LPDRAWITEMSTRUCT), \

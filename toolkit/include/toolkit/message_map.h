@@ -1,6 +1,6 @@
 /// @file
 /// Message maps: which member of a class handles which message. Each class has one table, linked to that of its base
-/// class; an entry knows how to take the message's parameters apart and calls its handler with them.
+/// class; an entry unpacks the message's parameters and calls its handler with them.
 #pragma once
 
 #include <toolkit/dc.h>
@@ -16,7 +16,7 @@ struct AFX_CALL {
     UINT id;        ///< of the control or command
 };
 
-/// False when the handler leaves the message to others.
+/// False if the handler passes the message on.
 using AFX_HANDLER = BOOL (*)(CCmdTarget* target, AFX_CALL& m);
 
 struct AFX_MSGMAP_ENTRY {
@@ -59,14 +59,14 @@ protected:                                                                      
     return &map;                                                                                                       \
     }
 
-/// Added to a message that a control gets back from its parent.
+/// Added to a message that the parent reflects to the control.
 #define WM_REFLECT_BASE (WM_USER + 0x1C00)
-/// Stands for all messages that ask for a control's colours.
+/// Represents all messages that query a control's colours.
 #define WM_CTLCOLOR 0x0019
 
 #define CN_COMMAND 0
 
-/// An entry whose handler must have just this result and these arguments.
+/// An entry whose handler must have exactly this return type and these parameters.
 #define AFX_ENTRY(message, code, first, last, registered, function, result_type, arguments, ...)                       \
     {message,                                                                                                          \
      static_cast<UINT>(code),                                                                                          \

@@ -6,16 +6,16 @@
 
 class CObject;
 
-/// What is known of a class at run time. One stands in the module that implements the class, so that a class has the
-/// same one wherever it is asked for.
+/// Run-time information about a class. It is in the module that implements the class, so that there is only one per
+/// class.
 struct AFX_EXPORTED CRuntimeClass {
     LPCSTR m_lpszClassName;
     int m_nObjectSize;
     UINT m_wSchema;
-    CObject* (*m_pfnCreateObject)();       ///< null for a class that cannot be made by its run-time class
+    CObject* (*m_pfnCreateObject)();       ///< null for a class that cannot be created from its run-time class
     CRuntimeClass* (*m_pfnGetBaseClass)(); ///< null for CObject
 
-    /// A new object, owned by the caller; null when the class has no way to make one.
+    /// A new object, owned by the caller; null if the class cannot create one.
     CObject* CreateObject();
     BOOL IsDerivedFrom(const CRuntimeClass* pBaseClass) const;
 };
@@ -68,7 +68,7 @@ protected:
     CObject() = default;
 };
 
-/// The object as what it is asked for, null when it is null or of another class.
+/// The object cast to a class; null if it is null or not of that class.
 inline CObject* AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject)
 {
     return pObject != nullptr && pObject->IsKindOf(pClass) ? pObject : nullptr;

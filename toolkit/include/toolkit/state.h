@@ -1,6 +1,6 @@
 /// @file
-/// What belongs to a module, a program or DLL, and which module a thread works for at the moment: where resources are
-/// looked for, and whose application object is asked.
+/// The state of a module (a program or DLL), and the thread's current module: where resources are searched, and whose
+/// application object is used.
 #pragma once
 
 #include <toolkit/exception.h>
@@ -10,8 +10,8 @@
 
 class CWinApp;
 
-/// One stands in each module that uses the toolkit, made at first use or with the module's application object, and
-/// goes with the module.
+/// There is one in each module that uses the toolkit, created at first use or with the module's application object, and
+/// destroyed with the module.
 class AFX_EXPORTED AFX_MODULE_STATE
 {
 public:
@@ -24,27 +24,27 @@ public:
     HINSTANCE m_hCurrentInstanceHandle;
     HINSTANCE m_hCurrentResourceHandle;
     AFX_GUARD m_pfnGuard;             ///< the module's own
-    std::set<std::wstring> m_classes; ///< window classes to take back
+    std::set<std::wstring> m_classes; ///< window classes to unregister
 };
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
-/// The state of the module that calls: being inline, the function and its object exist once in each module.
+/// The state of the calling module: being inline, the function and its object exist once per module.
 inline AFX_MODULE_STATE* AfxGetStaticModuleState()
 {
     static AFX_MODULE_STATE state(reinterpret_cast<HINSTANCE>(&__ImageBase), &AfxRunGuarded);
     return &state;
 }
 
-/// Makes it when the module is loaded, before anything asks whom the program's state belongs to.
+/// Creates it when the module is loaded, before anything looks for the program's state.
 inline AFX_MODULE_STATE* const afxStateOfThisModule = AfxGetStaticModuleState();
 
-/// The state that the thread works with: that of the program until it is switched.
+/// The thread's current state: that of the program until it is switched.
 AFX_EXPORTED AFX_MODULE_STATE* AFXAPI AfxGetModuleState();
-/// Switches the thread; the result is the state before.
+/// Switches the thread's state; returns the previous one.
 AFX_EXPORTED AFX_MODULE_STATE* AFXAPI AfxSetModuleState(AFX_MODULE_STATE* pNewState);
 
-/// Switches the thread to a state for the life of this object.
+/// Switches the thread to a state during the lifetime of this object.
 class AFX_MAINTAIN_STATE2
 {
 public:
@@ -62,6 +62,6 @@ private:
 AFX_EXPORTED HINSTANCE AFXAPI AfxGetInstanceHandle();
 AFX_EXPORTED HINSTANCE AFXAPI AfxGetResourceHandle();
 AFX_EXPORTED void AFXAPI AfxSetResourceHandle(HINSTANCE hInstResource);
-/// The module that has a resource: the current one, else a library that offers its own to all, else the program. The
-/// current one when none has.
+/// The module that has a resource: the current one, else a library that offers its own to all, else the program; the
+/// current one if none has it.
 AFX_EXPORTED HINSTANCE AFXAPI AfxFindResourceHandle(LPCTSTR lpszResource, LPCTSTR lpszType);

@@ -1,5 +1,5 @@
 /// @file
-/// Wide text. Positions that are not found are -1.
+/// Wide text. Searches return -1 if nothing is found.
 #pragma once
 
 #include <toolkit/base.h>
@@ -16,7 +16,7 @@ public:
     using PCXSTR = LPCWSTR;
 
     CString() = default;
-    /// The text, or that of the resource for MAKEINTRESOURCE(id); null is empty.
+    /// The text, or for MAKEINTRESOURCE(id) that of the resource; null gives an empty text.
     CString(LPCWSTR lpsz);
     CString(LPCWSTR pch, int nLength) : m_text(pch, static_cast<size_t>(nLength)) {}
     /// Text in the system's ANSI code page.
@@ -35,8 +35,8 @@ public:
     operator LPCWSTR() const { return m_text.c_str(); }
     LPCWSTR GetString() const { return m_text.c_str(); }
 
-    /// Room for at least so many characters and a terminator, valid until the next call of a member. What was written
-    /// becomes the text by ReleaseBuffer, up to the first terminator when no length is given.
+    /// A buffer for at least so many characters and a terminator, valid until the next member call. ReleaseBuffer makes
+    /// what was written the text, up to the first terminator if no length is given.
     LPWSTR GetBuffer(int nMinBufferLength = 0);
     LPWSTR GetBufferSetLength(int nLength);
     void ReleaseBuffer(int nNewLength = -1);
@@ -62,7 +62,7 @@ public:
     CString Right(int nCount) const;
     CString SpanIncluding(LPCWSTR lpszCharSet) const;
     CString SpanExcluding(LPCWSTR lpszCharSet) const;
-    /// The next part between separators, from iStart, which moves behind it; at the end empty and iStart -1.
+    /// The next part between separators from iStart on, which is advanced past it; at the end empty, and iStart is -1.
     CString Tokenize(LPCWSTR pszTokens, int& iStart) const;
 
     CString& MakeUpper();
@@ -89,7 +89,7 @@ public:
     int ReverseFind(wchar_t ch) const;
     int FindOneOf(LPCWSTR lpszCharSet) const;
 
-    /// Fill a text in as `wsprintf` does: `%s` takes wide text.
+    /// Format a text as `wsprintf` does: `%s` takes wide text.
     void AFX_CDECL Format(LPCWSTR lpszFormat, ...);
     void AFX_CDECL Format(UINT nFormatID, ...);
     void FormatV(LPCWSTR lpszFormat, va_list argList);

@@ -1,7 +1,7 @@
 /// @file
-/// Windows. A CWnd stands for a window of the system from its creation, or from its subclassing, until the window is
-/// destroyed; the object itself lives on unless PostNcDestroy deletes it. FromHandle gives a temporary object for a
-/// window that has none; it must not be kept.
+/// Windows. A CWnd represents a system window from its creation or subclassing until the window is destroyed; the
+/// object itself lives on unless PostNcDestroy deletes it. For a window without an object FromHandle returns a
+/// temporary one, which must not be kept.
 #pragma once
 
 #include <toolkit/cmd_target.h>
@@ -13,12 +13,12 @@ class CDataExchange;
 class CScrollBar;
 class CToolTipCtrl;
 
-/// Keeps the compiler from taking a create context for something it knows.
+/// Declares the create context outside the scope of a member declaration.
 struct CCreateContext;
 
-#define MLF_NOIDLEMSG 0x0001 ///< no WM_ENTERIDLE to the parent
+#define MLF_NOIDLEMSG 0x0001 ///< sends no WM_ENTERIDLE to the parent
 #define MLF_NOKICKIDLE 0x0002
-#define MLF_SHOWONIDLE 0x0004 ///< shows the window when nothing waits but the wish of windows to be painted
+#define MLF_SHOWONIDLE 0x0004 ///< shows the window once no message but WM_PAINT is waiting
 
 class AFX_EXPORTED CWnd : public CCmdTarget
 {
@@ -43,12 +43,12 @@ public:
     static void DeleteTempMap() { CGdiObject::DeleteTempMap(); }
     BOOL Attach(HWND hWndNew);
     HWND Detach();
-    /// Called when the window has its handle and before its messages come here.
+    /// Called when the window has its handle, before the object gets its messages.
     virtual void PreSubclassWindow() {}
     BOOL SubclassWindow(HWND hWnd);
     BOOL SubclassDlgItem(UINT nID, CWnd* pParent);
     HWND UnsubclassWindow();
-    /// May change what the window is created with; false keeps it from being created.
+    /// May change the window's creation parameters; false cancels the creation.
     virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
     virtual BOOL Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
                         CWnd* pParentWnd, UINT nID, CCreateContext* pContext = nullptr);
@@ -72,7 +72,7 @@ public:
     BOOL SendChildNotifyLastMsg(LRESULT* pResult = nullptr);
     virtual BOOL PreTranslateMessage(MSG* pMsg);
     BOOL PreTranslateInput(LPMSG lpMsg);
-    /// Asks the window addressed and its parents, up to and with hWndStop, for PreTranslateMessage.
+    /// Calls PreTranslateMessage of the addressed window and its parents, up to and including hWndStop.
     static BOOL WalkPreTranslateTree(HWND hWndStop, MSG* pMsg);
     BOOL IsDialogMessage(LPMSG lpMsg) { return ::IsDialogMessageW(m_hWnd, lpMsg); }
     void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, BOOL bDeep = TRUE,
@@ -104,7 +104,7 @@ public:
     HICON GetIcon(BOOL bBigIcon) const { return ask<HICON>(WM_GETICON, bBigIcon); }
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, GWL_STYLE)); }
     DWORD GetExStyle() const { return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, GWL_EXSTYLE)); }
-    /// True when a bit changed; flags other than 0 go to SetWindowPos, which keeps size, place and order.
+    /// True if a bit changed; flags other than 0 are passed to SetWindowPos, which keeps size, position and order.
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
     BOOL ModifyStyleEx(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
     BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
@@ -130,7 +130,7 @@ public:
         return ::SetWindowPos(m_hWnd, pWndInsertAfter == nullptr ? nullptr : pWndInsertAfter->m_hWnd, x, y, cx, cy,
                               nFlags);
     }
-    /// What SetWindowPos takes for the ends of the order.
+    /// The special positions of SetWindowPos in the Z order.
     static const CWnd wndTop, wndBottom, wndTopMost, wndNoTopMost;
     BOOL BringWindowToTop() { return ::BringWindowToTop(m_hWnd); }
     void GetWindowRect(LPRECT lpRect) const { ::GetWindowRect(m_hWnd, lpRect); }
@@ -152,8 +152,7 @@ public:
     {
         MapWindowPoints(pwndTo, reinterpret_cast<LPPOINT>(lpRect), 2);
     }
-    /// Moves the window over the middle of another, which is its owner or parent when none is given, within the
-    /// monitor.
+    /// Centres the window on another one, by default its owner or parent, within the monitor.
     void CenterWindow(CWnd* pAlternateOwner = nullptr);
     /// @}
 
@@ -183,12 +182,11 @@ public:
     CWnd* GetOwner() const;
     void SetOwner(CWnd* pOwnerWnd) { m_hWndOwner = pOwnerWnd == nullptr ? nullptr : pOwnerWnd->m_hWnd; }
     CWnd* SetParent(CWnd* p) { return FromHandle(::SetParent(m_hWnd, p == nullptr ? nullptr : p->m_hWnd)); }
-    /// The window without a parent and owner above this one.
+    /// The ancestor of this window that has no parent and no owner.
     CWnd* GetTopLevelOwner() const;
     CWnd* GetTopLevelParent() const;
-    /// The window that a modal one should stand over: that given, else the main window with its popups or, without one,
-    /// the active window; no child in any case. `pWndTop` gets the enabled top window behind it, when that is another
-    /// one.
+    /// The owner for a modal window: the given one, else the main window's last active popup, else the active window;
+    /// never a child. `pWndTop` gets the enabled top-level window behind it, if that is a different one.
     static CWnd* GetSafeOwner(CWnd* pParent = nullptr, HWND* pWndTop = nullptr);
     CWnd* GetWindow(UINT nCmd) const { return FromHandle(::GetWindow(m_hWnd, nCmd)); }
     CWnd* GetTopWindow() const { return FromHandle(::GetTopWindow(m_hWnd)); }
@@ -240,11 +238,11 @@ public:
         return FromHandle(::GetNextDlgTabItem(m_hWnd, pWndCtl == nullptr ? nullptr : pWndCtl->m_hWnd, bPrevious));
     }
     void GotoDlgCtrl(CWnd* pWndCtrl) { ask(WM_NEXTDLGCTL, pWndCtrl->m_hWnd, TRUE); }
-    /// Moves values between controls and members: from the controls when bSaveAndValidate. False when a value is
-    /// refused. What the controls tell meanwhile reaches no handler.
+    /// Moves values between controls and members: from the controls if bSaveAndValidate. False if a value is invalid.
+    /// Notifications of the controls meanwhile reach no handler.
     BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
-    /// Fills boxes of a dialog from the resource of its name, or from memory, that tells their first rows. False when
-    /// there is such a resource and a control refuses a row.
+    /// Fills a dialog's list and combo boxes with the initial rows in the resource of its name, or in memory. False if
+    /// there is such a resource and a control rejects a row.
     BOOL ExecuteDlgInit(LPCTSTR lpszResourceName);
     BOOL ExecuteDlgInit(LPVOID lpResource);
     /// @}
@@ -271,43 +269,44 @@ public:
     void DragAcceptFiles(BOOL bAccept = TRUE) { ::DragAcceptFiles(m_hWnd, bAccept); }
     BOOL OpenClipboard() { return ::OpenClipboard(m_hWnd); }
     int MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption = nullptr, UINT nType = MB_OK);
-    /// Shows tips for the parts of the window that OnToolHitTest tells apart. The text is asked for by TTN_NEEDTEXT.
+    /// Shows tool tips for the parts of the window that OnToolHitTest distinguishes. The text is requested by
+    /// TTN_NEEDTEXT.
     BOOL EnableToolTips(BOOL bEnable = TRUE);
     static void CancelToolTips(BOOL bKeys = FALSE);
-    /// The part under a point in client coordinates: fills pTI in, when it is given, and gives a number for the part,
-    /// -1 for none. Here the parts are the child windows.
+    /// The part at a point in client coordinates: fills pTI, if given, and returns a number for the part, -1 for none.
+    /// By default the parts are the child windows.
     virtual INT_PTR OnToolHitTest(CPoint point, TOOLINFO* pTI) const;
     void FilterToolTipMessage(MSG* pMsg);
     /// @}
 
 protected:
-    /// Before the window is made: EndModalLoop will then keep RunModalLoop from beginning.
+    /// Called before the window is created, so that EndModalLoop can keep RunModalLoop from starting.
     void setModal() { m_modal = m_modalSoon = true; }
 
-    /// A message to the window, taking and giving what its parameters and result stand for.
+    /// Sends a message with typed parameters and result.
     template <class Result = LRESULT, class First = int, class Second = int>
     Result ask(UINT message, First first = 0, Second second = 0) const
     {
         return (Result)SendMessage(message, (WPARAM)first, (LPARAM)second); // the one cast that fits them all
     }
 
-    /// What the system, or the window's own class, does for the message at work.
+    /// The default processing of the current message, by the system or the window's own class.
     LRESULT Default();
-    /// Handles the message by the maps first, then by default.
+    /// Handles the message by the message maps, otherwise by default.
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
-    /// False when no handler took the message.
+    /// False if no handler handled the message.
     virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    /// Called for what a control told its parent, before the parent handles it; true when that is enough.
+    /// Called for a notification of a control before its parent handles it; true if the parent should not.
     virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    /// Hands the message at work back to the control that it came from.
+    /// Reflects the current message to the control that sent it.
     static BOOL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = nullptr);
     static const MSG* GetCurrentMessage();
-    /// The last call to the object of a window: it may delete itself.
+    /// The last call to a window's object, which may delete itself.
     virtual void PostNcDestroy() {}
-    /// Override to exchange values between controls and members, by the DDX_ and DDV_ routines.
+    /// Override to exchange values between controls and members, with the DDX_ and DDV_ routines.
     virtual void DoDataExchange(CDataExchange*) {}
 
     /// @name Handlers
@@ -366,8 +365,8 @@ protected:
     afx_msg LRESULT OnNcHitTest(CPoint) { return Default(); }
     afx_msg BOOL OnSetCursor(CWnd*, UINT, UINT) { return static_cast<BOOL>(Default()); }
     afx_msg void OnDropFiles(HDROP) { Default(); }
-    afx_msg void OnNcDestroy(); ///< ends the bond of object and window, then calls PostNcDestroy
-    /// These give the message back to the control first.
+    afx_msg void OnNcDestroy(); ///< detaches object and window, then calls PostNcDestroy
+    /// These first reflect the message to the control.
     afx_msg void OnHScroll(UINT, UINT, CScrollBar*);
     afx_msg void OnVScroll(UINT, UINT, CScrollBar*);
     afx_msg void OnDrawItem(int, LPDRAWITEMSTRUCT);
@@ -380,11 +379,11 @@ protected:
 
 private:
     class ToolTips;
-    explicit CWnd(HWND place) : m_hWnd(place) {} ///< for the ends of the order only
+    explicit CWnd(HWND place) : m_hWnd(place) {} ///< for the special positions in the Z order only
 
     void hookSubclass();
 
-    WNDPROC m_pfnSuper = nullptr; ///< the window's own procedure
+    WNDPROC m_pfnSuper = nullptr; ///< the window's original procedure
     HWND m_hWndOwner = nullptr;
     bool m_modal = false, m_modalSoon = false;
     int m_nModalResult = 0;
@@ -397,5 +396,5 @@ private:
 /// The procedure of all windows that have an object.
 AFX_EXPORTED LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 
-/// A control that stands behind the messages of a scroll bar; null for the bars of the window itself.
+/// The control that sent a scroll message; null for the window's own scroll bars.
 AFX_EXPORTED CScrollBar* AfxScrollBar(LPARAM window);

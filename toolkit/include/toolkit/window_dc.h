@@ -1,5 +1,5 @@
 /// @file
-/// Contexts of windows, got at construction and given back at the end.
+/// Contexts of windows, obtained by the constructor and released by the destructor.
 #pragma once
 
 #include <toolkit/dc.h>
@@ -9,7 +9,7 @@ class AFX_EXPORTED CClientDC : public CDC
     DECLARE_DYNAMIC(CClientDC)
 
 public:
-    /// That of the whole screen when there is no window.
+    /// The context of the whole screen if there is no window.
     explicit CClientDC(CWnd* pWnd);
     ~CClientDC() override;
 

@@ -1,8 +1,8 @@
 /// @file
-/// How windows reach their user: the one way to everything that waits for an answer, and where texts come from. The
-/// classes of this toolkit go this way, and so does code that asks the system itself. Tests, and programs without
-/// anybody in front of the screen, put an object in the user's place. With Visual C++ there is nothing to put there:
-/// the compiler's own classes ask the system.
+/// How windows reach the user: one interface for everything that waits for an answer, and the source of texts. The
+/// classes of this toolkit use it, and so does code that would call the system directly. Tests, and programs without
+/// anybody in front of the screen, install an object that answers in place of the user. With Visual C++ that is not
+/// possible: the compiler's own classes call the system.
 #pragma once
 
 #include <windows.h>
@@ -23,7 +23,7 @@ class CDialog;
 namespace toolkit
 {
 
-/// Stands in the place of the user.
+/// Answers in place of the user.
 class User
 {
 public:
@@ -31,22 +31,21 @@ public:
 
     /// The answer to a message box: IDOK and the like.
     virtual int messageBox(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) = 0;
-    /// Writes the choice into `lpstrFile` of the request. False for none.
+    /// Writes the choice into `lpstrFile` of the request. False if nothing was chosen.
     virtual bool chooseFile(OPENFILENAMEW& request, bool save) = 0;
-    /// The choice, which the caller ends by CoTaskMemFree; null for none.
+    /// The choice, which the caller frees with CoTaskMemFree; null for none.
     virtual LPITEMIDLIST chooseFolder(BROWSEINFOW& request) = 0;
-    /// Called before the window of a modal dialog is made. With false it is not made, and DoModal gives -1.
+    /// Called before the window of a modal dialog is created. If false, it is not created, and DoModal returns -1.
     virtual bool dialogOpens(CDialog& dialog) = 0;
-    /// Called once, when the dialog is shown and has nothing left to do but wait. It may run other dialogs and may end
-    /// this one.
+    /// Called once, when the dialog is shown and is only waiting. It may run other dialogs and may end this one.
     virtual void dialogWaits(CDialog& dialog) = 0;
-    /// Called behind a dialog that was allowed to open.
+    /// Called after a dialog that was allowed to open.
     virtual void dialogEnded(CDialog& dialog, INT_PTR result) = 0;
 };
 
-/// Puts an object in the user's place, for all threads.
+/// Installs an object that answers in place of the user, for all threads.
 /// @param user owned by the caller, null for the person at the screen
-/// @return what stood there before
+/// @return the previous one
 TOOLKIT_USER_API User* userSet(User* user);
 
 /// @name Asking
@@ -57,13 +56,13 @@ TOOLKIT_USER_API bool chooseFile(OPENFILENAMEW& request, bool save);
 TOOLKIT_USER_API LPITEMIDLIST chooseFolder(BROWSEINFOW& request);
 /// @}
 
-/// The text of a number for the user in front of the screen, valid until the next call; null for none. `builtIn` is
-/// what would be shown then. %1 and %2 stand for what is filled in.
+/// Returns the text of a number for the user, valid until the next call; null for none, and then `builtIn` is shown. %1
+/// and %2 are placeholders.
 using TextSource = LPCWSTR (*)(UINT id, LPCWSTR builtIn);
 
-/// Says where the texts of the toolkit itself come from, see AFX_IDP_PARSE_INT. Without a source, or a text there, they
-/// come from the string tables of the modules, and last they are German.
-/// @return the source before
+/// Sets the source of the toolkit's own texts, see AFX_IDP_PARSE_INT. Without a source, or a text from it, they come
+/// from the string tables of the modules, or else they are German.
+/// @return the previous source
 TOOLKIT_USER_API TextSource textSourceSet(TextSource source);
 
 } // namespace toolkit
