@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Builds the program vek and lets it draw each slide of the example libraries, the sheets of line types, point styles
-# and flags, and all hatch patterns: ./demo.sh
-# Where the compiler for Windows and Wine are installed, or on ./demo.sh gallery, which installs them, it also builds
-# the gallery and opens it; without a display it acts on it on one of its own and leaves screenshots.
+# Builds the program vek and draws each slide of the example libraries, the sheets of line types, point styles and
+# flags, and all hatch patterns: ./demo.sh
+# If the Windows compiler and Wine are installed, or with ./demo.sh gallery, which installs them, it also builds and
+# opens the gallery; without a display it starts a virtual one, operates the gallery there and saves screenshots.
 set -eu
 cd "$(dirname "${BASH_SOURCE[0]}")"
 # shellcheck source=cmake/house.sh

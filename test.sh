@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds and tests everything, or what belongs to NAME: ./test.sh [NAME]
-# Last line: "N passed, N failed". Exit status 0 when something ran and nothing failed. docs/building.md tells the rest.
+# Last line: "N passed, N failed". Exit status 0 if something ran and nothing failed. docs/building.md has the details.
 set -u
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 # shellcheck source=cmake/house.sh
@@ -8,8 +8,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 
 name=${1:-}
 passed=0 failed=0 skipped=0
-fuzz_seconds=10 fuzz_seconds_together=120 # of which each processor takes its share
-fixed_addresses=() # a prefix without address randomisation, which sanitizers cannot bear in every kernel
+fuzz_seconds=10 fuzz_seconds_together=120 # divided among the processors
+fixed_addresses=() # a prefix that turns off address randomisation, which breaks the sanitizers under some kernels
 
 add() { # passed failed skipped
     passed=$((passed + $1)) failed=$((failed + $2)) skipped=$((skipped + $3))
@@ -23,7 +23,7 @@ finish() {
     exit
 }
 
-# fail TEXT: something that is no test of its own went wrong.
+# fail TEXT: something other than a test failed.
 fail() {
     say FAILED "$1"
     add 0 1 0
@@ -53,7 +53,7 @@ build() {
     return 1
 }
 
-# tally BUILD: shows what tally.py says, counts what its last line says.
+# tally BUILD: shows the output of tally.py and adds up its last line.
 tally() {
     local lines counts
     mapfile -t lines < <(python3 cmake/tally.py "$1")
@@ -64,7 +64,7 @@ tally() {
     tallied="${counts[0]} passed, ${counts[1]} failed"
 }
 
-# run_tests PRESET [TEST...]: all tests of a build, or those of these names.
+# run_tests PRESET [TEST...]: runs all tests of a build, or those named.
 run_tests() {
     local preset=$1 start=$SECONDS tests=()
     shift
@@ -89,7 +89,7 @@ programs_with() {
     done <build/native/tests.txt
 }
 
-# run_filtered PRESET FILTER: builds and runs, in one more build, the cases of that name only.
+# run_filtered PRESET FILTER: builds and runs only the cases of that name, in another build.
 run_filtered() {
     local preset=$1 filter=$2 programs
     mapfile -t programs < <(programs_with "$filter")
@@ -113,8 +113,8 @@ fuzz_one() { # name seconds
     fi
 }
 
-# fuzz_lane SECONDS TARGET...: the first of the targets and those that follow it in steps of the processors, one after
-# the other. The status is the number of those that failed.
+# fuzz_lane SECONDS TARGET...: runs the first target and every jobs-th one after it, one after the other. The status is
+# the number that failed.
 fuzz_lane() {
     local seconds=$1 bad=0
     shift

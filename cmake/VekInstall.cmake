@@ -1,4 +1,4 @@
-# What `cmake --install` lays down: the libraries, the public headers, and the package that find_package(vek) finds.
+# What `cmake --install` installs: the libraries, the public headers, and the package for find_package(vek).
 include(CMakePackageConfigHelpers)
 
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/vek)
@@ -6,7 +6,7 @@ get_property(installed GLOBAL PROPERTY VEK_INSTALLED)
 install(TARGETS ${installed} EXPORT vek ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(EXPORT vek NAMESPACE vek:: FILE vekTargets.cmake DESTINATION ${package})
-if(WIN32) # beside the gallery, which looks for them there
+if(WIN32) # beside the gallery, which expects them there
   file(GLOB slides CONFIGURE_DEPENDS examples/*.sl[bd])
   install(FILES ${slides} DESTINATION ${CMAKE_INSTALL_BINDIR}/examples)
   install(DIRECTORY examples/patterns examples/pictures examples/sheets DESTINATION ${CMAKE_INSTALL_BINDIR}/examples

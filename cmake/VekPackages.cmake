@@ -1,5 +1,5 @@
 # Header-only libraries that only some targets use. Debian keeps them in /usr/include, which a compiler for Windows must
-# never search as a whole, so each gets an include folder of its own that holds a link to it.
+# never search as a whole, so each gets its own include folder with a link to it.
 function(vek_header_library name header)
   find_path(VEK_${name}_DIR ${header} NO_CMAKE_FIND_ROOT_PATH REQUIRED)
   cmake_path(GET header PARENT_PATH folder)

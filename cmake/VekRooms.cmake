@@ -1,5 +1,5 @@
-# A room is a folder of sources and a static library vek_<room> of its own, so that a test of a room builds and links
-# that room and the rooms below it only. vek_library() collects all rooms in the one library that is installed.
+# A room is a folder of sources with its own static library vek_<room>, so that a test of a room builds and links only
+# that room and the rooms below it. vek_library() combines all rooms into the one library that is installed.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -8,8 +8,8 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
-# What everything here is compiled with: rooms, tests, programs, benchmarks, fuzz targets. Warnings are errors, and no
-# product and sum are fused to one operation, so that every build gives the same coordinates.
+# Compile options for everything here: rooms, tests, programs, benchmarks, fuzz targets. Warnings are errors, and
+# products and sums are never fused into one operation, so that every build gives the same coordinates.
 add_library(vek_options INTERFACE)
 target_compile_features(vek_options INTERFACE cxx_std_20)
 if(MSVC)
@@ -17,22 +17,22 @@ if(MSVC)
 else()
   target_compile_options(vek_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror -ffp-contract=off)
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    target_compile_options(vek_options INTERFACE -Wno-restrict) # sees overlaps in the standard strings that are not there
+    target_compile_options(vek_options INTERFACE -Wno-restrict) # reports false overlaps in the standard strings
   endif()
 endif()
 if(WIN32)
   target_compile_definitions(vek_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
 endif()
 
-# A row a room: name, folder, chief headers, rooms that it may use. The check that keeps the rooms apart reads the table
-# from rooms.txt in the build folder.
+# One row per room: name, folder, main headers, rooms that it may use. check_rooms.py reads the table from rooms.txt in
+# the build folder.
 set_property(GLOBAL PROPERTY VEK_ROOM_TABLE "")
 set_property(GLOBAL PROPERTY VEK_ROOMS "")
 
 # vek_room(name folder [DEPENDS room...] [USES package...] [HEADERS header...] [OUTSIDE]): a room may use only rooms that
-# are declared before it. USES names header libraries that only its sources see. HEADERS names its chief headers where
-# that is not <vek/name.h> alone. OUTSIDE keeps the room out of the collected library: it is installed as a library of
-# its own, vek::<name>, that uses vek::vek.
+# are declared before it. USES names header libraries that only its sources see. HEADERS names its main headers if that
+# is not just <vek/name.h>. OUTSIDE keeps the room out of the combined library: it is installed as a separate library,
+# vek::<name>, that uses vek::vek.
 function(vek_room name folder)
   cmake_parse_arguments(ARG "OUTSIDE" "" "DEPENDS;USES;HEADERS" ${ARGN})
   if(NOT ARG_HEADERS)
@@ -57,7 +57,7 @@ function(vek_room name folder)
   list(FILTER compiled INCLUDE REGEX "\\.cpp$")
   list(TRANSFORM ARG_DEPENDS REPLACE "(.+)" "$<BUILD_INTERFACE:vek_\\1>")
   list(TRANSFORM ARG_USES REPLACE "(.+)" "$<BUILD_INTERFACE:vek_\\1>")
-  if(NOT compiled) # a room that is not furnished yet only passes its neighbours on
+  if(NOT compiled) # a room without sources yet only passes on its dependencies
     add_library(vek_${name} INTERFACE)
     target_include_directories(vek_${name} INTERFACE ${CMAKE_SOURCE_DIR}/include)
     target_link_libraries(vek_${name} INTERFACE ${ARG_DEPENDS})
@@ -68,14 +68,14 @@ function(vek_room name folder)
   target_include_directories(vek_${name} PUBLIC $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include>
                                          PRIVATE ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(vek_${name} PUBLIC ${ARG_DEPENDS} PRIVATE ${ARG_USES} $<BUILD_INTERFACE:vek_options>)
-  if(WIN32) # the library is a DLL there; who links the room itself takes the names as they are
+  if(WIN32) # the library is a DLL there; code that links the room itself must not import the names
     target_compile_definitions(vek_${name} PRIVATE VEK_SHARED VEK_BUILDING)
   endif()
   if(WIN32 AND "${sources}" MATCHES "/window/")
     target_link_libraries(vek_${name} PUBLIC vek_window)
   endif()
   if(ARG_OUTSIDE)
-    if(WIN32) # what the DLL does not export
+    if(WIN32) # names that the DLL does not export
       target_sources(vek_${name} PRIVATE $<TARGET_OBJECTS:vek_platform>)
     endif()
     target_link_libraries(vek_${name} PUBLIC $<INSTALL_INTERFACE:vek::vek>)
@@ -88,8 +88,8 @@ function(vek_room name folder)
   endif()
 endfunction()
 
-# The installed library: a static one, on Windows a DLL with the resources and the entry of the module. Its name is the
-# one that VEK::appFileName gives for the family "Vek" and the module "Mfc".
+# The installed library: static, on Windows a DLL with the module's resources and entry point. Its name is the one that
+# VEK::appFileName gives for the family "Vek" and the module "Mfc".
 function(vek_library)
   get_property(rooms GLOBAL PROPERTY VEK_ROOMS)
   list(TRANSFORM rooms REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
@@ -102,7 +102,7 @@ function(vek_library)
     target_compile_definitions(vek PRIVATE VEK_BUILDING INTERFACE VEK_SHARED)
     target_link_libraries(vek PUBLIC vek_window PRIVATE $<BUILD_INTERFACE:vek_window_dll> $<BUILD_INTERFACE:vek_options>)
     if(NOT MSVC)
-      target_link_options(vek PRIVATE -static) # as programs are linked: no runtime DLLs
+      target_link_options(vek PRIVATE -static) # like the programs: no runtime DLLs
     endif()
   else()
     add_library(vek STATIC ${objects})
@@ -121,8 +121,8 @@ function(vek_room_table)
 endfunction()
 
 # vek_programs(): a folder apps/<name> is a program, target <name>_program, that is installed under its folder's name.
-# Sources of apps/shared belong to all of them. A program whose main.cpp lies in apps/<name>/window is one of windows:
-# it is built for Windows only, and uses the library as others do, as a DLL.
+# Sources of apps/shared belong to all of them. A program whose main.cpp is in apps/<name>/window is a GUI program: it
+# is built for Windows only, and uses the library as an outside program does, as a DLL.
 function(vek_programs)
   file(GLOB mains CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/apps/*/main.cpp)
   foreach(main IN LISTS mains)
@@ -143,7 +143,7 @@ function(vek_programs)
   endif()
 endfunction()
 
-# What every program is, by the path of something in its folder; `program` receives the target.
+# Common settings of a program, found by the path of something in its folder; `program` receives the target.
 function(vek_program path)
   cmake_path(GET path PARENT_PATH folder)
   cmake_path(GET folder FILENAME name)
@@ -154,14 +154,14 @@ function(vek_program path)
   set_target_properties(${program} PROPERTIES OUTPUT_NAME ${name} RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
   target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/apps)
   target_link_libraries(${program} PRIVATE vek_cli11 vek_nlohmann vek_options)
-  if(NOT MSVC) # the templates of the two header libraries take long to optimise, and nothing is slow in a program
+  if(NOT MSVC) # the templates of the two header libraries take long to optimise, and no program code is time-critical
     target_compile_options(${program} PRIVATE $<$<CONFIG:Debug>:-O0>)
   endif()
   install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   return(PROPAGATE program)
 endfunction()
 
-# Programs draw hatches without any file beside them, so they carry the text of the example patterns.
+# Programs draw hatches without any external file, so they contain the text of the example patterns.
 function(vek_program_patterns file)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
   file(READ ${file} text)

@@ -1,5 +1,6 @@
-# How tests are declared; included once, before tests/ and fuzz/. Each is written down in tests.txt of the build folder as well: its name, whether it is a
-# GoogleTest program or counts as one case, and the targets that it needs. test.sh reads what to build and count there.
+# How tests are declared; included once, before tests/ and fuzz/. Each is also listed in tests.txt of the build folder:
+# its name, whether it is a GoogleTest program or counts as one case, and the targets that it needs. test.sh reads there
+# what to build and count.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 file(WRITE ${CMAKE_BINARY_DIR}/tests.txt "")
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/results)
@@ -18,7 +19,7 @@ function(vek_add_test name)
   file(APPEND ${CMAKE_BINARY_DIR}/tests.txt "${name} ${ARG_KIND} ${targets}\n")
 endfunction()
 
-# Native builds take the GoogleTest that Debian ships built; for Windows it brings the sources only.
+# Native builds use Debian's compiled GoogleTest; for Windows it is built from Debian's sources.
 macro(vek_find_googletest)
   if(CMAKE_CROSSCOMPILING)
     set(INSTALL_GTEST OFF)
@@ -28,7 +29,7 @@ macro(vek_find_googletest)
   endif()
 endmacro()
 
-# The cases that Wine cannot pass, as a filter for one program. wine_exclusions.py judges the file and runs them alone.
+# The cases that Wine cannot pass, as a filter for one program. wine_exclusions.py checks the file and runs them alone.
 function(vek_wine_filter program filter)
   set(file ${CMAKE_SOURCE_DIR}/tests/wine_exclusions.txt)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
@@ -42,8 +43,8 @@ function(vek_wine_filter program filter)
   return(PROPAGATE ${filter})
 endfunction()
 
-# vek_test(room [target...]): the program of a room's tests and the libraries that it links beside the room's own. Tests
-# that need Windows lie in tests/window/ and belong to the same program there.
+# vek_test(room [target...]): the program of a room's tests and the libraries that it links besides the room's own.
+# Tests that need Windows are in tests/window/ and belong to the same program.
 function(vek_test room)
   set(program ${room}_test)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${room}_test.cpp
@@ -53,19 +54,19 @@ function(vek_test room)
   if(WIN32)
     list(APPEND sources ${windowed})
   endif()
-  if(NOT sources OR NOT TARGET vek_${room}) # the toolkit is not there for a compiler that brings its own
+  if(NOT sources OR NOT TARGET vek_${room}) # the toolkit does not exist with a compiler that has its own
     return()
   endif()
   add_executable(${program} ${sources})
   target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(${program} PRIVATE vek_${room} ${ARGN} vek_options GTest::gtest_main)
-  foreach(source IN LISTS sources) # only for those that ask, since another clone finds the others compiled in the cache
+  foreach(source IN LISTS sources) # only for sources that use it, so that other clones find the rest in the cache
     file(STRINGS ${source} asks REGEX VEK_SOURCE_DIR LIMIT_COUNT 1)
     if(asks)
       set_property(SOURCE ${source} APPEND PROPERTY COMPILE_DEFINITIONS VEK_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     endif()
   endforeach()
-  if(NOT MSVC) # the optimiser and the sanitizers together would more than double what compiling the tests takes
+  if(NOT MSVC) # optimiser and sanitizers together would more than double the compile time of the tests
     target_compile_options(${program} PRIVATE $<IF:$<CONFIG:Debug>,-O0,-O1>)
   endif()
   vek_wine_filter(${program} filter)
@@ -98,7 +99,7 @@ function(vek_headers_alone)
   target_include_directories(headers_alone PRIVATE ${CMAKE_SOURCE_DIR}/include)
   target_link_libraries(headers_alone PRIVATE vek_options $<$<BOOL:${WIN32}>:vek_window>)
   set_target_properties(headers_alone PROPERTIES CXX_CLANG_TIDY "")
-  if(NOT MSVC) # nothing of it ever runs
+  if(NOT MSVC) # none of it ever runs
     target_compile_options(headers_alone PRIVATE -O0 -fno-sanitize=all)
   endif()
 endfunction()

@@ -1,8 +1,7 @@
-# The window toolkit: the classes that Visual C++ brings itself and other compilers for Windows miss, as a DLL, since a
-# program and the DLLs that it loads must share the tables that say which object stands for a window.
-#
-# vek_window names it for those who use it; with Visual C++ that is the compiler's own. A program whose work stands in an
-# application object uses vek_window_program instead, a DLL vek_window_dll: they bring the entry function.
+# The window toolkit: the classes that Visual C++ includes and other compilers for Windows lack, as a DLL, since a
+# program and the DLLs that it loads must share the tables that map windows to objects.
+# Code that uses it links vek_window; with Visual C++ that is the compiler's own. A program with an application object
+# links vek_window_program instead, a DLL vek_window_dll: they add the entry function.
 foreach(name IN ITEMS window window_program window_dll)
   add_library(vek_${name} INTERFACE)
   add_library(vek::${name} ALIAS vek_${name})
@@ -11,7 +10,7 @@ foreach(name IN ITEMS window window_program window_dll)
 endforeach()
 target_link_libraries(vek_window_program INTERFACE vek_window)
 target_link_libraries(vek_window_dll INTERFACE vek_window)
-# <toolkit/user.h>, which is there whoever brings the classes
+# <toolkit/user.h>, which exists with every compiler
 target_include_directories(vek_window INTERFACE $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/toolkit/seams>
                                                 $<INSTALL_INTERFACE:include/vek-toolkit/seams>)
 install(DIRECTORY toolkit/seams DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek-toolkit)
@@ -29,7 +28,7 @@ else()
                                                 $<INSTALL_INTERFACE:include/vek-toolkit>)
   target_include_directories(vek_toolkit PRIVATE toolkit/seams)
   target_link_libraries(vek_toolkit PUBLIC comctl32 PRIVATE $<BUILD_INTERFACE:vek_options>)
-  target_link_options(vek_toolkit PRIVATE -static) # as programs are linked: no runtime DLLs
+  target_link_options(vek_toolkit PRIVATE -static) # like the programs: no runtime DLLs
   target_link_libraries(vek_window INTERFACE vek_toolkit)
   set_property(GLOBAL APPEND PROPERTY VEK_INSTALLED vek_toolkit)
   foreach(entry IN ITEMS program:program dll:dll dll:dll_runtime)

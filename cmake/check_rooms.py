@@ -1,16 +1,16 @@
-"""Keeps the rooms of the house apart.
+"""Checks that rooms use only the rooms they may use.
 
     check_rooms.py ROOT TABLE
 
-ROOT is the source tree, TABLE the rooms as CMake wrote them, lowest first, one a line:
+ROOT is the source tree, TABLE the list of rooms that CMake writes, lowest first, one per line:
 
-    name|folder|chief header,...|room that it may use,...
+    name|folder|main header,...|room that it may use,...
 
-A finding is one line, file:line: cause. Found are
+A finding is one line, file:line: cause. It reports
 - an include of a room that is neither named for the including room nor used by one that is;
 - an include from <vek/> or between sources that leads nowhere;
 - a source that belongs to no room;
-- windows.h, _WIN32 or a header of the window toolkit named where code has to be portable.
+- windows.h, _WIN32 or a header of the window toolkit named in code that must be portable.
 """
 
 import pathlib
@@ -20,12 +20,12 @@ import sys
 SOURCES = {".h", ".cpp", ".inl"}
 FOLDERS = ["include", "src", "apps", "bench", "fuzz", "tests"]
 
-# Folders in which Windows may be named: what needs a window, the toolkit, and what stands between us and the system.
+# Folders in which Windows may be named: window code, the toolkit, and the access to the operating system.
 WINDOWS_FOLDERS = {"window", "toolkit", "platform"}
-# Public headers that hold something that exists on Windows only, beside the chief headers; they may ask for _WIN32.
+# Public headers, besides the main ones, with something that exists on Windows only; they may test for _WIN32.
 WIN32_HEADERS = {"include/vek/export.h", "include/vek/surfaces/gdi.h", "include/vek/values/system.h", "include/vek/pictures/raster.h"}
 
-# What moved out of a room stays in reach of those who include the room's chief header.
+# Headers that moved out of a room and are still included by its main header.
 KEPT = {("include/vek/surfaces.h", "include/vek/bitmaps.h")}
 
 TOKEN = re.compile(
@@ -38,7 +38,7 @@ WINDOWS_NAME = re.compile(r"\b_WIN32\b|<\s*(?:windows|afx\w*)\.h\s*>|\"(?:window
 
 
 def without_comments(text):
-    """Comments become blanks; line breaks stay, so that line numbers do."""
+    """Comments become blanks; line breaks stay, so that line numbers are kept."""
     return TOKEN.sub(lambda m: re.sub(r"[^\n]", " ", m[0]) if m["comment"] else m[0], text)
 
 
@@ -68,7 +68,7 @@ class House:
         self.findings.append(f"{path}:{text.count(chr(10), 0, position) + 1}: {cause}")
 
     def included(self, path, quote, name):
-        """The path of an included file of ours, None for a header of somebody else."""
+        """The path of an included file of this repository, None for any other header."""
         beside = (self.root / path).parent / name
         if quote == '"' and beside.is_file():
             return beside.resolve().relative_to(self.root).as_posix()

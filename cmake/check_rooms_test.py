@@ -1,4 +1,4 @@
-"""The check that keeps the rooms apart must find what is wrong in a small house, and nothing in a good one."""
+"""check_rooms.py must find each fault in a small source tree, and nothing in a correct one."""
 
 import pathlib
 import tempfile

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Shared by test.sh and demo.sh: the packages that a Debian machine lacks, one line for each step done, and what a
-# Windows program needs to run.
+# Shared by test.sh and demo.sh: installs the packages that a Debian machine lacks, prints one line per step, and
+# prepares what a Windows program needs to run.
 
 export LC_ALL=C.UTF-8 # the same messages, order and file names everywhere
 # shellcheck disable=SC2034 # for the scripts that read this one
@@ -26,7 +26,7 @@ apt_install() {
         -o Dpkg::Options::=--force-unsafe-io "$@" </dev/null
 }
 
-# install_packages KIND...: installs what is missing; package lists are fetched only when those at hand do not do.
+# install_packages KIND...: installs what is missing; package lists are fetched only if the present ones do not suffice.
 install_packages() {
     local missing log=build/packages.log
     mkdir -p build
@@ -40,7 +40,7 @@ install_packages() {
     return 1
 }
 
-# A display of its own, and the number of the process that shows it.
+# A virtual display, and the id of its process.
 start_display() {
     coproc display { exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>build/xvfb.log; }
     # shellcheck disable=SC2154 # coproc sets it
@@ -53,7 +53,7 @@ start_display() {
     fi
 }
 
-# Wine keeps a server for each prefix; it must neither outlive this run nor remember the display of an earlier one.
+# Wine runs a server for each prefix; it must neither outlive this run nor keep the display of an earlier one.
 start_wine() {
     export WINEPREFIX=$PWD/build/wine
     [ ! -e build/wine/ready ] || wineserver -k || true # that nothing runs is no failure

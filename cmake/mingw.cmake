@@ -8,8 +8,8 @@ set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-# A package for Windows may lie in any folder that CMAKE_PREFIX_PATH names.
+# A package for Windows may be in any folder that CMAKE_PREFIX_PATH names.
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/wine-run)
-# No runtime DLLs beside the program: what is built runs wherever Wine or Windows is.
+# No runtime DLLs beside the program: it runs on any Wine or Windows.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")

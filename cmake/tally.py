@@ -1,11 +1,11 @@
-"""Counts what a run of CTest and its GoogleTest programs came to.
+"""Sums up a run of CTest and its GoogleTest programs.
 
     tally.py BUILD     after `ctest --output-junit BUILD/ctest.xml`
 
 It prints the failures and, last, "passed failed skipped". A GoogleTest program counts by its cases, read from
 BUILD/results; one that failed without a failed case (a crash, a leak, a missing program) counts as one failure, and so
-does one that ran no case. Everything else counts as one case. Lines that a passed test prints as "note: ..." are handed
-on.
+does one that ran no case. Everything else counts as one case. Lines that a passed test prints as "note: ..." are
+printed too.
 """
 
 import pathlib
@@ -18,7 +18,7 @@ TROUBLE = re.compile(r"runtime error:|ERROR: |WARNING: ThreadSanitizer|Unhandled
 
 
 def excerpt(text):
-    """What matters of an output: the lines from the first sign of trouble, else the last ones."""
+    """The relevant part of an output: the lines from the first sign of trouble, else the last ones."""
     lines = [line for line in (text or "").splitlines() if line.strip()]
     first = next((n for n, line in enumerate(lines) if TROUBLE.search(line)), max(len(lines) - SHOWN_LINES, 0))
     case = [line for line in lines[:first] if line.startswith("[ RUN ")][-1:]
@@ -26,7 +26,7 @@ def excerpt(text):
 
 
 def parsed(path):
-    """The root of an XML file, None when it is absent or broken off."""
+    """The root of an XML file, None if it is absent or incomplete."""
     try:
         return ET.parse(path).getroot()
     except (OSError, ET.ParseError):

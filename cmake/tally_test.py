@@ -1,4 +1,4 @@
-"""Whatever ends a test program early must come out as a failure of the whole run."""
+"""Whatever ends a test program early must count as a failure of the whole run."""
 
 import contextlib
 import io

@@ -1,10 +1,10 @@
-"""Judges the list of the cases that Wine cannot pass.
+"""Checks the list of the cases that Wine cannot pass.
 
     wine_exclusions.py FILE PROGRAMS
 
-FILE has one case a line: "program Suite.Case | reason | Wine version". An entry without a reason or version, or one that
-names no case, is an error. Each case is run alone from the folder PROGRAMS; one that passes is reported in a note, since
-its entry has done its time.
+FILE has one case per line: "program Suite.Case | reason | Wine version". An entry without a reason or version, or one
+that names no case, is an error. Each case is run alone from the folder PROGRAMS; one that passes is reported in a note,
+since its entry can be removed.
 """
 
 import pathlib
@@ -25,7 +25,7 @@ def entries(text):
 
 
 def run(program, *arguments):
-    """Exit status and output; None for a program that is not there or does not end in time."""
+    """Exit status and output; None for a program that does not exist or does not end in time."""
     try:
         done = subprocess.run([RUNNER, program, *arguments], capture_output=True, text=True, errors="replace",
                               timeout=SECONDS, stdin=subprocess.DEVNULL)
