@@ -88,6 +88,8 @@ public:
             m_points.clear();
             m_counts.clear();
         };
+        m_points.clear(); // what is left of a call for which memory ended
+        m_counts.clear();
         for (int i = 0; i < lines; points += counts[i++]) {
             if (counts[i] < 2)
                 continue;
