@@ -52,7 +52,11 @@ bool chooseFile(OPENFILENAMEW& request, bool save)
     const ModalLevel level;
     if (User* user = g_user; user != nullptr)
         return user->chooseFile(request, save);
-    return (save ? ::GetSaveFileNameW(&request) : ::GetOpenFileNameW(&request)) != FALSE;
+    const HWND focus = ::GetFocus();
+    const BOOL chosen = save ? ::GetSaveFileNameW(&request) : ::GetOpenFileNameW(&request);
+    if (::IsWindow(focus)) // a cancelled dialog does not always give it back
+        ::SetFocus(focus);
+    return chosen != FALSE;
 }
 
 LPITEMIDLIST chooseFolder(BROWSEINFOW& request)
