@@ -5,7 +5,6 @@ namespace slides
 namespace
 {
 
-constexpr double kHalfFace = 25.0;  // half of the visible width of a profile
 constexpr double kGlassEdge = 10.0; // from the axis to the edge of a pane, so that 15 are covered
 constexpr double kGlassInside = 9.0;
 constexpr double kLite = 6.0;
