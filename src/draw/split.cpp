@@ -145,7 +145,7 @@ private:
     /// @param length of the piece before it was laid flat
     void layPiece(double length)
     {
-        if (m_piece.len() == 0 || (std::isfinite(m_pattern.period()) && !m_pattern.draws())) // none where memory ended
+        if (std::isfinite(m_pattern.period()) && !m_pattern.draws())
             return;
         if (m_pattern.covers(length))
             m_pattern.lay(m_piece, *this);
