@@ -436,6 +436,10 @@ void GalleryWindow::OnExportSvg()
     CVekGDX paper = m_scene.picture();
     VEK::CFileSink sink(path);
     const auto surface = VEK::svgSurface(sink, area.Width(), area.Height());
+    if (!surface) { // memory ran out
+        tellExported(path, false);
+        return;
+    }
     surface->solidRect(0.0, 0.0, area.Width(), area.Height(), kWhite); // a viewer may have a dark page
     VEK::gdxDraw(paper, *surface, area.Height(), area.Width(), VEK::scalableRules);
     tellExported(path, surface->finish());

@@ -20,6 +20,7 @@ namespace VEK
 ///
 /// Lines and polygons are cut at plus and minus 2^27, which is as far as GDI draws; boxes are moved to that border.
 /// @param dc stays the caller's and must outlive the surface; null draws nothing
+/// @return null when memory runs out
 VEK_API std::unique_ptr<CSurface> gdiSurface(HDC__* dc);
 
 } // namespace VEK

@@ -1,5 +1,7 @@
 #include <vek/data/config.h>
 
+#include "core/data/lasting.h"
+
 namespace VEK
 {
 
@@ -10,12 +12,8 @@ CVekDataDir* CConfig::getCfgRoot(const wchar_t*)
 
 CConfig* cfgMgrPtr()
 {
-    static union Kept { // never destroyed: other objects may use it in their destructors
-        CConfig manager;
-        Kept() : manager() {}
-        ~Kept() {}
-    } kept;
-    return &kept.manager;
+    static Lasting<CConfig> manager;
+    return &manager.object;
 }
 
 CVekDataItem* cfg_get(const wchar_t* path)

@@ -1,5 +1,6 @@
 #include <vek/host.h>
 
+#include "core/data/lasting.h"
 #include "core/values/whole.h"
 
 namespace
@@ -20,12 +21,8 @@ public:
 
 CVekApp* noApp()
 {
-    static union Kept { // never destroyed: other objects may use it in their destructors
-        CNoApp app;
-        Kept() : app() {}
-        ~Kept() {}
-    } kept;
-    return &kept.app;
+    static Lasting<CNoApp> app;
+    return &app.object;
 }
 
 CVekApp* installed = nullptr;

@@ -9,8 +9,10 @@ void refresh(CVekGDX* gdx, const wchar_t* file, int height, int width)
     if (!gdx)
         return;
     const HDC dc = CreateEnhMetaFileW(nullptr, file, nullptr, nullptr);
-    const bool complete =
-        VEK::whole(false, [&] { return VEK::gdxDraw(*gdx, *VEK::gdiSurface(dc), height, width, VEK::paperRules); });
+    const bool complete = VEK::whole(false, [&] {
+        const auto surface = VEK::gdiSurface(dc);
+        return surface && VEK::gdxDraw(*gdx, *surface, height, width, VEK::paperRules);
+    });
     const HENHMETAFILE metafile = CloseEnhMetaFile(dc);
     if (metafile && (file || !complete || !VEK::toClipboard([&] { return metafile; })))
         DeleteEnhMetaFile(metafile); // of a file only the handle

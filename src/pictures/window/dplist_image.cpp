@@ -89,8 +89,10 @@ void CVekDplistImage::OnPaint()
     if (!dpList)
         return;
     VEK::PaintBuffer buffer(this);
-    if (buffer.width() > 0 && buffer.height() > 0)
-        VEK::gdxDraw(*dpList, *VEK::gdiSurface(buffer.context()), buffer.height(), buffer.width(), VEK::screenRules);
+    if (buffer.width() <= 0 || buffer.height() <= 0)
+        return;
+    if (const auto surface = VEK::gdiSurface(buffer.context()))
+        VEK::gdxDraw(*dpList, *surface, buffer.height(), buffer.width(), VEK::screenRules);
 }
 
 /// The picture covers its whole background, so that an erase would only flicker.

@@ -1,5 +1,6 @@
 #include <vek/pictures/window/slide_pic.h>
 
+#include "core/values/whole.h"
 #include "pictures/window/layout.h"
 #include "pictures/window/paint_buffer.h"
 #include "surfaces/window/clipboard.h"
@@ -8,8 +9,6 @@
 #include <vek/pictures/slide_library.h>
 
 #include <afxext.h>
-
-#include <new>
 
 namespace VEK
 {
@@ -130,11 +129,7 @@ void CSlidePic::show(void* data, int size)
     if (!data || size < 0)
         return;
     const auto bytes = static_cast<const unsigned char*>(data);
-    try {
-        m_data.assign(bytes, bytes + size);
-        m_loaded = true;
-    } catch (const std::bad_alloc&) {
-    }
+    m_loaded = VEK::whole(false, [&] { return (m_data.assign(bytes, bytes + size), true); });
 }
 
 bool CSlidePic::LoadSlide(unsigned long id, const wchar_t* type)
@@ -191,11 +186,7 @@ bool CSlidePic::draw(CRect rect)
     m_dc->SelectObject(&m_pen);
     m_dc->SelectObject(&m_fill);
     Painter painter(*this, rect);
-    bool drawn = false;
-    try {
-        drawn = m_reader.read(m_data, painter);
-    } catch (const std::bad_alloc&) { // what was drawn stands
-    }
+    const bool drawn = VEK::whole(false, [&] { return m_reader.read(m_data, painter); });
     m_dc->RestoreDC(saved);
     return drawn;
 }

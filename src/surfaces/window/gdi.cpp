@@ -1,5 +1,6 @@
 #include <vek/surfaces/gdi.h>
 
+#include "core/values/whole.h"
 #include "surfaces/line_run.h"
 #include "surfaces/object_table.h"
 #include "surfaces/opaque_region.h"
@@ -47,7 +48,10 @@ public:
     GdiSurface& operator=(const GdiSurface&) = delete;
 
     void clipTo(double left, double top, double right, double bottom) override;
-    void clipOut(const SurfacePoint* points, int count) override;
+    void clipOut(const SurfacePoint* points, int count) override
+    {
+        VEK::whole(false, [&] { return (takeOut(points, count), true); });
+    }
     void clipRestore() override;
     void pen(int width, unsigned color) override;
     void noPen() override;
@@ -57,8 +61,14 @@ public:
     void moveTo(double x, double y) override { m_run.moveTo({x, y}, Draw{*this}); }
     void lineTo(double x, double y) override { m_run.lineTo({x, y}, Draw{*this}); }
     void polyline(const SurfacePoint* points, int count) override;
-    void polylines(const SurfacePoint* points, const int* counts, int lines) override;
-    void polygon(const SurfacePoint* points, int count) override;
+    void polylines(const SurfacePoint* points, const int* counts, int lines) override
+    {
+        VEK::whole(false, [&] { return (drawLines(points, counts, lines), true); });
+    }
+    void polygon(const SurfacePoint* points, int count) override
+    {
+        VEK::whole(false, [&] { return (drawPolygon(points, count), true); });
+    }
     void rectangle(double x1, double y1, double x2, double y2) override { drawBox(Rectangle, x1, y1, x2, y2); }
     void ellipse(double x1, double y1, double x2, double y2) override { drawBox(Ellipse, x1, y1, x2, y2); }
     void pixel(double x, double y, unsigned color) override;
@@ -77,13 +87,15 @@ private:
     void drawRun(const std::vector<POINT>& points);
     void select(HGDIOBJ object, HGDIOBJ& selected);
     void collect(const SurfacePoint* points, int count);
+    void takeOut(const SurfacePoint* points, int count);
+    void drawLines(const SurfacePoint* points, const int* counts, int lines);
+    void drawPolygon(const SurfacePoint* points, int count);
     bool confine(const CPixels& pixels, int left, int top);
     template <class Create>
     HGDIOBJ object(Objects& table, std::uint64_t look, Create create);
     void drawBox(BOOL WINAPI draw(HDC, int, int, int, int), double x1, double y1, double x2, double y2);
 
     const HDC m_dc;
-    const int m_saved;
     Objects m_pens;
     Objects m_brushes;
     HGDIOBJ m_pen = GetStockObject(BLACK_PEN);
@@ -97,6 +109,7 @@ private:
     LineBatch<POINT, DWORD> m_lines;
     std::vector<POINT> m_points;
     std::vector<SurfacePoint> m_cut;
+    const int m_saved; ///< last, so that nothing is saved if memory for the others runs out
 };
 
 GdiSurface::~GdiSurface()
@@ -121,7 +134,7 @@ void GdiSurface::clipTo(double left, double top, double right, double bottom)
     SelectClipRgn(m_dc, m_clip);
 }
 
-void GdiSurface::clipOut(const SurfacePoint* points, int count)
+void GdiSurface::takeOut(const SurfacePoint* points, int count)
 {
     flushRun();
     collect(points, count);
@@ -204,7 +217,7 @@ void GdiSurface::polyline(const SurfacePoint* points, int count)
         m_run.lineTo(points[i], Draw{*this});
 }
 
-void GdiSurface::polylines(const SurfacePoint* points, const int* counts, int lines)
+void GdiSurface::drawLines(const SurfacePoint* points, const int* counts, int lines)
 {
     flushRun();
     m_lines.draw(
@@ -234,7 +247,7 @@ void GdiSurface::collect(const SurfacePoint* points, int count)
         m_points.push_back(whole(p));
 }
 
-void GdiSurface::polygon(const SurfacePoint* points, int count)
+void GdiSurface::drawPolygon(const SurfacePoint* points, int count)
 {
     flushRun();
     collect(points, count);
@@ -288,7 +301,7 @@ void GdiSurface::picture(double x, double y, const CPixels& pixels)
         const bool isOpaque =
             std::all_of(pixels.data.begin(), pixels.data.end(), [](std::uint32_t p) { return p >> 24 != 0; });
         const int saved = isOpaque ? 0 : SaveDC(m_dc);
-        if (isOpaque || confine(pixels, left, top))
+        if (isOpaque || VEK::whole(false, [&] { return confine(pixels, left, top); }))
             BitBlt(m_dc, left, top, pixels.width, pixels.height, memory, 0, 0, SRCCOPY);
         if (!isOpaque)
             RestoreDC(m_dc, saved);
@@ -325,7 +338,8 @@ bool GdiSurface::confine(const CPixels& pixels, int left, int top)
 
 std::unique_ptr<CSurface> gdiSurface(HDC__* dc)
 {
-    return std::make_unique<GdiSurface>(dc);
+    return whole(std::unique_ptr<CSurface>(),
+                 [&]() -> std::unique_ptr<CSurface> { return std::make_unique<GdiSurface>(dc); });
 }
 
 } // namespace VEK
