@@ -38,7 +38,7 @@ CVekColor colorOf(const CVekDataItem* item)
     return color;
 }
 
-/// The back colour that a data item asks for over the configured one.
+/// Reads the back colour of a data item, which overrides the configured one.
 void readBackColor(const CVekDataItem* item, CVekColor color, CVekGDX& gdx)
 {
     int index = 0;

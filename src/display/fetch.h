@@ -1,4 +1,4 @@
-// Memory that is wanted soon. A long list is read from memory once, and waiting for it takes longer than the work does.
+// Prefetching. A long list is read from memory once, and waiting for it takes longer than the work itself.
 #pragma once
 
 #include <vek/display/item.h>
@@ -10,13 +10,13 @@ namespace VEK
 
 inline void fetch([[maybe_unused]] const void* from, [[maybe_unused]] std::size_t size)
 {
-#ifdef __GNUC__ // others do without
+#ifdef __GNUC__ // other compilers do without
     for (std::size_t at = 0; at < size; at += 64)
         __builtin_prefetch(static_cast<const char*>(from) + at, 0, 0);
 #endif
 }
 
-/// The geometry of a short polyline, which lies apart from its item.
+/// Prefetches the geometry of a short polyline, which is stored apart from its item.
 inline void fetchGeometry(const CVekDisplayItem& item)
 {
     fetch(item.vl.begin(), sizeof(CVekVertex) * static_cast<std::size_t>(std::min(item.vl.len(), 2)));

@@ -8,7 +8,7 @@
 namespace
 {
 
-/// Point and text items have their point elsewhere in use, so they keep the reference point as a vertex.
+/// In point and text items the point has another use, so they store the reference point as a vertex.
 void keepReference(CVekDisplayItem& item, const CVekPoint3d& refPoint)
 {
     if (item.flag & itemScreenFixed)
@@ -30,7 +30,7 @@ void setPen(CVekDisplayItem& item, const CVekArrayTempl<double>& linetype, doubl
 
 } // namespace
 
-/// Adds an item that `build` completes, if it gives true and nothing is missing.
+/// Adds an item that `build` completes, if it returns true and memory has not run out.
 template <class Build>
 bool CVekGDX::emit(VekDisplayObj type, const Stack& stack, unsigned long flag, Build&& build)
 {

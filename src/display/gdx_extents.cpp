@@ -1,4 +1,4 @@
-// Extents, and what depends on them: views and fits.
+// Extents, and views and fits, which depend on them.
 #include "display/measure.h"
 #include "display/stack.h"
 
@@ -16,8 +16,8 @@ bool isFinite(const CVekPoint3d& p)
     return std::isfinite(p[0]) && std::isfinite(p[1]) && std::isfinite(p[2]);
 }
 
-/// The extents of a polyline under a matrix; false, and the corners stay, for an empty one. Straight segments need no
-/// transformed copy.
+/// The extents of a transformed polyline; false, with the corners unchanged, for an empty one. Straight segments need
+/// no transformed copy.
 bool extentsUnder(const CVekVertexArray& vl, const CVekMatrix3d& m, CVekPoint3d& min, CVekPoint3d& max)
 {
     const auto isArc = [](const CVekVertex& vertex) { return vertex.bulge != 0.0; };
@@ -53,10 +53,10 @@ CVekGDX::Corners CVekGDX::cornersGet() const
     return corners;
 }
 
-/// Both corners, or none where there is no room for them.
+/// Stores both corners, or none when memory runs out.
 void CVekGDX::cornersSet(const Corners& corners)
 {
-    if (corners.any && extMax.len() == 2) { // nearly always
+    if (corners.any && extMax.len() == 2) { // the usual case
         extMax[0] = corners.min;
         extMax[1] = corners.max;
         return;
@@ -135,7 +135,7 @@ bool CVekGDX::extmaxGet(const Stack& stack, CVekPoint3d& min, CVekPoint3d& max) 
     const unsigned long shortages = VEK::memoryShortages();
     bool any = false;
     CVekPoint3d low = min, high = max;
-    CVekPoint3d itemMin; // kept from item to item: one without geometry merges what the one before it left
+    CVekPoint3d itemMin; // kept from item to item: one without geometry merges the box of the previous one
     CVekPoint3d itemMax;
     const CVekMatrix3d view = projMtx * viewDirectionMtx;
     for (const CVekDisplayItem& item : displayList) {
@@ -185,7 +185,7 @@ void CVekGDX::extMaxViewGet(CVekPoint3d& min, CVekPoint3d& max) const
     }
 }
 
-/// Looks another way, with the extents that are seen so.
+/// Changes the projection and the view direction and recomputes the extents.
 bool CVekGDX::look(const CVekMatrix3d& projection, const CVekMatrix3d& direction)
 {
     Corners corners;

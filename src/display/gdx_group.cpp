@@ -4,7 +4,7 @@
 
 #include <vek/draw/text.h>
 
-/// Runs a change on every item of a group, in list order.
+/// Applies a change to every item of a group, in list order.
 template <class Change>
 bool CVekGDX::forGroup(const Stack& stack, Change change)
 {
@@ -106,7 +106,7 @@ void CVekGDX::cFlagSet(int i, unsigned mode)
 namespace
 {
 
-/// A flag behind a change; an unknown code changes nothing.
+/// The flag after a change; an unknown code changes nothing.
 unsigned changedFlag(unsigned flag, int code)
 {
     switch (code) {
@@ -178,11 +178,11 @@ bool CVekGDX::mtxSet(const Stack& stack, const CVekMatrix3d& m)
     }
     if (!reference)
         return false;
-    const CVekMatrix3d target = m; // it may be that of an item
+    const CVekMatrix3d target = m; // it may refer to an item's matrix
     const CVekMatrix3d change = target * reference->mtx.inverse();
     const auto moved = [&](const CVekDisplayItem& item) {
         CVekMatrix3d mtx = item.mtx;
-        return &item == reference ? target : mtx *= change; // the target without the rounding of the product
+        return &item == reference ? target : mtx *= change; // exact, without the rounding of the product
     };
     Corners corners;
     CVekMatrix3d there;
@@ -199,7 +199,7 @@ bool CVekGDX::mtxSet(const Stack& stack, const CVekMatrix3d& m)
     return true;
 }
 
-/// What a text item is set from, and its glyphs.
+/// The input of a text item's layout, and its glyphs.
 struct CVekGDX::Lettering {
     CVekString txt;
     CVekString txtAlign;
@@ -207,8 +207,8 @@ struct CVekGDX::Lettering {
     RegionList regl;
 };
 
-/// Sets the texts of a group anew.
-/// @param set changes what an item is set from
+/// Redoes the texts of a group.
+/// @param set changes the input of an item's layout
 template <class Set>
 bool CVekGDX::letter(const Stack& stack, Set set)
 {
@@ -263,7 +263,7 @@ void CVekGDX::txtPointSet(const Stack& stack, CVekPoint3d point)
 bool CVekGDX::removeItemStack(const Stack& stack)
 {
     Corners corners;
-    const Stack path = VEK::whole(Stack(), [&] { return Stack(stack); }); // it may be that of an item
+    const Stack path = VEK::whole(Stack(), [&] { return Stack(stack); }); // it may refer to an item's path
     const auto look = [&](const CVekDisplayItem& item, Seen& seen) {
         seen.counts = seen.counts && !VEK::inGroup(item, path);
     };

@@ -8,7 +8,7 @@ namespace
 
 constexpr double kPickDistance = 5.0; // world units, whatever the zoom
 
-/// @param normal of length 1, as the segment's ends in the world
+/// @param normal of length 1, in world coordinates like the segment's ends
 bool nearSegment(const CVekVertex& vertex, const CVekVector3d& normal, const CVekPoint3d& world)
 {
     if (vertex.start == vertex.end)
@@ -17,8 +17,8 @@ bool nearSegment(const CVekVertex& vertex, const CVekVector3d& normal, const CVe
     return segment.at(segment.parameter(world)).distanceTo(world) <= kPickDistance;
 }
 
-/// Whether a straight segment lies further off than the pick distance in one coordinate alone, by so much that no
-/// rounding of the distance matters. It settles nearly all of a picture by the x of the two ends.
+/// Whether a straight segment is further away than the pick distance in a single coordinate, by a margin that makes
+/// rounding irrelevant. The x of the two ends rules out nearly all items of a picture.
 bool farOff(const CVekVertex& vertex, const CVekMatrix3d& m, const CVekPoint3d& world)
 {
     constexpr double kFar = 1.5 * kPickDistance;
@@ -35,19 +35,19 @@ bool farOff(const CVekVertex& vertex, const CVekMatrix3d& m, const CVekPoint3d& 
     return false;
 }
 
-/// Looks at what can be picked, item by item.
+/// Tests items that can be picked.
 class Picker
 {
 public:
     explicit Picker(const CVekPoint3d& world) : m_world(world) {}
 
-    /// An empty region gets an empty boundary on the way, as everywhere.
+    /// An empty region gets an empty boundary in passing, as everywhere.
     bool hits(CVekDisplayItem& item)
     {
         switch (item.type) {
         case dispPoint: return (item.point * item.mtx).distanceTo(m_world) <= kPickDistance;
         case dispPolyline: return hits(item.vl, item.mtx);
-        case dispRegion: return hits(item.reg[0], item.mtx); // the outer boundary alone
+        case dispRegion: return hits(item.reg[0], item.mtx); // only the outer boundary
         default: return false;
         }
     }
@@ -75,7 +75,7 @@ private:
     }
 
     CVekPoint3d m_world;
-    CVekVertexArray m_arc; ///< the arc that is looked at, in the world
+    CVekVertexArray m_arc; ///< scratch: the arc being tested, in the world
 };
 
 } // namespace

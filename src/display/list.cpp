@@ -1,4 +1,4 @@
-// The order of the items: sorting, and what a pick leaves.
+// The order of the items: sorting, and the order after a pick.
 #include <vek/display/list.h>
 
 #include "display/fetch.h"
@@ -35,7 +35,7 @@ bool CVekDisplayList::append(const CVekArrayTempl<CVekDisplayItem>& items)
 
 bool CVekDisplayList::sort()
 {
-    if (m_isDown || m_isBackwards) { // nobody has touched an item since they were sorted
+    if (m_isDown || m_isBackwards) { // no item was accessed since they were sorted
         m_isDown = false;
         return true;
     }
@@ -52,7 +52,7 @@ bool CVekDisplayList::sort()
         m_first[c] += m_first[c - 1];
     if (sorted)
         return true;
-    CVekArrayTempl<int> place; // where each item goes
+    CVekArrayTempl<int> place; // destination of each item
     if (!place.reserve(m_items.len()))
         return false;
     std::array<int, kClasses + 1> next = m_first;

@@ -1,14 +1,14 @@
-// The extents that a change will leave, taken before it is made.
+// The extents after a change, computed before the change is made.
 #pragma once
 
 #include "core/values/whole.h"
 
 #include <vek/display/gdx.h>
 
-/// Takes the extents of all items that count. A region without contours, and such a region of a text, gets one empty
-/// contour on the way.
-/// @param look is shown each item and alters what the extents will see of it
-/// @return false where memory is short; there is room for the corners otherwise
+/// Computes the extents of all items that count. A region without contours, and such a region of a text, gets one empty
+/// contour in passing.
+/// @param look is called with each item and changes what the extents take from it
+/// @return false when memory runs out; otherwise there is room for the corners
 template <class Look>
 bool CVekGDX::measure(Corners& corners, const CVekMatrix3d& view, Look&& look)
 {

@@ -15,10 +15,10 @@ namespace VEK
 namespace
 {
 
-/// The tightest fit of the extents leaves this share of them free on each side.
+/// The closest fit of the extents leaves this fraction of them free on each side.
 constexpr double kMargin = 0.05;
 
-/// What a dot of a line pattern is long, and the length below which a segment of a broken polyline is one.
+/// The length of a dot of a line pattern, and the length below which a segment of a dashed polyline is one.
 constexpr double kDotLength = 0.21;
 constexpr double kShortLength = 0.22;
 
@@ -35,7 +35,7 @@ CVekMatrix3d moved(const CVekMatrix3d& m, const DrawArea& area)
     return move.setToTranslation({area.left, area.top, 0.0}) * m;
 }
 
-/// What places the unit square of a screen-fixed item in the drawing area; the reference point moves it from there.
+/// The matrix from the unit square of a screen-fixed item to the drawing area; the reference point is added to it.
 CVekMatrix3d screenMatrix(const CVekGDX& gdx, const DrawArea& area)
 {
     const double scale = getViewMtx({0.0, 0.0, 0.0}, {1.0, 1.0, 0.0}, area.height, area.width, kMargin).axis(0)[0];
@@ -48,7 +48,7 @@ CVekMatrix3d screenMatrix(const CVekGDX& gdx, const DrawArea& area)
     return moved(move * flip * unit * gdx.projMtxGet(), area);
 }
 
-/// Items that are fetched ahead: first the item, and when that is there, what lies apart from it.
+/// Prefetch distances: first the item, and once that has arrived, the data stored apart from it.
 constexpr int kFetchItem = 16;
 constexpr int kFetchGeometry = 8;
 
@@ -110,7 +110,7 @@ void DrawPass::run()
     }
 }
 
-/// A width in device units, of a pen told in pixels.
+/// The width in device units of a pen given in pixels.
 int DrawPass::penWidth(int pixels) const
 {
     if (m_area.scale == 1.0)
@@ -167,8 +167,8 @@ const CVekMatrix3d& DrawPass::matrix(const CVekDisplayItem& item, From from)
     return m_matrix;
 }
 
-/// What the pattern test takes lengths through, to pixels. Here the item's own matrix acts after the one to the device:
-/// where a pattern becomes too dense has always been judged so, and drawings are set up by it.
+/// The matrix by which the pattern test converts lengths to pixels. Here the item's own matrix is applied after the one
+/// to the device: the limit for dense patterns has always been computed like this, and drawings are made for it.
 CVekMatrix3d DrawPass::testMatrix(const CVekDisplayItem& item)
 {
     CVekMatrix3d toPixels = (item.flag & itemScreenFixed) != 0 ? fixedMatrix(item) : m_total;

@@ -1,4 +1,4 @@
-// One run over the items of a display object.
+// One pass over the items of a display object.
 #pragma once
 
 #include "core/values/stepping.h"
@@ -12,7 +12,7 @@
 namespace VEK
 {
 
-/// Takes points to the device: the two rows of a matrix that it needs.
+/// Transforms points to the device: the two rows of a matrix that it needs.
 class DeviceMap
 {
 public:
@@ -30,11 +30,11 @@ public:
     }
 
 private:
-    // No copy: reading back what was just stored would wait for all pixels that the item before has stored.
+    // No copy: reading it back right after the store would wait for all pixel stores of the item before.
     const CVekMatrix3d& m_m;
 };
 
-/// How many chords stand for an arc.
+/// The chord tolerance for arcs.
 struct Chords {
     double tolerance = 0.0; ///< in the arc's units; 0: those of `vek_gdx_image_vl_split`
 
@@ -45,7 +45,7 @@ struct Chords {
 class DrawPass
 {
 public:
-    /// @param area of a finite place, a size above 0 and a scale above 0
+    /// @param area with a finite position, and a size and a scale above 0
     DrawPass(const CVekGDX& gdx, CSurface& surface, const DrawArea& area, const PassRules& rules,
              CPictureSource& pictures);
 
@@ -54,8 +54,8 @@ public:
 private:
     using Region = CVekArrayTempl<CVekVertexArray>;
 
-    /// What a matrix takes to the device: geometry as it is stored, which the item's own matrix turns before the view
-    /// direction does, or geometry that the view direction has turned already.
+    /// The geometry that a matrix takes to the device: `stored`, before the item's own matrix and the view direction,
+    /// or `turned`, after the view direction.
     enum class From { stored, turned };
 
     int penWidth(int pixels) const;
@@ -106,21 +106,21 @@ private:
     const DrawArea m_area;
     const double m_right, m_bottom; ///< of the area
     const unsigned m_back;
-    const CVekMatrix3d m_total; ///< from behind the view direction to the device
-    const bool m_viewTurns;     ///< whether the view direction does anything
+    const CVekMatrix3d m_total; ///< from after the view direction to the device
+    const bool m_viewTurns;     ///< whether the view direction is not the identity
     const CVekMatrix3d m_base;  ///< to the device for an item without a matrix of its own
     const double m_dotLength;
     const double m_shortLength;
     const bool m_trueArcs;
 
-    double m_margin = 0.0;                   ///< how far the pen of the present item draws around its points
-    std::optional<CVekMatrix3d> m_screenMtx; ///< made for the first screen-fixed item
-    CVekMatrix3d m_matrix;                   ///< to the device for the present item
+    double m_margin = 0.0;                   ///< how far the current item's pen draws around its points
+    std::optional<CVekMatrix3d> m_screenMtx; ///< computed for the first screen-fixed item
+    CVekMatrix3d m_matrix;                   ///< to the device for the current item
     std::vector<SurfacePoint> m_contour;
-    std::vector<SurfacePoint> m_lines; ///< points of lines that are still to be drawn, the last one open
-    std::vector<int> m_counts;         ///< points of each line that has its end
+    std::vector<SurfacePoint> m_lines; ///< points of pending lines, the last one still open
+    std::vector<int> m_counts;         ///< number of points of each finished line
     std::size_t m_lineStart = 0;       ///< of the open line
-    CVekArrayTempl<double> m_dashes; ///< line pattern of the present item; empty: continuous
+    CVekArrayTempl<double> m_dashes;   ///< line pattern of the current item; empty: continuous
     CVekVertexArray m_line;
 };
 

@@ -1,4 +1,4 @@
-// Points, regions, texts and pictures of a draw pass.
+// Points, regions, texts and pictures in a draw pass.
 #include "core/geometry/prepared_region.h"
 #include "display/pass.h"
 
@@ -15,13 +15,13 @@ namespace
 /// Bits of a point style.
 enum : unsigned { markLow = 1, markPlus = 2, markTick = 4, markSolid = 8, markCircle = 32, markSquare = 64 };
 
-/// A device unit in the units in front of the matrix, by its longest axis.
+/// A device unit in the units before the matrix, by its longest axis.
 double deviceUnit(const CVekMatrix3d& m)
 {
     return 1.0 / std::max({m.axis(0).abs(), m.axis(1).abs(), m.axis(2).abs()});
 }
 
-/// A size in pixels, cut towards zero.
+/// A size in pixels, truncated towards zero.
 int wholeSize(double size)
 {
     constexpr double kMost = 1e9;
@@ -63,7 +63,7 @@ void DrawPass::collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Ch
         m_contour.pop_back();
 }
 
-/// The outer contour as a polygon of pen and brush, without the holes.
+/// The outer contour as a polygon with pen and brush, without the holes.
 void DrawPass::fillPolygon(const Region& region, const CVekMatrix3d& m, Chords chords)
 {
     bool holes = false;
@@ -82,7 +82,7 @@ void DrawPass::fillPolygon(const Region& region, const CVekMatrix3d& m, Chords c
         m_surface.clipRestore();
 }
 
-/// The region as horizontal lines, one for each row of pixels; rows outside the drawing area would not show.
+/// The region as horizontal lines, one for each row of pixels; only rows inside the drawing area.
 /// @param region without arcs
 void DrawPass::fillScanLines(Region region, const CVekMatrix3d& m)
 {
@@ -105,10 +105,11 @@ void DrawPass::fillScanLines(Region region, const CVekMatrix3d& m)
     flushLines();
 }
 
-/// What of the plane z = 0 in front of a matrix lies in the drawing area; nothing where the plane stands on edge.
+/// The part of the plane z = 0, in the coordinates before a matrix, that lies in the drawing area; nothing if the plane
+/// is seen edge-on.
 std::optional<detail::HatchView> DrawPass::visiblePart(const CVekMatrix3d& m) const
 {
-    const double edge = penWidth(1) + 1.0; // what the pen draws beyond the ends of a line, and rounding
+    const double edge = penWidth(1) + 1.0; // for the pen beyond the ends of a line, and for rounding
     const plane::Vec x{m[0][0], m[1][0]}, y{m[0][1], m[1][1]};
     const double area = x.cross(y);
     detail::HatchView view;
@@ -123,8 +124,8 @@ std::optional<detail::HatchView> DrawPass::visiblePart(const CVekMatrix3d& m) co
     return view;
 }
 
-/// The lines of a hatch as far as they show.
-/// @return false where they are too many to draw
+/// The visible lines of a hatch.
+/// @return false if they are too many to draw
 bool DrawPass::hatchLines(Region region, const CVekMatrix3d& m, const CHatchProp& prop, Region& lines) const
 {
     const std::optional<detail::HatchView> view = visiblePart(m);
@@ -133,7 +134,8 @@ bool DrawPass::hatchLines(Region region, const CVekMatrix3d& m, const CHatchProp
     return !cutShort;
 }
 
-/// Whether no contour of a region can show, by its corners and how far its arcs may reach beyond them.
+/// Whether all contours of a region are outside the drawing area, by their corners and how far their arcs may bulge
+/// beyond them.
 bool DrawPass::isOutside(const Region& region, const CVekMatrix3d& m)
 {
     if (!m_rules.skipsOutside)
@@ -226,7 +228,7 @@ void DrawPass::drawText(const CVekDisplayItem& item, unsigned color)
     }
 }
 
-/// A picture stands on the drawing area, whatever the matrices.
+/// A picture is placed in the drawing area, whatever the matrices.
 void DrawPass::drawPicture(const CVekDisplayItem& item)
 {
     int left = 0, top = 0, right = m_area.width, bottom = m_area.height;
@@ -249,7 +251,7 @@ void DrawPass::drawPicture(const CVekDisplayItem& item)
         m_surface.picture(m_area.left + left, m_area.top + top, *pixels);
 }
 
-/// A position cut to a pixel of the drawing area.
+/// A position truncated to a pixel of the drawing area.
 SurfacePoint DrawPass::wholePixel(const SurfacePoint& p) const
 {
     return {m_area.left + std::trunc(p.x - m_area.left), m_area.top + std::trunc(p.y - m_area.top)};
@@ -265,7 +267,7 @@ void DrawPass::drawPoint(const CVekDisplayItem& item, int number, unsigned color
     else
         size *= m_area.scale;
     const int pixels = wholeSize(size);
-    const int half = pixels >> 1; // rounds down, so a negative size reaches further to one side
+    const int half = pixels >> 1; // rounds down, so a negative size extends further to one side
     const unsigned mode = static_cast<unsigned>(m_gdx.pdModeGet(number));
 
     m_surface.pen(penWidth(1), color);

@@ -1,4 +1,4 @@
-// Polylines of a draw pass: line patterns, arcs, dots.
+// Polylines in a draw pass: line patterns, arcs, dots.
 #include "display/pass.h"
 #include "draw/split_arc.h"
 
@@ -12,7 +12,7 @@ namespace VEK
 namespace
 {
 
-/// Points that go to the surface at a time, so that the buffer stays in the cache.
+/// Points passed to the surface at a time, so that the buffer stays in the cache.
 constexpr std::size_t kLinesLimit = 4096;
 
 bool isPattern(const CVekArrayTempl<double>& dashes, std::initializer_list<double> pattern)
@@ -34,7 +34,7 @@ int Chords::count(const plane::SpaceArc& arc) const
     return tolerance == 0.0 ? detail::splitCount(arc) : arc.chords(tolerance);
 }
 
-/// Whether points, and what a pen of the present item draws around them, lie wholly on one side of the drawing area.
+/// Whether points, including the width of the current item's pen, lie wholly on one side of the drawing area.
 bool DrawPass::isOutside(std::span<const SurfacePoint> points) const
 {
     if (!m_rules.skipsOutside || points.empty())
@@ -49,7 +49,7 @@ bool DrawPass::isOutside(std::span<const SurfacePoint> points) const
     return left || right || above || below;
 }
 
-/// Draws all lines that have their end. To be called before anything else goes to the surface.
+/// Draws all finished lines. Must be called before any other call to the surface.
 void DrawPass::flushLines()
 {
     if (m_counts.size() == 1)
@@ -164,7 +164,7 @@ void DrawPass::drawDot(const SurfacePoint& at, unsigned color)
     m_surface.solidRect(whole.x - size / 2, whole.y - size / 2, size, size, color);
 }
 
-/// Reads the special forms of a line pattern, scales the pattern and gives dots their length.
+/// Handles the special forms of a line pattern, scales the pattern and gives dots their length.
 void DrawPass::prepareDashes(const CVekDisplayItem& item)
 {
     const CVekArrayTempl<double>& type = item.linetype;
@@ -184,8 +184,8 @@ void DrawPass::prepareDashes(const CVekDisplayItem& item)
         dash = dash == 0.0 ? m_dotLength : dash * item.ltscale;
 }
 
-/// A polyline as it is stored, with the line pattern of the item.
-/// @param m to the device from behind the view direction
+/// Draws a stored polyline with the line pattern of the item.
+/// @param m to the device from after the view direction
 void DrawPass::drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color)
 {
     const CVekVertexArray* line = &vl;
@@ -196,7 +196,7 @@ void DrawPass::drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsign
         vek_gdx_image_vl_measure(m_line, m_dashes, 1);
         line = &m_line;
     }
-    std::optional<bool> dots; // asked only when there is something short
+    std::optional<bool> dots; // determined only when there is a short segment
     drawSegments(*line, m, chords(m), color, [&](const CVekPoint3d& start, const CVekPoint3d& end) {
         if (!isShort(start, end))
             return false;

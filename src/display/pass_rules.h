@@ -1,4 +1,4 @@
-// What differs between the places a display object is drawn to. One pass serves them all.
+// What differs between the kinds of output for a display object. One pass serves them all.
 #pragma once
 
 #include <vek/display/draw.h>
@@ -27,21 +27,21 @@ struct PassRules {
     bool fitsView;             ///< the view is fitted to the extents, with a margin of 0.05, and stored
     bool fillsBackground;      ///< the area is filled with the back colour first
     ColorFix colorFix;         ///< the last step for every colour
-    Dot dot;                   ///< a segment shorter than 0.22 of unit 4 in a broken polyline
-    bool closedIsContinuous;   ///< whether a closed polyline has no dots even where it is broken
+    Dot dot;                   ///< a segment shorter than 0.22 mm in a dashed polyline
+    bool closedIsContinuous;   ///< whether a closed polyline has no dots even if it is dashed
     Fill fill;                 ///< solid regions
-    bool fillAndHatch;         ///< a region of both is filled and then hatched; otherwise it is only filled
-    bool splitsBeforeTest;     ///< the pattern test takes the region with its arcs split
+    bool fillAndHatch;         ///< a region with both is filled and then hatched; otherwise it is only filled
+    bool splitsBeforeTest;     ///< the pattern test gets the region with its arcs split
     bool testsInView;          ///< the pattern test takes the view direction into account
-    bool inverseFillsInverse;  ///< an item without colour of its own is filled in its pen colour
+    bool inverseFillsInverse;  ///< an item without a colour of its own is filled in its pen colour
     double chords;             ///< greatest distance between an arc and its chords, in device units; 0: those of
                                ///< `vek_gdx_image_vl_split`, and half a unit in text
-    double textChords;         ///< the same for a glyph's arc, in the glyph's own units; 0: as `chords` says
+    double textChords;         ///< the same for a glyph's arc, in the glyph's own units; 0: as for `chords`
     Square square;             ///< the square around or instead of a point
     bool marksFromWholePixels; ///< a point is moved to a whole pixel before its mark is drawn around it
-    bool skipsOutside;         ///< what lies wholly outside the drawing area is not handed to the surface
-    bool picturesOnPaper;      ///< icons are laid on white; otherwise on the back colour
-    bool picturesShowThrough;  ///< `itemTransparent` leaves the key colour of a picture out
+    bool skipsOutside;         ///< what lies wholly outside the drawing area is not passed to the surface
+    bool picturesOnPaper;      ///< icons are drawn on white; otherwise on the back colour
+    bool picturesShowThrough;  ///< `itemTransparent` leaves out the key colour of a picture
 };
 
 } // namespace VEK

@@ -24,7 +24,7 @@ CVekMapTempl<CVekString, VEK::GdxImageFcn>& functions()
 
 int gdxMapKeyNew()
 {
-    // Keys ascend without gaps up to the first free one, so that key k stands at its own place.
+    // The map is sorted by key, so the first gap from 1 on is the smallest free key.
     const CVekMapTempl<int, CVekGDX>& map = objects();
     int at = 0;
     map.find(1, at);
@@ -40,7 +40,7 @@ bool VEK::gdxMapMoveTo(int key, CVekGDX&& gdx)
 {
     CVekMapTempl<int, CVekGDX>& map = objects();
     if (!map.get(key))
-        map[key]; // enters it, or nothing
+        map[key]; // enters it, unless memory runs out
     CVekGDX* place = map.get(key);
     if (place)
         *place = std::move(gdx);

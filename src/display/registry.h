@@ -7,7 +7,7 @@ namespace VEK
 {
 
 /// As `gdxMapSetAt`, without a copy.
-/// @return false, with the registry as it was, where memory is short
+/// @return false, with the registry unchanged, when memory runs out
 bool gdxMapMoveTo(int key, CVekGDX&& gdx);
 
 } // namespace VEK

@@ -48,7 +48,7 @@ void addGlyphs(GlyphMap& glyphs, std::span<const Row> rows)
     }
 }
 
-/// Built at the first lookup that finds the memory for it and never changed afterwards.
+/// Built at the first lookup for which there is enough memory, and never changed afterwards.
 const GlyphMap& glyphTable()
 {
     static const GlyphMap table = [] {

@@ -1,5 +1,5 @@
 /// @file
-/// The built-in font as it is written down: rows of marks and corner points, one table for each group of characters.
+/// The data of the built-in font: rows of marks and corner points, one table for each group of characters.
 #pragma once
 
 #include <span>
@@ -7,11 +7,11 @@
 namespace VEK::font
 {
 
-/// What a row of a font table is.
+/// The kind of a row of a font table.
 enum class Mark { point, glyph, outer, hole };
 
-/// A corner point in em units, or a mark that begins something: a glyph, a region with its outer contour, a hole of
-/// that region. The points behind the mark of a contour are its corners; the last one joins the first.
+/// A corner point in em units, or a mark that begins a glyph, a region with its outer contour, or a hole of that
+/// region. The points after the mark of a contour are its corners; the last one connects to the first.
 struct Row {
     double x = 0.0;
     double y = 0.0;
@@ -26,7 +26,7 @@ constexpr Row glyph(wchar_t code)
 inline constexpr Row outer{0.0, 0.0, Mark::outer, 0};
 inline constexpr Row hole{0.0, 0.0, Mark::hole, 0};
 
-/// The tables in the order in which they are entered; where a character comes twice, the later glyph stays.
+/// The tables in the order in which they are read; if a character occurs twice, the later glyph is used.
 extern const std::span<const Row> kSigns;
 extern const std::span<const Row> kCapitals;
 extern const std::span<const Row> kSmallLetters;

@@ -1,5 +1,5 @@
 /// @file
-/// Glyphs of the codes 65 to 95: capitals and the signs behind them.
+/// Glyphs of the codes 65 to 95: capitals and the signs after them.
 #include <draw/font.h>
 
 namespace VEK::font
@@ -8,7 +8,7 @@ namespace VEK::font
 namespace
 {
 
-// Kept in paragraphs of one contour each, which the formatter would run together.
+// One paragraph per contour, which the formatter would merge.
 // clang-format off
 constexpr Row kRows[] = {
     glyph(L'A'),
@@ -159,10 +159,10 @@ constexpr Row kRows[] = {
     outer, {0.644068, 0.64}, {0.617504, 0.64}, {0.4, 0.979778}, {0.182496, 0.64}, {0.155932, 0.64}, {0.386381, 1.0},
            {0.413619, 1.0},
 
-    glyph(L'['), // low bar, with which texts underline
+    glyph(L'['), // low bar, used for underlining
     outer, {0.83322, -0.176949}, {0.16678, -0.176949}, {0.16678, -0.154576}, {0.83322, -0.154576},
 
-    glyph(L'_'), // slanted mark of the extent of the apostrophe
+    glyph(L'_'), // slanted mark the size of the apostrophe
     outer, {0.323054, 0.661}, {0.1573, 0.995465}, {0.177346, 1.0054}, {0.3431, 0.670935},
 };
 // clang-format on

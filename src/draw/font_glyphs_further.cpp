@@ -1,5 +1,5 @@
 /// @file
-/// Glyphs of the codes from 123 on: braces, superscripts, fractions and German letters.
+/// Glyphs of the codes from 123: braces, superscripts, fractions and German letters.
 #include <draw/font.h>
 
 namespace VEK::font
@@ -8,7 +8,7 @@ namespace VEK::font
 namespace
 {
 
-// Kept in paragraphs of one contour each, which the formatter would run together.
+// One paragraph per contour, which the formatter would merge.
 // clang-format off
 constexpr Row kRows[] = {
     glyph(L'{'), // left brace

@@ -8,7 +8,7 @@ namespace VEK::font
 namespace
 {
 
-// Kept in paragraphs of one contour each, which the formatter would run together.
+// One paragraph per contour, which the formatter would merge.
 // clang-format off
 constexpr Row kRows[] = {
     glyph(L'a'),

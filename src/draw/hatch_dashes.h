@@ -10,8 +10,8 @@
 namespace VEK::detail
 {
 
-/// A dash table that repeats along a line from its start, by stations from there. Only the dashes of a stretch are
-/// looked at, however long the line is.
+/// A dash table that repeats along a line from its start; positions are distances from there. Only the dashes of a
+/// stretch are visited, however long the line is.
 class HatchDashes
 {
 public:
@@ -33,13 +33,13 @@ public:
     bool isGiven() const { return m_isGiven; }
     bool draws() const { return !m_drawn.empty() && std::isfinite(m_period); }
 
-    /// The length by which lines are made whole patterns long. A dot counts as one unit in it, though its stroke is
-    /// shorter.
+    /// The pattern length used to make lines a whole number of patterns long. A dot counts as one unit in it, though
+    /// its stroke is shorter.
     double total() const { return m_total; }
 
     double longest() const { return m_longest; }
 
-    /// The start of the first dash, and the end of the last one of a line of some length.
+    /// The start of the first dash, and the end of the last one for a line of the given length.
     double firstStart() const { return m_drawn.front().from; }
     double lastEnd(double length) const
     {
@@ -53,7 +53,7 @@ public:
         return 0.0;
     }
 
-    /// Hands the dashes that reach into a stretch of a line to `visit(from, to)`, until that gives false.
+    /// Passes the dashes that reach into a stretch of a line to `visitDash(from, to)`, until that returns false.
     /// @param length of the line, where its last dash is cut
     template <class Visit>
     void visit(double from, double to, double length, Visit&& visitDash) const

@@ -16,7 +16,7 @@ namespace
 
 using VEK::detail::HatchRows;
 
-/// Takes pieces to the world, as long as there is room.
+/// Transforms pieces to the world and collects them up to the limit.
 class Collector
 {
 public:
@@ -47,7 +47,7 @@ private:
     bool m_lacksLines = false;
 };
 
-/// A number of lines, as long as there is room.
+/// A number of lines, limited to the maximum.
 double limited(double count, Collector& collector)
 {
     if (!(count > VEK::kHatchLines))
@@ -77,7 +77,7 @@ void addDots(const CVekArrayTempl<CVekVertexArray>& region, double pitch, Collec
     }
 }
 
-/// The whole units between two coordinates, each cut by itself.
+/// The whole units between two coordinates, each truncated first.
 double wholeUnits(double a, double b)
 {
     const long long from = VEK::detail::cutToInt(std::min(a, b));
@@ -96,7 +96,7 @@ void addLines(const CVekArrayTempl<CVekVertexArray>& region, double pitch, doubl
     const CVekVector3d along = VEK::polar(-angle, 1.0), across = VEK::polar(pi / 2 - angle, 1.0);
     const bool wide = std::fabs(ext[0][0] - ext[1][0]) > std::fabs(ext[0][1] - ext[1][1]);
     double count = wholeUnits(ext[0][wide ? 0 : 1], ext[1][wide ? 0 : 1]);
-    // Lines past the region yield nothing.
+    // Lines beyond the region produce nothing.
     HatchRows rows(region, -angle);
     const double height = (box[1] - low).dot(across);
     count = limited(std::min(count, std::floor((height + rows.tolerance()) / pitch) + 1.0), collector);

@@ -28,7 +28,7 @@ constexpr double kDotLength = 0.2; // millimetres
 constexpr double kMostLines = 95.0;
 constexpr double kLeastStep = 2.3;
 
-/// Steps beyond this are no longer told apart by a double.
+/// Line numbers beyond this are no longer exact in a double.
 constexpr double kMostSteps = 4e15;
 
 bool isUserPattern(const CVekString& name)
@@ -82,8 +82,8 @@ public:
     bool isCutShort() const { return m_isCutShort; }
     void cutShort() { m_isCutShort = true; }
 
-    /// Counts a dash that is looked at, since not every one leaves a piece.
-    /// @return whether it may be
+    /// Counts a dash that is examined, since not every one produces a piece.
+    /// @return false if the limit is reached
     bool count()
     {
         m_isCutShort = m_isCutShort || m_dashes == VEK::kHatchPieces;
@@ -91,7 +91,7 @@ public:
         return !m_isCutShort;
     }
 
-    /// Sets the angle of the lines to come.
+    /// Sets the angle of the following lines.
     void turn(double angle)
     {
         m_along = CVekVector3d(std::cos(angle), std::sin(angle), 0.0) * m_toWorld;
@@ -141,7 +141,7 @@ public:
         const double x = hatch.scale * numbers[1], y = hatch.scale * numbers[2];
         m_x = x * std::cos(m_angle) + y * std::sin(m_angle);
         m_y = y * std::cos(m_angle) - x * std::sin(m_angle);
-        // Lines are counted upwards, whichever way the step goes.
+        // Lines are counted upwards, whatever the direction of the step.
         const double distance = hatch.scale * numbers[4];
         m_stepX = hatch.scale * (distance < 0.0 ? -numbers[3] : numbers[3]);
         m_stepY = std::fabs(distance);
@@ -151,10 +151,10 @@ public:
 
     double turn() const { return m_turn; }
 
-    /// Leaves out what lies wholly outside a part of the hatch plane.
+    /// Skips everything wholly outside a part of the hatch plane.
     void see(const HatchView& view);
 
-    /// Finds the lines that are drawn.
+    /// Determines which lines are drawn.
     bool search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& rows, Collector& collector);
 
     void draw(HatchRows& rows, Collector& collector);
@@ -172,7 +172,7 @@ private:
 
     const CVekArrayTempl<CVekVertexArray>& m_region;
     double m_angle;
-    double m_turn; ///< with the angle of the hatch
+    double m_turn; ///< including the angle of the hatch
     HatchDashes m_dashes;
     double m_x;
     double m_y;
@@ -183,15 +183,15 @@ private:
 
     double m_half = 0.0;
     Box m_seen{{-HUGE_VAL, -HUGE_VAL}, {HUGE_VAL, HUGE_VAL}};
-    long long m_lowest = 0; ///< lines that lie at the height of the region
+    long long m_lowest = 0; ///< lines at the height of the region
     long long m_highest = 0;
-    bool m_covers = false; ///< these lines reach across the whole outer contour, so that each of them meets it
-    long long m_first = 0; ///< lines that are looked at
+    bool m_covers = false; ///< these lines extend across the whole outer contour, so each of them meets it
+    long long m_first = 0; ///< lines that are examined
     long long m_last = -1;
     std::vector<HatchRows::Stretch> m_pieces;
 };
 
-/// How far a line reaches to both sides of its middle.
+/// Determines how far a line extends to both sides of its middle.
 bool Family::findReach(double diagonal)
 {
     if (m_dashes.isGiven()) {
@@ -242,13 +242,13 @@ bool Family::search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& r
     return m_first <= m_last && lay(m_first, m_last, rows, collector);
 }
 
-/// The last line up to a height.
+/// The last line at or below a height.
 long long Family::lineAt(double y) const
 {
     return static_cast<long long>(std::clamp(std::floor((y - m_y) / m_stepY), -kMostSteps, kMostSteps));
 }
 
-/// Lays the rows for some lines.
+/// Sets up the rows for a range of lines.
 bool Family::lay(long long first, long long last, HatchRows& rows, Collector& collector) const
 {
     if (last - first >= VEK::kHatchLines) {
@@ -323,8 +323,8 @@ void Family::clipDashes(HatchRows& rows, double from, Collector& collector)
         clipDashes(rows, from, *pair, collector);
 }
 
-/// Collects the dashes of a stretch. A dash that one of its ends parts keeps the part whose middle is inside; the part
-/// before the end comes first, even where the dash reaches over a narrow hole. Drawings show it so.
+/// Collects the dashes of a stretch. Of a dash that an end of the stretch divides, the part whose middle is inside is
+/// kept; the part before the end has precedence, even if the dash spans a narrow hole. Existing drawings rely on it.
 void Family::clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch, Collector& collector)
 {
     const double tol = rows.tolerance();
@@ -336,7 +336,7 @@ void Family::clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch
         else if (rows.isInside(0.5 * (place + dash.to)))
             rows.punch({place, dash.to}, m_pieces);
     };
-    // A dash that can be seen may leave its piece in another stretch than the one that it is clipped to here.
+    // A visible dash may produce its piece in another stretch than the one to which it is clipped here.
     const double low = std::max(stretch.from - tol, m_seen.min.x - m_dashes.longest());
     const double high = std::min(stretch.to + tol, m_seen.max.x + m_dashes.longest());
     if (!(low < high))

@@ -1,4 +1,4 @@
-/// What both hatches need of numbers and regions, and what a draw pass needs of hatches.
+/// Number and region functions shared by both hatches, and the hatch functions for a draw pass.
 #pragma once
 
 #include "core/values/stepping.h"
@@ -15,7 +15,7 @@
 namespace VEK::detail
 {
 
-/// Cuts towards zero. What 32 bits cannot hold becomes the lowest number, as processors have it.
+/// Truncates towards zero. A value that does not fit into 32 bits becomes the lowest number, as processors do it.
 inline std::int32_t cutToInt(double value)
 {
     return value > -2147483649.0 && value < 2147483648.0 ? static_cast<std::int32_t>(value)
@@ -32,7 +32,7 @@ inline bool isFinite(const CVekMatrix3d& m)
     return sum == 0.0;
 }
 
-/// Whether every coordinate is finite, and so far from infinity that products of two are, too.
+/// Whether every coordinate is finite, and small enough that products of two are finite too.
 inline bool isFinite(const CVekArrayTempl<CVekVertexArray>& region)
 {
     constexpr double kGreat = 1e150;
@@ -47,9 +47,9 @@ inline bool isFinite(const CVekArrayTempl<CVekVertexArray>& region)
     return sum == 0.0;
 }
 
-/// Takes a region to the hatch plane, where arcs that do not lie level become chords.
+/// Transforms a region to the hatch plane, where arcs that are not level become chords.
 /// @param mtx from the hatch plane to the world
-/// @return false for an empty region, and where a number is not finite
+/// @return false for an empty region and if a number is not finite
 inline bool bringToPlane(CVekArrayTempl<CVekVertexArray>& region, const CVekMatrix3d& mtx)
 {
     if (!isFinite(mtx))
@@ -68,14 +68,14 @@ inline bool bringToPlane(CVekArrayTempl<CVekVertexArray>& region, const CVekMatr
 /// The part of the hatch plane that can be seen, as the corners of a parallelogram.
 using HatchView = std::array<plane::Vec, 4>;
 
-/// `vek_gdx_image_reg_hatch2` for those who know what can be seen: lines and dashes wholly outside of it are left out,
-/// and all others are what they are without it.
+/// `vek_gdx_image_reg_hatch2` for a caller that knows what is visible: lines and dashes wholly outside are left out,
+/// and all others are the same as without it.
 /// @param view null for all
 /// @param cutShort whether lines or pieces are missing
 CVekArrayTempl<CVekVertexArray> hatchPattern(CVekArrayTempl<CVekVertexArray> region, const CVekMatrix3d& mtx,
                                              const CHatchProp& hatch, const HatchView* view, bool& cutShort);
 
-/// `vek_gdx_pattern_test` without a region of its own.
+/// `vek_gdx_pattern_test` without a copy of the region.
 bool patternTest(const CVekArrayTempl<CVekVertexArray>& region, const CHatchProp& hatch, const CVekMatrix3d& mtx);
 
 } // namespace VEK::detail

@@ -52,7 +52,7 @@ void HatchRows::addContour(const CVekVertexArray& contour, std::uint32_t number,
     const CVekPoint3d* before = nullptr;
     plane::Box box{};
     for (const CVekVertex& vertex : contour) {
-        // Points that count as one become the same, so that both segments there judge them alike.
+        // Coincident points become identical, so that both segments there treat them alike.
         plane::Vec start = end;
         if (!before || *before != vertex.start) {
             const plane::Vec own = turned(vertex.start);
@@ -65,7 +65,7 @@ void HatchRows::addContour(const CVekVertexArray& contour, std::uint32_t number,
         const bool isPoint = vertex.start[0] == vertex.end[0] && vertex.start[1] == vertex.end[1];
         if (number == 0 && (before ? start != end : isPoint))
             m_isContinuous = false;
-        if (isPoint) { // makes a cut and bounds nothing
+        if (isPoint) { // produces a cut and bounds nothing
             addSide(start, start, number);
             continue;
         }
@@ -107,11 +107,11 @@ void HatchRows::lay(double height, double step, long long lowest, long long high
     m_order.clear();
     if (count == 0)
         return;
-    // A side is listed from the first row to the last one that it may meet, rounding included.
+    // A side is listed from the first to the last row that it may meet, rounding included.
     const double base = this->height(lowest), top = this->height(highest);
     const double size = std::max({std::fabs(height), std::fabs(base), std::fabs(top)}) + m_all.max.y - m_all.min.y;
     const double slack = std::min((m_tolerance + 1e-15 * size) / step + 1e-9, 2.0 * count);
-    const double perStep = std::min(1.0 / step, 1e300); // finite, so that nothing is no number
+    const double perStep = std::min(1.0 / step, 1e300); // finite, to avoid NaN
     for (Side& side : m_sides) {
         double low = std::min(side.start.y, side.end.y), high = std::max(side.start.y, side.end.y);
         if (side.bulge != 0.0) {
@@ -124,7 +124,7 @@ void HatchRows::lay(double height, double step, long long lowest, long long high
         side.first = static_cast<std::uint32_t>(from);
         side.first += side.first < from;
         if (side.first > to)
-            side.first = count; // between two rows
+            side.first = count; // lies between two rows
         side.last = static_cast<std::uint32_t>(std::max(to, 0.0));
         ++m_begin[side.first];
     }
@@ -142,7 +142,7 @@ void HatchRows::rewind()
     m_next = 0;
 }
 
-/// Brings the sides at the height of a row, and those only, into the active list.
+/// Makes exactly the sides at the height of a row active.
 void HatchRows::activate(std::uint32_t row)
 {
     std::size_t kept = 0;
@@ -196,7 +196,7 @@ bool HatchRows::cutPlainly(double y, double from, double to)
     return true;
 }
 
-/// The row through corners, along segments and across arcs.
+/// The general case: the row through corners, along segments and across arcs.
 void HatchRows::cutWithCare(double y, double from, double to)
 {
     m_found.clear();
@@ -246,7 +246,7 @@ const std::vector<HatchRows::Stretch>& HatchRows::pieces()
             punch({pair->to, pair->from}, m_pieces);
         return m_pieces;
     }
-    // No cut lies within a pair, so it is inside where an odd number of cuts of the outer contour lies behind it.
+    // No cut lies within a pair, so it is inside if an odd number of cuts of the outer contour follows it.
     bool isInOuter = false;
     for (std::size_t i = m_found.size(); i-- > 0;) {
         isInOuter ^= m_found[i].contour == 0;
@@ -287,8 +287,8 @@ void HatchRows::addPasses(const plane::Arc& row, const Side& side)
         m_events.push_back({plane::Arc(side.start, side.end, side.bulge).at(found.t[i]).x, side.contour});
 }
 
-/// Takes the stretches of the present row inside the outer contour, and inside the region. What is shorter than the
-/// tolerance does not count as being in or out.
+/// Determines the stretches of the current row inside the outer contour and inside the region. Stretches shorter than
+/// the tolerance are ignored.
 void HatchRows::takeStretches()
 {
     m_hasStretches = true;

@@ -12,10 +12,10 @@
 namespace VEK::detail
 {
 
-/// A region in a frame in which the hatch lines are level, cut by rows of one distance. Rows must come from below
-/// upwards; a row looks at the segments at its own height only.
+/// A region in a frame in which the hatch lines are level, cut by equidistant rows. Rows must be cut from the lowest
+/// upwards; a row examines only the segments at its own height.
 ///
-/// A contour with gaps is closed by straight segments; they bound its inside, but make no cuts.
+/// A contour with gaps is closed by straight segments; they bound its inside, but produce no cuts.
 class HatchRows
 {
 public:
@@ -24,7 +24,7 @@ public:
         double to;
     };
 
-    /// @param region in the hatch plane, with a contour at least, and `isFinite`
+    /// @param region in the hatch plane, with at least one contour, all coordinates `isFinite`
     /// @param turn angle of the lines
     HatchRows(const CVekArrayTempl<CVekVertexArray>& region, double turn);
 
@@ -36,36 +36,37 @@ public:
     /// Whether the outer contour has no gap, so that every row between its lowest and highest point meets it.
     bool isContinuous() const { return m_isContinuous; }
 
-    /// Lays the rows: row number n lies at `height` + n * `step`, and there is none below `lowest` or above `highest`.
+    /// Sets up the rows: row number n lies at `height` + n * `step`, and there is none below `lowest` or above
+    /// `highest`.
     /// @param step above 0
     void lay(double height, double step, long long lowest, long long highest);
 
     double height(long long row) const { return m_height + static_cast<double>(row) * m_step; }
 
-    /// Lets the rows begin from below again.
+    /// Restarts the rows from the lowest.
     void rewind();
 
-    /// Cuts a row, from one x to another.
+    /// Cuts a row between two values of x.
     void cut(long long row, double from, double to);
 
-    /// What lies between the cuts of the present row, taken in pairs from below; none where their number is odd. Cuts
-    /// that coincide count once.
+    /// The stretches between the cuts of the current row, taken in pairs from the lowest x; none if their number is
+    /// odd. Coincident cuts count once.
     const std::vector<Stretch>& pairs() const { return m_pairs; }
 
-    /// What of the pairs lies inside the outer contour, from the last pair to the first and each from its end to its
+    /// The parts of the pairs inside the outer contour, from the last pair to the first and each from its end to its
     /// start.
     const std::vector<Stretch>& pieces();
 
-    /// Appends what of a piece of the present row lies inside the outer contour.
+    /// Appends the parts of a piece of the current row inside the outer contour.
     void punch(Stretch piece, std::vector<Stretch>& pieces);
 
-    /// Whether a stretch of the present row meets the outer contour.
+    /// Whether a stretch of the current row meets the outer contour.
     bool meetsOuter(double from, double to) const;
 
-    /// The stretches of the whole present row that lie in the region, its boundary included.
+    /// The stretches of the whole current row that lie in the region, its boundary included.
     const std::vector<Stretch>& inside();
 
-    /// Whether a place of the present row lies in the region.
+    /// Whether a position on the current row lies in the region.
     bool isInside(double x);
 
 private:
@@ -80,7 +81,7 @@ private:
         std::uint32_t last = 0;
     };
 
-    /// What happens at a place of a row.
+    /// An event at a position on a row.
     struct Cut {
         double x;
         std::uint32_t contour;
@@ -97,22 +98,22 @@ private:
 
     double m_tolerance = 0.0;
     plane::Box m_box{};                         ///< of the outer contour
-    plane::Box m_all{{0.0, 0.0}, {-1.0, -1.0}}; ///< of all contours; inside out without any
+    plane::Box m_all{{0.0, 0.0}, {-1.0, -1.0}}; ///< of all contours; inverted if there are none
     bool m_isContinuous = true;
     std::vector<Side> m_sides;
 
     double m_height = 0.0;
     double m_step = 1.0;
     long long m_lowest = 0;
-    std::vector<std::uint32_t> m_begin; ///< for each row from the lowest, where its sides begin in the order
-    std::vector<std::uint32_t> m_order; ///< the sides by the first row
+    std::vector<std::uint32_t> m_begin; ///< for each row from the lowest, where its sides begin in `m_order`
+    std::vector<std::uint32_t> m_order; ///< the sides, sorted by their first row
     std::vector<std::uint32_t> m_active;
     std::uint32_t m_next = 0; ///< the first row whose sides are not active yet
 
-    bool m_isPlain = false; ///< the present row is
+    bool m_isPlain = false; ///< whether the current row is
     bool m_hasStretches = false;
-    std::vector<Cut> m_found;  ///< where the present row meets contours
-    std::vector<Cut> m_events; ///< unless it is plain: where it passes through them, and runs along them
+    std::vector<Cut> m_found;  ///< where the current row meets contours
+    std::vector<Cut> m_events; ///< if it is not plain: where it crosses them and runs along them
     std::vector<Stretch> m_pairs;
     std::vector<Stretch> m_pieces;
     std::vector<Stretch> m_outer;

@@ -18,7 +18,7 @@ namespace
 constexpr double kMeasuredArcChord = 0.1;
 constexpr double kLongDash = 0.21;
 constexpr double kDotLength = 0.2; // millimetres
-constexpr double kDotShare = 1.0;  // what a dot counts in the length of its pattern, though its stroke is shorter
+constexpr double kDotShare = 1.0;  // length of a dot in its pattern, though its stroke is shorter
 
 void appendSplit(CVekVertexArray& result, const CVekVertexArray& vl)
 {
@@ -38,17 +38,17 @@ void appendSplit(CVekVertexArray& result, const CVekVertexArray& vl)
     }
 }
 
-/// Turns the pattern so that a segment begins and ends in the middle of a long dash. Rotation and index move together,
-/// so that a round looks two places further on: patterns are drawn as they have always been, which includes those
+/// Rotates the pattern so that a segment begins and ends in the middle of a long dash. Rotation and index advance
+/// together, so that each step looks two entries further on: existing drawings depend on it, including for patterns
 /// whose long dash this search misses.
 void arrange(std::vector<double>& dashes)
 {
-    std::size_t front = 0; // what the pattern begins with; a turn moves it behind the end
+    std::size_t front = 0; // the first entry of the pattern; a rotation moves it to the end
     for (std::size_t i = 0; front + i < dashes.size(); ++i) {
         const std::size_t at = front + i;
         if (dashes[at] > kLongDash) {
             if (at + 1 == dashes.size())
-                dashes.push_back(0.0); // looking behind the last entry makes one
+                dashes.push_back(0.0); // looking past the last entry creates one
             if (dashes[at + 1] < 0.0) {
                 dashes[front] *= 0.5;
                 dashes.push_back(dashes[front]);
@@ -60,11 +60,11 @@ void arrange(std::vector<double>& dashes)
     dashes.erase(dashes.begin(), dashes.begin() + static_cast<std::ptrdiff_t>(front));
 }
 
-/// A line pattern, laid on what becomes one polyline of separate segments.
+/// Applies a line pattern to what becomes one polyline of separate segments.
 class Dashes
 {
 public:
-    /// @param polyline gets what is drawn; its normal stays
+    /// @param polyline receives what is drawn; its normal is unchanged
     Dashes(CVekVertexArray& polyline, const CVekArrayTempl<double>& dashes, bool arranged)
         : m_polyline(polyline), m_dashes(dashes.begin(), dashes.end())
     {
@@ -80,7 +80,7 @@ public:
         m_piece.setNormal(polyline.normal());
     }
 
-    /// Lays the pattern on a segment by itself.
+    /// Applies the pattern to a single segment.
     void laySegment(const CVekVertex& vertex)
     {
         const double length = vertex.bulgLen();
@@ -89,7 +89,7 @@ public:
             m_polyline.append(vertex);
             return;
         }
-        // Gaps grow so that whole patterns fill the length.
+        // Gaps are stretched so that whole patterns fill the length.
         const double count = std::floor((length + tolerance) / m_total);
         const double rest = std::max(length - count * m_total, 0.0);
         m_pattern.assign(m_dashes, 1.0, m_total > 0.0 && m_gaps > 0 ? rest / (m_gaps * count) : 0.0);
@@ -98,7 +98,7 @@ public:
         layPiece(length);
     }
 
-    /// Lays the pattern along a whole run.
+    /// Applies the pattern along a whole run.
     void layRun(const CVekVertexArray& run)
     {
         const bool keepsArcs = VEK::plane::isLevel(run.normal());
@@ -112,13 +112,13 @@ public:
         layPiece(length);
     }
 
-    // What the pattern hands over.
+    // Called by the pattern.
     void begin() {}
     void part(const CVekVertex& part) { m_polyline.append(part); }
     void dot(const CVekPoint3d& at) { m_polyline.append(CVekVertex(at, at)); }
 
 private:
-    static constexpr int kMostPieces = 1000000; ///< of one polyline; what comes behind stays solid
+    static constexpr int kMostPieces = 1000000; ///< of one polyline; the rest stays solid
 
     static double reach(const CVekVertex& vertex)
     {
@@ -128,8 +128,8 @@ private:
         return reach;
     }
 
-    /// Appends a segment to the piece, flat. An arc becomes chords in its own plane first, so that it lies where it
-    /// would be drawn without a pattern.
+    /// Appends a segment to the piece, flattened. An arc becomes chords in its own plane first, so that it lies where
+    /// it would be drawn without a pattern.
     /// @param chords 0 keeps arcs
     void appendFlat(const CVekVertex& vertex, int chords)
     {
@@ -142,7 +142,7 @@ private:
             VEK::g_vx_xy(*v);
     }
 
-    /// @param length of the piece before it was laid flat
+    /// @param length of the piece before it was flattened
     void layPiece(double length)
     {
         if (std::isfinite(m_pattern.period()) && !m_pattern.draws())
@@ -158,7 +158,7 @@ private:
     double m_total = 0.0;
     int m_gaps = 0;
     VEK::detail::DashPattern m_pattern;
-    CVekVertexArray m_piece; ///< what the pattern is laid on
+    CVekVertexArray m_piece; ///< the geometry to which the pattern is applied
 };
 
 } // namespace
@@ -207,7 +207,7 @@ bool vek_gdx_image_vl_measure(CVekVertexArray& vl, CVekArrayTempl<double> dashes
         return true;
     });
     if (!complete) {
-        vl.setLogicalLength(0); // there is still room for what stood in it
+        vl.setLogicalLength(0); // keeps the memory of the old content
         for (const CVekVertexArray& run : runs)
             vl.CVekArrayTempl<CVekVertex>::operator+=(run);
     }

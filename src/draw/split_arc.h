@@ -7,7 +7,7 @@
 namespace VEK::detail
 {
 
-/// The number of equal chords that stand for an arc: within 0.01 of one shorter than 4.0, otherwise within 0.05.
+/// The number of equal chords for an arc: within 0.01 for one shorter than 4.0, otherwise within 0.05.
 inline int splitCount(const plane::SpaceArc& arc)
 {
     constexpr double kShortArc = 4.0;

@@ -17,14 +17,14 @@ using Region = CVekArrayTempl<CVekVertexArray>;
 using RegionList = CVekArrayTempl<Region>;
 
 constexpr double kGap = 0.5;     // between the ink of a glyph and the origin of the next one
-constexpr double kLastGap = 0.3; // how much of the gap behind the last glyph does not count
+constexpr double kLastGap = 0.3; // the part of the gap after the last glyph that does not count
 
 struct Size {
     double width = 0.0;
     double height = 0.0;
 };
 
-/// The shift of an alignment; false for a code that has none.
+/// The shift of an alignment; false for an unknown code.
 bool shiftOf(const CVekString& align, Size size, CVekVector3d& shift)
 {
     static constexpr struct {
@@ -41,7 +41,7 @@ bool shiftOf(const CVekString& align, Size size, CVekVector3d& shift)
     return false;
 }
 
-/// Puts the glyphs in a row and gives the size of the whole.
+/// Places the glyphs in a row and returns the size of the whole.
 Size setGlyphs(const wchar_t* text, const CVekVector3d& start, RegionList& regl)
 {
     double x = 0.0;

@@ -6,7 +6,8 @@
 #include <vek/values/linetype.h>
 #include <vek/values/polyline.h>
 
-/// Kind of a display item. The numbers are fixed: callers use them. Any other number draws and measures nothing.
+/// Kind of a display item. The numbers are fixed: callers use them. An item of any other number draws nothing and has
+/// no extents.
 enum VekDisplayObj : int {
     dispNone = 0,
     dispPolyline = 1,
@@ -23,7 +24,7 @@ enum VekItemFlag : unsigned {
     itemHidden = 4,        ///< not drawn
     itemNoExt = 8,         ///< not counted in the extents
     itemOutline = 16,      ///< region: the boundary is drawn
-    itemFullWindow = 32,   ///< picture: takes the whole drawing area, whatever its corners
+    itemFullWindow = 32,   ///< picture: fills the whole drawing area, whatever its corners
     itemTransparent = 64,  ///< picture: its key colour is left out
     itemScreenFixed = 128, ///< of fixed size on the screen, anchored at its reference point; not in the extents
     itemColorMode = 0xF00  ///< the colour mode, shifted left by `itemColorModeShift`
@@ -48,8 +49,8 @@ enum VekPropCode : int {
 namespace VEK
 {
 
-/// Colour mode of an item: its own colour, an entry of the display object's colour table, or the exact inverse of
-/// the background. Modes 6 to 14 are entries whose role the caller gives.
+/// Colour mode of an item: its own colour, an entry of the display object's colour table, or the exact inverse of the
+/// background. Modes 6 to 14 are entries whose meaning the caller defines.
 enum GdxColorMode : unsigned {
     colorOwn = 0,
     colorHighlight = 1, ///< selected items
@@ -62,8 +63,8 @@ enum GdxColorMode : unsigned {
 
 } // namespace VEK
 
-/// A display item: geometry in the coordinates in which it was handed over, the matrix that acts on it first of all,
-/// and how it looks. Nothing in it is in device pixels but the corners of a picture. A copy is deep.
+/// A display item: geometry in the coordinates in which it was passed, the matrix that is applied to it first, and its
+/// appearance. Nothing in it is in device pixels except the corners of a picture. A copy is deep.
 class VEK_API CVekDisplayItem : public CVekObj
 {
 public:
@@ -73,7 +74,7 @@ public:
     unsigned flag = 0;                   ///< `VekItemFlag` and the colour mode
     CVekArrayTempl<int> stack;           ///< the owner's hierarchical address
     CVekColor color;                     ///< pen colour
-    CVekArrayTempl<double> linetype;     ///< dashes; the one value 1.0 is a continuous line
+    CVekArrayTempl<double> linetype;     ///< dashes; the single value 1.0 is a continuous line
     double ltscale = 0.0;                ///< factor on the dash lengths
     CVekPoint3d point;                   ///< point, text: position; screen-fixed polyline, region: reference point
     unsigned pdMode = 0;                 ///< point: style, 0xFFFFFFFF the display object's; picture: resource number

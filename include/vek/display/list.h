@@ -10,9 +10,9 @@
 
 /// The items of a display object in their present order, by the index rules of `CVekArrayTempl`.
 ///
-/// A pick reverses the list, yet clicks follow one another without anybody looking at it in between. So a pick only
-/// notes the new order, and the first access after it moves the items: each of those below shows them as the last sort
-/// or pick has ordered them. References, pointers and iterators hold until the next sort or pick.
+/// A pick reverses the list, yet clicks often follow one another without any access to it in between. So a pick only
+/// notes the new order, and the first access after it moves the items: all members below see them as the last sort or
+/// pick has ordered them. References, pointers and iterators are valid until the next sort or pick.
 class VEK_API CVekDisplayList
 {
 public:
@@ -26,21 +26,21 @@ public:
     CVekDisplayItem* begin() { return settled().begin(); }
     CVekDisplayItem* end() { return settled().end(); }
 
-    /// The list as the plain array that it is kept in. Whoever holds it sees every change at once: from here on a pick
-    /// moves the items right away.
+    /// The list as the plain array in which it is stored. Its holder reads it directly, so from here on a pick moves
+    /// the items right away.
     operator const CVekArrayTempl<CVekDisplayItem>&() const
     {
         m_isShown = true;
         return settled();
     }
 
-    /// Makes room for a number of items.
-    /// @return false when the memory is not to be had
+    /// Reserves room for a number of items.
+    /// @return false when memory runs out
     bool reserve(int count) { return settled().reserve(count); }
     void append(CVekDisplayItem&& item) { settled().append(std::move(item)); }
 
     /// Appends copies of all items of another list, which may be this one.
-    /// @return false, with the list as it was, where the memory is not to be had
+    /// @return false, with the list unchanged, when memory runs out
     bool append(const CVekArrayTempl<CVekDisplayItem>& items);
     void removeAt(int index) { settled().removeAt(index); }
     int setLogicalLength(int length)
@@ -65,13 +65,13 @@ public:
     }
     ~CVekDisplayList() = default;
 
-    /// Sorts by the classes of the draw order, stable inside each; see `CVekGDX::displListSort`.
-    /// @return false, with the list as it was, where the memory is not to be had
+    /// Sorts by the classes of the draw order, stable within each; see `CVekGDX::displListSort`.
+    /// @return false, with the list unchanged, when memory runs out
     bool sort();
 
-    /// Sorts, reverses, and hands the items to `test` in that order until it gives true. The test changes neither the
-    /// kind nor the colour mode of an item.
-    /// @return false where memory was not to be had; the list may be sorted then, but is not reversed
+    /// Sorts, reverses, and passes the items to `test` in that order until it returns true. The test must not change
+    /// the kind or the colour mode of an item.
+    /// @return false when memory runs out; the list may then be sorted, but is not reversed
     template <class Test>
     bool pick(Test&& test)
     {
@@ -103,16 +103,16 @@ private:
     void settle() const;
     template <class Test>
     void search(Test& test);
-    static void fetch(const CVekDisplayItem& item); ///< its geometry, ahead of its test
+    static void fetch(const CVekDisplayItem& item); ///< prefetches its geometry before its test
 
     mutable CVekArrayTempl<CVekDisplayItem> m_items;
 
-    // While one of these is set the items stand sorted, and their present order is another one.
-    mutable bool m_isDown = false;      ///< the classes follow one another from the top down
-    mutable bool m_isBackwards = false; ///< inside each class the items run backwards
+    // While one of these is set, the items are stored sorted, but their present order is a different one.
+    mutable bool m_isDown = false;      ///< the classes are in order from the top down
+    mutable bool m_isBackwards = false; ///< the items within each class are in reverse order
     mutable bool m_isShown = false;     ///< the array has been handed out
 
-    std::array<int, kClasses + 1> m_first{}; ///< where each class begins, once sorted
+    std::array<int, kClasses + 1> m_first{}; ///< where each class begins, after a sort
 };
 
 template <class Test>

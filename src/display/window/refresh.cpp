@@ -15,7 +15,7 @@ void refresh(CVekGDX* gdx, const wchar_t* file, int height, int width)
     });
     const HENHMETAFILE metafile = CloseEnhMetaFile(dc);
     if (metafile && (file || !complete || !VEK::toClipboard([&] { return metafile; })))
-        DeleteEnhMetaFile(metafile); // of a file only the handle
+        DeleteEnhMetaFile(metafile); // deletes only the handle of a file
     if (metafile && file && !complete)
         DeleteFileW(file);
 }
