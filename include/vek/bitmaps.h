@@ -1,5 +1,5 @@
 /// @file
-/// Pictures from files: decoding, scaling, key colour, and where a draw pass gets them from.
+/// Pictures from files: decoding, scaling, key colour, and the source from which a draw pass gets them.
 #pragma once
 
 #include <vek/bitmaps/picture.h>

@@ -1,7 +1,7 @@
 /// @file
-/// What marks a name as public. `VEK_API` stands on every class and function that programs outside may call.
-/// A static build needs nothing; `VEK_SHARED` selects the shared form and `VEK_BUILDING` is set while the library
-/// itself is compiled.
+/// Marks public names: `VEK_API` on every class and function that programs outside may call. A static build needs
+/// nothing; `VEK_SHARED` selects the shared library, and `VEK_BUILDING` is defined while the library itself is
+/// compiled.
 #pragma once
 
 #if !defined(VEK_SHARED)

@@ -28,7 +28,7 @@ Key keyOf(const PictureRequest& request)
     return {name ? name : L"", request.id, request.cx, request.cy, request.transparent, request.back};
 }
 
-/// What tells that a file is still the same; empty for a picture that is none of a file or not there.
+/// Identifies the version of a file; empty for a picture that is not from a file or does not exist.
 struct Stamp {
     std::wstring path;
     fs::file_time_type time;
@@ -54,12 +54,12 @@ Stamp stampOf(const CVekString& name)
 struct Entry {
     Key key;
     Stamp stamp;
-    unsigned long long pass = 0; ///< in which the file was looked at
+    unsigned long long pass = 0; ///< in which the file was last checked
     std::shared_ptr<const CPixels> pixels;
 
     std::size_t cost() const
     {
-        constexpr std::size_t kOverhead = 512; // of the entry itself and its place in list and map
+        constexpr std::size_t kOverhead = 512; // of the entry itself and its nodes in list and map
         return kOverhead + (std::get<0>(key).size() * 2 + stamp.path.size()) * sizeof(wchar_t) +
                (pixels ? pixels->data.size() * sizeof(std::uint32_t) : 0);
     }
@@ -76,7 +76,7 @@ struct CPictureCache::State {
     std::mutex mutex;
     unsigned long long pass = 0;
     std::size_t size = 0;
-    Entries entries; ///< the last asked for in front
+    Entries entries; ///< most recently used first
     std::map<Key, Entries::iterator> places;
 
     void remove(Entries::iterator entry)
@@ -148,7 +148,7 @@ std::shared_ptr<const CPixels> CPictureCache::picture(const PictureRequest& requ
     const unsigned long shortages = memoryShortages();
     return whole(Picture(), [&]() -> Picture {
         Entry entry{keyOf(request), {}, 0, nullptr};
-        // The entry if it holds: its file was looked at in this pass, or is now and is the same.
+        // The entry if it is still valid: its file was checked in this pass, or is checked now and unchanged.
         const auto kept = [&](bool isLooked) {
             const auto place = state.places.find(entry.key);
             if (place == state.places.end())
@@ -162,7 +162,7 @@ std::shared_ptr<const CPixels> CPictureCache::picture(const PictureRequest& requ
             entry.pixels = found.pixels;
             return true;
         };
-        // No lock is held while files are looked at and read.
+        // No lock is held while files are checked and read.
         {
             const std::lock_guard lock(state.mutex);
             entry.pass = state.pass;
@@ -170,7 +170,7 @@ std::shared_ptr<const CPixels> CPictureCache::picture(const PictureRequest& requ
                 return entry.pixels;
         }
         entry.stamp = stampOf(request.name);
-        if (memoryShortages() != shortages) // it may look as if there were no file
+        if (memoryShortages() != shortages) // the file may only seem to be missing
             return nullptr;
         {
             const std::lock_guard lock(state.mutex);

@@ -57,7 +57,7 @@ bool readRows(std::string_view data, const Header& header, const std::vector<std
     const std::size_t rowSize = header.rowSize();
     const std::size_t rowUsed = (std::size_t(header.width) * std::size_t(header.bits) + 7) / 8;
     const std::size_t rows = static_cast<std::size_t>(header.height);
-    if (data.size() < rowUsed || (data.size() - rowUsed) / rowSize < rows - 1) // the last needs no padding
+    if (data.size() < rowUsed || (data.size() - rowUsed) / rowSize < rows - 1) // the last row needs no padding
         return false;
     const Channel red(header.masks[0]), green(header.masks[1]), blue(header.masks[2]);
     pixels.data.resize(rows * static_cast<std::size_t>(header.width));
@@ -82,7 +82,7 @@ bool readRows(std::string_view data, const Header& header, const std::vector<std
     return true;
 }
 
-/// Runs of pixels, from the lowest row upwards; what leaves the picture is dropped.
+/// Runs of pixels, from the lowest row upwards; those outside the picture are dropped.
 class RunReader
 {
 public:
@@ -109,7 +109,7 @@ public:
                 m_x += static_cast<int>(byte(m_at));
                 m_y += static_cast<int>(byte(m_at + 1));
                 m_at += 2;
-            } else { // so many pixels as they are, padded to 16 bits
+            } else { // that many literal pixels, padded to 16 bits
                 for (unsigned i = 0; i < value; ++i)
                     put(byte(m_at + i / m_perByte), i);
                 m_at += ((value + m_perByte - 1) / m_perByte + 1) / 2 * 2;
@@ -224,7 +224,7 @@ bool readPixels(std::string_view data, const Header& header, const std::vector<s
     if (header.packing == Packing::none)
         return readRows(data, header, palette, pixels);
     const std::size_t area = static_cast<std::size_t>(header.width) * static_cast<std::size_t>(header.height);
-    if (area > (std::size_t{1} << 20) + data.size() * 256) // nearly all of it would be skipped
+    if (area > (std::size_t{1} << 20) + data.size() * 256) // nearly all pixels would be skipped
         return false;
     pixels.data.assign(area, kOpaque);
     RunReader(data, header, palette, pixels).read();

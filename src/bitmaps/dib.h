@@ -1,4 +1,4 @@
-// Device-independent bitmaps: what bitmap files and icons have in common.
+// Device-independent bitmaps: the common part of bitmap files and icons.
 #pragma once
 
 #include <vek/values/pixels.h>
@@ -11,17 +11,17 @@
 namespace VEK::dib
 {
 
-/// A little-endian number of up to four bytes; what lies behind the end reads as 0.
+/// A little-endian number of up to four bytes; bytes past the end read as 0.
 std::uint32_t number(std::string_view bytes, std::size_t at, int size);
 
 enum class Packing { none, rle4, rle8 };
 
-/// What a bitmap's header tells, after checking.
+/// The data of a bitmap's header, after validation.
 struct Header {
     int width = 0;
     int height = 0; ///< of an icon: of image and mask together
     bool topDown = false;
-    int bits = 0; ///< a pixel
+    int bits = 0; ///< per pixel
     Packing packing = Packing::none;
     std::uint32_t masks[3] = {0xFF0000, 0xFF00, 0xFF}; ///< red, green, blue; for more than 8 bits
     std::size_t paletteAt = 0;
@@ -33,7 +33,7 @@ struct Header {
 };
 
 /// @param bytes beginning with the header
-/// @return false for what no bitmap can be, among it a size that is none for a picture
+/// @return false for anything that cannot be a bitmap, including an unusable size
 bool readHeader(std::string_view bytes, Header& header);
 
 /// The colours of a bitmap of up to 8 bits, black where they are missing.
@@ -41,7 +41,7 @@ bool readHeader(std::string_view bytes, Header& header);
 std::vector<std::uint32_t> readPalette(std::string_view bytes, const Header& header);
 
 /// @param data the pixels
-/// @return false when they are too few
+/// @return false if there are too few
 bool readPixels(std::string_view data, const Header& header, const std::vector<std::uint32_t>& palette,
                 CPixels& pixels);
 

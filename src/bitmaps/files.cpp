@@ -61,7 +61,7 @@ bool choose(std::string_view file, int cx, int cy, Candidate& best)
         Candidate candidate;
         if (at >= file.size() || !look(file.substr(at, size), candidate))
             continue;
-        cx = cx == 0 ? candidate.width : cx; // the first that can be read
+        cx = cx == 0 ? candidate.width : cx; // the first readable one
         cy = cy == 0 ? candidate.height : cy;
         const std::int64_t away =
             std::abs(std::int64_t{candidate.width} - cx) + std::abs(std::int64_t{candidate.height} - cy);
@@ -74,10 +74,11 @@ bool choose(std::string_view file, int cx, int cy, Candidate& best)
     return found;
 }
 
-/// Masks what has no opacity, if there is any opacity at all: programs that write it often leave the mask empty.
+/// Masks the transparent pixels, if any pixel is not transparent: programs that write opacity often leave the mask
+/// empty.
 void maskByOpacity(std::string_view rows, const dib::Header& header, CPixels& mask)
 {
-    static constexpr std::uint32_t kUsual[] = {0xFF0000, 0xFF00, 0xFF}; // leave the highest byte to opacity
+    static constexpr std::uint32_t kUsual[] = {0xFF0000, 0xFF00, 0xFF}; // leave the highest byte for opacity
     const bool hasOpacity = header.bits == 32 && std::equal(kUsual, kUsual + 3, header.masks);
     const auto isSet = [](std::uint32_t pixel) { return pixel == kWhite; };
     if (!hasOpacity || std::any_of(mask.data.begin(), mask.data.end(), isSet))

@@ -11,7 +11,7 @@ namespace VEK
 namespace
 {
 
-/// In the size asked for, without a copy when it has that size.
+/// Scales a picture to the requested size, without a copy if it has that size.
 CPixels fitted(CPixels pixels, int cx, int cy)
 {
     const int width = cx == 0 ? pixels.width : cx;
@@ -43,7 +43,7 @@ LoadResult loadFile(const CVekString& name, int cx, int cy, bool& transparent, u
     return pixels.empty() ? LoadResult::none : LoadResult::done;
 }
 
-/// An icon of the system or of the library's module, which has its size already.
+/// An icon of the system or of the library's module, which is loaded in its final size.
 LoadResult loadProgramIcon(int id, int cx, int cy, bool& transparent, unsigned long back, CPixels& pixels)
 {
     CVekString module;

@@ -6,11 +6,11 @@
 namespace VEK
 {
 
-/// What came of an attempt to load a picture.
+/// Result of an attempt to load a picture.
 enum class LoadResult {
     done,
     none,   ///< there is no such picture, or it is damaged
-    unread, ///< a file that cannot be read at the moment, or no memory
+    unread, ///< the file cannot be read at the moment, or out of memory
 };
 
 /// As `loadPicture`.

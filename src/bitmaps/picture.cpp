@@ -11,14 +11,14 @@ namespace
 
 constexpr std::uint32_t kOpaque = 0xFF000000;
 
-/// Pixels of a source in one direction, from `begin` up to `end`.
+/// Pixels of a source in one direction, from `begin` to `end`, excluding `end`.
 struct Span {
     int begin;
     int end;
 };
 
-/// What each of `count` pixels covers of a source of `size`: neighbouring spans when it shrinks, and the one pixel
-/// under the centre when it grows.
+/// The source pixels, of `size`, that each of `count` pixels covers: adjacent spans when shrinking, and the one pixel
+/// under the centre when enlarging.
 std::vector<Span> spans(std::int64_t size, int count)
 {
     std::vector<Span> result(static_cast<std::size_t>(count));
@@ -31,7 +31,7 @@ std::vector<Span> spans(std::int64_t size, int count)
     return result;
 }
 
-/// The mean of the opaque pixels, which is opaque when these are at least half of all.
+/// The mean of the opaque pixels, opaque if these are at least half of all.
 std::uint32_t mean(const CPixels& pixels, const Span& columns, const Span& rows)
 {
     if (columns.end - columns.begin == 1 && rows.end - rows.begin == 1)
@@ -91,7 +91,7 @@ CPixels scaledPicture(const CPixels& pixels, int cx, int cy)
         result.data.reserve(static_cast<std::size_t>(cx) * static_cast<std::size_t>(cy));
         Span before{-1, -1};
         for (const Span& row : rows) {
-            if (row.begin == before.begin) { // repeats the row that has just been made
+            if (row.begin == before.begin) { // repeats the row just made
                 result.data.resize(result.data.size() + columns.size());
                 std::copy_n(result.data.end() - 2 * std::ptrdiff_t{cx}, cx, result.data.end() - cx);
                 continue;

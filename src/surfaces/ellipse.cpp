@@ -14,8 +14,8 @@ SurfacePoint arcPoint(const SurfaceArc& arc, double parameter)
 
 EllipseAxes axesOf(const SurfaceArc& arc)
 {
-    // The distance from the centre has its extremes where its derivative by the parameter vanishes; this is the
-    // greatest.
+    // The distance from the centre has its extremes where its derivative by the parameter is zero; this one is the
+    // maximum.
     const SurfacePoint &u = arc.u, &v = arc.v;
     const double across = 2.0 * (u.x * v.x + u.y * v.y);
     const double along = u.x * u.x + u.y * u.y - v.x * v.x - v.y * v.y;

@@ -1,4 +1,4 @@
-// Ellipses given by two conjugate half diameters.
+// Ellipses given by two conjugate semi-diameters.
 #pragma once
 
 #include <vek/surfaces/surface.h>
@@ -9,12 +9,12 @@ namespace VEK
 /// The point of an arc at a parameter, 0 at its start.
 SurfacePoint arcPoint(const SurfaceArc& arc, double parameter);
 
-/// The half axes of an arc's ellipse.
+/// The semi-axes of an arc's ellipse.
 struct EllipseAxes {
     double longer = 0.0;
     double shorter = 0.0;
     double turn = 0.0;      ///< direction of the longer one from x towards y, in radians; 0 for a circle
-    double parameter = 0.0; ///< where on the arc the longer one stands
+    double parameter = 0.0; ///< parameter of the longer one on the arc
 };
 
 EllipseAxes axesOf(const SurfaceArc& arc);

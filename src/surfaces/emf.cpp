@@ -95,7 +95,7 @@ private:
 
     using Objects = ObjectTable<std::uint32_t, 64>;
 
-    /// What the records written so far have put in force; a saved context brings it back.
+    /// The settings made by the records so far; restoring a saved context restores them.
     struct Context {
         std::uint32_t pen = emf::kBlackPen;
         std::uint32_t brush = emf::kWhiteBrush;
@@ -152,29 +152,29 @@ private:
 
     const unsigned long m_shortages = memoryShortages();
     emf::Records m_records;
-    const int m_fine;      ///< units of the records to a device unit; all that follows is in the former
-    const double m_factor; ///< the same, at hand for each point
+    const int m_fine;      ///< record units per device unit; everything below is in record units
+    const double m_factor; ///< the same as a double, for each point
     std::uint32_t m_handles = 0;
     Objects m_pens;
     Objects m_brushes;
     Box m_bounds;
     bool m_finished = false;
 
-    // What the caller has asked for.
+    // Set by the caller.
     Colors m_colors;
     unsigned m_background = 0xFFFFFF;
     bool m_clipped = false;
     Box m_clip;
-    Holes m_holes; ///< not cut to whole units yet, which could move a hole's edge across the polygon's
+    Holes m_holes; ///< not truncated to whole units yet, which could move a hole's edge across the polygon's
     LineRun<Point> m_run;
     LineBatch<Point, int> m_lines;
 
-    // What stands in the records. The clip rectangle and the holes in it each stand in a saved context.
+    // Set by the records. The clip rectangle and the holes in it each have a saved context.
     Context m_context;
     std::array<Context, 2> m_saved;
     std::size_t m_savedCount = 0;
     int m_holesWritten = 0;
-    bool m_stretches = false; ///< whether it is told how pictures are stretched
+    bool m_stretches = false; ///< whether the stretch mode has been set
 
     // Scratch
     std::vector<SurfacePoint> m_cut;
@@ -308,8 +308,8 @@ void EmfSurface::bringPen()
     select(m_context.pen, handle);
 }
 
-/// Some readers drop a pen that has the colour of the brush in force, until it is selected again: the edges of letters
-/// would not show.
+/// Some readers drop a pen in the colour of the current brush until it is selected again: the edges of letters would be
+/// missing.
 void EmfSurface::bringLinePen()
 {
     bringPen();
@@ -341,7 +341,7 @@ void EmfSurface::bringFillRules()
     m_context.evenOdd = true;
 }
 
-/// A shrunk picture leaves pixels out, where otherwise dark ones would spread.
+/// Shrinking a picture drops pixels; in other modes dark ones would spread.
 void EmfSurface::bringStretching()
 {
     if (!m_stretches)
@@ -420,7 +420,7 @@ void EmfSurface::addPolygon(const SurfacePoint* points, int pointCount)
     m_records.addPoints(emf::kPolygon, emf::kPolygon16, m_points);
 }
 
-/// The fill in one figure, then the edge, which the holes do not have.
+/// Draws the fill as one figure, then the edge, which the holes do not have.
 void EmfSurface::figureWithHoles(const SurfacePoint* points, int pointCount)
 {
     m_holes.windAgainst(points, pointCount);
@@ -445,7 +445,7 @@ void EmfSurface::figureWithHoles(const SurfacePoint* points, int pointCount)
     }
 }
 
-/// The right and the lower side lie a pixel inside.
+/// The right and the bottom side lie a pixel inside.
 void EmfSurface::addBox(emf::Type type, const Point& a, const Point& b)
 {
     flushRun();
@@ -463,7 +463,7 @@ void EmfSurface::addBox(emf::Type type, const Point& a, const Point& b)
 
 void EmfSurface::pixel(double x, double y, unsigned color)
 {
-    if (m_fine > 1) { // a pixel of the device would vanish when the picture is enlarged
+    if (m_fine > 1) { // a device pixel would vanish when the picture is enlarged
         if (reach::holds(fine({x, y})))
             solidRect(x, y, 1.0, 1.0, color);
         return;
@@ -477,7 +477,7 @@ void EmfSurface::pixel(double x, double y, unsigned color)
     m_records.add(emf::kSetPixelV, p.x, p.y, color & 0xFFFFFF);
 }
 
-/// As a box with an edge of its own colour, which covers exactly the pixels that are told.
+/// Drawn as a box with an edge of its own colour, which covers exactly these pixels.
 void EmfSurface::solidRect(double x, double y, double width, double height, unsigned color)
 {
     flushRun();
@@ -488,9 +488,9 @@ void EmfSurface::solidRect(double x, double y, double width, double height, unsi
     m_colors = asked;
 }
 
-/// Pixels without opacity are cut from the clip: readers that know no clip regions show them in the colour that the
-/// picture has there, mostly the paper's, where the usual pair of masked copies would turn them black. On a grid finer
-/// than pixels the opaque parts are copied one by one: readers differ in the units of a region.
+/// Transparent pixels are cut from the clip: readers that ignore clip regions show them in the colour that the picture
+/// has there, mostly the paper's, where the usual pair of masked copies would make them black. On a grid finer than
+/// pixels the opaque parts are copied one by one: readers differ in the units of a region.
 void EmfSurface::addPicture(double x, double y, const CPixels& pixels)
 {
     flushRun();

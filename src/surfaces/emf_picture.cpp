@@ -49,7 +49,7 @@ void Records::addPicture(const CPixels& pixels, const PixelBox& part, const Poin
     if (stretches)
         to = put32(put32(to, columns), rows);
     to = put16(put16(put32(put32(put32(to, kBitmapHeader), columns), rows), 1), 24);
-    std::memset(to, 0, 24); // not packed, no resolution, no palette
+    std::memset(to, 0, 24); // uncompressed, no resolution, no palette
     for (int y = part.bottom - 1; y >= part.top; --y) {
         to = room(rowSize);
         unsigned char* const end = to + rowSize;

@@ -5,7 +5,7 @@ namespace VEK::emf
 namespace
 {
 
-/// The reference device: 96 pixels an inch, of a size that is whole in pixels, millimetres and micrometres.
+/// The reference device: 96 pixels per inch, with a size that is whole in pixels, millimetres and micrometres.
 constexpr std::int32_t kDevicePixels[2] = {1920, 1440};
 constexpr std::int32_t kDeviceMillimetres[2] = {508, 381};
 
@@ -17,7 +17,7 @@ Box boundsOf(std::span<const Point> points)
     return box;
 }
 
-/// Pixels as hundredths of a millimetre on the reference device.
+/// Pixels of the reference device in hundredths of a millimetre.
 std::int32_t hundredths(std::int64_t pixels)
 {
     const std::int64_t value = pixels * kDeviceMillimetres[0] * 100 / kDevicePixels[0];
@@ -64,7 +64,7 @@ void Records::addParts(Type wide, Type narrow, std::span<const Point> points, st
     putPoints(to, points, small);
 }
 
-/// The window of the reference device's size in parts of a pixel on a viewport of its size in pixels.
+/// Maps a window of the reference device's size in parts of a pixel to a viewport of its size in pixels.
 void Records::addGrid(int fineness)
 {
     add(kSetMapMode, 8); // MM_ANISOTROPIC
@@ -82,7 +82,7 @@ void Records::flush(std::size_t needed)
 
 bool Records::finish(const Box& bounds, int fineness, std::uint32_t handles)
 {
-    add(kEof, 0, 16, 20); // no palette, where it would stand, and the size of this record once more
+    add(kEof, 0, 16, 20); // no palette, its offset, and the size of this record again
     flush(0);
     if (!m_good || m_bytes > UINT32_MAX || m_count > UINT32_MAX)
         return false;
@@ -99,7 +99,7 @@ bool Records::finish(const Box& bounds, int fineness, std::uint32_t handles)
     to = put32(to, 0x00010000);
     to = put32(to, static_cast<std::uint32_t>(m_bytes));
     to = put32(to, static_cast<std::uint32_t>(m_count));
-    to = put16(to, handles + 1); // index 0 is the metafile's own
+    to = put16(to, handles + 1); // index 0 is reserved for the metafile
     to += 14;                    // reserved, no description, no palette
     for (const std::int32_t value : {kDevicePixels[0], kDevicePixels[1], kDeviceMillimetres[0], kDeviceMillimetres[1]})
         to = put32(to, static_cast<std::uint32_t>(value));

@@ -23,7 +23,7 @@ struct Point {
     bool operator==(const Point& other) const = default;
 };
 
-/// A rectangle whose right and bottom belong to it; a fresh one is empty.
+/// A rectangle whose right and bottom edges are inclusive; a default one is empty.
 struct Box {
     std::int32_t left = INT_MAX;
     std::int32_t top = INT_MAX;
@@ -114,21 +114,21 @@ public:
     /// Several polylines, or polygons that make one figure.
     void addParts(Type wide, Type narrow, std::span<const Point> points, std::span<const int> counts);
 
-    /// Coordinates count in parts of a pixel from here on.
-    /// @param fineness parts to a pixel
+    /// From here on coordinates are in parts of a pixel.
+    /// @param fineness parts per pixel
     void addGrid(int fineness);
 
-    /// Confines the clip to the boxes of a region that is not empty, moved.
+    /// Restricts the clip to the boxes of a region, moved by an offset; the region must not be empty.
     void addRegion(std::span<const PixelBox> region, const Point& offset);
 
-    /// Copies a part of a picture, whatever its opacity.
-    /// @param pixelSize what a pixel of it is wide and high
+    /// Copies a part of a picture, ignoring its opacity.
+    /// @param pixelSize width and height of a pixel
     void addPicture(const CPixels& pixels, const PixelBox& part, const Point& at, int pixelSize);
 
-    /// Writes what is left, then the header over its place.
-    /// @param bounds of all that is drawn
-    /// @param fineness of the bounds: parts to a pixel
-    /// @param handles greatest index of an object
+    /// Writes the rest, then the header over its place.
+    /// @param bounds of everything drawn
+    /// @param fineness of the bounds: parts per pixel
+    /// @param handles largest index of an object
     bool finish(const Box& bounds, int fineness, std::uint32_t handles);
 
 private:
@@ -157,7 +157,8 @@ private:
         return put32(put32(room(size), type), static_cast<std::uint32_t>(size));
     }
 
-    /// A record whose beginning is filled at once and its rest through `room`, so that it need not fit the buffer.
+    /// A record whose beginning is written at once and its rest through `room`, so that it need not fit into the
+    /// buffer.
     unsigned char* beginLong(Type type, std::uint32_t beginning, std::uint64_t rest)
     {
         ++m_count;
@@ -165,7 +166,7 @@ private:
         return put32(put32(room(beginning), type), static_cast<std::uint32_t>(beginning + rest));
     }
 
-    /// Place for so many bytes, which count as written.
+    /// Space for this many bytes, which are regarded as written.
     unsigned char* room(std::uint64_t size)
     {
         if (size > m_buffer.size() - m_used)
@@ -182,7 +183,7 @@ private:
     std::vector<unsigned char> m_buffer;
     std::size_t m_used = 0;
     std::uint64_t m_bytes = 0;
-    std::uint64_t m_count = 1; ///< the header is a record too
+    std::uint64_t m_count = 1; ///< includes the header
     bool m_good = true;
 };
 

@@ -7,8 +7,8 @@ namespace VEK
 namespace
 {
 
-/// Most comparisons of two points, edges or boxes for one answer: some milliseconds. A glyph needs some thousand, a
-/// plate with a thousand drill holes a million.
+/// Maximum number of comparisons of two points, edges or boxes for one answer: a few milliseconds. A glyph needs some
+/// thousand, a plate with a thousand drill holes a million.
 constexpr double kMostWork = 4e6;
 
 /// Positive where c lies to the left of the line from a to b.
@@ -17,7 +17,7 @@ double side(const SurfacePoint& a, const SurfacePoint& b, const SurfacePoint& c)
     return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
 }
 
-/// Whether two segments cross in a point inside of both.
+/// Whether two segments cross in a point inside both.
 bool cross(const SurfacePoint& a, const SurfacePoint& b, const SurfacePoint& c, const SurfacePoint& d)
 {
     if (std::max(a.x, b.x) < std::min(c.x, d.x) || std::max(c.x, d.x) < std::min(a.x, b.x) ||
@@ -48,8 +48,8 @@ Place placeOf(const SurfacePoint& p, const SurfacePoint* polygon, int count)
     return odd ? Place::inside : Place::outside;
 }
 
-/// Whether every point of one polygon and the middle of each of its edges lie on a side of the other one, or on its
-/// border where that is allowed, and no edges cross.
+/// Whether every point of one polygon and the middle of each of its edges lie on one side of the other polygon, or on
+/// its border if that is allowed, and no edges cross.
 bool keepsTo(Place place, bool borderToo, const SurfacePoint* polygon, int count, const SurfacePoint* other,
              int otherCount)
 {
@@ -90,7 +90,7 @@ void Holes::add(const SurfacePoint* points, int count)
         box = {std::min(box.left, points[i].x), std::min(box.top, points[i].y), std::max(box.right, points[i].x),
                std::max(box.bottom, points[i].y)};
     }
-    m_boxes.resize(m_ends.size()); // without what was left of a hole for which memory ended
+    m_boxes.resize(m_ends.size()); // without the rest of a hole for which memory ran out
     m_points.resize(m_ends.empty() ? 0 : static_cast<std::size_t>(m_ends.back()));
     m_boxes.push_back(box);
     m_points.insert(m_points.end(), points, points + count);

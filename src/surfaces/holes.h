@@ -1,5 +1,5 @@
-// Polygons taken out of the clip. A polygon with such holes strictly inside is one even-odd figure, which every
-// reader of a file understands, while clips made of polygons are drawn wrongly by several.
+// Polygons taken out of the clip. A polygon with such holes strictly inside is one even-odd figure, which every reader
+// of a file understands, while several draw clips made of polygons incorrectly.
 #pragma once
 
 #include <vek/surfaces/surface.h>
@@ -12,7 +12,7 @@ namespace VEK
 class Holes
 {
 public:
-    /// Takes up a polygon; one of fewer than three points is none.
+    /// Adds a polygon; one of fewer than three points is ignored.
     void add(const SurfacePoint* points, int count);
     void clear();
 
@@ -21,11 +21,12 @@ public:
     const SurfacePoint* points(int hole) const { return m_points.data() + begin(hole); }
     int pointCount(int hole) const { return m_ends[static_cast<std::size_t>(hole)] - begin(hole); }
 
-    /// Whether every hole lies inside the polygon, whose border it may touch, and apart from the other holes. What is
-    /// too much work for a quick answer counts as not.
+    /// Whether every hole lies inside the polygon, whose border it may touch, and apart from the other holes. False if
+    /// that is too much work for a quick answer.
     bool liesIn(const SurfacePoint* polygon, int count) const;
 
-    /// Turns all holes against the polygon, so that readers which know only the winding rule leave them open too.
+    /// Gives all holes the winding opposite to the polygon's, so that readers which know only the winding rule leave
+    /// them open too.
     void windAgainst(const SurfacePoint* polygon, int count);
 
 private:

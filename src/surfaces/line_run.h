@@ -1,5 +1,5 @@
-// Lines of one pen in whole units, brought together for a device: connected ones, kept until something else is drawn,
-// and many that come at once.
+// Combines lines of one pen in whole units for a device: connected lines, kept until something else is drawn, and many
+// lines passed at once.
 #pragma once
 
 #include "surfaces/reach.h"
@@ -15,12 +15,12 @@ template <class Point>
 class LineRun
 {
 public:
-    /// The most points that are drawn together: [MS-EMF] lets devices stop there for wide lines.
+    /// The most points drawn together: [MS-EMF] lets devices stop there for wide lines.
     static constexpr std::size_t kLimit = 1360;
 
     LineRun() { m_points.reserve(kLimit); }
 
-    /// The calls of a surface. What ends a run hands it to `draw(const std::vector<Point>&)`: two points or more.
+    /// The calls of a surface. A completed run goes to `draw(const std::vector<Point>&)`: two points or more.
     template <class Draw>
     void moveTo(const SurfacePoint& to, Draw&& draw)
     {
@@ -44,7 +44,7 @@ public:
         if (m_points.empty())
             m_points.push_back(whole(from));
         const Point next = whole(end);
-        if (!isEnd(next) || m_points.size() == 1) // a line without length may still leave the dot of a wide pen
+        if (!isEnd(next) || m_points.size() == 1) // a line of zero length still draws the dot of a wide pen
             m_points.push_back(next);
         if (m_points.size() == kLimit) {
             flush(draw);
@@ -70,15 +70,15 @@ private:
     std::vector<Point> m_points;
 };
 
-/// Many lines at once. One that begins where the last one ends goes on with it.
-/// @tparam Count how many points a line has
+/// Many lines at once. A line that begins where the previous one ends continues it.
+/// @tparam Count number of points of a line
 template <class Point, class Count>
 class LineBatch
 {
 public:
-    /// Hands lines on as `draw(const std::vector<Point>&, const std::vector<Count>&)`, so many at a time as memory
-    /// bears, and those that a run would cut one by one as `drawOne(const SurfacePoint*, int)`.
-    /// @param factor units to a device unit
+    /// Passes lines in batches to `draw(const std::vector<Point>&, const std::vector<Count>&)`, and those that a run
+    /// would clip one by one to `drawOne(const SurfacePoint*, int)`.
+    /// @param factor units per device unit
     template <class Draw, class DrawOne>
     void draw(const SurfacePoint* points, const int* counts, int lines, double factor, Draw&& draw, DrawOne&& drawOne)
     {
@@ -88,7 +88,7 @@ public:
             m_points.clear();
             m_counts.clear();
         };
-        m_points.clear(); // what is left of a call for which memory ended
+        m_points.clear(); // left over from a call for which memory ran out
         m_counts.clear();
         for (int i = 0; i < lines; points += counts[i++]) {
             if (counts[i] < 2)
@@ -111,7 +111,7 @@ public:
             const std::size_t start = m_points.size() - static_cast<std::size_t>(m_counts.back());
             for (int k = 0; k < counts[i]; ++k) {
                 const Point p = whole(points[k]);
-                if (m_points.size() < start + 2 || !isEnd(p)) // two at least, which may leave the dot of a wide pen
+                if (m_points.size() < start + 2 || !isEnd(p)) // at least two, for the dot of a wide pen
                     m_points.push_back(p);
             }
             m_counts.back() = static_cast<Count>(m_points.size() - start);

@@ -1,4 +1,4 @@
-// Pens and brushes that a device knows by a handle, found by what they look like.
+// Pens and brushes that a device knows by a handle, looked up by their appearance.
 #pragma once
 
 #include <array>
@@ -8,9 +8,9 @@
 namespace VEK
 {
 
-/// The table is small and an object that falls out of it is deleted, so a picture of a million colours has no million
-/// handles.
-/// @tparam Handle of an object; a default one is none
+/// The table is small and an object that is evicted from it is deleted, so a picture of a million colours does not need
+/// a million handles.
+/// @tparam Handle of an object; a default one means none
 /// @tparam kGroups a power of two
 template <class Handle, std::size_t kGroups>
 class ObjectTable
@@ -21,7 +21,7 @@ public:
         Handle handle = {};
     };
 
-    /// The entry of a look; or the one to reuse for it, whose look differs or whose handle is none.
+    /// The entry of a look; or the one to replace by it, whose look differs or which has no handle.
     template <class InUse>
     Entry& find(std::uint64_t look, InUse inUse)
     {

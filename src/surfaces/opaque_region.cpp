@@ -6,7 +6,7 @@
 std::vector<VEK::PixelBox> VEK::opaqueRegion(const CPixels& pixels)
 {
     std::vector<PixelBox> region;
-    std::size_t band = 0; // the last band, which grows as long as the next row is like it
+    std::size_t band = 0; // the last band, which grows while the next row equals it
     std::vector<PixelBox> row;
     for (int y = 0; y < pixels.height; ++y) {
         row.clear();

@@ -1,4 +1,4 @@
-// Which pixels of a picture have opacity.
+// The pixels of a picture that are not transparent.
 #pragma once
 
 #include <vek/values/pixels.h>
@@ -9,7 +9,7 @@
 namespace VEK
 {
 
-/// A rectangle of pixels, the right and the bottom side outside. The system's regions take it as it lies in memory.
+/// A rectangle of pixels, right and bottom exclusive, with the memory layout of the system's region data.
 struct PixelBox {
     std::int32_t left = 0;
     std::int32_t top = 0;
@@ -17,7 +17,7 @@ struct PixelBox {
     std::int32_t bottom = 0;
 };
 
-/// The pixels with opacity as boxes in bands from the top.
+/// The pixels that are not transparent, as boxes in bands from the top.
 std::vector<PixelBox> opaqueRegion(const CPixels& pixels);
 
 } // namespace VEK

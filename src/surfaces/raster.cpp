@@ -57,7 +57,7 @@ public:
         m_brush = opaque(color);
     }
     void noBrush() override { m_brushOn = false; }
-    void background(unsigned) override {} // shows in nothing that a surface draws
+    void background(unsigned) override {} // has no effect on what a surface draws
     void moveTo(double x, double y) override { m_at = {x, y}; }
     void lineTo(double x, double y) override
     {
@@ -101,7 +101,7 @@ private:
     void addPolygon(const SurfacePoint* points, int count, bool asHole);
     void addEllipse(double x1, double y1, double x2, double y2);
 
-    /// A pixel of an outline after the one at `last`, or after none where that is the same.
+    /// A pixel of an outline after the one at `last`; the first one if they are equal.
     void dotAfter(const Point& at, const Point& last)
     {
         if (m_penWidth == 1)
@@ -158,7 +158,7 @@ void RasterSurface::addPolygon(const SurfacePoint* points, int count, bool asHol
     }
 }
 
-/// Leaves the polygon out where memory does not suffice for its vertices or for the mask of holes.
+/// Leaves out the polygon if memory runs out for its vertices or for the mask of holes.
 void RasterSurface::fillPolygon(const SurfacePoint* points, int count, bool asHole)
 {
     VEK::whole(false, [&] { return (addPolygon(points, count, asHole), true); });
@@ -200,7 +200,7 @@ void RasterSurface::drawWide(const Point& from, const Point& to)
     VEK::whole(false, [&] { return (m_widePen.body(m_canvas, m_scan, from, to, m_pen), true); });
 }
 
-/// The edge of a box, as the pen goes along its outermost pixels.
+/// The edge of a box: the pen follows its outermost pixels.
 void RasterSurface::drawRing(const Box& box)
 {
     const double right = box.right - 1;
@@ -239,7 +239,7 @@ void RasterSurface::addEllipse(double x1, double y1, double x2, double y2)
     const int height = box.bottom - box.top;
     if (box.empty())
         return;
-    if (std::min(width, height) < 3) { // no room for a curve; with an edge there is nothing but that
+    if (std::min(width, height) < 3) { // no room for a curve; with an edge there is nothing else
         if (m_brushOn && !m_penOn)
             fillBox({box.left, box.top, box.right - 1, box.bottom - 1}, m_brush);
         drawRing(box);
@@ -279,7 +279,7 @@ void RasterSurface::drawQuadrants(const Box& box)
                 return Point{atRight ? right - p.x : box.left + p.x, below ? bottom - p.y : box.top + p.y};
             };
             Point last = mirrored(m_points.front());
-            widen(last, {last.x, box.top + bottom - last.y}); // across the middle to the quarter above or below
+            widen(last, {last.x, box.top + bottom - last.y}); // over the middle to the quarter above or below
             for (const Point& p : m_points) {
                 const Point next = mirrored(p);
                 dotAfter(next, last);

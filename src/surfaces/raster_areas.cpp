@@ -30,7 +30,7 @@ bool AreaScan::start(std::span<const Point> polygon, const Box& clip)
     return true;
 }
 
-/// The edge runs downwards and holds its upper, but not its lower end.
+/// The edge runs downwards and includes its upper, but not its lower end.
 void AreaScan::addEdge(Point from, Point to)
 {
     const int top = std::max(from.y, m_box.top);
@@ -43,7 +43,7 @@ void AreaScan::addEdge(Point from, Point to)
             *row ^= 1;
         return;
     }
-    // The crossing with row y is at x + (y - from.y) * dx / height, rounded upwards.
+    // The crossing with row y is at x + (y - from.y) * dx / height, rounded up.
     const std::int64_t height = to.y - from.y;
     const std::int64_t dx = to.x - from.x;
     const std::int64_t slope = dx / height - (dx % height < 0);

@@ -9,14 +9,14 @@
 namespace VEK::raster
 {
 
-/// Finds the pixels whose top left corner lies inside of a polygon, a left and an upper edge included.
+/// Finds the pixels whose top left corner lies inside a polygon, including its left and upper edges.
 ///
 /// Each edge flips one flag in each row that it crosses, at the first pixel to its right; the flags of a row are then
-/// the ends of its spans. So a polygon costs the rows that its edges cross, without any sorting.
+/// the ends of its spans. So a polygon costs the rows that its edges cross, without sorting.
 class AreaScan
 {
 public:
-    /// Calls span(y, x1, x2) for the pixels from x1 up to, and without, x2 of each row, as far as they lie in `clip`.
+    /// Calls span(y, x1, x2) for the pixels from x1 to x2, excluding x2, of each row, as far as they lie in `clip`.
     template <class Span>
     void fill(std::span<const Point> polygon, const Box& clip, Span span)
     {
@@ -27,8 +27,8 @@ public:
     }
 
 private:
-    /// Notes the edges.
-    /// @return false when nothing lies in the clip
+    /// Records the edges.
+    /// @return false if nothing lies in the clip
     bool start(std::span<const Point> polygon, const Box& clip);
     void addEdge(Point from, Point to);
 
@@ -45,13 +45,13 @@ private:
                 from = from >= 0 ? -1 : x;
             }
         }
-        if (from >= 0 && from < m_box.right) // its end lies beyond
+        if (from >= 0 && from < m_box.right) // it ends further right
             span(y, from, m_box.right);
     }
 
     Box m_box;
-    std::size_t m_words = 0;            ///< of a row: a bit for each pixel and one for all that is to the right
-    std::vector<std::uint64_t> m_flags; ///< all zero between two polygons
+    std::size_t m_words = 0;            ///< of a row: a bit for each pixel and one for everything to the right
+    std::vector<std::uint64_t> m_flags; ///< all zero between polygons
 };
 
 } // namespace VEK::raster

@@ -1,4 +1,4 @@
-// The pixels that a raster surface draws on, and which of them the clip leaves.
+// The pixels that a raster surface draws on, and those that the clip excludes.
 #pragma once
 
 #include <vek/values/pixels.h>
@@ -18,7 +18,7 @@ struct Point {
     bool operator==(const Point& other) const = default;
 };
 
-/// Whole pixels, the right and the bottom side excluded.
+/// A box of whole pixels, right and bottom exclusive.
 struct Box {
     int left = 0;
     int top = 0;
@@ -40,22 +40,22 @@ class Canvas
 public:
     explicit Canvas(CPixels& pixels);
 
-    /// The clip rectangle within the picture; all that the other calls are asked for lies inside of it.
+    /// The clip rectangle within the picture; the arguments of all other calls lie inside it.
     const Box& clip() const { return m_clip; }
 
-    /// Whether holes may reach into a box.
+    /// Whether a box may contain holes.
     bool isHoled(const Box& box) const { return !m_holes.empty() && !overlap(m_holes, box).empty(); }
 
     void clipTo(const Box& box);
     void clipRestore();
 
-    /// To be called before holes are cut out: makes room for them.
+    /// Must be called before holes are cut out: allocates their mask.
     void prepareHoles();
 
-    /// Takes the pixels from x1 up to, and without, x2 of a row out of the clip, in whose rectangle they lie.
+    /// Takes the pixels from x1 to x2, excluding x2, of a row out of the clip, in whose rectangle they lie.
     void cutOut(int y, int x1, int x2);
 
-    /// Lights the pixels from x1 up to, and without, x2 of a row, as far as they lie in the clip.
+    /// Sets the pixels from x1 to x2, excluding x2, of a row, as far as they lie in the clip.
     void span(int y, int x1, int x2, std::uint32_t color);
 
     void pixel(int x, int y, std::uint32_t color)
@@ -64,7 +64,7 @@ public:
             at(indexOf(x, y)) = color;
     }
 
-    // Access without any test, by index.
+    // Access by index, without any check.
     std::ptrdiff_t stride() const { return m_stride; }
     std::ptrdiff_t indexOf(int x, int y) const { return y * m_stride + x; }
     std::uint32_t& at(std::ptrdiff_t index) { return m_data[index]; }
@@ -75,8 +75,8 @@ private:
     std::ptrdiff_t m_stride = 0;
     Box m_whole;
     Box m_clip;
-    Box m_holes;                      ///< around all that is cut out
-    std::vector<std::uint8_t> m_mask; ///< a byte for each pixel, once there was a hole
+    Box m_holes;                      ///< around everything cut out
+    std::vector<std::uint8_t> m_mask; ///< a byte for each pixel, allocated with the first hole
 };
 
 } // namespace VEK::raster

@@ -7,7 +7,7 @@ namespace VEK::raster
 namespace
 {
 
-/// One axis of a box as an ellipse sees it.
+/// One axis of an ellipse in a box.
 struct Axis {
     double middle;
     double half;
@@ -17,7 +17,8 @@ struct Axis {
     {
     }
 
-    /// How far the outline is from this axis' middle where it is at `at` of the other axis; negative: it is not there.
+    /// The distance of the outline from this axis' middle at the coordinate `at` of the other axis; negative if it does
+    /// not extend there.
     double reach(const Axis& other, double at) const
     {
         const double t = std::abs(at - other.middle) / other.half;
@@ -32,7 +33,7 @@ void ellipseQuadrant(int width, int height, std::vector<Point>& points)
     points.clear();
     Point p{0, (height - 1) / 2};
     // The midpoint method, with the equation b b X X + a a Y Y = a a b b times four, for X and Y in half pixels from
-    // the middle: `error` is what the equation misses at the next pixel across the corner.
+    // the middle: `error` is the deviation from the equation at the diagonally next pixel.
     const std::int64_t aa = std::int64_t(width - 1) * (width - 1);
     const std::int64_t bb = std::int64_t(height - 1) * (height - 1);
     const std::int64_t odd = (height - 1) & 1;

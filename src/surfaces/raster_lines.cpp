@@ -8,14 +8,14 @@ namespace VEK::raster
 namespace
 {
 
-/// A line as its steps along the longer side. Step i, 0 up to `count` without it, stands at `along` + i * sign on that
-/// side and, across, at the nearest pixel, of two equally near ones the smaller.
+/// A line as steps along its longer side. Step i, from 0 up to but excluding `count`, is at `along` + i * sign on that
+/// side and at the nearest pixel across, of two equally near ones the smaller.
 struct Steps {
     std::int64_t count = 0;
-    std::int64_t rise = 0; ///< what the whole line goes across, not negative
+    std::int64_t rise = 0; ///< distance across of the whole line, not negative
     bool falls = false;    ///< whether it goes across towards smaller coordinates
 
-    /// How far step i is across, and what remains: a step across is due whenever that reaches 2 `count`.
+    /// How far step i is across, and the remainder: a step across is due whenever that reaches 2 `count`.
     std::int64_t across(std::int64_t i, std::int64_t& rest) const
     {
         const std::int64_t sum = 2 * i * rise + (falls ? count : count - 1);
@@ -23,7 +23,7 @@ struct Steps {
         return sum / (2 * count);
     }
 
-    /// The first step that is as far across as told.
+    /// The first step that is at least that far across.
     std::int64_t firstAt(std::int64_t distance) const
     {
         if (distance <= 0)
@@ -39,7 +39,7 @@ template <bool isHoled>
 void run(Canvas& canvas, std::ptrdiff_t index, std::ptrdiff_t step, std::ptrdiff_t stepAcross, std::int64_t rest,
          std::int64_t rise, std::int64_t total, std::int64_t count, std::uint32_t color)
 {
-    rest -= total; // so that its sign tells when a step across is due
+    rest -= total; // so that its sign shows when a step across is due
     for (std::int64_t i = 0; i < count; ++i) {
         if (!isHoled || !canvas.isCut(index))
             canvas.at(index) = color;
@@ -50,7 +50,7 @@ void run(Canvas& canvas, std::ptrdiff_t index, std::ptrdiff_t step, std::ptrdiff
     }
 }
 
-/// The part of a range of steps of which the coordinate `start` + i * `sign` lies in [low, high).
+/// The part of a range of steps whose coordinate `start` + i * `sign` lies in [low, high).
 void confine(std::int64_t start, int sign, std::int64_t low, std::int64_t high, std::int64_t& first, std::int64_t& end)
 {
     first = std::max(first, sign > 0 ? low - start : start - high + 1);
@@ -118,7 +118,7 @@ void farLine(Canvas& canvas, const SurfacePoint& from, const SurfacePoint& to, s
     const double first = std::max(low, start <= end ? start : end + 1.0);
     const double limit = std::min(high, start <= end ? end : start + 1.0);
     const double slope = (endAcross - startAcross) / (end - start);
-    const bool startIsNearer = std::abs(start) < std::abs(end); // less is lost from there
+    const bool startIsNearer = std::abs(start) < std::abs(end); // loses less precision
     for (double at = first; at < limit; ++at) {
         const double exact = startIsNearer ? startAcross + (at - start) * slope : endAcross + (at - end) * slope;
         const double across = std::clamp(std::ceil(exact - 0.5), -1.0, static_cast<double>(INT_MAX));

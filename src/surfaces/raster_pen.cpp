@@ -12,12 +12,12 @@ void WidePen::setWidth(int width)
 {
     if (width == m_width)
         return;
-    m_width = 0; // until its rows are there
+    m_width = 0; // until its rows are allocated
     m_insets.assign(static_cast<std::size_t>(width), 0);
     std::vector<Point> quadrant;
     if (width > 2)
         ellipseQuadrant(width, width, quadrant);
-    for (std::size_t i = quadrant.size(); i-- > 0;) { // backwards: the first of a row is the outermost
+    for (std::size_t i = quadrant.size(); i-- > 0;) { // in reverse: the first of a row is the outermost
         const auto row = static_cast<std::size_t>(quadrant[i].y);
         m_insets[row] = quadrant[i].x;
         m_insets[m_insets.size() - 1 - row] = quadrant[i].x;
@@ -54,7 +54,7 @@ void WidePen::dotAfter(Canvas& canvas, const Point& at, const Point& last, std::
 
 void WidePen::body(Canvas& canvas, AreaScan& scan, const Point& from, const Point& to, std::uint32_t color) const
 {
-    // The vector across the line, as long as the pen is wide; a slanting one reaches on to the next whole pixel.
+    // The vector across the line, as long as the pen is wide; rounded up to whole pixels for a slanting line.
     const int dx = to.x - from.x;
     const int dy = to.y - from.y;
     if (dx == 0 && dy == 0)

@@ -7,7 +7,7 @@ namespace VEK::reach
 namespace
 {
 
-/// How far the point lies inside of one of the four borders.
+/// How far the point lies inside one of the four borders.
 double inside(const SurfacePoint& p, int border)
 {
     switch (border) {
@@ -28,7 +28,7 @@ SurfacePoint onBorder(const SurfacePoint& a, const SurfacePoint& b, int border)
     return {a.x + (b.x - a.x) * t, at};
 }
 
-/// Brings what is beyond 1e300 down, so that differences stay finite.
+/// Reduces coordinates beyond 1e300, so that differences stay finite.
 SurfacePoint tamed(const SurfacePoint& p)
 {
     return {std::clamp(p.x, -1e300, 1e300), std::clamp(p.y, -1e300, 1e300)};
@@ -57,7 +57,7 @@ bool cutSegment(SurfacePoint& from, SurfacePoint& to)
         else if (a < 0.0)
             from = onBorder(to, from, border);
     }
-    from = {clamped(from.x), clamped(from.y)}; // what rounding left outside
+    from = {clamped(from.x), clamped(from.y)}; // in case rounding left them outside
     to = {clamped(to.x), clamped(to.y)};
     return true;
 }

@@ -52,7 +52,7 @@ public:
     void noPen() override { setPen({false, 1, 0}); }
     void brush(unsigned color) override { m_brush = {true, color & 0xFFFFFF}; }
     void noBrush() override { m_brush.on = false; }
-    void background(unsigned) override {} // shows in nothing that is drawn here
+    void background(unsigned) override {} // has no effect here
     void moveTo(double x, double y) override { m_at = {x, y}; }
     void lineTo(double x, double y) override;
     bool hasArcs() const override { return true; }
@@ -72,10 +72,10 @@ public:
     bool finish() override;
 
 private:
-    /// Lines of one path element; longer ones get slow in some readers.
+    /// Lines per path element; longer ones are slow in some readers.
     static constexpr int kPathLimit = 10000;
 
-    /// Half axis of an ellipse that counts as a line.
+    /// Semi-axis below which an ellipse is drawn as a line.
     static constexpr double kFlat = 0.01;
 
     struct Pen {
@@ -120,7 +120,7 @@ private:
     Area m_clip; ///< the whole picture while nothing is clipped
     Holes m_holes;
 
-    // What is open in the text.
+    // Elements that are still open.
     int m_groups = 0;
     int m_holesWritten = 0;
     int m_pathLines = 0; ///< lines of the open path element, 0 when none is open
@@ -295,8 +295,8 @@ void SvgSurface::arcTo(const SurfaceArc& asked)
     } else if (axes.shorter < kFlat) {
         addFlatArc(arc, axes.parameter);
     } else if (m_pen.on && !m_finished) {
-        // The file tells an arc by its ends, from which a reader gets the centre. In pieces of at most a third of a
-        // turn the rounding of the ends does not grow thereby, which it would towards half and whole turns.
+        // SVG gives an arc by its ends, from which a reader computes the centre. In pieces of at most a third of a turn
+        // the rounding of the ends is not amplified, as it would be near half and whole turns.
         const int pieces = std::max(static_cast<int>(std::ceil(std::abs(arc.sweep) / (2.0 / 3.0 * kPi) - 1e-9)), 1);
         const bool clockwise = (arc.u.x * arc.v.y - arc.u.y * arc.v.x > 0.0) == (arc.sweep > 0.0);
         MilliPoint from = milliPoint(m_at);
@@ -313,7 +313,7 @@ void SvgSurface::arcTo(const SurfaceArc& asked)
     m_at = end;
 }
 
-/// As fine chords, which are cut at the reach.
+/// Draws an arc as fine chords, which are clipped.
 void SvgSurface::addChords(const SurfaceArc& arc, double radius)
 {
     constexpr double kFine = 0.01, kMost = 1e5;
@@ -425,7 +425,8 @@ void SvgSurface::addPicture(double x, double y, const CPixels& pixels)
         return;
     closePath();
     bringClip(true);
-    // Two words for whole pixels: the attribute of this version, and the style of later ones, which goes first.
+    // Two ways to request whole pixels: the attribute of this version, and the style of later ones, which has
+    // precedence.
     m_text << "<image x=\"" << milli(x) << "\" y=\"" << milli(y) << "\" width=\"" << pixels.width << "\" height=\""
            << pixels.height
            << "\" image-rendering=\"optimizeSpeed\" style=\"image-rendering:pixelated\" "

@@ -1,4 +1,4 @@
-// The text of an SVG file, gathered in a buffer and passed on in blocks.
+// The text of an SVG file, collected in a buffer and written in blocks.
 #pragma once
 
 #include <vek/surfaces/file.h>
@@ -38,24 +38,24 @@ public:
     Text& operator<<(int value) { return *this << std::to_string(value); }
     Text& operator<<(Milli value);
 
-    /// A letter of path data and its point.
+    /// A path command letter and its point.
     void addPoint(char letter, const MilliPoint& p);
 
     /// A `COLORREF` as "#rrggbb".
     void addColor(unsigned color);
 
-    /// Bytes in base64, in blocks that are passed on as they fill.
+    /// Bytes in base64, written in blocks.
     void addBase64(std::string_view bytes);
 
-    /// Passes full blocks on; called now and then, since appending never does.
+    /// Writes full blocks; to be called now and then, since appending never writes.
     void settle()
     {
         if (m_buffer.size() >= kBlock)
             flush();
     }
 
-    /// Passes the rest on and commits.
-    /// @return whether everything has gone well
+    /// Writes the rest and commits.
+    /// @return whether everything succeeded
     bool finish()
     {
         flush();

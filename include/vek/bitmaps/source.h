@@ -1,5 +1,5 @@
 /// @file
-/// Where a draw pass gets its pictures from.
+/// The source from which a draw pass gets its pictures.
 #pragma once
 
 #include <vek/export.h>
@@ -12,17 +12,17 @@
 namespace VEK
 {
 
-/// A picture as a draw pass asks for it. Name, number, size and back colour are those of `loadPicture`.
+/// A picture requested by a draw pass. Name, number, size and back colour are those of `loadPicture`.
 struct PictureRequest {
     CVekString name;
     int id = 0;
     int cx = 0;
     int cy = 0;
-    bool transparent = false; ///< the key colour is left out, unless it is an icon, which leaves out what it masks
+    bool transparent = false; ///< the key colour is left out; an icon leaves out its masked pixels instead
     unsigned long back = 0xFFFFFF;
 };
 
-/// Gives pictures to draw passes. The pixels are shared and stay as they are.
+/// Supplies pictures to draw passes. The pixels are shared and never change.
 class VEK_API CPictureSource
 {
 public:
@@ -31,20 +31,20 @@ public:
     /// A pass begins.
     virtual void begin() {}
 
-    /// @return null when there is no such picture
+    /// @return null if there is no such picture
     virtual std::shared_ptr<const CPixels> picture(const PictureRequest& request) = 0;
 };
 
-/// Keeps the pictures of files and programs, so that a picture that is drawn again is not read again. What was asked
-/// for longest ago goes first when there are too many. Threads may share one.
+/// Keeps the pictures of files and programs, so that a picture that is drawn again is not read again. The least
+/// recently used is dropped first if there are too many. Threads may share one.
 ///
-/// A file is looked at, by its path, time of change and size, at its first use behind each `begin`: a changed file is
-/// shown anew in the next pass, one that appears or goes away too. A change that keeps both time and size is not
-/// noticed. That a file is damaged or missing is kept like a picture; one that cannot be read is tried again.
+/// A file is checked, by its path, modification time and size, at its first use after each `begin`: the next pass shows
+/// a changed file, and notices one that appears or disappears. A change that keeps both time and size is not noticed. A
+/// damaged or missing file is remembered like a picture; one that cannot be read is tried again.
 class VEK_API CPictureCache : public CPictureSource
 {
 public:
-    /// @param limit bytes that the pictures may take; a larger picture is given, but not kept
+    /// @param limit bytes that the pictures may take; a larger picture is supplied, but not kept
     explicit CPictureCache(std::size_t limit = std::size_t{64} << 20);
     ~CPictureCache() override;
     CPictureCache(const CPictureCache&) = delete;
@@ -53,16 +53,16 @@ public:
     void begin() override;
     std::shared_ptr<const CPixels> picture(const PictureRequest& request) override;
 
-    /// Bytes that the kept pictures take.
+    /// Bytes taken by the kept pictures.
     std::size_t size() const;
 
-    /// Forgets all pictures.
+    /// Discards all pictures.
     void clear();
 
 protected:
-    /// Reads a picture. It is called whenever there is none to give.
-    /// @param pixels empty where there is no such picture
-    /// @return false when another attempt may succeed, so that the result is not kept
+    /// Reads a picture. Called whenever none is kept.
+    /// @param pixels empty if there is no such picture
+    /// @return false if another attempt may succeed, so that the result is not kept
     virtual bool load(const PictureRequest& request, CPixels& pixels);
 
 private:
@@ -70,7 +70,7 @@ private:
     std::unique_ptr<State> m_state;
 };
 
-/// The cache that draw passes use unless they are told another. It lives as long as the process.
+/// The cache that draw passes use by default. It exists as long as the process.
 VEK_API CPictureCache& pictureCache();
 
 } // namespace VEK

@@ -1,5 +1,5 @@
 /// @file
-/// Surfaces that write a file, and where they put its bytes.
+/// Surfaces that write a file, and the sinks for its bytes.
 #pragma once
 
 #include <vek/surfaces/surface.h>
@@ -17,7 +17,7 @@ namespace platform
 class FileWriter;
 }
 
-/// A receiver of bytes. After a failure every further call gives false.
+/// A receiver of bytes. After a failure every further call returns false.
 class VEK_API CByteSink
 {
 public:
@@ -26,7 +26,7 @@ public:
     /// Adds bytes at the end.
     virtual bool write(std::string_view bytes) = 0;
 
-    /// Writes over bytes that were written before.
+    /// Overwrites bytes that were written before.
     virtual bool rewrite(std::uint64_t offset, std::string_view bytes) = 0;
 
     /// Declares the content complete.
@@ -48,8 +48,8 @@ private:
     std::string m_bytes;
 };
 
-/// Writes a file. The bytes go to a file of another name beside it, which takes the place of the old content when it
-/// is complete; on any failure, and without `commit`, an old file stays as it was and no new one is left behind.
+/// Writes a file. The bytes go to a temporary file beside it, which replaces the old content when complete; on any
+/// failure, and without `commit`, an existing file is unchanged and no new one is left behind.
 class VEK_API CFileSink : public CByteSink
 {
 public:
@@ -70,8 +70,8 @@ class VEK_API CFileSurface : public CSurface
 {
 public:
     /// Completes the file and commits the sink; calls after it draw nothing.
-    /// @return false when anything could not be written, at a second call, and where memory was short since the
-    ///     surface was made: nothing tells that what came to it meanwhile was whole
+    /// @return false if anything could not be written, on a second call, and if memory ran out since the surface was
+    ///     made: its input may then have been incomplete
     virtual bool finish() = 0;
 };
 

@@ -1,5 +1,5 @@
 /// @file
-/// A surface that keeps the calls, for comparing and for reading them.
+/// A surface that records the calls, to compare and read them.
 #pragma once
 
 #include <vek/surfaces/surface.h>
@@ -30,8 +30,8 @@ enum class SurfaceOp {
     picture
 };
 
-/// One call. Positions stand in the order of the call's arguments; the second of `solidRect` and of
-/// `picture` is its size.
+/// One call. Positions are in the order of the call's arguments; the second of `solidRect` and of `picture` is its
+/// size.
 struct VEK_API SurfaceCall {
     SurfaceOp op = SurfaceOp::clipRestore;
     std::vector<SurfacePoint> points;
@@ -44,18 +44,18 @@ struct VEK_API SurfaceCall {
     std::string text() const;
 };
 
-/// Keeps every call as it came; a `polyline` arrives as its moves and lines. A call for which there is no memory is
-/// missing, which `memoryShortages` tells, and texts are empty then.
+/// Records every call; a `polyline` arrives as its moves and lines. When memory runs out, the call is missing, which
+/// `memoryShortages` reports, and texts are empty.
 class VEK_API CRecorder : public CSurface
 {
 public:
-    /// @param wholePixels whether coordinates are cut towards zero, as a surface of pixels does
+    /// @param wholePixels whether coordinates are truncated towards zero, as by a surface of pixels
     explicit CRecorder(bool wholePixels = false) : m_whole(wholePixels) {}
 
     const std::vector<SurfaceCall>& calls() const { return m_calls; }
     void clear() { m_calls.clear(); }
 
-    /// All calls, one a line.
+    /// All calls, one per line.
     std::string text() const;
 
     void clipTo(double left, double top, double right, double bottom) override;

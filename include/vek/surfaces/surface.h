@@ -16,7 +16,7 @@ struct SurfacePoint {
     bool operator==(const SurfacePoint& other) const = default;
 };
 
-/// An arc of an ellipse: it starts at center + u and runs towards center + v, two conjugate half diameters, through
+/// An elliptical arc: it starts at center + u and runs towards center + v, two conjugate semi-diameters, through
 /// `sweep` radians (-2 PI to 2 PI) of the parameter; so it ends at center + cos(sweep) u + sin(sweep) v.
 struct SurfaceArc {
     SurfacePoint center;
@@ -29,19 +29,19 @@ struct SurfaceArc {
 
 /// A surface. A draw pass turns every item into these few calls; each kind of output is one derived class.
 ///
-/// Coordinates arrive as doubles in device units. A surface of whole pixels cuts them towards zero to integers, as
-/// GDI callers do; one that scales keeps them. A line or edge without finite coordinates is left out. Colours are
-/// Windows `COLORREF` values, 0x00BBGGRR. Pen, brush and background stay in force until they are set again; at start
-/// there is a black pen of one pixel, no brush, a white background and no clip.
+/// Coordinates are doubles in device units. A surface of whole pixels truncates them towards zero to integers, as GDI
+/// callers do; a scalable one keeps them. A line or edge without finite coordinates is left out. Colours are Windows
+/// `COLORREF` values, 0x00BBGGRR. Pen, brush and background apply until they are set again; at first there is a black
+/// pen of one pixel, no brush, a white background and no clip.
 class VEK_API CSurface
 {
 public:
     virtual ~CSurface() = default;
 
-    /// Confines everything that follows to the rectangle.
+    /// Restricts everything that follows to the rectangle.
     virtual void clipTo(double left, double top, double right, double bottom) = 0;
 
-    /// Takes the inside of a polygon, even-odd, out of the clip. Fewer than three points change nothing.
+    /// Takes the inside of a polygon, by the even-odd rule, out of the clip. Fewer than three points change nothing.
     virtual void clipOut(const SurfacePoint* points, int count) = 0;
 
     /// Undoes every `clipOut` since the last `clipTo`.
@@ -61,43 +61,43 @@ public:
 
     virtual void background(unsigned color) = 0;
 
-    /// Sets the position without drawing, and draws a line from there, which becomes the position. As with GDI a
-    /// surface of pixels leaves the last pixel of a line out.
+    /// `moveTo` sets the position without drawing; `lineTo` draws a line from there to the point, which becomes the
+    /// position. As with GDI, a surface of pixels leaves out the last pixel of a line.
     virtual void moveTo(double x, double y) = 0;
     virtual void lineTo(double x, double y) = 0;
 
-    /// The lines through the points, one after the other: `moveTo` and then `lineTo`, which is what it does unless a
-    /// surface has something faster.
+    /// The lines through the points, one after the other: `moveTo` and then `lineTo`, unless a surface has a faster
+    /// way.
     virtual void polyline(const SurfacePoint* points, int count);
 
-    /// Many such lines of one pen: a `polyline` for each, in their order, unless a surface has something faster.
-    /// @param points of all lines, one line behind the other
-    /// @param counts how many points each line has; one of less than two draws nothing
+    /// Many such lines of one pen: a `polyline` for each, in their order, unless a surface has a faster way.
+    /// @param points of all lines, one line after the other
+    /// @param counts number of points of each line; a line of less than two draws nothing
     virtual void polylines(const SurfacePoint* points, const int* counts, int lines);
 
-    /// Whether the surface draws true arcs. For others callers draw chords.
+    /// Whether the surface draws true arcs. For others the caller draws chords.
     virtual bool hasArcs() const { return false; }
 
     /// An arc from the position, which is the arc's start, to the arc's end, which becomes the position. Only for
     /// surfaces with `hasArcs`; others draw nothing.
     virtual void arcTo(const SurfaceArc& /*arc*/) {}
 
-    /// A closed polygon: even-odd filled with the brush, edged with the pen. The position stays.
+    /// A closed polygon: filled with the brush by the even-odd rule, edged with the pen. The position is unchanged.
     virtual void polygon(const SurfacePoint* points, int count) = 0;
 
-    /// A rectangle or an ellipse in the box of two opposite corners in any order, filled with the brush and edged
-    /// with the pen. As with GDI the right and the bottom edge of pixels lie outside.
+    /// A rectangle or an ellipse in the box of two opposite corners in any order, filled with the brush and edged with
+    /// the pen. As with GDI, the right and bottom pixel edges lie outside.
     virtual void rectangle(double x1, double y1, double x2, double y2) = 0;
     virtual void ellipse(double x1, double y1, double x2, double y2) = 0;
 
     /// One pixel.
     virtual void pixel(double x, double y, unsigned color) = 0;
 
-    /// A rectangle of one colour without pen and brush. A negative size reaches to the left or upwards.
+    /// A rectangle of one colour without pen and brush. A negative size extends it to the left or upwards.
     virtual void solidRect(double x, double y, double width, double height, unsigned color) = 0;
 
-    /// A picture with its top left corner at (x, y), each of its pixels one device unit square. Pixels without opacity
-    /// leave what is there.
+    /// A picture with its top left corner at (x, y), each of its pixels one device unit square. Transparent pixels
+    /// leave the surface unchanged.
     virtual void picture(double x, double y, const CPixels& pixels) = 0;
 };
 

@@ -8,9 +8,9 @@
 namespace VEK
 {
 
-/// Empties the clipboard and puts the metafile there that `make` gives; null leaves it empty.
-/// @param owner the window to which the clipboard belongs from then on; without one a system may refuse the metafile
-/// @return false, with nothing made, when somebody else holds the clipboard open
+/// Empties the clipboard and places the metafile from `make` on it; null leaves it empty.
+/// @param owner the window that owns the clipboard from then on; without one a system may refuse the metafile
+/// @return false, with `make` not called, if another program has the clipboard open
 template <class Make>
 bool toClipboard(Make make, HWND owner = nullptr)
 {

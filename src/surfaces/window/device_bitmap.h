@@ -1,4 +1,4 @@
-// Pictures as device bitmaps have them: 32 bits a pixel, rows from the top, blue in the lowest byte.
+// Pictures in the format of device bitmaps: 32 bits per pixel, rows from the top, blue in the lowest byte.
 #pragma once
 
 #include <vek/values/pixels.h>

@@ -99,12 +99,12 @@ private:
     Objects m_pens;
     Objects m_brushes;
     HGDIOBJ m_pen = GetStockObject(BLACK_PEN);
-    std::uint64_t m_penLook = 0; ///< of the pen in force; 0 for one that is not in the table
+    std::uint64_t m_penLook = 0; ///< of the current pen; 0 if it is not in the table
     HGDIOBJ m_brush = nullptr;   ///< null: hollow
     HGDIOBJ m_selectedPen = m_pen;
     HGDIOBJ m_selectedBrush = GetStockObject(NULL_BRUSH);
-    HRGN m_outer = nullptr; ///< the clip that the context came with
-    HRGN m_clip = nullptr;  ///< the rectangle that was asked for, as far as it lies in that
+    HRGN m_outer = nullptr; ///< the context's initial clip
+    HRGN m_clip = nullptr;  ///< the requested rectangle within the initial clip
     LineRun<POINT> m_run;
     LineBatch<POINT, DWORD> m_lines;
     std::vector<POINT> m_points;
@@ -284,8 +284,8 @@ void GdiSurface::solidRect(double x, double y, double width, double height, unsi
     SetBkColor(m_dc, before);
 }
 
-/// Pixels without opacity are cut from the clip. Two masked copies would do on a device, but readers of metafiles show
-/// what those leave out in black.
+/// Transparent pixels are cut from the clip. Two masked copies would do on a device, but readers of metafiles show the
+/// masked pixels in black.
 void GdiSurface::picture(double x, double y, const CPixels& pixels)
 {
     flushRun();
@@ -311,8 +311,8 @@ void GdiSurface::picture(double x, double y, const CPixels& pixels)
     DeleteDC(memory);
 }
 
-/// Confines the clip to the opaque pixels of a picture.
-/// @return false when memory does not suffice
+/// Restricts the clip to the opaque pixels of a picture.
+/// @return false when memory runs out
 bool GdiSurface::confine(const CPixels& pixels, int left, int top)
 {
     const std::vector<PixelBox> boxes = opaqueRegion(pixels);
