@@ -11,7 +11,7 @@ namespace
 constexpr double kStep = 1.5;
 constexpr double kMostZoom = 20.0;
 constexpr double kLeastZoom = 0.5;
-constexpr double kFarthest = 1e9; // pixels, which a whole number holds with room for a pan
+constexpr double kFarthest = 1e9; // pixels; fits into an int with room for a pan
 constexpr int kHimetricPerInch = 2540;
 
 } // namespace

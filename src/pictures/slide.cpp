@@ -46,7 +46,7 @@ int toInt(double value)
 
 } // namespace
 
-/// Reads from a slide, in its byte order, and never behind its end.
+/// Reads from a slide, in its byte order, and never past its end.
 class SlideReader::Cursor
 {
 public:
@@ -87,8 +87,8 @@ bool SlideReader::read(SlideBytes slide, SlideVisitor& visitor)
         m_byteOrder = in.word();
     }
 
-    // Without a known byte order the highest point is read high byte first, but the records low byte first. Libraries
-    // in use hold slides that are right only under this rule.
+    // If no byte order is known, the highest point is read high byte first, but the records low byte first. Libraries
+    // in use contain slides that are right only under this rule.
     in.swapWords(m_byteOrder != kLittleEndian);
     in.seek(kHiXAt);
     const unsigned hiX = in.word();
@@ -150,7 +150,7 @@ void SlideReader::readFill(Cursor& in, SlideVisitor& visitor)
         in.word();
         const int nextX = in.signedWord();
         y = in.signedWord();
-        if (y < 0) // the terminator; so is what lies behind the end
+        if (y < 0) // the terminator; past the end every word is one
             break;
         m_polygon.append({nextX, y});
     }

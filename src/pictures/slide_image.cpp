@@ -34,7 +34,7 @@ public:
         m_region[0] = CVekVertexArray();
     }
 
-    /// Whether the counter says that something was emitted.
+    /// Whether the counter shows that something was emitted.
     bool hasEmitted() const { return m_stack[0] > 1; }
 
     bool start(int, int) override { return true; }
@@ -61,8 +61,8 @@ public:
         m_gdx.imageReg(m_stack, m_flags | itemFill, m_region, m_color, m_mtx, m_linetype, 1.0, 0, m_color, CHatchProp(),
                        CVekPoint3d::kOrigin);
         count();
-        // Lines behind a fill are never marked as filled, even if the caller asked for it: owners tell fills and
-        // lines of a slide apart by the flag.
+        // Lines after a fill are never marked as filled, even if the caller asked for it: owners tell fills and lines
+        // of a slide apart by the flag.
         m_flags &= ~static_cast<unsigned long>(itemFill);
     }
 
@@ -71,7 +71,7 @@ private:
 
     CVekGDX& m_gdx;
     unsigned long m_flags;
-    CVekGDX::Stack m_stack; ///< element 0 counts, whatever stands in it; owners rely on that
+    CVekGDX::Stack m_stack; ///< element 0 is the counter, whatever its initial value; owners rely on that
     CVekMatrix3d m_mtx;
     CVekColor m_color;
     CVekArrayTempl<double> m_linetype;

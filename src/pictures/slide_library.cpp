@@ -17,7 +17,7 @@ constexpr std::size_t kHeaderSize = 32;
 constexpr std::size_t kNameSize = 32;
 constexpr std::size_t kEntrySize = kNameSize + 4;
 
-/// Whether there is an entry of that number, and where.
+/// The entry of that number, null if there is none.
 const unsigned char* entryAt(SlideBytes head, std::size_t index)
 {
     if (head.size() < kHeaderSize || index >= (head.size() - kHeaderSize) / kEntrySize)
@@ -44,7 +44,7 @@ std::string bytesOf(std::wstring_view name, SlideCodePage codePage)
     return codePage == SlideCodePage::system ? platform::systemCodePageOf(name) : platform::codePage1252Of(name);
 }
 
-/// Opens a regular file of a size that is read at all.
+/// Opens a regular file that is not larger than the limit.
 bool openFile(std::ifstream& in, std::uintmax_t& size, const wchar_t* path)
 {
     const std::filesystem::path file = platform::pathOf(path);
@@ -58,7 +58,7 @@ bool openFile(std::ifstream& in, std::uintmax_t& size, const wchar_t* path)
     return in.is_open();
 }
 
-/// Reads on until the bytes are `size` long.
+/// Reads until there are `size` bytes.
 bool readUpTo(std::vector<unsigned char>& bytes, std::ifstream& in, std::uintmax_t size)
 {
     const std::size_t known = bytes.size();
@@ -67,7 +67,7 @@ bool readUpTo(std::vector<unsigned char>& bytes, std::ifstream& in, std::uintmax
     return in.read(reinterpret_cast<char*>(bytes.data() + known), count).gcount() == count;
 }
 
-/// Whether the directory ends within what is known of the file.
+/// Whether the end of the directory is within the part of the file read so far.
 bool hasDirectoryEnd(SlideBytes head)
 {
     std::size_t index = 0;
@@ -76,8 +76,7 @@ bool hasDirectoryEnd(SlideBytes head)
     return kHeaderSize + index * kEntrySize + kEntrySize <= head.size();
 }
 
-/// Reads a library as far as its directory goes. Large ones hold thousands of slides: the directory is read piece by
-/// piece.
+/// Reads a library up to the end of its directory, piece by piece: large ones contain thousands of slides.
 bool readDirectory(std::vector<unsigned char>& head, std::ifstream& in, std::uintmax_t size)
 {
     for (std::uintmax_t piece = 0x4000; head.size() < size && !hasDirectoryEnd(head); piece *= 4) {
@@ -158,7 +157,7 @@ bool slideNames(CVekArrayTempl<CVekString>& names, const wchar_t* library, Slide
             names.append(slideName(entry.name, codePage));
         if (names.len() == count)
             return true;
-    } catch (const std::exception&) { // a path that is none in this system, no memory
+    } catch (const std::exception&) { // a path that is invalid on this system, or out of memory
     }
     names.setLogicalLength(0);
     return false;

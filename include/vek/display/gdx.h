@@ -130,7 +130,7 @@ public:
     bool redraw(const Stack& stack, int code);
 
     /// Moves a group as one: the first of its items whose path is exactly the given one, or else the last item of the
-    /// group, gets the matrix m, and the others keep their position relative to it. Recomputes the extents.
+    /// group, gets exactly the matrix m, and the others keep their position relative to it. Recomputes the extents.
     /// @return whether any item matched
     bool mtxSet(const Stack& stack, const CVekMatrix3d& m);
 

@@ -1,9 +1,9 @@
 /// @file
 /// Slides: vector pictures in AutoCAD's slide format, whose layout is published in that program's customization guide.
 ///
-/// A slide is read from memory and needs no window: a reader walks through its records and tells each to a visitor.
-/// Slide coordinates are whole numbers; x runs to the right, y upwards, and the corner opposite to the origin is the
-/// slide's highest point.
+/// A slide is read from memory and needs no window: a reader passes each of its records to a visitor. Slide coordinates
+/// are whole numbers; x runs to the right, y upwards, and the corner opposite to the origin is the slide's highest
+/// point.
 #pragma once
 
 #include <vek/values/array.h>
@@ -25,14 +25,14 @@ struct SlidePoint {
     bool operator==(const SlidePoint&) const = default;
 };
 
-/// What a slide's records are told to, in the order of the file.
+/// Receives a slide's records, in file order.
 class VEK_API SlideVisitor
 {
 public:
     virtual ~SlideVisitor() = default;
 
     /// The header was read; the highest coordinates are from 0 to 65535.
-    /// @return false to leave the records alone
+    /// @return false to skip the records
     virtual bool start(int hiX, int hiY) = 0;
 
     /// A line from one point to another.
@@ -48,21 +48,19 @@ public:
 
 /// The parser of slides.
 ///
-/// One reader stands for one place where slides are shown: the byte order of a level 2 slide stays with the reader,
-/// since a level 1 slide names none and takes over that of the last level 2 slide shown in its place.
+/// Use one reader for each place where slides are shown: the byte order of a level 2 slide stays with the reader, since
+/// a level 1 slide does not specify one and takes that of the last level 2 slide shown in its place.
 ///
-/// What lies behind the end reads as 0 for a byte and as 0xFCFC, the mark of the end, for a word, each on its own. So
-/// a slide that breaks off gives all records that are whole and at most one more, and no record, whatever count it
-/// names, takes more memory than the data behind it.
+/// Past the end, a byte reads as 0 and a word as 0xFCFC, the end mark. So a truncated slide gives all complete records
+/// and at most one more, and no record, whatever its count, takes more memory than the data that follows it.
 class VEK_API SlideReader
 {
 public:
     /// Reads a slide: its header, then record after record up to the end mark, an invalid record or the end of data.
     ///
-    /// The identification text is not looked at. What is read before an invalid record stands.
-    /// @return false, with nothing told to the visitor, when the level is neither 1 nor 2 or there is no data; and
-    /// where
-    ///     memory was short meanwhile, for a fill or for the visitor: what it was told is not the whole slide then
+    /// The identification text is ignored. Records before an invalid one are kept.
+    /// @return false, with no call to the visitor, if the level is neither 1 nor 2 or there is no data; also if memory
+    ///     ran out meanwhile, for a fill or in the visitor: the visitor has then not received the whole slide
     bool read(SlideBytes slide, SlideVisitor& visitor);
 
     /// The byte-order word of the last level 2 slide, as read on a little-endian machine: 0x1234 for little-endian,
@@ -79,7 +77,7 @@ private:
     CVekArrayTempl<SlidePoint> m_polygon; ///< scratch of the fills
 };
 
-/// The mapping of a slide to a device of whole pixels, whose y runs downwards.
+/// Maps a slide to a device of whole pixels, whose y runs downwards.
 struct VEK_API SlideMapping {
     double scale = 0.0;
     int offsetX = 0;
@@ -87,12 +85,12 @@ struct VEK_API SlideMapping {
     int hiY = 0;
 
     /// Fits a slide into a rectangle of the device: as large as possible without distortion, in the middle of the
-    /// rectangle's size. The place of the rectangle does not count, as the device is clipped to it.
+    /// rectangle's size. The position of the rectangle is ignored, since the device is clipped to it.
     /// @param right, bottom one past the last pixel
     /// @return false, with the mapping unchanged, for a slide without width or height, which shows nothing
     bool set(int left, int top, int right, int bottom, int slideHiX, int slideHiY);
 
-    /// The pixel of a slide point, cut towards zero.
+    /// The pixel of a slide point, truncated towards zero.
     SlidePoint map(SlidePoint point) const;
 };
 

@@ -96,8 +96,8 @@ public:
     /// A rectangle of one colour without pen and brush. A negative size extends it to the left or upwards.
     virtual void solidRect(double x, double y, double width, double height, unsigned color) = 0;
 
-    /// A picture with its top left corner at (x, y), each of its pixels one device unit square. Transparent pixels
-    /// leave the surface unchanged.
+    /// A picture with its top left corner at (x, y), each of its pixels one device unit square. Pixels of zero
+    /// opacity leave the surface unchanged.
     virtual void picture(double x, double y, const CPixels& pixels) = 0;
 };
 

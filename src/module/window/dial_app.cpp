@@ -1,4 +1,4 @@
-// The application object of the DLL; it begins and ends with the module.
+// The application object of the DLL; it exists as long as the module is loaded.
 #include <afxwin.h>
 
 namespace
@@ -7,12 +7,12 @@ namespace
 class CVekDialApp : public CWinApp
 {
 public:
-    /// Offers the library's resources to all modules of the process.
+    /// Makes the library's resources available to all modules of the process.
     BOOL InitInstance() override
     {
         if (!CWinApp::InitInstance() || !AfxInitExtensionModule(m_module, AfxGetInstanceHandle()))
             return FALSE;
-        new CDynLinkLibrary(m_module); // goes with the module
+        new CDynLinkLibrary(m_module); // freed with the module
         return TRUE;
     }
 

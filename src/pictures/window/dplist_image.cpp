@@ -95,7 +95,7 @@ void CVekDplistImage::OnPaint()
         VEK::gdxDraw(*dpList, *surface, buffer.height(), buffer.width(), VEK::screenRules);
 }
 
-/// The picture covers its whole background, so that an erase would only flicker.
+/// The picture covers its whole background, so an erase would only cause flicker.
 BOOL CVekDplistImage::OnEraseBkgnd(CDC* dc)
 {
     return dpList ? TRUE : CWnd::OnEraseBkgnd(dc);
@@ -107,8 +107,8 @@ void CVekDplistImage::handZoomOn()
     Invalidate(TRUE);
 }
 
-/// The step is measured in notches of 120, so that a wheel of finer steps zooms out with steps below 100, whichever way
-/// it turns: callers know the wheel so.
+/// The step is measured in notches of 120, so that a step below 100 of a high-resolution wheel zooms in the opposite
+/// direction: callers rely on it.
 BOOL CVekDplistImage::OnMouseWheel(UINT flags, short delta, CPoint point)
 {
     if ((flags & MK_MBUTTON) != 0)
@@ -146,7 +146,7 @@ void CVekDplistImage::OnMButtonDown(UINT flags, CPoint point)
 void CVekDplistImage::OnMouseMove(UINT flags, CPoint point)
 {
     if (GetFocus() == this) {
-        m_isPanning = m_isPanning && (flags & MK_MBUTTON) != 0; // it may have gone up elsewhere
+        m_isPanning = m_isPanning && (flags & MK_MBUTTON) != 0; // it may have been released elsewhere
         if ((flags & MK_MBUTTON) == 0) {
             SetCursor(crossCursor);
         } else if (dpList && m_isPanning) {
@@ -167,7 +167,7 @@ void CVekDplistImage::OnMButtonUp(UINT flags, CPoint point)
     SetCursor(crossCursor);
 }
 
-/// The button is still down: whoever drags on pans from the extents.
+/// The button is still down: a drag that follows pans from the extents.
 void CVekDplistImage::OnMButtonDblClk(UINT flags, CPoint point)
 {
     zoomExtents();

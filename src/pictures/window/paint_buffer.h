@@ -6,8 +6,8 @@
 namespace VEK
 {
 
-/// A context of a window's client area that is painted in memory and shown at once when the painting ends. Where memory
-/// does not suffice, as for an area of 32,000 by 32,000, it is the window's own.
+/// A context of a window's client area that is painted in memory and copied to the screen when the painting ends. If
+/// memory runs out, as for an area of 32,000 by 32,000, it is the window's own context.
 class PaintBuffer
 {
 public:
@@ -29,7 +29,7 @@ public:
     PaintBuffer& operator=(const PaintBuffer&) = delete;
 
     CDC& context() { return m_before ? m_memory : static_cast<CDC&>(m_paint); }
-    const CRect& area() const { return m_area; } ///< from (0, 0) on
+    const CRect& area() const { return m_area; } ///< from (0, 0)
     int width() const { return m_area.right; }
     int height() const { return m_area.bottom; }
 

@@ -14,7 +14,7 @@ namespace VEK
 namespace
 {
 
-/// What fits into 32 bits of a coordinate, cut towards zero.
+/// A coordinate limited to 32 bits, truncated towards zero.
 int whole(double value)
 {
     return static_cast<int>(std::clamp(value, -2147483647.0, 2147483647.0));
@@ -27,8 +27,8 @@ bool canBeRead(const wchar_t* path)
     return file != INVALID_HANDLE_VALUE && CloseHandle(file);
 }
 
-/// The picture of a file. Of one that can be read but is no picture, the system's last error is that of some step on
-/// the way.
+/// The picture of a file. For a file that is readable but not a picture, the system's last error is that of some
+/// intermediate step.
 IPicture* loadPictureFile(const wchar_t* path, DWORD& error)
 {
     void* picture = nullptr;
@@ -44,7 +44,7 @@ IPicture* loadPictureFile(const wchar_t* path, DWORD& error)
     return nullptr;
 }
 
-/// Tells what the system says of an error.
+/// Shows the system's message for an error.
 void tellError(CWnd& window, DWORD error)
 {
     wchar_t text[260] = {};
@@ -128,8 +128,8 @@ void CPicture::fit()
     m_view.fit(area.right, area.bottom);
 }
 
-/// The source runs upwards from its lower edge. A reduced picture has its reduction there, where the source reaches
-/// beyond the picture, so that a zoom of 1.0 is always the fit.
+/// The source runs upwards from its lower edge. A reduced picture is reduced here, by a source larger than the picture,
+/// so that a zoom of 1.0 is always the fit.
 void CPicture::render(CDC& dc, const CRect& destination, double reduction, const CRect* bounds)
 {
     m_picture->Render(dc.m_hDC, destination.left, destination.top, destination.Width(), destination.Height(), 0,
@@ -152,7 +152,7 @@ void CPicture::OnPaint()
 
 BOOL CPicture::OnEraseBkgnd(CDC*)
 {
-    return TRUE; // the picture and what shows around it cover everything
+    return TRUE; // the picture and its surroundings cover everything
 }
 
 bool CPicture::Copy()
@@ -201,7 +201,7 @@ void CPicture::OnMButtonUp(UINT, CPoint)
 
 void CPicture::OnMouseMove(UINT flags, CPoint point)
 {
-    m_isPanning = m_isPanning && (flags & MK_MBUTTON) != 0; // it may have gone up elsewhere
+    m_isPanning = m_isPanning && (flags & MK_MBUTTON) != 0; // it may have been released elsewhere
     if (!m_isPanning)
         return;
     m_view.originX = m_originAtPress.x + point.x - m_press.x;

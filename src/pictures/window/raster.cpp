@@ -40,15 +40,16 @@ void vek_gdx_picture_transparent(CDC* dc, int x, int y, int, int, CBitmap* bitma
     if (!source.CreateCompatibleDC(dc) || !mask.CreateCompatibleDC(dc) ||
         !bits.CreateBitmap(size.bmWidth, size.bmHeight, 1, 1, nullptr))
         return;
-    source.SetLayout(0); // a mirrored context may hand its layout on
+    source.SetLayout(0); // a mirrored context may pass on its layout
     mask.SetLayout(0);
     CBitmap* const sourceBefore = source.SelectObject(bitmap);
     if (!sourceBefore)
         return;
     CBitmap* const maskBefore = mask.SelectObject(&bits);
 
-    // The mask is white where the bitmap has the key colour. Copied to colours, its white takes the background colour
-    // and its black the text colour: white keeps what the two exclusive ors bring back, black leaves the bitmap alone.
+    // The mask is white where the bitmap has the key colour. Copied to a colour bitmap, its white becomes the
+    // background colour and its black the text colour: white keeps what the two XOR copies restore, black leaves the
+    // bitmap unchanged.
     source.SetBkColor(vek_gdx_picture_bkcolor_get(&source, &size));
     mask.BitBlt(0, 0, size.bmWidth, size.bmHeight, &source, 0, 0, SRCCOPY);
     const COLORREF textBefore = dc->SetTextColor(RGB(0, 0, 0));

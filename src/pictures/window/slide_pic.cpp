@@ -15,11 +15,11 @@ namespace VEK
 namespace
 {
 
-constexpr int kForeground = 7; ///< the colour index that shows on every background
+constexpr int kForeground = 7; ///< the colour index that is visible on every background
 
 } // namespace
 
-/// The context and the background index of a drawing, for as long as it lasts, however it ends.
+/// Sets the context and the background index of a drawing until the end of the scope.
 class CSlidePic::Context
 {
 public:
@@ -41,7 +41,7 @@ private:
     const int m_backIndex;
 };
 
-/// Draws what the parser tells.
+/// Draws what the parser reads.
 class CSlidePic::Painter : public SlideVisitor
 {
 public:
@@ -161,8 +161,8 @@ int CSlidePic::SetBkColor(int index)
     return 1;
 }
 
-/// The new objects are selected before the old ones go, since a selected object cannot be deleted. Without new ones
-/// the colour stays.
+/// The new objects are selected before the old ones are deleted, since a selected object cannot be deleted. If they
+/// cannot be created the colour is unchanged.
 void CSlidePic::newColor(int index)
 {
     const COLORREF color = acadRGB(slideColor(index, m_backIndex));
@@ -208,7 +208,7 @@ void CSlidePic::OnPaint()
         draw(area);
         dc.RestoreDC(saved);
     };
-    if (seeThrough) { // what lies below stays, so there is nothing to paint in memory
+    if (seeThrough) { // the background is kept, so nothing can be painted in memory
         CPaintDC dc(this);
         CRect area;
         GetClientRect(&area);
@@ -219,7 +219,7 @@ void CSlidePic::OnPaint()
     }
 }
 
-/// The slide covers its whole background, so that an erase would only flicker.
+/// The slide covers its whole background, so an erase would only cause flicker.
 BOOL CSlidePic::OnEraseBkgnd(CDC* dc)
 {
     return (GetExStyle() & WS_EX_TRANSPARENT) != 0 ? CWnd::OnEraseBkgnd(dc) : TRUE;

@@ -8,18 +8,18 @@
 
 #include <afxwin.h>
 
-/// A child window that shows a display object: wheel zoom about the mouse, pan with the middle button, a middle double
-/// click shows all of it, and a left click tells the parent which item lies there.
+/// A child window that shows a display object: the wheel zooms about the mouse, the middle button pans, a middle double
+/// click shows the whole picture, and a left click notifies the parent of the item there.
 ///
 /// The parent gets a posted message whose number is the dialog id of the control, with wParam 0 and the first number of
-/// the item's stack as lParam; so a parent must keep the ids of such controls free of messages of its own.
+/// the item's stack as lParam; so a parent must not use the ids of such controls for messages of its own.
 ///
-/// The zoom belongs to the control: an object that is shown gets it with the next step, whatever zoom it had before. A
-/// wheel step is measured in notches of 120, times 1.2, so one below 100, as fine wheels send, turns the direction.
-/// The control runs from left to right, whatever its parent does.
+/// The zoom belongs to the control: a displayed object gets it with the next step, whatever zoom it had before. A wheel
+/// step is measured in notches of 120, times 1.2, so one below 100, as sent by high-resolution wheels, reverses the
+/// direction. The control is laid out left to right, even if its parent is not.
 ///
-/// Nothing but the owner fits the view, so it calls `zoomExtents` after `set_dpList`, and after a change of size if the
-/// picture is to follow. Everything runs on the window's thread.
+/// Only the owner fits the view: it calls `zoomExtents` after `set_dpList`, and after a resize if the picture is to
+/// follow. Everything runs on the window's thread.
 class VEK_API CVekDplistImage : public CWnd
 {
     DECLARE_DYNAMIC(CVekDplistImage)
@@ -30,20 +30,20 @@ public:
     CVekGDX* get_dpList() { return dpList; }
 
     /// Shows another display object; the view is not fitted.
-    /// @param gdx stays the caller's and must outlive the control or be taken back; null shows nothing, and the window
-    ///     then stays invalid
+    /// @param gdx owned by the caller; must outlive the control or be replaced first; null shows nothing, and the
+    ///     window then stays invalid
     /// @return whether there is one
     bool set_dpList(CVekGDX* gdx);
 
-    /// Fits the object's extents into the client area and takes the zoom back. Does not repaint. Before the window is
-    /// created the area counts as 320 by 240.
+    /// Fits the object's extents into the client area and resets the zoom. Does not repaint. Before the window is
+    /// created the area is taken as 320 by 240.
     void zoomExtents();
 
 protected:
-    /// No window mirrors its picture.
+    /// Turns off mirroring of the window.
     void PreSubclassWindow() override;
 
-    /// Invalidates the whole window, if it is there already, with erase.
+    /// Invalidates the whole window, if it exists, with erase.
     void repaint();
 
     afx_msg BOOL OnNcCreate(LPCREATESTRUCT create);
@@ -59,7 +59,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     CVekGDX* dpList = nullptr;
-    CVekMatrix3d zoomMtx; ///< of this control, handed on to the object with each step
+    CVekMatrix3d zoomMtx; ///< of this control, passed to the object with each step
     CPoint panStart;      ///< where the mouse was when the pan began
     double panX = 0.0;    ///< shift of `zoomMtx` when the pan began
     double panY = 0.0;
@@ -71,7 +71,7 @@ private:
     void handZoomOn();
     void crossIfFocused();
 
-    bool m_isPanning = false; ///< with the button that went down here
+    bool m_isPanning = false; ///< with the button that was pressed here
 };
 
 #endif

@@ -12,8 +12,8 @@
 namespace VEK
 {
 
-/// A child window that shows a raster image file, fitted into it at first; the middle mouse button pans, the wheel
-/// zooms about the mouse. It runs from left to right, whatever its parent does.
+/// A child window that shows a raster image file, at first fitted into it; the middle mouse button pans, the wheel
+/// zooms about the mouse. It is laid out left to right, even if its parent is not.
 class VEK_API CPicture : public CWnd
 {
     DECLARE_DYNAMIC(CPicture)
@@ -22,8 +22,8 @@ public:
     CPicture();
     ~CPicture() override;
 
-    /// Shows another file, of a format that the system reads. One that cannot be read leaves the control empty, and the
-    /// system's message tells why.
+    /// Shows another file, of a format that the system reads. If it cannot be read, the control is empty, and a message
+    /// box shows the system's reason.
     /// @return false only for a null path
     bool LoadImage(const wchar_t* path);
 
@@ -31,18 +31,18 @@ public:
     bool hasPicture() const { return m_picture != nullptr; }
 
     /// Puts the picture on the clipboard as an enhanced metafile of its size in pixels.
-    /// @return false without a picture, and when the clipboard cannot be opened
+    /// @return false if there is no picture or the clipboard cannot be opened
     virtual bool Copy();
 
     /// Fits the picture into the window as after loading, and repaints.
     virtual void Reset();
 
-    /// Sets what shows around the picture. Does not repaint.
-    /// @param color `COLORREF`; at start that of dialogs
+    /// Sets the colour around the picture. Does not repaint.
+    /// @param color `COLORREF`; initially that of dialogs
     virtual void SetBackColor(unsigned long color);
 
 protected:
-    /// Static controls are made to tell of the mouse, and no window mirrors its picture.
+    /// Makes static controls receive mouse messages, and turns off mirroring of the window.
     void PreSubclassWindow() override;
 
     afx_msg BOOL OnNcCreate(LPCREATESTRUCT create);
@@ -66,7 +66,7 @@ private:
     PictureView m_view;
     CPoint m_originAtPress;
     CPoint m_press;
-    bool m_isPanning = false; ///< with the button that went down here
+    bool m_isPanning = false; ///< with the button that was pressed here
 };
 
 } // namespace VEK

@@ -15,7 +15,7 @@ namespace VEK
 {
 
 /// A child window that shows a slide, fitted into its client area without distortion. The slide is interpreted at each
-/// repaint. Without one the window has the colour of a dialog. It runs from left to right, whatever its parent does.
+/// repaint. Without one the window has the colour of a dialog. It is laid out left to right, even if its parent is not.
 class VEK_API CSlidePic : public CWnd
 {
     DECLARE_DYNAMIC(CSlidePic)
@@ -24,8 +24,8 @@ public:
     CSlidePic();
     ~CSlidePic() override;
 
-    /// Shows a slide of a library, found by its name in any case, or without a library the slide file `name`.
-    /// @return false, with nothing shown, for a file that cannot be read and a name that the library lacks
+    /// Shows a slide of a library, found by its name ignoring case, or without a library the slide file `name`.
+    /// @return false, with nothing shown, if a file cannot be read or the library lacks the name
     bool show(const wchar_t* name, const wchar_t* library);
 
     /// Shows a slide from memory.
@@ -33,11 +33,11 @@ public:
     void show(void* data, int size);
 
     /// Shows a slide that is a resource of the module.
-    /// @return false when it is not found or cannot be loaded
+    /// @return false if it is not found or cannot be loaded
     bool LoadSlide(unsigned long id, const wchar_t* type);
 
-    /// The slide's highest coordinates, as of the last drawing: 0 before the first.
-    /// @return false when no slide is loaded
+    /// The slide's highest coordinates, as last drawn: 0 before the first drawing.
+    /// @return false if no slide is loaded
     bool getSize(long& x, long& y) const;
 
     /// Sets the background by its AutoCAD Color Index. Does not repaint.
@@ -45,20 +45,20 @@ public:
     int SetBkColor(int index);
     int BackColor() const { return m_backIndex; }
 
-    /// Puts the slide on the clipboard as an enhanced metafile of one unit a pixel.
+    /// Puts the slide on the clipboard as an enhanced metafile of one unit per pixel.
     /// @return false only when the clipboard cannot be opened
     bool Copy();
 
     /// The slide as an enhanced metafile for white paper, on which colour 7 is black.
-    /// @return owned by the caller; null when it cannot be made
+    /// @return owned by the caller; null if it cannot be created
     virtual HENHMETAFILE CreateEnhMetaFileW(CRect rect);
 
 protected:
-    /// No window mirrors its slide.
+    /// Turns off mirroring of the window.
     void PreSubclassWindow() override;
 
-    /// Draws the slide on the present device context, fitted into a rectangle.
-    /// @return false without a slide, without a context, and for a slide of a wrong level
+    /// Draws the slide on the current device context, fitted into a rectangle.
+    /// @return false without a slide or a context, and for a slide of an unsupported level
     bool draw(CRect rect);
 
     afx_msg BOOL OnNcCreate(LPCREATESTRUCT create);

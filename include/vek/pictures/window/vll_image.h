@@ -6,9 +6,9 @@
 
 #include <vek/pictures/window/dplist_image.h>
 
-/// A picture control that shows a list of polylines and the base point, the origin, in a colour that stands out against
-/// the background; one polyline, the current one, is highlighted. It owns what it shows: item path (0) is the base
-/// point, (i + 1) polyline i, and a click is told by that number. A double click shows all of it.
+/// A picture control that shows a list of polylines and the base point, the origin, in a colour that contrasts with the
+/// background; one polyline, the current one, is highlighted. It owns what it shows: item path (0) is the base point,
+/// (i + 1) polyline i, and a click is reported by that number. A double click shows the whole picture.
 class VEK_API CVekVllImage : public CVekDplistImage
 {
     DECLARE_DYNAMIC(CVekVllImage)
@@ -16,22 +16,22 @@ class VEK_API CVekVllImage : public CVekDplistImage
 public:
     CVekVllImage();
 
-    /// Sets the background, and with it white lines where its mean brightness is below 128, black ones otherwise.
-    /// Does not repaint.
+    /// Sets the background, and the line colour: white if its mean brightness is below 128, black otherwise. Does not
+    /// repaint.
     /// @param color `COLORREF`
     void SetBkColor(unsigned long color);
 
-    /// Shows other polylines, fitted into the window. No polyline is highlighted then, though the number of the current
-    /// one stays.
+    /// Shows other polylines, fitted into the window. No polyline is highlighted then, although the number of the
+    /// current one is kept.
     /// @return true
     bool setVll(const CVekArrayTempl<CVekVertexArray>& list);
 
     /// Makes a polyline the current one; -1 for none. A number past the list highlights nothing.
-    /// @return the one before
+    /// @return the previous one
     int SetCurVl(int i);
 
     /// Shows the base point, or hides it and leaves it out of the fit.
-    /// @return what was set before
+    /// @return the previous setting
     bool setDrawBase(bool flag);
 
 protected:
