@@ -67,7 +67,7 @@ void emission(benchmark::State& state)
         for (int64_t i = 0; i < state.range(0); ++i)
             (arguments.*Emit)(gdx);
     };
-    emitAll(); // the list has room from here on
+    emitAll(); // from here on the list has room
     for (auto _ : state)
         emitAll();
     state.SetItemsProcessed(state.iterations() * state.range(0));
@@ -77,7 +77,7 @@ BENCHMARK(emission<&Arguments::polyline>)->RangeMultiplier(10)->Range(1000, 1000
 BENCHMARK(emission<&Arguments::point>)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK(emission<&Arguments::fill>)->RangeMultiplier(10)->Range(1000, 1000000);
 
-/// What emission is held against: copying a finished item into a list with room.
+/// The baseline of emission: copying a finished item into a list with room.
 void copyOfFinishedItem(benchmark::State& state)
 {
     const CVekGDX gdx = filled(1, 1);
@@ -174,7 +174,7 @@ void sortSorted(benchmark::State& state)
 }
 BENCHMARK(sortSorted)->RangeMultiplier(10)->Range(1000, 1000000)->Complexity();
 
-/// Two-vertex polylines all over a field of 1000 by 1000, and a point beside it: every item is looked at.
+/// Two-vertex polylines all over a field of 1000 by 1000, and a point beside it: every item is tested.
 CVekGDX field(std::int64_t count)
 {
     CVekGDX gdx = plain();
@@ -188,7 +188,7 @@ CVekGDX field(std::int64_t count)
     return gdx;
 }
 
-/// @param seen whether somebody looks at the list between two picks
+/// @param seen whether the list is accessed between two picks
 void pick(benchmark::State& state, bool seen)
 {
     CVekGDX gdx = field(state.range(0));
@@ -206,7 +206,7 @@ void pick(benchmark::State& state, bool seen)
 BENCHMARK_CAPTURE(pick, afterPick, false)->RangeMultiplier(10)->Range(1000, 1000000)->Complexity();
 BENCHMARK_CAPTURE(pick, afterLook, true)->RangeMultiplier(10)->Range(1000, 1000000)->Complexity();
 
-/// What the first look after a pick costs.
+/// The cost of the first access after a pick.
 void lookAfterPick(benchmark::State& state)
 {
     CVekGDX gdx = field(state.range(0));

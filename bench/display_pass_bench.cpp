@@ -115,7 +115,7 @@ void passIntoFile(benchmark::State& state, bool svg)
 BENCHMARK_CAPTURE(passIntoFile, emf, false)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK_CAPTURE(passIntoFile, svg, true)->RangeMultiplier(10)->Range(1000, 1000000);
 
-/// Lines of so many dashes together, ten lines.
+/// Ten lines, with so many dashes in total.
 void dashesIntoFile(benchmark::State& state)
 {
     CVekGDX gdx = blank();

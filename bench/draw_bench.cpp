@@ -126,9 +126,9 @@ void BM_patternTest(benchmark::State& state)
     state.SetComplexityN(state.range(0));
 }
 
-// The clipping of a 2,000-gon with a square hole by 1,000 lines at 45 degrees: as the hatch does it, then the bare loop
-// (crossings by line, sorted, taken in pairs), the list of polylines alone that the hatch must hand back, and the whole
-// call.
+// Clips a 2,000-gon with a square hole by 1,000 lines at 45 degrees: the hatch's own clipping, then the bare loop
+// (crossings per line, sorted, taken in pairs), then only the list of polylines that the hatch must return, and the
+// whole call.
 
 constexpr int kEvenOddRows = 1000;
 constexpr double kEvenOddLowest = -500.0;

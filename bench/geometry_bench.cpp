@@ -1,4 +1,4 @@
-/// Cutting, asking and sorting with contours of growing size, so that the order of growth shows.
+/// Cutting, point tests and sorting with contours of growing size, so that the order of growth shows.
 #include "core/geometry/prepared_region.h"
 
 #include <vek/geometry.h>
@@ -37,7 +37,7 @@ Polylines gear(int count)
     return region;
 }
 
-/// A comb with teeth upwards, all of which a level line crosses.
+/// A comb with teeth upwards, all of which are crossed by one level line.
 Polylines comb(int teeth)
 {
     CVekPoint3dArray points;
@@ -110,7 +110,7 @@ void prepare(benchmark::State& state)
 }
 BENCHMARK(prepare)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
 
-/// A polyline of as many segments as the contour that it is cut by, and as many dashes on one line.
+/// Punches a polyline with as many segments as the contour, and as many dashes on one line.
 void punchPolyline(benchmark::State& state)
 {
     const Polylines region = gear(static_cast<int>(state.range(0)));
@@ -156,7 +156,7 @@ void measure(benchmark::State& state)
 }
 BENCHMARK(measure)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
 
-/// From loose sides in disorder to regions.
+/// Builds regions from loose sides in random order.
 void regions(benchmark::State& state)
 {
     const Polylines contours = squares(static_cast<int>(state.range(0)) / 4);
@@ -172,7 +172,7 @@ void regions(benchmark::State& state)
 }
 BENCHMARK(regions)->RangeMultiplier(10)->Range(100, 100000)->Complexity();
 
-/// Regions one in another.
+/// Nested regions.
 void nest(benchmark::State& state)
 {
     Polylines contours;

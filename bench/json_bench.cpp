@@ -7,7 +7,7 @@
 namespace
 {
 
-/// A tree of elements, each with names, numbers, a placement and a polyline, whose text is that long.
+/// A tree of elements, each with names, numbers, a placement and a polyline, as text of that size.
 std::string projectText(std::size_t size)
 {
     std::mt19937 random(1);

@@ -1,5 +1,5 @@
 /// @file
-/// What benchmarks need to know of memory.
+/// Memory settings of the benchmarks.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -14,8 +14,8 @@
 namespace
 {
 
-/// Lets the process keep what it frees. An iteration that ends by freeing a large list would otherwise hand its pages
-/// back, and the next one would measure how the system brings them in again, at about 2 us a page.
+/// Makes the process keep freed memory. Otherwise an iteration that ends by freeing a large list returns its pages to
+/// the system, and the next one measures page faults, at about 2 us a page.
 const bool keepsMemory = [] {
 #ifdef __GLIBC__
     return mallopt(M_TRIM_THRESHOLD, 1 << 30) && mallopt(M_TOP_PAD, 1 << 24) && mallopt(M_MMAP_THRESHOLD, 1 << 30);
@@ -24,7 +24,7 @@ const bool keepsMemory = [] {
 #endif
 }();
 
-/// The rate at which this core copies memory, in and out of its caches, to hold the other figures against.
+/// The rate at which this core copies memory, inside and outside its caches, for comparison with the other figures.
 
 void memoryCopy(benchmark::State& state)
 {

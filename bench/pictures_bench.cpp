@@ -1,4 +1,4 @@
-// Decoding slides, with and without items made of them. The bytes are those of the slide.
+// Decoding slides, with and without creating items from them. The bytes are those of the slide.
 #include "slide_writer.h"
 
 #include <vek/pictures.h>
@@ -56,7 +56,7 @@ void slideEmit(benchmark::State& state)
 {
     const slides::Bytes slide = slideOf(static_cast<int>(state.range(0)));
     CVekGDX gdx;
-    VEK::gdxImageSlide(&gdx, slide, 0, nullptr); // the list has room from here on
+    VEK::gdxImageSlide(&gdx, slide, 0, nullptr); // from here on the list has room
     for (auto _ : state) {
         gdx.clear();
         VEK::gdxImageSlide(&gdx, slide, 0, nullptr);

@@ -1,4 +1,4 @@
-// Lines and figures into the file surfaces, whose bytes go nowhere.
+// Lines and figures on the file surfaces, whose bytes are discarded.
 #include <vek/surfaces.h>
 
 #include <benchmark/benchmark.h>
@@ -94,7 +94,7 @@ void colouredLines(benchmark::State& state, Format format)
 BENCHMARK_CAPTURE(colouredLines, emf, Format::emf)->RangeMultiplier(10)->Range(1000, 100000);
 BENCHMARK_CAPTURE(colouredLines, svg, Format::svg)->RangeMultiplier(10)->Range(1000, 100000);
 
-/// Rings of 40 points with a hole of 30, as glyphs are.
+/// Rings of 40 points with a hole of 30, like glyphs.
 void rings(benchmark::State& state, Format format)
 {
     std::vector<VEK::SurfacePoint> outer, hole;

@@ -15,7 +15,7 @@ using VEK::SurfacePoint;
 
 constexpr int kWidth = 2000, kHeight = 1000;
 
-/// What the machine copies in memory, for scale.
+/// The memory copy rate, for comparison.
 void memoryCopy(benchmark::State& state)
 {
     const auto size = static_cast<std::size_t>(state.range(0));
@@ -112,7 +112,7 @@ void crossedPolygon(benchmark::State& state)
 }
 BENCHMARK(crossedPolygon)->RangeMultiplier(10)->Range(100, 100000);
 
-/// Rings of 40 points with a hole of 30, as glyphs are.
+/// Rings of 40 points with a hole of 30, like glyphs.
 void rings(benchmark::State& state)
 {
     std::vector<SurfacePoint> outer, hole;
@@ -131,7 +131,7 @@ void rings(benchmark::State& state)
 }
 BENCHMARK(rings)->RangeMultiplier(10)->Range(100, 10000);
 
-/// Holes one beside the other before anything is drawn.
+/// Holes side by side, before anything is drawn.
 void manyHoles(benchmark::State& state)
 {
     const auto points = lines(state.range(0), 10, 30);

@@ -25,7 +25,7 @@ CVekVertexArray contour(int segments, double bulge, double phase = 0.0)
     return result;
 }
 
-/// Separate strokes anywhere in a square, shorter the more they are.
+/// Separate strokes anywhere in a square, the more the shorter.
 CVekVertexArray strokes(int count, unsigned seed)
 {
     std::mt19937 source(seed);

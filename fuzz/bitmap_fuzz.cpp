@@ -1,4 +1,4 @@
-// Any bytes as a bitmap file; what it holds is scaled, and packed as PNG and unpacked again.
+// Any bytes as a bitmap file; the result is scaled, and compressed as PNG and decompressed again.
 #include <vek/bitmaps/picture.h>
 
 #include "core/png/png.h"

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-/// Whatever is read comes back from its own text as the same text.
+/// Whatever can be read produces the same text again from its own text.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     CVekDataItem tree;

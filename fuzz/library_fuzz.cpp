@@ -1,4 +1,4 @@
-// Any bytes as a slide library: every entry of its directory, looked up by its own name, must lie in the file.
+// Any bytes as a slide library: every entry of its directory, looked up by its own name, must be inside the file.
 #include <vek/pictures.h>
 
 #include <cstdlib>

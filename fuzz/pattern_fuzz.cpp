@@ -1,4 +1,4 @@
-// Any bytes as a pattern file, and a small region hatched with what it holds.
+// Any bytes as a pattern file, with whose patterns a small region is hatched.
 #include <vek/draw/hatch.h>
 #include <vek/host.h>
 

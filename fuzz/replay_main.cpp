@@ -1,4 +1,4 @@
-// Feeds a fuzz target the files of a folder, so that every input that once mattered is an ordinary test everywhere.
+// Passes the files of a folder to a fuzz target, so that every input that once mattered is an ordinary test everywhere.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -15,7 +15,7 @@ namespace
 
 bool replay(const std::filesystem::path& path)
 {
-    // The name goes out first: it is the last line when the target crashes.
+    // Prints the name first: if the target crashes it is the last line.
     std::printf("%s\n", path.filename().string().c_str());
     std::fflush(stdout);
     std::ifstream file(path, std::ios::binary);

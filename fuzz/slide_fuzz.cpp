@@ -6,7 +6,7 @@
 namespace
 {
 
-/// Counts what a slide tells, which cannot be more than its bytes hold.
+/// Counts the records of a slide, which cannot be more than its bytes contain.
 class Counter : public VEK::SlideVisitor
 {
 public:

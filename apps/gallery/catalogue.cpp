@@ -15,7 +15,7 @@ namespace
 
 using Pictures = std::vector<CataloguePicture>;
 
-/// The files of a folder with an ending, by name.
+/// The files of a folder with an extension, sorted by name.
 std::vector<std::filesystem::path> filesOf(const std::filesystem::path& folder, const char* kind)
 {
     std::vector<std::filesystem::path> files;
@@ -46,7 +46,7 @@ void addSlides(Pictures& pictures, const std::filesystem::path& file, const CVek
                             [input, &slide, file](CVekGDX& gdx, Patterns&) {
                                 if (slide.bytes.empty())
                                     throw Failure(utf8Of(file.filename()) + ": its slide is damaged");
-                                addSlide(gdx, slide, CVekPoint3d::kOrigin); // large, for a pick reaches five units
+                                addSlide(gdx, slide, CVekPoint3d::kOrigin); // large, since a pick reaches five units
                             }});
     }
 }

@@ -1,5 +1,5 @@
 /// @file
-/// What the gallery can show.
+/// The pictures of the gallery.
 #pragma once
 
 #include "shared/patterns.h"
@@ -14,12 +14,12 @@
 struct CataloguePicture {
     CVekString group;
     CVekString name;
-    /// Adds the items, or throws a failure. The patterns are those that the host has while the picture is shown.
+    /// Adds the items, or throws a failure. The patterns are the host's while the picture is shown.
     std::function<void(CVekGDX&, Patterns&)> add;
 };
 
-/// All pictures, those of one group one after the other: the slides and the sheets of a folder of examples, each hatch
-/// pattern, texts, and all kinds of items.
+/// All pictures, group by group: the slides and the sheets of a folder of examples, each hatch pattern, texts, and all
+/// kinds of items.
 /// @param folder UTF-8; empty for none
-/// @param troubles gets a line for each file that cannot be read, and for a folder without pictures
+/// @param troubles receives a line for each file that cannot be read, and for a folder without pictures
 std::vector<CataloguePicture> catalogue(const std::string& folder, std::vector<std::string>& troubles);

@@ -12,11 +12,11 @@
 namespace
 {
 
-constexpr double kPitch = 120.0; // from one sample to the next
+constexpr double kPitch = 120.0; // between samples
 constexpr double kLetter = 6.0;
 constexpr int kIcon = 2000; // of the library
 
-constexpr int kColors[] = {1, 30, 94, 5, 200, 134}; // each of them shows on white and on black
+constexpr int kColors[] = {1, 30, 94, 5, 200, 134}; // each is visible on white and on black
 
 CVekColor indexed(int index)
 {

@@ -1,12 +1,12 @@
 /// @file
-/// The pictures that the gallery brings itself. Each group of items has a path of its own, so that a click picks it.
+/// The gallery's own pictures. Each group of items has its own path, so that a click picks it.
 #pragma once
 
 #include "shared/patterns.h"
 
 #include <vek/display.h>
 
-/// A group for each kind of display item; the picture lies in the corner of the window.
+/// A group for each kind of display item; the picture item is in the corner of the window.
 void addKinds(CVekGDX& gdx, Patterns& patterns);
 
 /// Polylines with arcs, from flat to nearly closed, in several line types.

@@ -8,7 +8,7 @@
 namespace
 {
 
-constexpr int kHighlightIndex = 6; // magenta shows on white, grey and black
+constexpr int kHighlightIndex = 6; // magenta is visible on white, grey and black
 
 std::wstring colorText(const CVekColor& color)
 {
@@ -46,7 +46,7 @@ CVekGDX::Stack pathOf(int number)
 
 Scene::Object::Object() : CVekGDX(paper().backColorGet(), {}, 0.0, 0, CVekPoint3d::kOrigin, CVekPoint3d::kOrigin) {}
 
-/// A pick gives every item without a path the same one.
+/// Gives every item without a path its own one, since a pick would give all the same.
 void Scene::Object::number()
 {
     int next = stackGet();
@@ -60,7 +60,7 @@ Scene::Scene() = default;
 
 void Scene::show(const CataloguePicture& picture)
 {
-    m_patterns.reset(); // the host before stands there again, before the next one takes its place
+    m_patterns.reset(); // restores the previous host before the next one is installed
     m_patterns = std::make_unique<Patterns>();
     m_picture = Object();
     const auto finish = [this] {
@@ -82,7 +82,7 @@ void Scene::show(const CataloguePicture& picture)
     finish();
 }
 
-/// A pick reverses the list, and a colour mode takes other flags with it: the items come back as they were made.
+/// A pick reverses the list, and setting a colour mode clears other flags: so the items are copied from the original.
 void Scene::highlight(int number)
 {
     const CVekMatrix3d view = m_shown.viewMtxGet(), zoom = m_shown.zoomMtxGet();

@@ -1,12 +1,12 @@
 /// @file
-/// The picture that is on show.
+/// The displayed picture.
 #pragma once
 
 #include "catalogue.h"
 
 #include <memory>
 
-/// A display object with one group of its items highlighted. The window's control draws `shown()` and keeps its view
+/// A display object with one group of its items highlighted. The window's control draws `shown()` and stores its view
 /// in it.
 class Scene
 {
@@ -15,19 +15,19 @@ public:
 
     CVekGDX& shown() { return m_shown; }
 
-    /// The picture without highlight, for paper.
+    /// The picture without highlight, for export.
     const CVekGDX& picture() const { return m_picture; }
 
-    /// Makes another picture. Throws a failure when it cannot; what could be added is shown then.
+    /// Shows another picture. Throws a failure if it cannot; the items added so far are shown then.
     void show(const CataloguePicture& picture);
 
-    /// Highlights the items whose path begins with a number, and takes the highlight from those before; -1 from all.
+    /// Highlights the items whose path begins with a number, and removes the previous highlight; -1 removes only.
     void highlight(int number);
 
-    /// In words, what the group of a number is.
+    /// Describes the group of a number in words.
     CVekString describe(int number) const;
 
-    /// A colour behind everything, whatever the picture's own; null for that.
+    /// A background colour that replaces the picture's own; null restores that.
     void setBackground(const CVekColor* color);
 
 private:
@@ -39,7 +39,7 @@ private:
         void number();
     };
 
-    std::unique_ptr<Patterns> m_patterns; ///< those of the picture, which the host has meanwhile
+    std::unique_ptr<Patterns> m_patterns; ///< those of the picture, installed in the host while it is shown
     Object m_picture;
     Object m_shown;
     CVekColor m_ownBack;

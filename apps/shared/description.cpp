@@ -24,7 +24,7 @@ namespace
 
 using nlohmann::json;
 
-/// A value and where it stands, as "items[3].color". It must not outlive the node that it was reached from.
+/// A value and its path, such as "items[3].color". It must not outlive the node from which it was reached.
 class Node
 {
 public:
@@ -39,7 +39,7 @@ public:
     Node at(std::size_t i) const { return {m_value[i], *this, nullptr, i}; }
     Node operator[](const char* member) const { return {m_value.at(member), *this, member, 0}; }
 
-    /// Every member must be one of these, so that no slip of the pen goes unseen.
+    /// Every member must be one of these, so that a typing mistake does not go unnoticed.
     void expectMembers(std::initializer_list<std::span<const std::string_view>> names) const
     {
         if (!m_value.is_object())
@@ -107,7 +107,7 @@ private:
     const json& m_value;
     const std::string* m_file = nullptr; ///< of the outermost value
     const Node* m_parent = nullptr;
-    const char* m_member = nullptr; ///< of an object; of a list the index counts
+    const char* m_member = nullptr; ///< of an object; for a list `m_index` is used
     std::size_t m_index = 0;
 };
 
@@ -222,7 +222,7 @@ VEK::CHatchProp hatchOf(const Node& node)
     return hatch;
 }
 
-/// What all kinds of items share.
+/// The properties shared by all kinds of items.
 struct Common {
     CVekArrayTempl<int> stack;
     unsigned long flag = 0;

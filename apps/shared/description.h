@@ -1,5 +1,5 @@
 /// @file
-/// Display objects told by a JSON text. docs/display-file.md tells the form.
+/// Display objects described by a JSON text, whose format is in docs/display-file.md.
 #pragma once
 
 #include "patterns.h"
@@ -11,6 +11,6 @@
 /// Whether a path names a description.
 bool isDescription(const std::string& path);
 
-/// Adds the items of a description, or fails with the place and the cause. The hatch patterns that it names come in
-/// place of those of `patterns`, and its folder becomes the one in which pictures are sought.
+/// Adds the items of a description, or fails with the place and the cause. The hatch patterns that it names replace
+/// those of `patterns`, and pictures are searched for in its folder.
 void addDescription(CVekGDX& gdx, const std::string& path, Patterns& patterns);

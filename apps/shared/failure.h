@@ -1,5 +1,5 @@
 /// @file
-/// How a command ends early.
+/// Early exit of a command.
 #pragma once
 
 #include <vek/values/memory.h>
@@ -13,7 +13,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Ends the program where something that it has built so far may be incomplete.
+/// Ends the program if memory ran out, since something that it has built may be incomplete.
 inline void checkMemory()
 {
     if (VEK::memoryShortages() > 0)

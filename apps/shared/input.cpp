@@ -9,7 +9,7 @@
 namespace
 {
 
-/// Whether the bytes hold the whole header of a slide.
+/// Whether the bytes contain the whole header of a slide.
 bool isSlide(VEK::SlideBytes bytes)
 {
     return bytes.size() >= 34 ? bytes[18] == 1 || bytes[18] == 2 : bytes.size() >= 31 && bytes[18] == 2;

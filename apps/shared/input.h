@@ -12,20 +12,20 @@ struct InputSlide {
     VEK::SlideBytes bytes;
 };
 
-/// A slide file or a slide library, read as a whole. Names and paths are UTF-8.
+/// A slide file or a slide library, read completely. Names and paths are UTF-8.
 class Input
 {
 public:
-    /// Throws a failure when the file cannot be read or is neither.
+    /// Throws a failure if the file cannot be read or is neither.
     explicit Input(const std::string& path);
 
     const std::string& path() const { return m_path; }
     bool isLibrary() const { return m_isLibrary; }
 
-    /// All slides. One whose bytes are no slide has none.
+    /// All slides. The bytes are empty for one that is not a slide.
     const std::vector<InputSlide>& slides() const { return m_slides; }
 
-    /// The slide of a name, or of a slide file the only one, which has none. Throws a failure when it is not there.
+    /// The slide of a name, or the only one of a slide file, which has no name. Throws a failure if there is none.
     const InputSlide& slide(const std::string& name) const;
 
 private:
@@ -37,12 +37,12 @@ private:
     std::vector<InputSlide> m_slides;
 };
 
-/// The wide text of UTF-8, and back.
+/// Conversion between UTF-8 and wide text.
 CVekString wide(const std::string& text);
 std::string utf8(const CVekString& text);
 
-/// The bytes of a file of at most 256 MB. Throws a failure when it cannot be read.
+/// The bytes of a file of at most 256 MB. Throws a failure if it cannot be read.
 std::string readWhole(const std::string& path);
 
-/// The ending of a path in small letters, with its dot.
+/// The extension of a path in lower case, with its dot.
 std::string ending(const std::string& path);

@@ -6,7 +6,7 @@
 namespace
 {
 
-constexpr double kBlank = 0.8;   // in em; the font itself gives a blank no room
+constexpr double kBlank = 0.8;   // in em; the font itself gives a blank no width
 constexpr double kSpacing = 0.5; // between two glyphs
 
 } // namespace
@@ -23,7 +23,7 @@ void addText(CVekGDX& gdx, const CVekString& wanted, const CVekMatrix3d& place, 
     std::wstring letters(static_cast<const wchar_t*>(wanted));
     std::replace(letters.begin(), letters.end(), L'_', L'['); // the font's low bar
     const CVekString text(letters.c_str());
-    CVekGDX words = paper(); // one after the other, from the origin on
+    CVekGDX words = paper(); // one after the other, from the origin
     double x = 0.0;
     for (int from = 0; from < text.len();) {
         int to = text.find(L' ', from);

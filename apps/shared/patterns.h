@@ -7,8 +7,8 @@
 
 #include <string>
 
-/// A host that knows the program's own patterns, which examples/patterns holds, or those of a file; installed while it
-/// lives.
+/// A host that provides the program's own patterns, from examples/patterns, or those of a file; installed during its
+/// lifetime.
 class Patterns
 {
 public:
@@ -17,7 +17,7 @@ public:
     Patterns(const Patterns&) = delete;
     Patterns& operator=(const Patterns&) = delete;
 
-    /// Takes the patterns of a file in place of the present ones. Throws a failure when it cannot be read.
+    /// Replaces the patterns by those of a file. Throws a failure if it cannot be read.
     void load(const std::string& path);
 
     const CVekArrayTempl<VEK::CHatchPattern>& all() const { return m_all; }
@@ -30,5 +30,5 @@ private:
     CVekApp* m_before;
 };
 
-/// The patterns of a file. Throws a failure when it cannot be read.
+/// The patterns of a file. Throws a failure if it cannot be read.
 CVekArrayTempl<VEK::CHatchPattern> patternsOf(const std::string& path);

@@ -13,10 +13,10 @@
 namespace
 {
 
-constexpr double kLines = 20.0; // across a sample, all families together, gaps not counted
-constexpr double kRows = 14.0;  // of the closest family at most
+constexpr double kLines = 20.0; // across a sample, of all families together, without gaps
+constexpr double kRows = 14.0;  // at most, of the densest family
 
-/// The share of a family's lines that is drawn.
+/// The fraction of a family's lines that is drawn.
 double drawnShare(const CVekArrayTempl<double>& family)
 {
     double drawn = 0.0, whole = 0.0;
@@ -27,10 +27,10 @@ double drawnShare(const CVekArrayTempl<double>& family)
     return whole > 0.0 ? drawn / whole : 1.0;
 }
 
-/// The side of a sample in pattern units, in which a good number of lines show.
+/// The side of a sample in pattern units, so that a good number of lines is visible.
 double sideOf(const VEK::CHatchPattern& pattern)
 {
-    double lines = 0.0, rows = 0.0; // to one unit
+    double lines = 0.0, rows = 0.0; // per unit
     for (const CVekArrayTempl<double>& family : pattern.lines) {
         const double distance = std::fabs(family[4]);
         if (distance > 0.0) {

@@ -13,11 +13,10 @@ struct SampleLook {
     bool crossed = false;
 };
 
-/// Adds a square of a sheet, hatched with a pattern that the host knows, in a size in which a good number of lines
-/// show.
-/// @param corner lower left one of the square, whose side is `Sheet::kCell`
+/// Adds a square of a sheet, hatched with a pattern of the host, at a scale at which a good number of lines is visible.
+/// @param corner lower left corner of the square, whose side is `Sheet::kCell`
 void addSample(CVekGDX& gdx, const CVekArrayTempl<int>& stack, const VEK::CHatchPattern& pattern,
                const SampleLook& look, const CVekPoint3d& corner);
 
-/// Puts a slide into a square of a sheet, as large as it can be.
+/// Puts a slide into a square of a sheet, as large as possible.
 void addSlide(CVekGDX& gdx, const InputSlide& slide, const CVekPoint3d& corner);

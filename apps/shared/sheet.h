@@ -9,13 +9,13 @@ struct Size {
     int height = 0;
 };
 
-/// Squares in rows with a name beneath each, in the shape of the picture.
+/// Squares in rows with a name beneath each, with an aspect ratio like the picture's.
 class Sheet
 {
 public:
     static constexpr double kCell = 1000.0; ///< side of a square
 
-    /// @param count of squares, at least 1
+    /// @param count number of squares, at least 1
     Sheet(int count, Size size);
 
     /// Adds the name of the next square.

@@ -1,5 +1,5 @@
 /// @file
-/// What the program does; each command throws a failure when it cannot.
+/// The program's commands; each throws a failure if it cannot do its work.
 #pragma once
 
 #include "picture.h"
@@ -13,16 +13,16 @@ struct DrawOptions {
     std::string slide;      ///< empty for all slides of a library
     std::string size;       ///< "WxH"; empty for the default
     std::string view;       ///< a keyword of the view table; empty for the plan
-    double scale = 1.0;     ///< factor on what is told in pixels
+    double scale = 1.0;     ///< factor on lengths given in pixels
     std::string background; ///< a colour, as of a screen; empty for paper
 };
 
 void drawCommand(const DrawOptions& options);
 
-/// The names of a library's slides, or of the patterns of a file, one a line.
+/// Lists the names of a library's slides, or of the patterns of a file, one per line.
 void listCommand(const std::string& input);
 
-/// Items by type, extents and colours of all slides, of one, or of a description.
+/// Prints items by type, extents and colours of all slides, of one, or of a description.
 void infoCommand(const std::string& input, const std::string& slide);
 
 struct HatchOptions {

@@ -1,4 +1,4 @@
-// The command line of the library. docs/command-line.md tells how it is used.
+// The command line of the library. docs/command-line.md describes its use.
 #include "commands.h"
 #include "core/platform/platform.h"
 #include "shared/failure.h"
@@ -11,7 +11,7 @@
 namespace
 {
 
-/// One line, whatever the text.
+/// Prints one line, whatever the text.
 int fail(std::string text)
 {
     std::replace(text.begin(), text.end(), '\n', ' ');
@@ -23,7 +23,7 @@ void run(std::vector<std::string> arguments)
 {
     CLI::App app("Draws slides, display descriptions, hatches and texts of facade and metal CAD.", "vek");
     app.require_subcommand(1);
-    app.allow_windows_style_options(false); // a path may begin with a slash in every system
+    app.allow_windows_style_options(false); // a path may begin with a slash on every system
 
     DrawOptions draw;
     CLI::App* drawing =

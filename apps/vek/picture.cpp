@@ -14,7 +14,7 @@ namespace
 
 constexpr unsigned kWhite = 0xFFFFFF;
 
-/// Parts of a pixel in a metafile, so that it can be enlarged.
+/// Parts per pixel in a metafile, so that it can be enlarged.
 constexpr int kFineness = 16;
 
 void draw(CVekGDX& gdx, VEK::CSurface& surface, Size size, const PictureLook& look)
@@ -72,7 +72,7 @@ void writePicture(CVekGDX& gdx, const std::string& path, Size size, const Pictur
             kind == ".emf" ? VEK::emfSurface(sink, kFineness) : VEK::svgSurface(sink, size.width, size.height);
         checkMemory();
         if (kind == ".svg" &&
-            !look.onScreen) // a metafile lies on its document's paper; a viewer of SVG may have a dark page
+            !look.onScreen) // a metafile is on its document's paper; an SVG viewer may have a dark background
             surface->solidRect(0.0, 0.0, size.width, size.height, kWhite);
         draw(gdx, *surface, size, look);
         isWritten = surface->finish();

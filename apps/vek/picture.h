@@ -6,17 +6,16 @@
 
 #include <string>
 
-/// The size that an option tells as "800x600", or another one without it. Throws a failure for anything else.
+/// The size of an option such as "800x600", or a default without it. Throws a failure for anything else.
 Size sizeOf(const std::string& text, Size otherwise);
 
-/// Fails, before any work is done, when a picture of that name could not be written for its ending.
+/// Fails, before any work is done, if the extension of the name is not that of a picture format.
 void checkPictureName(const std::string& path);
 
-/// How a picture looks beside its items.
+/// The appearance of a picture, apart from its items.
 struct PictureLook {
-    double scale = 1.0; ///< factor on what is told in pixels
-    bool onScreen =
-        false; ///< painted in the back colour, against which everything stands out; otherwise on white paper
+    double scale = 1.0;    ///< factor on lengths given in pixels
+    bool onScreen = false; ///< painted in the back colour, with which everything contrasts; otherwise on white paper
 };
 
 /// Fits the items into a picture and writes it, or fails and leaves no file.

@@ -1,6 +1,6 @@
-// Painting the picture control: the time of a paint beside a bare program that makes the same calls of the device, the
-// time of a pan beyond the picture, and the time from a wheel step to the finished paint. Google Benchmark is not there
-// for this compiler, so the program takes turns itself and tells the medians.
+// Painting the picture control: the time of a paint compared with a bare program that makes the same device calls, the
+// time of a pan beyond the picture, and the time from a wheel step to the finished paint. Google Benchmark is not
+// available for this compiler, so the program repeats the runs itself and prints the medians.
 #include <vek/display.h>
 #include <vek/pictures.h>
 #include <vek/surfaces.h>
@@ -112,7 +112,7 @@ void measure(CVekDplistImage& control, int count)
     for (int round = 0; round < kRounds; ++round) {
         gdx.zoomMtxSet(none);
         Clock::time_point from;
-        for (int turn = 0; turn < 3; ++turn) { // the first of each is only to find memory in one state
+        for (int turn = 0; turn < 3; ++turn) { // the first run of each only warms up memory
             from = Clock::now();
             VEK::gdxDraw(gdx, *VEK::gdiSurface(memory.m_hDC), kHeight, kWidth, VEK::screenRules);
             GdiFlush();

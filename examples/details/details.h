@@ -34,7 +34,7 @@ Bytes drillScrew(Format format);
 /// @param drills whether it ends in a drill point
 void drawScrew(Drawing& drawing, double diameter, double length, double washer, bool drills);
 
-/// All files of the example by name: a library and some slides of it as files of their own.
+/// All example files by name: a library and some of its slides as separate files.
 std::vector<std::pair<std::string, Bytes>> exampleFiles();
 
 } // namespace slides

@@ -56,7 +56,7 @@ double area(const Path& path)
     return twice / 2.0;
 }
 
-/// The outer path with its holes cut open towards it, since a fill is one polygon.
+/// The outer path joined to its holes by slits, since a fill is one polygon.
 Path slit(Path outer, std::vector<Path> holes)
 {
     if (area(outer) < 0.0)

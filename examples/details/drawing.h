@@ -16,7 +16,7 @@ struct Mm {
 
 using Path = std::vector<Mm>;
 
-/// Where a part stands: mirrored at its y axis, then turned about its origin, then moved.
+/// The position of a part: mirrored at its y axis, then rotated about its origin, then moved.
 struct Place {
     Mm at;
     double degrees = 0.0;
@@ -24,7 +24,7 @@ struct Place {
 
     Mm operator()(Mm point) const;
 
-    /// A place given within another one.
+    /// A position given relative to another one.
     Place operator*(const Place& inner) const;
 };
 
@@ -65,10 +65,10 @@ Path strip(const Path& axis, double thickness);
 
 Path joined(Path a, const Path& b);
 
-/// The reverse path on the other side of the y axis.
+/// The reverse path mirrored at the y axis.
 Path mirrored(Path path);
 
-/// The path with x and y exchanged.
+/// The path with x and y swapped.
 Path swapped(Path path);
 
 /// The closed shape whose right half this is, from the y axis below to the y axis above.
@@ -80,7 +80,7 @@ public:
     /// A sheet of that size with its lower left corner at the origin.
     Drawing(Format format, double width, double height, double unitsPerMm);
 
-    /// Parts drawn from here on stand there.
+    /// Sets the position of the following parts.
     void place(const Place& place) { m_place = place; }
     const Place& place() const { return m_place; }
 
@@ -99,13 +99,13 @@ public:
     /// A dash-dot line.
     void centreLine(Mm from, Mm to);
 
-    /// Parallel lines inside a closed path, in the colour that is set.
+    /// Parallel lines inside a closed path, in the current colour.
     void hatch(const Path& path, double degrees, double spacing);
 
-    /// The zigzag of insulation between two parallel lines: the axis of the layer and its thickness.
+    /// The zigzag of insulation between two parallel lines, given by the layer's axis and thickness.
     void zigzag(Mm from, Mm to, double thickness, double step);
 
-    /// The wavy end of something that goes on beyond the picture.
+    /// The wavy end of a part that continues beyond the picture.
     void breakLine(Mm from, Mm to);
 
     Bytes finish() const { return m_writer.finish(); }

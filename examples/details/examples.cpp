@@ -5,7 +5,7 @@ namespace slides
 
 std::vector<std::pair<std::string, Bytes>> exampleFiles()
 {
-    // Names in code page 1252, as libraries of the suite have them.
+    // Names in code page 1252, as in the suite's libraries.
     const std::vector<std::pair<std::string, Bytes>> details = {
         {"PFOSTEN", mullionSection(Format::level2Little)},
         {"RIEGEL", transomSection(Format::level2Little)},

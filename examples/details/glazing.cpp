@@ -154,7 +154,7 @@ Bytes transomSection(Format format)
     pane(d, -kGlassEdge, -76.0);
     gaskets(d);
     d.body(mirrored(insulator()), ink::polyamide);
-    // The upper pane stands on a support in the rebate, by a setting block.
+    // The upper pane rests on a support in the rebate, on a setting block.
     d.body({{5.0, 4.0}, {7.0, 4.0}, {7.0, 38.0}, {4.0, 38.0}, {4.0, 36.0}, {5.0, 36.0}}, ink::steel);
     d.body(rect(7.0, kGlassInside, 3.0, kGlassOutside - kGlassInside), ink::gasket);
     clamp(d);

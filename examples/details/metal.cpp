@@ -5,7 +5,7 @@ namespace slides
 namespace
 {
 
-/// A hexagon bolt along x through parts that are together `grip` thick, its head at the left of the origin.
+/// A hexagon bolt along x through parts with a total thickness `grip`, its head to the left of the origin.
 void bolt(Drawing& d, double diameter, double grip)
 {
     const double r = diameter / 2.0;
@@ -109,7 +109,7 @@ Bytes bracketSection(Format format)
         slots.push_back(joined(slotEnd(230.0, y, 90.0), slotEnd(250.0, y, -90.0)));
     d.fill(fin, ink::steel, slots);
     d.outline(fin);
-    for (const double y : {252.0, 292.0}) { // the washers hide what lies between the ends
+    for (const double y : {252.0, 292.0}) { // the washers hide the part between the ends
         d.open(slotEnd(230.0, y, 90.0));
         d.open(slotEnd(250.0, y, -90.0));
     }
@@ -197,7 +197,7 @@ Bytes cornerAngle(Format format)
         d.hatch(section, 45.0, 3.0);
         d.outline(section);
     }
-    // What is fastened: one profile wall below, one on the left.
+    // The fastened parts: one profile wall below, one on the left.
     const Path below = rect(38.5, -4.0, 30.0, 4.0);
     for (const Path& wall : {rect(-4.0, -4.0, 33.5, 4.0), below, swapped(rect(0.0, -4.0, 29.5, 4.0)), swapped(below)})
         d.body(wall, ink::aluminium);

@@ -23,7 +23,7 @@ std::string little(std::size_t value, int size)
     return bytes;
 }
 
-/// Rows from the bottom, each of whole 32 bits.
+/// Rows from the bottom, each padded to 32 bits.
 template <class ValueOf>
 std::string packed(const VEK::CPixels& pixels, int bits, ValueOf valueOf)
 {
@@ -40,7 +40,7 @@ std::string packed(const VEK::CPixels& pixels, int bits, ValueOf valueOf)
     return bytes;
 }
 
-/// A bitmap of 4 bits a pixel without file header; as the image of an icon it has a mask, where the picture is white.
+/// A bitmap of 4 bits per pixel without file header; as an icon image it has a mask where the picture is white.
 std::string bitmapOf(const VEK::CPixels& pixels, bool isIcon)
 {
     std::vector<unsigned> colors;
@@ -52,7 +52,7 @@ std::string bitmapOf(const VEK::CPixels& pixels, bool isIcon)
     std::string bytes = little(40, 4) + little(static_cast<std::size_t>(pixels.width), 4) +
                         little(isIcon ? 2 * height : height, 4) + little(1, 2) + little(4, 2) + little(0, 16) +
                         little(colors.size(), 4) + little(0, 4);
-    for (const unsigned color : colors) { // blue comes first, and in an icon what is left out is black
+    for (const unsigned color : colors) { // blue comes first; the masked colour of an icon is black
         const unsigned shown = isIcon && color == kWhite ? 0 : color;
         bytes += little(shown >> 16, 1) + little(shown >> 8, 1) + little(shown, 1) + little(0, 1);
     }
@@ -81,7 +81,7 @@ std::string iconFile(const std::vector<VEK::CPixels>& images)
     return little(0, 2) + little(1, 2) + little(images.size(), 2) + entries + data;
 }
 
-/// Text with its lower left corner at (x, y), which counts from the top.
+/// Text with its lower left corner at (x, y), measured from the top.
 void write(VEK::CSurface& surface, int height, const wchar_t* text, double x, double y, double size)
 {
     CVekColor white, ink;
@@ -109,7 +109,7 @@ VEK::CPixels northArrow(int size)
     const VEK::SurfacePoint right[] = {{middle, 1}, {middle, size * 0.66}, {middle + wide, size * 0.85}};
     surface->brush(kRed);
     surface->polygon(left, 3);
-    surface->brush(0xFEFEFE); // not the white that is left out
+    surface->brush(0xFEFEFE); // not the white that is masked
     surface->polygon(right, 3);
     return pixels;
 }

@@ -40,7 +40,7 @@ SlideWriter::SlideWriter(Format format, int hiX, int hiY) : m_format(format)
     byte(oldLevel ? 1 : 2);
     const double aspect = hiY > 0 ? static_cast<double>(hiX) / hiY : 1.0;
     if (oldLevel) {
-        // The highest point of a level 1 slide stands high byte first, its records low byte first.
+        // The highest point of a level 1 slide is written high byte first, its records low byte first.
         byte(hiX >> 8);
         byte(hiX);
         byte(hiY >> 8);
@@ -101,8 +101,8 @@ void SlideWriter::color(int index)
 
 void SlideWriter::fill(std::vector<Point> corners)
 {
-    // The first corner is given again by the record that ends the fill and is marked by a negative y, so that it must
-    // not lie at 0.
+    // The record that ends the fill repeats the first corner, marked by a negative y, so that corner must not have y =
+    // 0.
     const auto above = std::find_if(corners.begin(), corners.end(), [](Point point) { return point.y > 0; });
     std::rotate(corners.begin(), above, corners.end());
     const auto vertex = [this](int x, int y) {
@@ -130,9 +130,9 @@ void SlideWriter::chain(const std::vector<Point>& points)
 {
     if (points.size() < 2)
         return;
-    // A device leaves the last pixel of a line out, so every corner must be where a line begins: all lines run one way.
-    // An open chain has its first line backwards, since the last point after a vector is its start, from which short
-    // lines can go on: what it leaves out is an end.
+    // A device leaves out the last pixel of a line, so a line must begin at every corner: all lines run the same way.
+    // The first line of an open chain is written backwards, since the last point after a vector is its start, from
+    // which short lines can continue: so only the pixel at an end is left out.
     std::size_t next = 1;
     if (points.front() != points.back())
         line(points[next++], points.front());

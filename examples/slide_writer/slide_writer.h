@@ -1,5 +1,5 @@
 /// @file
-/// Writes slides and slide libraries. It knows nothing of the reader.
+/// Writes slides and slide libraries, independently of the reader.
 #pragma once
 
 #include <cstdint>
@@ -28,17 +28,17 @@ public:
     /// @param hiX, hiY the corner opposite to the origin
     SlideWriter(Format format, int hiX, int hiY);
 
-    /// The records one by one. The last point is the start of a vector and of an offset vector, but the end of a
-    /// common-endpoint vector, as the format has it; the steps count from it and are from -128 to 127.
+    /// The single records. The last point is the start of a vector and of an offset vector, but the end of a
+    /// common-endpoint vector, as the format defines it; the steps are relative to it and from -128 to 127.
     void vector(Point from, Point to);
     void offsetVector(Point fromStep, Point toStep);
     void endpointVector(Point step);
     void color(int index);
 
-    /// @param corners at least three, not repeated at the end; one of them must stand above y = 0
+    /// @param corners at least three, not repeated at the end; at least one above y = 0
     void fill(std::vector<Point> corners);
 
-    /// A line by the shortest record that holds it, and a chain of lines: at each of its corners a line begins.
+    /// A line by the shortest record that can represent it, and a chain of lines: a line begins at each of its corners.
     void line(Point from, Point to);
     void chain(const std::vector<Point>& points);
 
@@ -56,7 +56,7 @@ private:
     Point m_last;
 };
 
-/// A library of slides with their names, in a code page of 8 bits and of at most 31 bytes.
+/// A library of slides with their names, in an 8-bit code page and at most 31 bytes long.
 Bytes makeLibrary(const std::vector<std::pair<std::string, Bytes>>& slides);
 
 } // namespace slides

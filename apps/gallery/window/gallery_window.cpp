@@ -18,12 +18,12 @@
 namespace
 {
 
-// At 96 dots an inch.
+// At 96 dots per inch.
 constexpr int kWidth = 1000, kHeight = 700;
 constexpr int kSmallestWidth = 480, kSmallestHeight = 320;
-constexpr int kGap = 6; // around the controls; between list and picture it is the bar to drag
+constexpr int kGap = 6; // around the controls; between list and picture it is the splitter bar
 constexpr int kSmallestPart = 120;
-constexpr int kCountWidth = 110; // of the status bar's second part
+constexpr int kCountWidth = 110; // of the status bar's second pane
 constexpr int kKeyPan = 40;
 
 constexpr double kSameZoom = 1e-6;
@@ -105,7 +105,7 @@ bool GalleryWindow::open(const CVekString& name, const std::vector<std::string>&
     return true;
 }
 
-/// As large as the monitor's resolution wants it, and at most as large as the monitor.
+/// Sets the size for the monitor's resolution, at most that of the monitor.
 void GalleryWindow::takeSize()
 {
     MONITORINFO monitor = {};
@@ -149,8 +149,8 @@ void GalleryWindow::OnDestroy()
     PostQuitMessage(0);
 }
 
-/// The wheel belongs to the window beneath the pointer, wherever the focus is. A click on the picture takes the
-/// highlight back before the picture tells what it has hit, since it tells nothing when that is nothing.
+/// The wheel goes to the window beneath the pointer, wherever the focus is. A click on the picture removes the
+/// highlight before the picture reports the hit, since it reports nothing if nothing is hit.
 BOOL GalleryWindow::PreTranslateMessage(MSG* message)
 {
     if (message->message == WM_MOUSEWHEEL) {
@@ -209,7 +209,7 @@ void GalleryWindow::OnSize(UINT type, int width, int height)
     if (type == SIZE_MINIMIZED || m_status.m_hWnd == nullptr)
         return;
     layOut();
-    if (m_picture.showsExtents()) // who zoomed in keeps looking at the same place
+    if (m_picture.showsExtents()) // a zoomed picture keeps its position
         fit();
 }
 
@@ -223,8 +223,8 @@ void GalleryWindow::OnSetFocus(CWnd*)
     ::SetFocus(m_focus != nullptr ? m_focus : m_list.m_hWnd);
 }
 
-/// What a dialog does with it: for the letter of the label IsDialogMessage sends it twice, for the label and then for
-/// the control behind it.
+/// As in a dialog: for the mnemonic of a label IsDialogMessage sends it twice, for the label and then for the control
+/// after it.
 LRESULT GalleryWindow::OnNextControl(WPARAM which, LPARAM isWindow)
 {
     const HWND next =
@@ -252,7 +252,7 @@ LRESULT GalleryWindow::OnDpiChanged(WPARAM dpi, LPARAM suggested)
     return 0;
 }
 
-/// Between list and picture.
+/// The splitter bar between list and picture.
 CRect GalleryWindow::bar() const
 {
     CRect list, picture;
@@ -331,7 +331,7 @@ HTREEITEM GalleryWindow::find(const CVekString& name) const
 void GalleryWindow::OnSelect(NMHDR* header, LRESULT* result)
 {
     const auto* change = reinterpret_cast<NMTREEVIEWW*>(header);
-    if (m_isFilled) // a group's heading stands for its first picture
+    if (m_isFilled) // a group's heading selects its first picture
         show(static_cast<std::size_t>(change->itemNew.lParam));
     *result = 0;
 }
@@ -381,7 +381,7 @@ LRESULT GalleryWindow::OnPick(WPARAM, LPARAM number)
 bool GalleryWindow::askPath(CString& path, LPCWSTR extension, LPCWSTR filter)
 {
     std::wstring name = static_cast<const wchar_t*>(m_pictures[m_current].name);
-    // With a sign that no file name has, as a slide's may, the dialog would not open.
+    // With a character that is not allowed in file names, which a slide's name may contain, the dialog would not open.
     std::replace_if(
         name.begin(), name.end(), [](wchar_t sign) { return sign < 32 || std::wcschr(L"\\/:*?\"<>|", sign); }, L'_');
     CFileDialog dialog(FALSE, extension, name.c_str(), OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, filter, this);
@@ -399,7 +399,7 @@ void GalleryWindow::tellExported(const CString& path, bool isWritten)
         AfxMessageBox((file + L" cannot be written").c_str(), MB_OK | MB_ICONERROR);
 }
 
-/// A metafile takes the place of an older one when it is whole.
+/// A metafile replaces an existing one only when it is complete.
 bool GalleryWindow::writeMetafile(const CString& path)
 {
     CRect area;
@@ -418,7 +418,7 @@ bool GalleryWindow::writeMetafile(const CString& path)
     return isWritten;
 }
 
-/// The picture fits itself into the size of the control, so that paper shows what the window shows at its extents.
+/// The picture is fitted into the size of the control, so that the export shows what the window shows at its extents.
 void GalleryWindow::OnExportMetafile()
 {
     CString path;
@@ -440,7 +440,7 @@ void GalleryWindow::OnExportSvg()
         tellExported(path, false);
         return;
     }
-    surface->solidRect(0.0, 0.0, area.Width(), area.Height(), kWhite); // a viewer may have a dark page
+    surface->solidRect(0.0, 0.0, area.Width(), area.Height(), kWhite); // a viewer may have a dark background
     VEK::gdxDraw(paper, *surface, area.Height(), area.Width(), VEK::scalableRules);
     tellExported(path, surface->finish());
 }
@@ -457,7 +457,7 @@ void GalleryWindow::OnCopy()
     CVekGDX paper = m_scene.picture();
     const DWORD before = GetClipboardSequenceNumber();
     refresh(&paper, nullptr, area.Height(), area.Width());
-    // Emptying alone counts as a change, too.
+    // Merely emptying the clipboard counts as a change, too.
     const bool isThere = GetClipboardSequenceNumber() != before && IsClipboardFormatAvailable(CF_ENHMETAFILE);
     tell(isThere ? L"Copied as an enhanced metafile" : L"The clipboard is in use");
 }
@@ -484,7 +484,7 @@ void GalleryWindow::OnZoomOut()
     wheel(-WHEEL_DELTA);
 }
 
-/// An arrow key shows what lies further in its direction.
+/// An arrow key reveals more in its direction.
 bool GalleryWindow::panByKey(WPARAM key)
 {
     const int step = scaled(kKeyPan);

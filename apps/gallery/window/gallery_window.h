@@ -11,26 +11,26 @@
 #include <string>
 #include <vector>
 
-/// The picture control, which keys can pan, too.
+/// The picture control, which can also be panned by keys.
 class GalleryPicture : public CVekDplistImage
 {
 public:
     /// Moves the picture by pixels.
     void pan(int x, int y);
 
-    /// Whether the zoom is what it is at the extents; steps there and back leave rounding errors.
+    /// Whether the zoom equals that of the extents, up to the rounding errors of zooming in and out.
     bool showsExtents() const;
 };
 
-/// A list of pictures on the left, the chosen one on the right, a status bar beneath; the bar between list and picture
-/// can be dragged.
+/// A list of pictures on the left, the selected one on the right, a status bar beneath; the bar between list and
+/// picture can be dragged.
 class GalleryWindow : public CWnd
 {
 public:
     explicit GalleryWindow(std::vector<CataloguePicture> pictures);
 
-    /// Opens the window and shows the picture of a name, in any case, or the first one.
-    /// @return false when it cannot be opened or there is no picture of that name
+    /// Opens the window and shows the picture of a name, ignoring case, or the first one.
+    /// @return false if it cannot be opened or there is no picture of that name
     bool open(const CVekString& name, const std::vector<std::string>& troubles);
 
 protected:
@@ -87,8 +87,8 @@ private:
     CStatusBarCtrl m_status;
     CFont m_font;
     HACCEL m_accelerators = nullptr;
-    HWND m_focus = nullptr; ///< of the child that gets the focus back
+    HWND m_focus = nullptr; ///< the child that gets the focus back
     int m_dpi = 96;
-    int m_listWidth = 230; ///< at 96 dots an inch
+    int m_listWidth = 230; ///< at 96 dots per inch
     bool m_isFilled = false;
 };

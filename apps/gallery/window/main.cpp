@@ -1,4 +1,4 @@
-// The window that shows every picture of the library. docs/gallery.md tells how it is used.
+// The window that shows every picture of the library. docs/gallery.md describes its use.
 #include "core/platform/platform.h"
 #include "gallery_window.h"
 #include "shared/failure.h"
@@ -14,11 +14,11 @@ namespace
 {
 
 struct Options {
-    std::string examples; ///< folder; empty: sought beside the program
+    std::string examples; ///< folder; empty: searched for beside the program
     std::string picture;
 };
 
-/// The folder of examples beside the program, or in one of the folders around it, as in a build.
+/// The folder of examples beside the program, or in one of its parent folders, as in a build.
 std::string examplesOfProgram()
 {
     std::error_code error;
@@ -31,7 +31,7 @@ std::string examplesOfProgram()
     }
 }
 
-/// A program of windows has no console of its own: without one the text comes in a box.
+/// A GUI program has no console of its own: without one the text appears in a message box.
 void report(const std::string& text, UINT kind)
 {
     const HANDLE out = GetStdHandle(kind == MB_ICONERROR ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE);
@@ -40,7 +40,7 @@ void report(const std::string& text, UINT kind)
         MessageBoxW(nullptr, wide(text), L"VEK Gallery", MB_OK | kind);
 }
 
-/// @return false when the program ends here, with a help text told
+/// @return false if the program ends here, after showing a text
 bool parse(Options& options)
 {
     CLI::App app("Shows slides, sheets, hatch patterns, texts and all kinds of items.", "gallery");

@@ -19,4 +19,4 @@
 #define IDC_LIST_LABEL 201
 #define IDC_LIST 202
 #define IDC_STATUS 203
-#define IDC_PICTURE 0x8001 // the control tells of a pick by a message of this number, so it is one for programs
+#define IDC_PICTURE 0x8001 // also the number of the message that reports a pick, so in the range for applications
