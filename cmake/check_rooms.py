@@ -42,23 +42,23 @@ def without_comments(text):
     return TOKEN.sub(lambda m: re.sub(r"[^\n]", " ", m[0]) if m["comment"] else m[0], text)
 
 
-class House:
+class RoomCheck:
     def __init__(self, root, table):
         self.root = root
         self.findings = []
         self.folders = {}
-        self.chiefs = {}
+        self.main_headers = {}
         self.reach = {}
         for line in table.read_text().splitlines():
             name, folder, headers, uses = line.split("|")
             self.folders[folder] = name
-            self.chiefs.update({f"include/vek/{header}.h": name for header in headers.split(",")})
+            self.main_headers.update({f"include/vek/{header}.h": name for header in headers.split(",")})
             self.reach[name] = {name}.union(*(self.reach[lower] for lower in uses.split(",") if lower))
 
     def room(self, path):
         """The room of a file under src/ or include/, or None."""
-        if path in self.chiefs:
-            return self.chiefs[path]
+        if path in self.main_headers:
+            return self.main_headers[path]
         parts = path.split("/")
         if path.startswith("include/vek/"):
             return parts[2] if len(parts) > 3 and parts[2] in self.reach else None
@@ -78,8 +78,8 @@ class House:
 
     def check_includes(self, path, text):
         room = self.room(path)
-        anyones = path in ("include/vek/vek.h", "include/vek/export.h")
-        if room is None and not anyones:
+        is_shared = path in ("include/vek/vek.h", "include/vek/export.h")
+        if room is None and not is_shared:
             self.find(path, text, 0, "belongs to no room")
             return
         for match in INCLUDE.finditer(text):
@@ -89,7 +89,7 @@ class House:
             lower = self.room(target)
             if not (self.root / target).is_file():
                 self.find(path, text, match.start(), f"{match[2]} is not there")
-            elif (anyones and lower is not None) or (path, target) in KEPT:
+            elif (is_shared and lower is not None) or (path, target) in KEPT:
                 continue
             elif lower not in self.reach[room]:
                 self.find(path, text, match.start(), f"room {room} must not use {lower or 'the whole'} ({match[2]})")
@@ -98,7 +98,7 @@ class House:
         if WINDOWS_FOLDERS.intersection(path.split("/")[:-1]):
             return
         for match in WINDOWS_NAME.finditer(text):
-            if match[0] != "_WIN32" or not (path in self.chiefs or path in WIN32_HEADERS):
+            if match[0] != "_WIN32" or not (path in self.main_headers or path in WIN32_HEADERS):
                 self.find(path, text, match.start(), f"{match[0].strip()} in portable code")
 
     def check(self):
@@ -113,11 +113,11 @@ class House:
 
 
 def main():
-    house = House(pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]))
-    count = house.check()
-    print(*house.findings, sep="\n", end="\n" if house.findings else "")
-    print(f"{count} files, {len(house.findings)} findings")
-    return 1 if house.findings or count == 0 else 0
+    check = RoomCheck(pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]))
+    count = check.check()
+    print(*check.findings, sep="\n", end="\n" if check.findings else "")
+    print(f"{count} files, {len(check.findings)} findings")
+    return 1 if check.findings or count == 0 else 0
 
 
 if __name__ == "__main__":

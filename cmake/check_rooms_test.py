@@ -37,9 +37,9 @@ class RoomsTest(unittest.TestCase):
                 (root / name).parent.mkdir(parents=True, exist_ok=True)
                 (root / name).write_text(text)
             (root / "rooms.txt").write_text(TABLE)
-            house = check_rooms.House(root, root / "rooms.txt")
-            self.assertEqual(house.check(), len({**GOOD, **changes}))
-            return house.findings
+            check = check_rooms.RoomCheck(root, root / "rooms.txt")
+            self.assertEqual(check.check(), len({**GOOD, **changes}))
+            return check.findings
 
     def assert_found(self, name, text, line, cause):
         findings = self.findings({name: text})

@@ -219,18 +219,18 @@ TEST_F(ConfigTest, IsPutBackByTheGuard)
             change();
         const bool isWhole = random() % 10 == 0;
         const bool restores = random() % 4 != 0;
-        const std::wstring told = anyPath();
-        std::wstring kept = told;
-        for (std::size_t end = 0; end != told.npos && kept == told;) {
-            end = told.find(L'\\', end + 1);
-            if (!VEK::cfg_get(told.substr(0, end).c_str()))
-                kept = told.substr(0, end);
+        const std::wstring path = anyPath();
+        std::wstring kept = path;
+        for (std::size_t end = 0; end != path.npos && kept == path;) {
+            end = path.find(L'\\', end + 1);
+            if (!VEK::cfg_get(path.substr(0, end).c_str()))
+                kept = path.substr(0, end);
         }
         const std::vector<int> before = values();
         std::vector<int> after;
         {
             VEK::CCfgBackup guard(restores);
-            guard.attach(isWhole ? nullptr : told.c_str());
+            guard.attach(isWhole ? nullptr : path.c_str());
             change();
             guard.attach(VEK::cfg_get(kept.c_str()) ? kept.c_str() : L"*V*"); // told again, now of another state
             change();

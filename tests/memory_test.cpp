@@ -42,7 +42,7 @@ CVekDataItem sample()
     return tree;
 }
 
-std::string told(const CVekDataItem& tree)
+std::string jsonOf(const CVekDataItem& tree)
 {
     std::string text;
     CVekString error;
@@ -174,7 +174,7 @@ struct World {
     }
     bool drawn(const std::unique_ptr<VEK::CSurface>& surface) { return surface && draw(*surface) && hand(pixels); }
 
-    std::uint64_t told() const
+    std::uint64_t state() const
     {
         Hash hash;
         hash << text << label << numbers << others << texts << polyline << points << (shared ? 1 : 0) << handed;
@@ -182,7 +182,7 @@ struct World {
             for (const auto& [key, value] : *one)
                 hash << key << value;
         }
-        for (const char c : ::told(tree) + (clone ? ::told(*clone) : ""))
+        for (const char c : ::jsonOf(tree) + (clone ? ::jsonOf(*clone) : ""))
             hash << c;
         for (const CVekGDX* one : {&gdx, &sorted, static_cast<const CVekGDX*>(getGdxFromMap(1))}) {
             CVekPoint3d min, max;
@@ -358,15 +358,15 @@ TEST(Memory, EachJobIsDoneAsAWholeOrNotAtAll)
     for (const Job& job : kJobs) {
         SCOPED_TRACE(job.name);
         World changed;
-        const std::uint64_t old = changed.told();
+        const std::uint64_t old = changed.state();
         EXPECT_TRUE(job.run(changed).value_or(true));
-        const std::uint64_t fresh = changed.told();
+        const std::uint64_t fresh = changed.state();
         const int failures = FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
             World w;
             const unsigned long shortages = VEK::memoryShortages();
             const std::optional<bool> done = memory.during([&] { return job.run(w); });
             const bool counts = VEK::memoryShortages() != shortages;
-            const std::uint64_t now = w.told();
+            const std::uint64_t now = w.state();
             EXPECT_EQ(now, done.value_or(now == fresh) ? fresh : old);
             EXPECT_TRUE(done.value_or(now == fresh) || (memory.failed() && counts));
         });
@@ -399,12 +399,12 @@ TEST(Memory, FilesAreWrittenAsAWhole)
     for (const auto& job : jobs) {
         job();
         const std::string whole = kFiles.read("tree.json");
-        EXPECT_NE(whole, told(old));
+        EXPECT_NE(whole, jsonOf(old));
         FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
             ASSERT_TRUE(VEK::jsonSave(old, path, error));
             memory.during(job);
             const std::string now = kFiles.read("tree.json");
-            EXPECT_TRUE(now == whole || (now == told(old) && memory.failed()));
+            EXPECT_TRUE(now == whole || (now == jsonOf(old) && memory.failed()));
             EXPECT_EQ(std::distance(std::filesystem::directory_iterator(kFiles.folder), {}), 3) << "beside it";
         });
     }
@@ -413,6 +413,6 @@ TEST(Memory, FilesAreWrittenAsAWhole)
         CVekDataItem tree(old);
         const bool done = memory.during([&] { return VEK::jsonLoad(tree, path, error); });
         EXPECT_TRUE(done || memory.failed());
-        EXPECT_EQ(told(tree), told(done ? fresh : old));
+        EXPECT_EQ(jsonOf(tree), jsonOf(done ? fresh : old));
     });
 }

@@ -87,7 +87,7 @@ inline Drawn drawBmp(Random& random, bool isWhole = false)
     const bool isCore = headerSize == 12, isTopDown = !isCore && random.chance(2);
     const bool hasFields = !isCore && (bits == 16 || bits == 32) && random.chance(2);
     const unsigned colors = bits <= 8 ? 1u << bits : 0;
-    const unsigned told = isCore || bits > 8 || random.chance(2) ? 0 : 1 + random.upTo(colors - 1);
+    const unsigned statedColors = isCore || bits > 8 || random.chance(2) ? 0 : 1 + random.upTo(colors - 1);
 
     int widths[] = {8, 8, 8}, shifts[] = {16, 8, 0}; // red, green, blue
     if (bits == 16)
@@ -102,14 +102,16 @@ inline Drawn drawBmp(Random& random, bool isWhole = false)
     for (int c = 0; c < 3; ++c)
         masks += le(((std::int64_t{1} << widths[c]) - 1) << shifts[c], 4);
 
-    std::string header =
-        isCore ? le(12, 4) + le(width, 2) + le(height, 2) + le(1, 2) + le(bits, 2)
-               : info(width, isTopDown ? -height : height, bits, hasFields ? 3 : 0, static_cast<int>(told), headerSize);
+    std::string header = isCore ? le(12, 4) + le(width, 2) + le(height, 2) + le(1, 2) + le(bits, 2)
+                                : info(width, isTopDown ? -height : height, bits, hasFields ? 3 : 0,
+                                       static_cast<int>(statedColors), headerSize);
     if (hasFields || headerSize == 108)
         header += hasFields ? masks : random.noise(12);
     header += random.noise(headerSize == 108 ? 56 : 0);
     std::vector<std::uint32_t> palette(colors, kBlack);
-    const unsigned entries = told > 0 ? told : !isWhole && random.chance(3) ? random.upTo(colors) : colors;
+    const unsigned entries = statedColors > 0               ? statedColors
+                             : !isWhole && random.chance(3) ? random.upTo(colors)
+                                                            : colors;
     for (unsigned i = 0; i < entries; ++i) { // a full palette may end early, where the pixels begin
         const unsigned color = random.upTo(0xFFFFFF);
         palette[i] = kBlack | channel(color, 16, 8) | (color & 0xFF00) | (color & 0xFF) << 16;

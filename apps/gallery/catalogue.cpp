@@ -51,13 +51,13 @@ void addSlides(Pictures& pictures, const std::filesystem::path& file, const CVek
     }
 }
 
-void addFolder(Pictures& pictures, const std::filesystem::path& folder, std::vector<std::string>& troubles)
+void addFolder(Pictures& pictures, const std::filesystem::path& folder, std::vector<std::string>& problems)
 {
     const auto attempt = [&](const std::filesystem::path& file, const CVekString& group) {
         try {
             addSlides(pictures, file, group);
         } catch (const Failure& failure) {
-            troubles.push_back(failure.what());
+            problems.push_back(failure.what());
         }
     };
     const std::size_t before = pictures.size();
@@ -70,7 +70,7 @@ void addFolder(Pictures& pictures, const std::filesystem::path& folder, std::vec
                             [file](CVekGDX& gdx, Patterns& patterns) { addDescription(gdx, utf8Of(file), patterns); }});
     }
     if (pictures.size() == before)
-        troubles.push_back(utf8Of(folder) + ": holds no slides and no sheets");
+        problems.push_back(utf8Of(folder) + ": holds no slides and no sheets");
 }
 
 void addPatterns(Pictures& pictures)
@@ -85,11 +85,11 @@ void addPatterns(Pictures& pictures)
 
 } // namespace
 
-std::vector<CataloguePicture> catalogue(const std::string& folder, std::vector<std::string>& troubles)
+std::vector<CataloguePicture> catalogue(const std::string& folder, std::vector<std::string>& problems)
 {
     Pictures pictures;
     if (!folder.empty())
-        addFolder(pictures, VEK::platform::pathOf(VEK::platform::wideOf(folder)), troubles);
+        addFolder(pictures, VEK::platform::pathOf(VEK::platform::wideOf(folder)), problems);
     pictures.push_back({L"Kinds of items", L"All kinds", addKinds});
     pictures.push_back({L"Kinds of items", L"Arcs", addArcs});
     pictures.push_back({L"Texts", L"Letters", addLetters});

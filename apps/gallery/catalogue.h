@@ -21,5 +21,5 @@ struct CataloguePicture {
 /// All pictures, group by group: the slides and the sheets of a folder of examples, each hatch pattern, texts, and all
 /// kinds of items.
 /// @param folder UTF-8; empty for none
-/// @param troubles receives a line for each file that cannot be read, and for a folder without pictures
-std::vector<CataloguePicture> catalogue(const std::string& folder, std::vector<std::string>& troubles);
+/// @param problems receives a line for each file that cannot be read, and for a folder without pictures
+std::vector<CataloguePicture> catalogue(const std::string& folder, std::vector<std::string>& problems);

@@ -124,9 +124,9 @@ constexpr std::string_view kHatch[] = {"name", "angle", "scale", "crossed"};
 
 constexpr std::size_t kAny = SIZE_MAX;
 
-double numberOr(const Node& node, const char* member, double otherwise)
+double numberOr(const Node& node, const char* member, double fallback)
 {
-    return node.has(member) ? node[member].number() : otherwise;
+    return node.has(member) ? node[member].number() : fallback;
 }
 
 bool isSet(const Node& node, const char* member)

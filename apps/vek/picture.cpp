@@ -28,10 +28,10 @@ constexpr int kSizeLimit = 32767;
 
 } // namespace
 
-Size sizeOf(const std::string& text, Size otherwise)
+Size sizeOf(const std::string& text, Size fallback)
 {
     if (text.empty())
-        return otherwise;
+        return fallback;
     Size size;
     const char* end = text.data() + text.size();
     const auto [cross, widthError] = std::from_chars(text.data(), end, size.width);

@@ -7,7 +7,7 @@
 #include <string>
 
 /// The size of an option such as "800x600", or a default without it. Throws a failure for anything else.
-Size sizeOf(const std::string& text, Size otherwise);
+Size sizeOf(const std::string& text, Size fallback);
 
 /// Fails, before any work is done, if the extension of the name is not that of a picture format.
 void checkPictureName(const std::string& path);

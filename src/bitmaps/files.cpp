@@ -138,8 +138,8 @@ bool decodeBmp(std::string_view bytes, CPixels& pixels)
         dib::Header header;
         if (!dib::readHeader(bitmap, header))
             return false;
-        const std::size_t told = dib::number(bytes, 10, 4);
-        const std::size_t at = told >= kFileHeader + header.paletteAt ? told : kFileHeader + header.paletteEnd();
+        const std::size_t stated = dib::number(bytes, 10, 4);
+        const std::size_t at = stated >= kFileHeader + header.paletteAt ? stated : kFileHeader + header.paletteEnd();
         if (at > bytes.size())
             return false;
         const auto palette = dib::readPalette(bytes.substr(0, at).substr(kFileHeader), header);

@@ -120,7 +120,7 @@ CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch(CVekArrayTempl<CVekVerte
         Collector collector(mtx);
         const bool isGiven = pitch > 0.0 && std::isfinite(pitch) && std::isfinite(angle);
         const unsigned long shortages = VEK::memoryShortages();
-        if (isGiven && VEK::detail::bringToPlane(regl, mtx)) {
+        if (isGiven && VEK::detail::toHatchPlane(regl, mtx)) {
             if (name == L"DOTS")
                 addDots(regl, pitch, collector);
             else

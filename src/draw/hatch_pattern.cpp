@@ -400,7 +400,7 @@ CVekArrayTempl<CVekVertexArray> VEK::detail::hatchPattern(CVekArrayTempl<CVekVer
     return whole(CVekArrayTempl<CVekVertexArray>(), [&] {
         Collector collector(mtx);
         const unsigned long shortages = memoryShortages();
-        if (std::isfinite(hatch.angle) && bringToPlane(region, mtx)) {
+        if (std::isfinite(hatch.angle) && toHatchPlane(region, mtx)) {
             if (isUserPattern(hatch.name) && hatch.crossed) {
                 CHatchProp across = hatch;
                 across.angle = g_ang(hatch.angle + std::numbers::pi / 2);

@@ -50,7 +50,7 @@ inline bool isFinite(const CVekArrayTempl<CVekVertexArray>& region)
 /// Transforms a region to the hatch plane, where arcs that are not level become chords.
 /// @param mtx from the hatch plane to the world
 /// @return false for an empty region and if a number is not finite
-inline bool bringToPlane(CVekArrayTempl<CVekVertexArray>& region, const CVekMatrix3d& mtx)
+inline bool toHatchPlane(CVekArrayTempl<CVekVertexArray>& region, const CVekMatrix3d& mtx)
 {
     if (!isFinite(mtx))
         return false;

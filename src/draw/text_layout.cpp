@@ -71,7 +71,7 @@ Size setGlyphs(const wchar_t* text, const CVekVector3d& start, RegionList& regl)
     return {x - kLastGap, height};
 }
 
-RegionList laidOut(const wchar_t* text, const wchar_t* align, const CVekPoint3d& point)
+RegionList layOutText(const wchar_t* text, const wchar_t* align, const CVekPoint3d& point)
 {
     RegionList regl;
     const Size size = setGlyphs(text ? text : L"", point.asVector(), regl);
@@ -91,7 +91,7 @@ RegionList laidOut(const wchar_t* text, const wchar_t* align, const CVekPoint3d&
 
 RegionList textRegions(const wchar_t* text, const wchar_t* align, const CVekPoint3d& point)
 {
-    return whole(RegionList(), [&] { return laidOut(text, align, point); });
+    return whole(RegionList(), [&] { return layOutText(text, align, point); });
 }
 
 } // namespace VEK

@@ -57,13 +57,13 @@ private:
     template <class Values>
     void addAll(const Values& values)
     {
-        const char* parted = "[";
+        const char* separator = "[";
         for (const auto& value : values) {
-            m_text += parted;
+            m_text += separator;
             add(value);
-            parted = ", ";
+            separator = ", ";
         }
-        m_text += *parted == '[' ? "[]" : "]";
+        m_text += *separator == '[' ? "[]" : "]";
     }
     void addAll(std::initializer_list<double> values) { addAll<std::initializer_list<double>>(values); }
 
@@ -160,11 +160,11 @@ void CTreeWriter::name(const CVekDataKey& key)
 void CTreeWriter::add(const CVekMatrix3d& value)
 {
     const CVekMatrix3d::Rows& rows = value;
-    const char* parted = "[";
+    const char* separator = "[";
     for (const auto& row : rows) {
-        m_text += parted;
+        m_text += separator;
         addAll({row[0], row[1], row[2], row[3]});
-        parted = ", ";
+        separator = ", ";
     }
     m_text += ']';
 }
@@ -255,20 +255,20 @@ bool CTreeWriter::directory(const CVekDataItem& item)
 {
     if (++m_depth > kJsonDepth)
         return false;
-    const char* parted = "{";
+    const char* separator = "{";
     for (CDataIterator child(&item); !child.done(); child.next()) {
-        m_text += parted;
+        m_text += separator;
         line();
         name(*child->getKey());
         m_text += ": ";
         if (!write(*child.item()))
             return false;
-        parted = ",";
+        separator = ",";
     }
     --m_depth;
-    if (*parted == ',')
+    if (*separator == ',')
         line();
-    m_text += *parted == ',' ? "}" : "{}";
+    m_text += *separator == ',' ? "}" : "{}";
     return true;
 }
 

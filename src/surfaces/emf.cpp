@@ -136,12 +136,12 @@ private:
     void addBox(emf::Type type, const Point& a, const Point& b);
     void save();
     void restore();
-    void bringClip(bool holesToo);
-    void bringPen();
-    void bringLinePen();
-    void bringBrush();
-    void bringFillRules();
-    void bringStretching();
+    void applyClip(bool holesToo);
+    void applyPen();
+    void applyLinePen();
+    void applyBrush();
+    void applyFillRules();
+    void applyStretchMode();
     void select(std::uint32_t& current, std::uint32_t handle);
     template <class Create>
     std::uint32_t object(Objects& table, std::uint64_t look, Create create);
@@ -228,7 +228,7 @@ void EmfSurface::clipRestore()
     m_holesWritten = 0;
 }
 
-void EmfSurface::bringClip(bool holesToo)
+void EmfSurface::applyClip(bool holesToo)
 {
     if (m_clipped && m_savedCount == 0) {
         save();
@@ -236,7 +236,7 @@ void EmfSurface::bringClip(bool holesToo)
     }
     if (!holesToo || m_holesWritten == m_holes.count())
         return;
-    bringFillRules();
+    applyFillRules();
     if (m_holesWritten == 0)
         save();
     for (; m_holesWritten < m_holes.count(); ++m_holesWritten) {
@@ -295,7 +295,7 @@ std::uint32_t EmfSurface::object(Objects& table, std::uint64_t look, Create crea
     return entry.handle;
 }
 
-void EmfSurface::bringPen()
+void EmfSurface::applyPen()
 {
     std::uint32_t handle = emf::kNullPen;
     if (m_colors.penOn) {
@@ -310,16 +310,16 @@ void EmfSurface::bringPen()
 
 /// Some readers drop a pen in the colour of the current brush until it is selected again: the edges of letters would be
 /// missing.
-void EmfSurface::bringLinePen()
+void EmfSurface::applyLinePen()
 {
-    bringPen();
+    applyPen();
     if (m_context.brush != emf::kNullBrush && m_context.brushColor == m_colors.pen) {
         select(m_context.brush, emf::kNullBrush);
         m_records.add(emf::kSelectObject, m_context.pen);
     }
 }
 
-void EmfSurface::bringBrush()
+void EmfSurface::applyBrush()
 {
     std::uint32_t handle = emf::kNullBrush;
     if (m_colors.brushOn) {
@@ -331,7 +331,7 @@ void EmfSurface::bringBrush()
     select(m_context.brush, handle);
 }
 
-void EmfSurface::bringFillRules()
+void EmfSurface::applyFillRules()
 {
     if (m_context.background != m_background)
         m_records.add(emf::kSetBkColor, m_background);
@@ -342,7 +342,7 @@ void EmfSurface::bringFillRules()
 }
 
 /// Shrinking a picture drops pixels; in other modes dark ones would spread.
-void EmfSurface::bringStretching()
+void EmfSurface::applyStretchMode()
 {
     if (!m_stretches)
         m_records.add(emf::kSetStretchBltMode, 3); // COLORONCOLOR
@@ -388,8 +388,8 @@ void EmfSurface::writeRun(const std::vector<Point>& points)
 {
     if (m_finished)
         return;
-    bringClip(true);
-    bringLinePen();
+    applyClip(true);
+    applyLinePen();
     cover(boxOf(points), true);
     if (points.size() == 2) { // shorter than a polyline of two points
         m_records.add(emf::kMoveToEx, points[0].x, points[0].y);
@@ -410,10 +410,10 @@ void EmfSurface::addPolygon(const SurfacePoint* points, int pointCount)
         figureWithHoles(m_cut.data(), cutCount);
         return;
     }
-    bringClip(true);
-    bringFillRules();
-    bringPen();
-    bringBrush();
+    applyClip(true);
+    applyFillRules();
+    applyPen();
+    applyBrush();
     m_points.clear();
     collect(m_cut.data(), cutCount);
     cover(boxOf(m_points), m_colors.penOn);
@@ -424,9 +424,9 @@ void EmfSurface::addPolygon(const SurfacePoint* points, int pointCount)
 void EmfSurface::figureWithHoles(const SurfacePoint* points, int pointCount)
 {
     m_holes.windAgainst(points, pointCount);
-    bringClip(false);
-    bringFillRules();
-    bringBrush();
+    applyClip(false);
+    applyFillRules();
+    applyBrush();
     select(m_context.pen, emf::kNullPen);
     m_points.clear();
     m_counts.assign(1, pointCount);
@@ -438,7 +438,7 @@ void EmfSurface::figureWithHoles(const SurfacePoint* points, int pointCount)
     }
     m_records.addParts(emf::kPolyPolygon, emf::kPolyPolygon16, m_points, m_counts);
     if (m_colors.penOn) {
-        bringLinePen();
+        applyLinePen();
         m_points.resize(static_cast<std::size_t>(pointCount));
         m_points.push_back(m_points.front());
         m_records.addPoints(emf::kPolyline, emf::kPolyline16, m_points);
@@ -454,9 +454,9 @@ void EmfSurface::addBox(emf::Type type, const Point& a, const Point& b)
     const auto [left, right] = std::minmax(a.x, b.x);
     const auto [top, bottom] = std::minmax(a.y, b.y);
     const Box box{left, top, std::max(left, right - m_fine), std::max(top, bottom - m_fine)};
-    bringClip(true);
-    bringPen();
-    bringBrush();
+    applyClip(true);
+    applyPen();
+    applyBrush();
     cover(box, m_colors.penOn);
     m_records.add(type, box.left, box.top, box.right, box.bottom);
 }
@@ -472,7 +472,7 @@ void EmfSurface::pixel(double x, double y, unsigned color)
     if (!reach::holds({x, y}) || m_finished)
         return;
     const Point p = whole({x, y});
-    bringClip(true);
+    applyClip(true);
     cover({p.x, p.y, p.x, p.y}, false);
     m_records.add(emf::kSetPixelV, p.x, p.y, color & 0xFFFFFF);
 }
@@ -504,11 +504,11 @@ void EmfSurface::addPicture(double x, double y, const CPixels& pixels)
     const std::vector<PixelBox> region = opaque ? std::vector<PixelBox>{all} : opaqueRegion(pixels);
     if (region.empty())
         return;
-    bringClip(true);
+    applyClip(true);
     const auto end = [this](std::int32_t from, int size) { return wholeClamped(from + double(size) * m_fine) - 1; };
     cover({at.x, at.y, end(at.x, pixels.width), end(at.y, pixels.height)}, false);
     if (m_fine > 1) {
-        bringStretching();
+        applyStretchMode();
         for (const PixelBox& part : region)
             m_records.addPicture(pixels, part, {at.x + part.left * m_fine, at.y + part.top * m_fine}, m_fine);
         return;
@@ -552,8 +552,8 @@ void EmfSurface::writeLines(const std::vector<Point>& points, const std::vector<
         writeRun(points);
     if (counts.size() == 1 || m_finished)
         return;
-    bringClip(true);
-    bringLinePen();
+    applyClip(true);
+    applyLinePen();
     cover(boxOf(points), true);
     m_records.addParts(emf::kPolyPolyline, emf::kPolyPolyline16, points, counts);
 }

@@ -29,7 +29,7 @@ SurfacePoint onBorder(const SurfacePoint& a, const SurfacePoint& b, int border)
 }
 
 /// Reduces coordinates beyond 1e300, so that differences stay finite.
-SurfacePoint tamed(const SurfacePoint& p)
+SurfacePoint bounded(const SurfacePoint& p)
 {
     return {std::clamp(p.x, -1e300, 1e300), std::clamp(p.y, -1e300, 1e300)};
 }
@@ -45,8 +45,8 @@ bool cutSegment(SurfacePoint& from, SurfacePoint& to)
 {
     if (!isFinite(from) || !isFinite(to))
         return false;
-    from = tamed(from);
-    to = tamed(to);
+    from = bounded(from);
+    to = bounded(to);
     for (int border = 0; border < 4; ++border) {
         const double a = inside(from, border);
         const double b = inside(to, border);
@@ -67,7 +67,7 @@ void cutPolygon(const SurfacePoint* points, int count, std::vector<SurfacePoint>
     result.clear();
     for (int i = 0; i < count; ++i) {
         if (isFinite(points[i]))
-            result.push_back(tamed(points[i]));
+            result.push_back(bounded(points[i]));
     }
     if (std::all_of(result.begin(), result.end(), holds))
         return;

@@ -96,10 +96,10 @@ private:
     bool drawsArea() const { return (m_pen.on || m_brush.on) && !m_finished; }
     void setPen(const Pen& wanted);
 
-    void bringClip(bool holesToo);
+    void applyClip(bool holesToo);
     void closePath();
     void closeGroups(int keep);
-    void bringPath(const MilliPoint& from);
+    void openPath(const MilliPoint& from);
     void addLine(const MilliPoint& from, const MilliPoint& to);
     void addChords(const SurfaceArc& arc, double radius);
     void addFlatArc(const SurfaceArc& arc, double turningPoint);
@@ -214,7 +214,7 @@ void SvgSurface::clipRestore()
     m_holesWritten = 0;
 }
 
-void SvgSurface::bringClip(bool holesToo)
+void SvgSurface::applyClip(bool holesToo)
 {
     if (m_clipped && m_groups == 0) {
         m_text << "<clipPath id=\"vek-clip-" << ++m_lastId << "\">";
@@ -258,13 +258,13 @@ void SvgSurface::lineTo(double x, double y)
     addLine(milliPoint(from), milliPoint(to));
 }
 
-/// Makes the open path end at a point.
-void SvgSurface::bringPath(const MilliPoint& from)
+/// Makes sure that a path is open and ends at a point.
+void SvgSurface::openPath(const MilliPoint& from)
 {
     if (m_pathLines == kPathLimit)
         closePath();
     if (m_pathLines == 0) {
-        bringClip(true);
+        applyClip(true);
         m_text << "<path";
         addStroke();
         m_text << " d=\"";
@@ -276,7 +276,7 @@ void SvgSurface::bringPath(const MilliPoint& from)
 
 void SvgSurface::addLine(const MilliPoint& from, const MilliPoint& to)
 {
-    bringPath(from);
+    openPath(from);
     m_text.addPoint('L', to);
     m_pathEnd = to;
     m_text.settle();
@@ -301,7 +301,7 @@ void SvgSurface::arcTo(const SurfaceArc& asked)
         const bool clockwise = (arc.u.x * arc.v.y - arc.u.y * arc.v.x > 0.0) == (arc.sweep > 0.0);
         MilliPoint from = milliPoint(m_at);
         for (int i = 1; i <= pieces; ++i) {
-            bringPath(from);
+            openPath(from);
             m_text << "A" << milli(axes.longer) << " " << milli(axes.shorter) << " " << milli(axes.turn * 180.0 / kPi)
                    << (clockwise ? " 0 1" : " 0 0");
             from = milliPoint(arcPoint(arc, arc.sweep * i / pieces));
@@ -346,7 +346,7 @@ void SvgSurface::addPolygon(const SurfacePoint* points, int count)
         return;
     closePath();
     const bool figure = m_brush.on && !m_holes.empty() && m_holesWritten == 0 && m_holes.liesIn(m_cut.data(), cutCount);
-    bringClip(!figure);
+    applyClip(!figure);
     m_text << "<path";
     addFill(true);
     if (!figure)
@@ -373,7 +373,7 @@ void SvgSurface::rectangle(double x1, double y1, double x2, double y2)
     if (!drawsArea())
         return;
     closePath();
-    bringClip(true);
+    applyClip(true);
     addRect(areaOf(x1, y1, x2, y2));
     addFill(false);
     addStroke();
@@ -386,7 +386,7 @@ void SvgSurface::ellipse(double x1, double y1, double x2, double y2)
         return;
     const Area area = areaOf(x1, y1, x2, y2);
     closePath();
-    bringClip(true);
+    applyClip(true);
     m_text << "<ellipse cx=\"" << milli((area.left + area.right) / 2.0) << "\" cy=\""
            << milli((area.top + area.bottom) / 2.0) << "\" rx=\"" << milli((area.right - area.left) / 2.0) << "\" ry=\""
            << milli((area.bottom - area.top) / 2.0) << "\"";
@@ -424,7 +424,7 @@ void SvgSurface::addPicture(double x, double y, const CPixels& pixels)
     if (file.empty())
         return;
     closePath();
-    bringClip(true);
+    applyClip(true);
     // Two ways to request whole pixels: the attribute of this version, and the style of later ones, which has
     // precedence.
     m_text << "<image x=\"" << milli(x) << "\" y=\"" << milli(y) << "\" width=\"" << pixels.width << "\" height=\""

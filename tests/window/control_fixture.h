@@ -20,13 +20,13 @@ inline constexpr UINT kControlId = WM_APP + 77; ///< the control's id is the num
 class Parent : public CWnd
 {
 public:
-    std::vector<std::pair<WPARAM, LPARAM>> told;
+    std::vector<std::pair<WPARAM, LPARAM>> notifications;
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         if (message == kControlId)
-            told.emplace_back(wParam, lParam);
+            notifications.emplace_back(wParam, lParam);
         return CWnd::WindowProc(message, wParam, lParam);
     }
 };

@@ -132,21 +132,21 @@ TEST_F(DplistImage, ClickTellsTheParentTheFirstNumberOfTheStack)
     control.zoomExtents();
     const CVekPoint3d onLine = CVekPoint3d(50, 0, 0) * gdx.viewMtxGet();
     click(int(onLine[0]), int(onLine[1]));
-    ASSERT_EQ(parent.told.size(), 1u);
-    EXPECT_EQ(parent.told[0], std::pair(WPARAM(0), LPARAM(7)));
+    ASSERT_EQ(parent.notifications.size(), 1u);
+    EXPECT_EQ(parent.notifications[0], std::pair(WPARAM(0), LPARAM(7)));
     const CVekPoint3d between = CVekPoint3d(50, 20, 0) * gdx.viewMtxGet();
     click(int(between[0]), int(between[1]));
-    EXPECT_EQ(parent.told.size(), 1u);
+    EXPECT_EQ(parent.notifications.size(), 1u);
     control.set_dpList(nullptr);
     click(int(onLine[0]), int(onLine[1]));
-    EXPECT_EQ(parent.told.size(), 1u);
+    EXPECT_EQ(parent.notifications.size(), 1u);
     CVekDplistImage alone; // without a parent nobody is told
     ASSERT_TRUE(alone.CreateEx(0, AfxRegisterWndClass(0), L"", WS_POPUP, CRect(0, 0, 200, 100), nullptr, 0));
     alone.set_dpList(&gdx);
     alone.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, at(int(onLine[0]), int(onLine[1])));
     alone.DestroyWindow();
     pump();
-    EXPECT_EQ(parent.told.size(), 1u);
+    EXPECT_EQ(parent.notifications.size(), 1u);
 }
 
 TEST_F(DplistImage, WithoutAListNothingIsPainted)
@@ -280,8 +280,8 @@ TEST_F(VllImage, OnePolylineIsTheCurrentOne)
     EXPECT_EQ(modeOf(1), 6u);
     const CVekPoint3d onSecond = CVekPoint3d(30, 40, 0) * gdx->viewMtxGet();
     click(int(onSecond[0]), int(onSecond[1]));
-    ASSERT_EQ(parent.told.size(), 1u);
-    EXPECT_EQ(parent.told[0].second, 2);
+    ASSERT_EQ(parent.notifications.size(), 1u);
+    EXPECT_EQ(parent.notifications[0].second, 2);
     wheel(120, 5, 5);
     control.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, at(1, 1));
     EXPECT_EQ(gdx->zoomMtxGet(), CVekMatrix3d());

@@ -46,12 +46,13 @@ protected:
     {
         int total = 0, wrong = 0;
         for (int i = 0; i < count; ++i) {
-            std::ostringstream told;
-            const Calls calls = make(told);
+            std::ostringstream description;
+            const Calls calls = make(description);
             const int pixels = differing(calls);
             total += pixels;
             if (pixels > 0 && ++wrong <= 5)
-                std::printf("  %d pixels, first at %g, %g: %s\n", pixels, m_first.x, m_first.y, told.str().c_str());
+                std::printf("  %d pixels, first at %g, %g: %s\n", pixels, m_first.x, m_first.y,
+                            description.str().c_str());
         }
         std::printf("  %d figures, %d pixels lit, %d differ\n", count, m_drawn, total);
         EXPECT_EQ(total, 0) << "in " << wrong << " figures";
@@ -62,14 +63,14 @@ protected:
 
     /// Near, far or hardly apart, as the dice fall.
     /// @param farthest GDI takes long for areas of a million rows
-    std::vector<SurfacePoint> points(int count, std::ostream& told, int farthest = 1000)
+    std::vector<SurfacePoint> points(int count, std::ostream& description, int farthest = 1000)
     {
         const int reach = std::array{4, 40, 200, farthest}[static_cast<std::size_t>(number(0, 3))];
         const int x = number(-20, kWidth + 20), y = number(-20, kHeight + 20);
         std::vector<SurfacePoint> list;
         for (int i = 0; i < count; ++i) {
             list.push_back({double(x + number(-reach, reach)), double(y + number(-reach, reach))});
-            told << " " << int(list.back().x) << "," << int(list.back().y);
+            description << " " << int(list.back().x) << "," << int(list.back().y);
         }
         return list;
     }
@@ -104,8 +105,8 @@ TEST_F(RasterBesideGdi, LinesOfEveryLengthAndDirection)
 
 TEST_F(RasterBesideGdi, RandomLines)
 {
-    stress(3000, [this](std::ostream& told) {
-        return [list = points(number(2, 5), told, 10000000)](VEK::CSurface& s) {
+    stress(3000, [this](std::ostream& description) {
+        return [list = points(number(2, 5), description, 10000000)](VEK::CSurface& s) {
             s.clipTo(30, 20, 290, 200);
             const int counts[] = {2, static_cast<int>(list.size()) - 2};
             s.polylines(list.data(), counts, 2);
@@ -115,10 +116,10 @@ TEST_F(RasterBesideGdi, RandomLines)
 
 TEST_F(RasterBesideGdi, RandomWideLines)
 {
-    stress(3000, [this](std::ostream& told) {
+    stress(3000, [this](std::ostream& description) {
         const int width = number(0, 4) == 0 ? number(20, 90) : number(2, 12);
-        told << "width " << width;
-        return [list = points(number(2, 5), told), width](VEK::CSurface& s) {
+        description << "width " << width;
+        return [list = points(number(2, 5), description), width](VEK::CSurface& s) {
             s.clipTo(30, 20, 290, 200);
             s.pen(width, 0xFF);
             s.polyline(list.data(), static_cast<int>(list.size()));
@@ -128,10 +129,10 @@ TEST_F(RasterBesideGdi, RandomWideLines)
 
 TEST_F(RasterBesideGdi, RandomPolygons)
 {
-    stress(3000, [this](std::ostream& told) {
+    stress(3000, [this](std::ostream& description) {
         const int pen = number(0, 2) * number(0, 2), filled = number(0, 3);
-        told << "pen " << pen << " filled " << filled;
-        return [list = points(number(1, 9), told), pen, filled](VEK::CSurface& s) {
+        description << "pen " << pen << " filled " << filled;
+        return [list = points(number(1, 9), description), pen, filled](VEK::CSurface& s) {
             s.pen(pen, 0xFF);
             if (pen == 0)
                 s.noPen();
@@ -144,15 +145,15 @@ TEST_F(RasterBesideGdi, RandomPolygons)
 
 TEST_F(RasterBesideGdi, RandomBoxes)
 {
-    stress(6000, [this](std::ostream& told) {
+    stress(6000, [this](std::ostream& description) {
         const int pen = number(0, 3) * number(0, 2), round = number(0, 3);
         const int x = number(-20, kWidth), y = number(-20, kHeight);
         const int width = number(0, number(0, 1) ? 8 : 150), height = number(0, number(0, 1) ? 8 : 150);
         // In an ellipse of which it cuts off the ends GDI fills rows that lie anywhere, from memory that nobody set.
         const bool isCut = round != 0 && width > 2 && height > 0.75 * (width - 1) * (width - 1) - 1;
         const bool isFilled = !isCut && number(0, 1) != 0;
-        told << "pen " << pen << " filled " << isFilled << " round " << round << " " << x << "," << y << " size "
-             << width << "," << height;
+        description << "pen " << pen << " filled " << isFilled << " round " << round << " " << x << "," << y << " size "
+                    << width << "," << height;
         const int left = number(0, 1) ? x : x + width, top = number(0, 1) ? y : y + height;
         return [=](VEK::CSurface& s) {
             s.pen(pen, 0xFF);
@@ -170,11 +171,11 @@ TEST_F(RasterBesideGdi, RandomBoxes)
 
 TEST_F(RasterBesideGdi, LargeEllipses)
 {
-    stress(500, [this](std::ostream& told) {
+    stress(500, [this](std::ostream& description) {
         const int x = number(-3000, kWidth), y = number(-3000, kHeight), width = number(300, 6000),
                   height = number(300, 6000);
         const int pen = number(1, 3) * number(1, 4);
-        told << "pen " << pen << " " << x << "," << y << " size " << width << "," << height;
+        description << "pen " << pen << " " << x << "," << y << " size " << width << "," << height;
         return [=](VEK::CSurface& s) {
             s.pen(pen, 0xFF);
             s.brush(0x8000);
@@ -185,12 +186,12 @@ TEST_F(RasterBesideGdi, LargeEllipses)
 
 TEST_F(RasterBesideGdi, RandomHoles)
 {
-    stress(2000, [this](std::ostream& told) {
+    stress(2000, [this](std::ostream& description) {
         std::vector<std::vector<SurfacePoint>> holes;
         for (int i = number(1, 4); i > 0; --i)
-            holes.push_back(points(number(3, 7), told));
+            holes.push_back(points(number(3, 7), description));
         const int pen = number(1, 4);
-        return [=, body = points(6, told)](VEK::CSurface& s) {
+        return [=, body = points(6, description)](VEK::CSurface& s) {
             s.clipTo(300, 20, 30, 200);
             for (const auto& hole : holes)
                 s.clipOut(hole.data(), static_cast<int>(hole.size()));

@@ -79,7 +79,7 @@ bool GalleryPicture::showsExtents() const
 
 GalleryWindow::GalleryWindow(std::vector<CataloguePicture> pictures) : m_pictures(std::move(pictures)) {}
 
-bool GalleryWindow::open(const CVekString& name, const std::vector<std::string>& troubles)
+bool GalleryWindow::open(const CVekString& name, const std::vector<std::string>& problems)
 {
     const LPCWSTR resources = MAKEINTRESOURCEW(IDR_GALLERY);
     const HINSTANCE module = AfxGetInstanceHandle();
@@ -98,10 +98,10 @@ bool GalleryWindow::open(const CVekString& name, const std::vector<std::string>&
     m_list.SelectItem(item);
     m_list.EnsureVisible(item);
     std::string all;
-    for (const std::string& trouble : troubles)
-        all += (all.empty() ? "" : "; ") + trouble;
+    for (const std::string& problem : problems)
+        all += (all.empty() ? "" : "; ") + problem;
     if (!all.empty())
-        tell(wide(all));
+        showStatus(wide(all));
     return true;
 }
 
@@ -341,23 +341,23 @@ void GalleryWindow::show(std::size_t number)
     const CWaitCursor wait;
     m_current = number;
     const CataloguePicture& picture = m_pictures[number];
-    CVekString trouble;
+    CVekString problem;
     try {
         m_scene.show(picture);
     } catch (const Failure& failure) {
-        trouble = wide(failure.what());
+        problem = wide(failure.what());
     }
     const std::wstring name = static_cast<const wchar_t*>(picture.name);
     SetWindowText((name + L" - VEK Gallery").c_str());
     m_picture.SetWindowText((L"Picture " + name).c_str());
     m_picture.set_dpList(&m_scene.shown());
     fit();
-    tell(trouble);
+    showStatus(problem);
     const int items = m_scene.picture().lenGet();
     m_status.SetText((std::to_wstring(items) + (items == 1 ? L" item" : L" items")).c_str(), 1, 0);
 }
 
-void GalleryWindow::tell(const CVekString& text)
+void GalleryWindow::showStatus(const CVekString& text)
 {
     m_status.SetText(text, 0, 0);
 }
@@ -372,7 +372,7 @@ LRESULT GalleryWindow::OnPick(WPARAM, LPARAM number)
 {
     m_scene.highlight(static_cast<int>(number));
     m_picture.Invalidate();
-    tell(m_scene.describe(static_cast<int>(number)));
+    showStatus(m_scene.describe(static_cast<int>(number)));
     return 0;
 }
 
@@ -391,10 +391,10 @@ bool GalleryWindow::askPath(CString& path, LPCWSTR extension, LPCWSTR filter)
     return true;
 }
 
-void GalleryWindow::tellExported(const CString& path, bool isWritten)
+void GalleryWindow::showExported(const CString& path, bool isWritten)
 {
     const std::wstring file = static_cast<LPCWSTR>(path);
-    tell(isWritten ? (L"Exported " + file).c_str() : L"");
+    showStatus(isWritten ? (L"Exported " + file).c_str() : L"");
     if (!isWritten)
         AfxMessageBox((file + L" cannot be written").c_str(), MB_OK | MB_ICONERROR);
 }
@@ -423,7 +423,7 @@ void GalleryWindow::OnExportMetafile()
 {
     CString path;
     if (askPath(path, L"emf", L"Enhanced metafiles (*.emf)|*.emf||"))
-        tellExported(path, writeMetafile(path));
+        showExported(path, writeMetafile(path));
 }
 
 void GalleryWindow::OnExportSvg()
@@ -437,12 +437,12 @@ void GalleryWindow::OnExportSvg()
     VEK::CFileSink sink(path);
     const auto surface = VEK::svgSurface(sink, area.Width(), area.Height());
     if (!surface) { // memory ran out
-        tellExported(path, false);
+        showExported(path, false);
         return;
     }
     surface->solidRect(0.0, 0.0, area.Width(), area.Height(), kWhite); // a viewer may have a dark background
     VEK::gdxDraw(paper, *surface, area.Height(), area.Width(), VEK::scalableRules);
-    tellExported(path, surface->finish());
+    showExported(path, surface->finish());
 }
 
 void GalleryWindow::OnExit()
@@ -459,14 +459,14 @@ void GalleryWindow::OnCopy()
     refresh(&paper, nullptr, area.Height(), area.Width());
     // Merely emptying the clipboard counts as a change, too.
     const bool isThere = GetClipboardSequenceNumber() != before && IsClipboardFormatAvailable(CF_ENHMETAFILE);
-    tell(isThere ? L"Copied as an enhanced metafile" : L"The clipboard is in use");
+    showStatus(isThere ? L"Copied as an enhanced metafile" : L"The clipboard is in use");
 }
 
 void GalleryWindow::OnClearHighlight()
 {
     m_scene.highlight(-1);
     m_picture.Invalidate();
-    tell(L"");
+    showStatus(L"");
 }
 
 void GalleryWindow::OnExtents()

@@ -31,7 +31,7 @@ public:
 
     /// Opens the window and shows the picture of a name, ignoring case, or the first one.
     /// @return false if it cannot be opened or there is no picture of that name
-    bool open(const CVekString& name, const std::vector<std::string>& troubles);
+    bool open(const CVekString& name, const std::vector<std::string>& problems);
 
 protected:
     BOOL PreTranslateMessage(MSG* message) override;
@@ -69,13 +69,13 @@ private:
     void fillList();
     HTREEITEM find(const CVekString& name) const;
     void show(std::size_t number);
-    void tell(const CVekString& text);
+    void showStatus(const CVekString& text);
     void fit();
     void wheel(int delta);
     bool panByKey(WPARAM key);
     CRect bar() const;
     bool askPath(CString& path, LPCWSTR extension, LPCWSTR filter);
-    void tellExported(const CString& path, bool isWritten);
+    void showExported(const CString& path, bool isWritten);
     bool writeMetafile(const CString& path);
 
     std::vector<CataloguePicture> m_pictures;

@@ -90,9 +90,9 @@ private:
         Options options;
         if (!parse(options))
             return FALSE;
-        std::vector<std::string> troubles;
-        m_window = std::make_unique<GalleryWindow>(catalogue(options.examples, troubles));
-        if (!m_window->open(wide(options.picture), troubles))
+        std::vector<std::string> problems;
+        m_window = std::make_unique<GalleryWindow>(catalogue(options.examples, problems));
+        if (!m_window->open(wide(options.picture), problems))
             throw Failure("--show " + options.picture + ": no such picture");
         m_pMainWnd = m_window.get();
         m_window->ShowWindow(m_nCmdShow);

@@ -33,7 +33,7 @@ unsigned hashOf(const DataName& name)
     return static_cast<unsigned>((hash ^ (hash >> 31)) >> 8);
 }
 
-bool bears(const CVekDataItem& item, const DataName& name)
+bool hasName(const CVekDataItem& item, const DataName& name)
 {
     const CVekDataKey& key = *item.getKey();
     if (!name.text)
@@ -70,7 +70,7 @@ int CDataChildren::find(const DataName& name) const
     if (m_slots.len() == 0) {
         for (unsigned place = 0; place < places(); ++place) {
             const CVekDataItem* item = at(place);
-            if (item && bears(*item, name))
+            if (item && hasName(*item, name))
                 return static_cast<int>(place);
         }
         return -1;
@@ -79,7 +79,7 @@ int CDataChildren::find(const DataName& name) const
     const unsigned mask = static_cast<unsigned>(m_slots.len()) - 1;
     const unsigned hash = hashOf(name);
     for (unsigned i = hash & mask; slots[i].place != kFree; i = (i + 1) & mask)
-        if (slots[i].hash == hash && bears(*at(slots[i].place), name))
+        if (slots[i].hash == hash && hasName(*at(slots[i].place), name))
             return static_cast<int>(slots[i].place);
     return -1;
 }

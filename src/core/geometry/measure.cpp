@@ -31,24 +31,24 @@ private:
 CVekArrayTempl<CVekVertexArray> dashesOf(CVekVertexArray&& vl, double scale, const CVekArrayTempl<double>& pattern)
 {
     CVekArrayTempl<CVekVertexArray> runs = vl_to_vll(std::move(vl));
-    detail::DashPattern laid;
-    laid.assign(pattern, scale, 0.0);
-    if (!(scale > 0.0) || laid.isEmpty() || !std::isfinite(laid.period()))
+    detail::DashPattern dashes;
+    dashes.assign(pattern, scale, 0.0);
+    if (!(scale > 0.0) || dashes.isEmpty() || !std::isfinite(dashes.period()))
         return runs;
     CVekArrayTempl<CVekVertexArray> pieces;
-    if (!laid.draws())
+    if (!dashes.draws())
         return pieces;
     double total = 0.0;
     for (const CVekVertexArray& run : runs) {
         for (const CVekVertex& vertex : run)
             total += detail::Segment(vertex, run.normal()).length();
     }
-    if (!laid.covers(total))
+    if (!dashes.covers(total))
         return runs;
     Pieces collected(pieces);
     for (const CVekVertexArray& run : runs) {
         collected.setNormal(run.normal());
-        laid.lay(run, collected);
+        dashes.lay(run, collected);
     }
     return pieces;
 }

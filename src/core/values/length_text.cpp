@@ -199,11 +199,11 @@ struct Mixed {
     bool isZero() const { return whole == 0.0 && numerator == 0; }
 
     /// The fraction after a whole that the caller has written or, being zero, left out.
-    void putFraction(Text& text, bool behindWhole) const
+    void putFraction(Text& text, bool afterWhole) const
     {
         if (numerator == 0)
             return;
-        if (behindWhole)
+        if (afterWhole)
             text << ' ';
         text << numerator << '/' << denominator;
     }

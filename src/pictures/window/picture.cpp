@@ -45,7 +45,7 @@ IPicture* loadPictureFile(const wchar_t* path, DWORD& error)
 }
 
 /// Shows the system's message for an error.
-void tellError(CWnd& window, DWORD error)
+void showError(CWnd& window, DWORD error)
 {
     wchar_t text[260] = {};
     FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0, text, 260, nullptr);
@@ -113,7 +113,7 @@ bool CPicture::LoadImage(const wchar_t* path)
         ::ReleaseDC(nullptr, screen);
         fit();
     } else if (error != 0) {
-        tellError(*this, error);
+        showError(*this, error);
     }
     if (m_hWnd)
         Invalidate();
