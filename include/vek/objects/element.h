@@ -13,8 +13,8 @@ class VEK_API BgrBt : public std::pair<CVekDataItem*, CVekString>
 {
 public:
     BgrBt() = default;
-    BgrBt(CVekDataItem* object, const CVekString& name, int place = 0)
-        : std::pair<CVekDataItem*, CVekString>(object, name), place(place)
+    BgrBt(CVekDataItem* object, const CVekString& name, int placeInWalk = 0)
+        : std::pair<CVekDataItem*, CVekString>(object, name), place(placeInWalk)
     {
     }
 
