@@ -178,10 +178,21 @@ private:
     CVekVector3d m_normal{0.0, 0.0, 1.0};
 };
 
+/// What a line of a projection shows.
+enum class VekLineKind : unsigned char {
+    edge,       ///< where two faces meet
+    silhouette, ///< where a curved face turns away from the viewer
+    fold,       ///< where a plane face of a folded sheet goes over into the bend
+    hole,       ///< the rim of a hole
+};
+
 /// A polyline of a projection, with what the projection knows about it besides its geometry.
 class VEK_API CVekVertexArrayEx : public CVekVertexArray
 {
 public:
     using CVekVertexArray::CVekVertexArray;
     CVekVertexArrayEx() = default;
+
+    VekLineKind kind = VekLineKind::edge;
+    int element = -1; ///< the number of the element that the line came from, as the caller of the projection gave it
 };

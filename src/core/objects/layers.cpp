@@ -1,0 +1,61 @@
+#include <vek/data/config.h>
+#include <vek/data/text.h>
+#include <vek/objects/element.h>
+
+#include "core/values/whole.h"
+
+namespace VEK
+{
+namespace
+{
+
+/// An item of a layer in the configuration; the name may contain any character.
+const CVekDataItem* layerItem(const wchar_t* layer, const wchar_t* name)
+{
+    const CVekDataKey key(5005, L"*LAYER*", 5005, layer, 5005, name, 0);
+    return cfg_get(&key);
+}
+
+bool mapped(CVekString& layer, const wchar_t* logical)
+{
+    return logical && *logical && dataItemGet(layerItem(L"MAP", logical), nullptr, layer);
+}
+
+} // namespace
+
+bool getBtLayer(const CVekDataItem* element, CVekString& visible, CVekString& hidden)
+{
+    using Names = std::pair<CVekString, CVekString>;
+    Names names = whole(Names(), [&] {
+        Names found(L"0", CVekString());
+        dataGet(element, L"LAYER", found.first);
+        if (!dataGet(element, L"LAYER_H", found.second))
+            found.second = found.first;
+        return found;
+    });
+    if (!element || names.first.isNull())
+        return false;
+    visible = std::move(names.first);
+    hidden = std::move(names.second);
+    return true;
+}
+
+bool layer_color(CVekColor& color, const CVekString& layer)
+{
+    return dataItemGet(layerItem(layer, L"COLOR"), nullptr, color);
+}
+
+bool phys_layer(CVekString& layer, const wchar_t* logical, const wchar_t* second)
+{
+    return mapped(layer, logical) || mapped(layer, second);
+}
+
+CVekString msgBoxTitle(const wchar_t* text)
+{
+    return whole(CVekString(), [&] {
+        const CVekString program = vek_msg_get(L"VEK_", L"TITLE", L"VEK", nullptr);
+        return text && *text ? program + L" - " + text : program;
+    });
+}
+
+} // namespace VEK
