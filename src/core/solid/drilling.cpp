@@ -75,14 +75,8 @@ public:
         }
         std::vector<Edge> kept;
         bool changed = cutEdges(kept);
-        std::sort(m_breaks.begin(), m_breaks.end());
-        m_breaks.erase(
-            std::unique(m_breaks.begin(), m_breaks.end(), [](double a, double b) { return b - a < kAngleTol; }),
-            m_breaks.end());
-        if (m_breaks.size() > 1 && m_breaks.back() - m_breaks.front() > kFullTurn - kAngleTol)
-            m_breaks.pop_back();
         m_turn = static_cast<Id>(m_body.turns.size());
-        m_body.turns.emplace_back().stops = m_breaks;
+        m_body.turns.emplace_back();
         addWall();
         addUprights();
         addChords();

@@ -25,7 +25,7 @@ struct Strand {
 
 struct Cut {
     Id strand;
-    Id point;
+    Id point;     ///< none if it has no number yet
     double place; ///< along the strand, from 0 to 1
 };
 
@@ -125,31 +125,28 @@ private:
         if (std::min(fromS[0], fromS[1]) > nearS || std::max(fromS[0], fromS[1]) < -nearS ||
             std::min(fromO[0], fromO[1]) > nearO || std::max(fromO[0], fromO[1]) < -nearO)
             return;
-        bool touches = s.a == o.a || s.a == o.b || s.b == o.a || s.b == o.b;
-        int onLine = 0;
+        Id common = kNone; // a point of both
         const auto touch = [&](Id strand, const Strand& own, Vec along, double distance, double reach, Id point,
                                Vec at) {
             if (std::fabs(distance) > reach)
                 return;
-            ++onLine;
             const double place = along.dot(at - own.start) / (own.length * own.length);
-            if (place > 0.0 && place < 1.0) {
-                touches = true;
-                cut(strand, point, place);
-            }
+            const bool atEnd = point == own.a || point == own.b;
+            if (!atEnd && !(place > 0.0 && place < 1.0))
+                return;
+            if (common != kNone && common != point)
+                s.shared = o.shared = true;
+            common = point;
+            cut(strand, point, place);
         };
         touch(i, s, d, fromS[0], nearS, o.a, o.start);
         touch(i, s, d, fromS[1], nearS, o.b, o.end);
         touch(k, o, e, fromO[0], nearO, s.a, s.start);
         touch(k, o, e, fromO[1], nearO, s.b, s.end);
-        if (onLine > 1)
-            s.shared = o.shared = true;
-        if (touches || (fromS[0] > 0.0) == (fromS[1] > 0.0) || (fromO[0] > 0.0) == (fromO[1] > 0.0))
+        if (common != kNone || (fromS[0] > 0.0) == (fromS[1] > 0.0) || (fromO[0] > 0.0) == (fromO[1] > 0.0))
             return;
-        const double place = fromO[0] / (fromO[0] - fromO[1]);
-        const Id point = m_picture.points.add(s.start + d * place);
-        cut(i, point, place);
-        cut(k, point, fromS[0] / (fromS[0] - fromS[1]));
+        cut(i, kNone, fromO[0] / (fromO[0] - fromO[1]));
+        cut(k, kNone, fromS[0] / (fromS[0] - fromS[1]));
     }
 
     void meetArcs(Id i, Id k)
@@ -180,10 +177,8 @@ private:
                 continue; // seen from its front, it pierces nothing that is not seen edge-on or cuts its whole plane
             for (Id m = strand.first; m < strand.first + strand.count; ++m) {
                 const Line& line = m_picture.lines[m_members[m]];
-                m_cover.forEachPierced(strand.start, line.za, strand.end, line.zb, line.body, [&](double place) {
-                    const Id point = m_picture.points.add(strand.start + (strand.end - strand.start) * place);
-                    cut(i, point, place);
-                });
+                m_cover.forEachPierced(strand.start, line.za, strand.end, line.zb, line.body,
+                                       [&](double place) { cut(i, kNone, place); });
             }
         }
     }
@@ -211,31 +206,79 @@ private:
         double bulge, place;
     };
 
+    double bulgeOf(const Strand& strand, double share) const
+    {
+        return strand.bulge == 0.0 ? 0.0 : std::tan(std::atan(strand.bulge) * share);
+    }
+
+    Id pointAt(const Strand& strand, double place, Id point)
+    {
+        return point != kNone ? point : m_picture.points.add(strand.start + (strand.end - strand.start) * place);
+    }
+
+    void cutShared(Id i, std::vector<Part>& parts)
+    {
+        const Strand& strand = m_strands[i];
+        Id last = strand.a;
+        double lastPlace = 0.0;
+        const auto add = [&](double place, Id point) {
+            if (point == last)
+                return;
+            parts.push_back({last, point, kNone, i, bulgeOf(strand, place - lastPlace), 0.5 * (place + lastPlace)});
+            last = point;
+            lastPlace = place;
+        };
+        for (Id c = m_begins[i]; c < m_begins[i + 1]; ++c)
+            add(m_sorted[c].first, pointAt(strand, m_sorted[c].first, m_sorted[c].second));
+        add(1.0, strand.b);
+    }
+
+    /// A strand with which nothing coincides: points are numbered only where what is seen changes.
+    void cutOwn(Id i, std::vector<Piece>& result)
+    {
+        const Strand& strand = m_strands[i];
+        const bool straight = strand.bulge == 0.0;
+        const double shortest = m_picture.tolerance / strand.length;
+        double lastPlace = 0.0;
+        Id last = strand.a; // none if the place has no number yet
+        bool open = false;  // whether the last piece is of this strand
+        const auto add = [&](double place, Id point) {
+            if (place - lastPlace <= shortest)
+                return;
+            Part part{strand.a, strand.b, kNone, i, bulgeOf(strand, place - lastPlace), 0.5 * (place + lastPlace)};
+            if (!straight) {
+                part.a = last;
+                part.b = point;
+            }
+            Piece piece = seen(&part, &part + 1);
+            const bool same = open && result.back().line == piece.line && result.back().visible == piece.visible;
+            if (!straight || !same) {
+                if (open)
+                    result.back().b = last = pointAt(strand, lastPlace, last);
+                piece.a = last;
+                result.push_back(piece);
+            }
+            open = true;
+            last = point;
+            lastPlace = place;
+        };
+        for (Id c = m_begins[i]; c < m_begins[i + 1]; ++c)
+            add(m_sorted[c].first, m_sorted[c].second);
+        add(1.0, strand.b);
+        if (open)
+            result.back().b = strand.b;
+    }
+
     std::vector<Piece> cutAll()
     {
         std::vector<Piece> result;
-        result.reserve(m_strands.size() + m_sorted.size());
+        result.reserve(2 * m_strands.size());
         std::vector<Part> shared;
         for (Id i = 0; i < m_strands.size(); ++i) {
-            const Strand& strand = m_strands[i];
-            Id last = strand.a;
-            double lastPlace = 0.0;
-            const auto add = [&](double place, Id point) {
-                if (point == last)
-                    return;
-                const double share = place - lastPlace;
-                const double bulge = strand.bulge == 0.0 ? 0.0 : std::tan(std::atan(strand.bulge) * share);
-                const Part part{last, point, kNone, i, bulge, 0.5 * (place + lastPlace)};
-                last = point;
-                lastPlace = place;
-                if (strand.shared)
-                    shared.push_back(part);
-                else
-                    result.push_back(seen(&part, &part + 1));
-            };
-            for (Id c = m_begins[i]; c < m_begins[i + 1]; ++c)
-                add(m_sorted[c].first, m_sorted[c].second);
-            add(1.0, strand.b);
+            if (m_strands[i].shared)
+                cutShared(i, shared);
+            else
+                cutOwn(i, result);
         }
         for (Part& part : shared) {
             if (part.bulge != 0.0)
@@ -253,6 +296,13 @@ private:
                 ++end;
             result.push_back(seen(&shared[i], &shared[i] + (end - i)));
             i = end;
+        }
+        for (Piece& piece : result) {
+            if (m_picture.lines[piece.line].reversed) {
+                std::swap(piece.a, piece.b);
+                piece.bulge = -piece.bulge;
+                piece.place = -piece.place;
+            }
         }
         return result;
     }
@@ -279,14 +329,10 @@ private:
                 top = std::max(top, z);
             }
         }
-        const Vec middle = piece.bulge == 0.0 ? (m_picture.points[piece.a] + m_picture.points[piece.b]) * 0.5
-                                              : arcOf(piece.a, piece.b, piece.bulge).at(0.5);
+        const Strand& strand = m_strands[first->strand];
+        const Vec middle = piece.bulge == 0.0 ? strand.start + (strand.end - strand.start) * first->place
+                                              : arcOf(first->a, first->b, first->bulge).at(0.5);
         piece.visible = !m_cover.hides(middle, top);
-        if (m_picture.lines[piece.line].reversed) {
-            std::swap(piece.a, piece.b);
-            piece.bulge = -piece.bulge;
-            piece.place = -piece.place;
-        }
         return piece;
     }
 
