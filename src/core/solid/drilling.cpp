@@ -18,12 +18,12 @@ namespace
 
 constexpr double kTol = kPointTol;
 
-/// Where a + b cos t + c sin t is zero, in [from, to].
+/// Where the height a + b cos t + c sin t is zero, in [from, to]; nowhere if all of it is at one height.
 template <class Each>
 void forEachRoot(double a, double b, double c, double from, double to, Each&& each)
 {
     const double size = std::sqrt(b * b + c * c);
-    if (!(std::fabs(a) < size))
+    if (!(size > kTol) || !(std::fabs(a) < size))
         return;
     const double middle = std::atan2(c, b), half = std::acos(-a / size);
     for (const double root : {middle - half, middle + half}) {
