@@ -24,16 +24,23 @@ void addExtents(const Body& body, Vec3& min, Vec3& max)
         min = {std::min(min.x, p.x), std::min(min.y, p.y), std::min(min.z, p.z)};
         max = {std::max(max.x, p.x), std::max(max.y, p.y), std::max(max.z, p.z)};
     };
-    for (const Edge& edge : body.edges) {
-        add(edge.at(edge.from));
-        add(edge.at(edge.to));
-        if (edge.curve.straight)
-            continue;
+    const auto addCurve = [&](const Curve& curve, double from, double to) {
+        add(curve.at(from));
+        add(curve.at(to));
+        if (curve.straight)
+            return;
         for (const double angle :
-             {std::atan2(edge.curve.v.x, edge.curve.u.x), std::atan2(edge.curve.v.y, edge.curve.u.y),
-              std::atan2(edge.curve.v.z, edge.curve.u.z)}) {
-            for (double t = angle + std::ceil((edge.from - angle) / kPi) * kPi; t < edge.to; t += kPi)
-                add(edge.at(t));
+             {std::atan2(curve.v.x, curve.u.x), std::atan2(curve.v.y, curve.u.y), std::atan2(curve.v.z, curve.u.z)}) {
+            for (double t = angle + std::ceil((from - angle) / kPi) * kPi; t < to; t += kPi)
+                add(curve.at(t));
+        }
+    };
+    for (const Edge& edge : body.edges)
+        addCurve(edge.curve, edge.from, edge.to);
+    for (const Face& face : body.faces) { // a cone has no edge at its point
+        if (face.cone) {
+            addCurve(face.low, face.from, face.to);
+            addCurve(face.high, face.from, face.to);
         }
     }
 }
@@ -50,7 +57,7 @@ bool mapBody(Body& body, const CVekMatrix3d& m)
     }
     Vec3 min, max;
     addExtents(body, min, max);
-    return std::max({-min.x, -min.y, -min.z, max.x, max.y, max.z}) <= kFarthest; // false for NaN as well
+    return std::max({-min.x, -min.y, -min.z, max.x, max.y, max.z}) <= kFarthest;
 }
 
 bool sectionOf(Section& section, const CVek_Solid::Region& region)

@@ -207,7 +207,7 @@ struct End {
     double z(double x, double y) const { return at + slopeX * x + slopeY * y; }
 };
 
-bool makePrism(Body& body, const Section& section, const End& low, const End& high, bool folded);
+bool makePrism(Body& body, const Section& section, End low, End high, bool folded);
 bool makeRevolved(Body& body, const Section& section, double from, double angle);
 
 /// The outline of a line with a thickness.

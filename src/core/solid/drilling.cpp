@@ -169,7 +169,7 @@ private:
             return true;
         forEachPlace({}, face.from, face.to, [&](double t) {
             const Vec3 a = low.at(t), b = high.at(t);
-            if (std::sqrt(a.x * a.x + a.y * a.y) < m_hole.radius && !(inLength(a.z) && inLength(b.z)))
+            if (std::sqrt(a.x * a.x + a.y * a.y) < m_hole.radius - kTol && !(inLength(a.z) && inLength(b.z)))
                 round.face = kNone;
         });
         if (round.face == kNone)
@@ -219,10 +219,13 @@ private:
         const double reach = std::sqrt(c.u.dot(c.u) + c.v.dot(c.v));
         if (std::sqrt(c.centre.x * c.centre.x + c.centre.y * c.centre.y) > m_hole.radius + reach)
             return;
-        double last = from, lastValue = outside(from);
+        const double near = 2.0 * m_hole.radius * kTol; // what runs along the cylinder does not pass through it
+        double last = from, lastValue = 0.0;
         forEachPlace({}, from, to, [&](double t) {
             const double value = outside(t);
-            if ((value > 0.0) != (lastValue > 0.0)) {
+            if (std::fabs(value) <= near)
+                return;
+            if (lastValue != 0.0 && (value > 0.0) != (lastValue > 0.0)) {
                 double a = last, b = t;
                 for (int i = 0; i < 60 && b - a > 1e-15 * kFullTurn; ++i) {
                     const double middle = 0.5 * (a + b);
@@ -583,7 +586,7 @@ private:
             m_body.faces[round.face].to = face.from; // nothing, if nothing stays
             for (std::size_t i = 0; i + 1 < places.size(); ++i) {
                 const Vec3 middle = local(face.low.at(0.5 * (places[i] + places[i + 1])) - m_hole.origin);
-                if (std::sqrt(middle.x * middle.x + middle.y * middle.y) < m_hole.radius)
+                if (std::sqrt(middle.x * middle.x + middle.y * middle.y) < m_hole.radius - kTol)
                     continue;
                 last = first == kNone ? round.face : static_cast<Id>(m_body.faces.size());
                 if (first == kNone)

@@ -93,7 +93,7 @@ void addContour(Body& body, const Link* links, std::size_t sides, const End& low
 
 } // namespace
 
-bool makePrism(Body& body, const Section& section, const End& low, const End& high, bool folded)
+bool makePrism(Body& body, const Section& section, End low, End high, bool folded)
 {
     double least = 1e300, most = -1e300;
     for (std::size_t c = 0; c + 1 < section.begins.size(); ++c) {
@@ -104,8 +104,8 @@ bool makePrism(Body& body, const Section& section, const End& low, const End& hi
     }
     const double thinnest = pointTol(std::fabs(low.at));
     if (most < -thinnest)
-        return makePrism(body, section, high, low, folded);
-    if (!(least > thinnest))
+        std::swap(low, high);
+    else if (!(least > thinnest))
         return false;
     body.faces.resize(2);
     body.faces[0].p = {1.0, 0.0, low.slopeX};

@@ -61,6 +61,14 @@ private:
 
     Vec point(Id p) const { return m_picture.points[p]; }
 
+    /// Whether a way goes straight on from a through b to c.
+    bool isStraight(Vec a, Vec b, Vec c) const
+    {
+        const Vec way = c - a, so = b - a;
+        const double length = way.abs();
+        return std::fabs(way.cross(so)) <= m_picture.tolerance * length && so.dot(way) < length * length;
+    }
+
     /// Whether a piece continues a run of the same line, of a circle seen on edge, or of a true circle.
     bool extend(Run& run, const Piece& piece) const
     {
@@ -68,10 +76,7 @@ private:
             m_picture.lines[run.line].source != m_picture.lines[piece.line].source)
             return false;
         if (run.bulge == 0.0 && piece.bulge == 0.0) {
-            const Vec way = point(piece.b) - point(run.a), so = point(run.b) - point(run.a);
-            const double length = way.abs();
-            if (run.line != piece.line &&
-                (std::fabs(way.cross(so)) > m_picture.tolerance * length || !(so.dot(way) < length * length)))
+            if (run.line != piece.line && !isStraight(point(run.a), point(run.b), point(piece.b)))
                 return false;
             run.b = piece.b;
             return true;
@@ -122,8 +127,15 @@ private:
     void append(CVekVertexArrayEx& polyline, Run& run, bool reversed)
     {
         const Vec a = point(reversed ? run.b : run.a), b = point(reversed ? run.a : run.b);
-        polyline.append({{a.x, a.y, 0.0}, {b.x, b.y, 0.0}, reversed ? -run.bulge : run.bulge});
         run.used = true;
+        if (polyline.len() > 0 && run.bulge == 0.0 && polyline[-1].bulge == 0.0) {
+            const CVekPoint3d& start = polyline[-1].start;
+            if (isStraight({start[0], start[1]}, a, b)) {
+                polyline[-1].end.set(b.x, b.y, 0.0);
+                return;
+            }
+        }
+        polyline.append({{a.x, a.y, 0.0}, {b.x, b.y, 0.0}, reversed ? -run.bulge : run.bulge});
     }
 
     const Picture& m_picture;

@@ -27,7 +27,7 @@ bool endOf(End& end, const CVekPlane& plane)
 {
     const Vec3 normal = vec(plane.normal()).unit(), point = vec(plane.point());
     if (!(std::fabs(normal.z) > kSmooth) ||
-        !(std::max({std::fabs(point.x), std::fabs(point.y), std::fabs(point.z)}) <= kFarthest))
+        !(std::fabs(point.x) + std::fabs(point.y) + std::fabs(point.z) <= kFarthest))
         return false;
     end.slopeX = -normal.x / normal.z;
     end.slopeY = -normal.y / normal.z;
