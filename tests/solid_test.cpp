@@ -104,6 +104,13 @@ TEST(Solid, OfACubeNineEdgesAreSeenFromItsCornerAndOneContourFromAbove)
     EXPECT_NEAR(corner.seen.length[kEdge] + corner.unseen.length[kEdge], 190 * std::sqrt(2.0 / 3), 1e-9);
     EXPECT_NEAR(corner.seen.length[kEdge], 140 * std::sqrt(2.0 / 3), 1e-9);
     EXPECT_NEAR(projected(solid, from(0, 0, 1)).seen.length[kEdge], 70, 1e-9);
+    // What coincides is drawn by the foremost.
+    CVek_Solid pile;
+    ASSERT_TRUE(pile.extrude(rectangle(10, 10), {}, 0, 10, 1) && pile.extrude(rectangle(10, 10), {}, 30, 40, 2) &&
+                pile.extrude(rectangle(10, 10), {}, 12, 20, 3));
+    const View stack = projected(pile, from(0, 0, 1));
+    ASSERT_EQ(stack.visible.len(), 1);
+    EXPECT_EQ(stack.visible[0].element, 2);
     // Alone each is a cube of its own.
     EXPECT_NEAR(projected(solid, from(1, 1, 1), false).seen.length[kEdge], 180 * std::sqrt(2.0 / 3), 1e-9);
     // One that stands across both in part: of its lower edges 5 run on upper edges of the others.
@@ -136,6 +143,18 @@ TEST(Solid, RoundBodiesHaveTrueArcsAlongTheirAxisAndSilhouettesAcrossIt)
     along = projected(solid, from(0, 0, 1));
     EXPECT_NEAR(along.unseen.length[kEdge], 9 * pi, 1e-9);
     EXPECT_EQ(along.unseen.arcs, 2);
+
+    CVek_Solid rounded; // a plane that goes over into a torus and that into a cylinder
+    Region soft;
+    soft.append(shapes::path({shapes::line(0, 0, 3, 0), shapes::line(3, 0, 4, 1, std::tan(pi / 8)),
+                              shapes::line(4, 1, 4, 5), shapes::line(4, 5, 0, 5), shapes::line(0, 5, 0, 0)}));
+    ASSERT_TRUE(rounded.revolve(soft, {}, 0, 7, 1));
+    View inclined = projected(rounded, from(0.2, 0.1, -1));
+    double rim = 0; // the upper one is the only edge
+    for (int i = 0; i < 1000; ++i)
+        rim += pi / 500 * 4 * std::sqrt(1 - 0.05 / 1.05 * std::pow(std::sin(pi * i / 500), 2));
+    EXPECT_NEAR(inclined.seen.length[kEdge] + inclined.unseen.length[kEdge], rim, 0.02);
+    EXPECT_EQ(projected(rounded, from(0, 0, -1)).seen.arcs, 2);
 
     CVek_Solid cone; // a ball on a cone, from below and from the side
     const CVekVertexArray profile =
