@@ -6,6 +6,7 @@
 #include "slide_bytes.h"
 
 #include <vek/json.h>
+#include <vek/solid.h>
 #include <vek/vek.h>
 
 #include <filesystem>
@@ -373,6 +374,31 @@ TEST(Memory, EachJobIsDoneAsAWholeOrNotAtAll)
         EXPECT_GE(failures, job.least);
     }
     vekAppSet(before);
+}
+
+TEST(Memory, ASolidIsBuiltDrilledAndProjectedAsAWholeOrNotAtAll)
+{
+    const CVek_Solid::Region region{VEK::g_outline(2, CVekVector3d(), {40.0, 20.0})};
+    const CVekMatrix3d axis = CVekMatrix3d().setToTranslation({10.0, 0.0, 0.0});
+    int views = 0;
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        CVekArrayTempl<CVekVertexArrayEx> visible, hidden;
+        visible.append(CVekVertexArrayEx());
+        CVek_Solid solid;
+        bool built = false, drilled = false, added = false, projected = false;
+        memory.during([&] {
+            built = solid.extrude(region, CVekMatrix3d::kIdentity, 0.0, 5.0, 1);
+            drilled = solid.drill(1, axis, 6.0);
+            added = solid.add(solid, axis, 2);
+            projected = solid.project(VEK::g_mtx_view_dir(L"NO", {}).inverse(), true, visible, hidden, vekModelerFaces);
+        });
+        EXPECT_EQ(solid.bodies(), built + added);
+        EXPECT_EQ(visible.len() > 0, projected);
+        EXPECT_EQ(hidden.len() > 0, projected);
+        EXPECT_TRUE(memory.failed() || (built && drilled && added && projected));
+        views += projected;
+    });
+    EXPECT_GT(views, 10); // what fails earlier leaves less to see, but a picture of it
 }
 
 TEST(Memory, ACacheKeepsNoFailure)

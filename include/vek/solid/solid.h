@@ -80,15 +80,16 @@ public:
     ///
     /// The hole cuts planar faces at any angle, and those cylindrical faces whose axis is parallel to it, earlier holes
     /// among them; it may overlap the edges of faces and other holes. Its rim is of kind `hole`, and its wall hides and
-    /// is seen through the hole. Curved faces at an angle to its axis, and cones, it passes without cutting them; the
-    /// wall then ends at the next planar face. In a body of which only such faces are met nothing happens.
+    /// is seen through the hole. A body in which it meets other faces within its length, round ones at an angle to its
+    /// axis and cones, stays as it was; so does one whose parallel round faces it would cut to a part of their length.
+    /// Where two holes at an angle to one another meet inside a body, their walls are not cut.
     /// @param element the number given when the bodies were added
     /// @param axis the hole's own coordinates to the world: the hole runs along +z from the origin. Of its axes only
     ///     the directions count, so the diameter and the depth are in world units
     /// @param diameter above 0
     /// @param depth of a blind hole, which has a flat bottom and begins at the origin; 0 for a hole through everything,
     ///     in both directions
-    /// @return whether anything was cut
+    /// @return whether anything was cut in any body
     bool drill(int element, const CVekMatrix3d& axis, double diameter, double depth = 0.0);
 
     /// The same for one body.

@@ -1,0 +1,321 @@
+#include "shapes.h"
+
+#include <vek/solid.h>
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <map>
+
+namespace
+{
+
+using shapes::pi;
+using shapes::polygon;
+using Lines = CVekArrayTempl<CVekVertexArrayEx>;
+using Region = CVek_Solid::Region;
+
+Region rectangle(double width, double height)
+{
+    Region region;
+    region.append(polygon({{0, 0}, {width, 0}, {width, height}, {0, height}}));
+    return region;
+}
+
+CVekVertexArray circle(double x, double y, double r)
+{
+    return shapes::path({shapes::line(x + r, y, x - r, y, 1), shapes::line(x - r, y, x + r, y, 1)});
+}
+
+Region tube(double outer, double inner)
+{
+    Region region;
+    region.append(circle(0, 0, outer));
+    region.append(circle(0, 0, inner));
+    return region;
+}
+
+CVekMatrix3d at(double x, double y, double z)
+{
+    return CVekMatrix3d().setToTranslation({x, y, z});
+}
+
+CVekMatrix3d from(double x, double y, double z)
+{
+    return VEK::g_mtx_view({x, y, z}, {}, false);
+}
+
+/// What a projection gave, in numbers: segments and length by kind, and arcs.
+struct Sum {
+    std::map<VekLineKind, int> segments;
+    std::map<VekLineKind, double> length;
+    int polylines = 0, closed = 0, arcs = 0;
+};
+Sum sum(const Lines& lines)
+{
+    Sum result;
+    for (const CVekVertexArrayEx& line : lines) {
+        ++result.polylines;
+        result.closed += line.isClosed();
+        EXPECT_TRUE(line.isContinuous());
+        for (const CVekVertex& v : line) {
+            ++result.segments[line.kind];
+            result.length[line.kind] += v.bulgLen();
+            result.arcs += v.bulge != 0.0;
+            EXPECT_TRUE(v.start.z == 0.0 && v.end.z == 0.0 && std::isfinite(v.bulge));
+        }
+    }
+    return result;
+}
+
+struct View {
+    Lines visible, hidden;
+    Sum seen, unseen;
+};
+View projected(CVek_Solid& solid, const CVekMatrix3d& view, bool together = true)
+{
+    View result;
+    EXPECT_TRUE(solid.project(view, together, result.visible, result.hidden, vekModelerFaces));
+    result.seen = sum(result.visible);
+    result.unseen = sum(result.hidden);
+    return result;
+}
+
+constexpr auto kEdge = VekLineKind::edge, kSilhouette = VekLineKind::silhouette, kFold = VekLineKind::fold,
+               kHole = VekLineKind::hole;
+
+TEST(Solid, OfACubeNineEdgesAreSeenFromItsCornerAndOneContourFromAbove)
+{
+    CVek_Solid solid;
+    ASSERT_TRUE(solid.extrude(rectangle(10, 10), {}, 10, 0, 5));
+    View corner = projected(solid, from(1, 1, 1));
+    EXPECT_EQ(corner.seen.segments[kEdge], 9);
+    EXPECT_EQ(corner.unseen.segments[kEdge], 3);
+    EXPECT_NEAR(corner.seen.length[kEdge], 90 * std::sqrt(2.0 / 3), 1e-9);
+    EXPECT_NEAR(corner.unseen.length[kEdge], 30 * std::sqrt(2.0 / 3), 1e-9);
+    EXPECT_EQ(corner.visible[0].element, 5);
+
+    View above = projected(solid, from(0, 0, 1));
+    EXPECT_EQ(std::tuple(above.seen.polylines, above.seen.closed, above.seen.segments[kEdge]), std::tuple(1, 1, 4));
+    EXPECT_EQ(above.hidden.len(), 0);
+
+    // Two that share a face. Four edges lie on four others, and one hidden edge runs behind a front one.
+    ASSERT_TRUE(solid.extrude(rectangle(10, 10), at(10, 0, 0), 0, 10, 6));
+    corner = projected(solid, from(1, 1, 1));
+    EXPECT_NEAR(corner.seen.length[kEdge] + corner.unseen.length[kEdge], 190 * std::sqrt(2.0 / 3), 1e-9);
+    EXPECT_NEAR(corner.seen.length[kEdge], 140 * std::sqrt(2.0 / 3), 1e-9);
+    EXPECT_NEAR(projected(solid, from(0, 0, 1)).seen.length[kEdge], 70, 1e-9);
+    // What coincides is drawn by the foremost.
+    CVek_Solid pile;
+    ASSERT_TRUE(pile.extrude(rectangle(10, 10), {}, 0, 10, 1) && pile.extrude(rectangle(10, 10), {}, 30, 40, 2) &&
+                pile.extrude(rectangle(10, 10), {}, 12, 20, 3));
+    const View stack = projected(pile, from(0, 0, 1));
+    ASSERT_EQ(stack.visible.len(), 1);
+    EXPECT_EQ(stack.visible[0].element, 2);
+    // Alone each is a cube of its own.
+    EXPECT_NEAR(projected(solid, from(1, 1, 1), false).seen.length[kEdge], 180 * std::sqrt(2.0 / 3), 1e-9);
+    // One that stands across both in part: of its lower edges 5 run on upper edges of the others.
+    CVek_Solid shifted;
+    ASSERT_TRUE(shifted.extrude(rectangle(10, 10), {}, 0, 10, 1) &&
+                shifted.extrude(rectangle(10, 10), at(5, 0, 10), 0, 10, 2));
+    View front = projected(shifted, from(0, -1, 0));
+    EXPECT_NEAR(front.seen.length[kEdge], 75, 1e-9);
+    EXPECT_EQ(front.hidden.len(), 0);
+}
+
+TEST(Solid, RoundBodiesHaveTrueArcsAlongTheirAxisAndSilhouettesAcrossIt)
+{
+    CVek_Solid solid;
+    ASSERT_TRUE(solid.extrude(tube(5, 4), at(100, -50, 3), 0, 10, 1));
+    View along = projected(solid, from(0, 0, 1));
+    EXPECT_EQ(std::tuple(along.seen.polylines, along.seen.closed, along.seen.arcs, along.hidden.len()),
+              std::tuple(2, 2, 4, 0));
+    EXPECT_NEAR(along.seen.length[kEdge], 18 * pi, 1e-9);
+    EXPECT_NEAR(projected(solid, from(0, 0, -1)).seen.length[kEdge], 18 * pi, 1e-9);
+
+    View across = projected(solid, from(0.3, -1, 0));
+    EXPECT_EQ(across.seen.segments[kSilhouette], 2);
+    EXPECT_EQ(across.seen.segments[kEdge], 2);
+    EXPECT_NEAR(across.seen.length[kEdge], 20, 1e-9);
+    EXPECT_NEAR(across.unseen.length[kSilhouette], 20, 1e-9);
+
+    // Half of it covered by a plate: arcs are cut exactly and stay arcs.
+    ASSERT_TRUE(solid.extrude(rectangle(20, 5), at(90, -50, 20), 0, 1, 2));
+    along = projected(solid, from(0, 0, 1));
+    EXPECT_NEAR(along.unseen.length[kEdge], 9 * pi, 1e-9);
+    EXPECT_EQ(along.unseen.arcs, 2);
+
+    CVek_Solid rounded; // a plane that goes over into a torus and that into a cylinder
+    Region soft;
+    soft.append(shapes::path({shapes::line(0, 0, 3, 0), shapes::line(3, 0, 4, 1, std::tan(pi / 8)),
+                              shapes::line(4, 1, 4, 5), shapes::line(4, 5, 0, 5), shapes::line(0, 5, 0, 0)}));
+    ASSERT_TRUE(rounded.revolve(soft, {}, 0, 7, 1));
+    View inclined = projected(rounded, from(0.2, 0.1, -1));
+    double rim = 0; // the upper one is the only edge
+    for (int i = 0; i < 1000; ++i)
+        rim += pi / 500 * 4 * std::sqrt(1 - 0.05 / 1.05 * std::pow(std::sin(pi * i / 500), 2));
+    EXPECT_NEAR(inclined.seen.length[kEdge] + inclined.unseen.length[kEdge], rim, 0.02);
+    EXPECT_EQ(projected(rounded, from(0, 0, -1)).seen.arcs, 2);
+
+    CVek_Solid cone; // a ball on a cone, from below and from the side
+    const CVekVertexArray profile =
+        shapes::path({shapes::line(0, 0, 3, 0), shapes::line(3, 0, 1, 6), shapes::line(1, 6, 0, 7, std::tan(pi / 8)),
+                      shapes::line(0, 7, 0, 0)});
+    Region region;
+    region.append(profile);
+    ASSERT_TRUE(cone.revolve(region, {}, 0.3, 2 * pi, 1));
+    View side = projected(cone, from(1, 0, 0));
+    EXPECT_NEAR(side.seen.length[kSilhouette], 2 * std::sqrt(40.0) + pi, 2e-3);
+    EXPECT_NEAR(side.seen.length[kEdge], 8, 1e-6);
+    View below = projected(cone, from(0, 0, -1));
+    EXPECT_NEAR(below.seen.length[kEdge], 6 * pi, 1e-9);
+    EXPECT_NEAR(below.unseen.length[kEdge], 2 * pi, 1e-9);
+    CVekPoint3d min, max;
+    ASSERT_TRUE(cone.extents(min, max));
+    EXPECT_LT(min.distanceTo({-3, -3, 0}) + max.distanceTo({3, 3, 7}), 1e-9);
+}
+
+TEST(Solid, SheetsHaveFoldsAndPrismsNone)
+{
+    const double bend = std::tan(pi / 8);
+    const CVekVertexArray line =
+        shapes::path({shapes::line(0, 20, 0, 5), shapes::line(0, 5, 5, 0, bend), shapes::line(5, 0, 30, 0)});
+    for (const int side : {-1, 0, 1}) {
+        CVek_Solid sheet;
+        ASSERT_TRUE(sheet.plate(line, 2, side, {}, 0, 40, 1));
+        View view = projected(sheet, from(1, 1.1, 0.4));
+        EXPECT_NEAR(view.seen.length[kFold] + view.unseen.length[kFold],
+                    4 * 40 * std::cos(std::atan(0.4 / std::sqrt(2.21))), 1e-6);
+        // The contour of the end: the bend is longer outside.
+        const double toLeft = side + 1.0, r = 5 - toLeft;
+        View end = projected(sheet, from(0, 0, 1));
+        EXPECT_NEAR(end.seen.length[kEdge], 80 + 4 + (2 * r + 2) * pi / 2, 1e-9);
+        EXPECT_EQ(std::tuple(end.seen.polylines, end.seen.segments[kEdge], end.seen.arcs), std::tuple(1, 8, 2));
+    }
+    CVek_Solid prism;
+    Region region;
+    region.append(shapes::path({shapes::line(0, 0, 10, 0), shapes::line(10, 0, 10, 10, 1), shapes::line(10, 10, 4, 10),
+                                shapes::line(4, 10, 0, 10), shapes::line(0, 10, 0, 0)}));
+    ASSERT_TRUE(prism.extrude(region, {}, 0, 8, 1));
+    View view = projected(prism, from(1, 1, 1));
+    EXPECT_EQ(view.seen.segments.count(kFold) + view.unseen.segments.count(kFold), 0u);
+    EXPECT_FALSE(prism.plate(line, 20, 1, {}, 0, 1, 1)); // the thickness consumes the bend
+    // Seen exactly along the flat part its outline is still closed: the bend's side towards the flat.
+    CVek_Solid flat;
+    ASSERT_TRUE(flat.plate(line, 2, 0, {}, 0, 40, 1));
+    EXPECT_NEAR(projected(flat, from(0, 1, 0)).seen.length[kEdge] +
+                    projected(flat, from(0, 1, 0)).seen.length[kSilhouette],
+                2 * 31 + 40 * 3, 1e-6);
+}
+
+TEST(Solid, HolesMeetFacesEdgesAndOneAnother)
+{
+    CVek_Solid solid;
+    ASSERT_TRUE(solid.extrude(rectangle(40, 20), {}, 0, 5, 1));
+    EXPECT_FALSE(solid.drill(1, at(60, 10, 0), 8));    // passes by
+    EXPECT_FALSE(solid.drill(2, at(10, 10, 0), 8));    // no such element
+    EXPECT_FALSE(solid.drill(1, at(10, 10, 6), 8, 5)); // begins behind the plate
+    ASSERT_TRUE(solid.drill(1, at(10, 10, 0), 8));
+    EXPECT_FALSE(solid.drill(1, at(10, 10, 0), 8)); // there is nothing left
+    View above = projected(solid, from(0, 0, 1));
+    EXPECT_NEAR(above.seen.length[kHole], 8 * pi, 1e-9);
+    EXPECT_EQ(std::tuple(above.seen.arcs, above.hidden.len()), std::tuple(2, 0));
+    // At 45 degrees the far rim is seen through the hole where the two ellipses overlap.
+    View slanting = projected(solid, from(0, -1, 1));
+    const double rim = slanting.seen.length[kHole] + slanting.unseen.length[kHole];
+    double ellipse = 0;
+    for (int i = 0; i < 1000; ++i)
+        ellipse += 2 * pi / 1000 * 4 * std::sqrt(1 - 0.5 * std::pow(std::cos(2 * pi * i / 1000), 2));
+    EXPECT_NEAR(rim, 2 * ellipse, 0.02);
+    EXPECT_EQ(slanting.seen.segments[kSilhouette] + slanting.unseen.segments[kSilhouette], 2);
+    EXPECT_EQ(slanting.seen.segments[kSilhouette], 0);
+
+    // Half over the edge, and over the first hole: chord lengths 6 and 2 sqrt(16 - 9).
+    ASSERT_TRUE(solid.drill(1, at(0, 10, 0), 6) && solid.drill(1, at(16, 10, 0), 8));
+    above = projected(solid, from(0, 0, 1));
+    EXPECT_NEAR(above.seen.length[kHole], 3 * pi + 2 * 4 * (2 * pi - 2 * std::acos(0.75)), 1e-6);
+    EXPECT_NEAR(above.seen.length[kEdge], 120 - 6, 1e-6);
+    View side = projected(solid, from(0, -1, 0)); // the corners of hole and hole are in line
+    EXPECT_NEAR(side.unseen.length[kHole], 5, 1e-6);
+
+    // Blind ones keep the lower face whole.
+    CVek_Solid block;
+    ASSERT_TRUE(block.extrude(rectangle(20, 20), {}, 0, 10, 1));
+    const CVekMatrix3d down = CVekMatrix3d().setCoordSystem({10, 10, 10}, {1, 0, 0}, {0, -1, 0}, {0, 0, -1});
+    ASSERT_TRUE(block.drill(1, down, 6, 4));
+    EXPECT_EQ(projected(block, from(0, 0, -1)).seen.length.count(kHole), 0u);
+    EXPECT_NEAR(projected(block, from(0, 0, 1)).seen.length[kHole], 6 * pi, 1e-9);
+    View front = projected(block, from(0, -1, 0));
+    EXPECT_NEAR(front.unseen.length[kHole], 6, 1e-6);           // the bottom
+    EXPECT_NEAR(front.unseen.length[kSilhouette], 2 * 4, 1e-6); // the wall
+    // Round faces across the hole cannot be cut.
+    CVek_Solid round;
+    ASSERT_TRUE(round.extrude(tube(5, 4), {}, 0, 10, 1));
+    EXPECT_FALSE(round.drill(1, CVekMatrix3d().setCoordSystem({0, 0, 5}, {0, 1, 0}, {0, 0, 1}, {1, 0, 0}), 3));
+}
+
+TEST(Solid, CopiesAreTransformedAndListsAreOneAfterTheOther)
+{
+    CVek_Solid part, whole;
+    ASSERT_TRUE(part.extrude(tube(5, 4), {}, 0, 10, 7));
+    const CVekMatrix3d uneven = CVekMatrix3d().setCoordSystem({30, 0, 0}, {-2, 0, 0}, {0, 1, 0}, {0, 0, 1});
+    ASSERT_TRUE(whole.add(part, {}) && whole.add(part, uneven, 8) && whole.add(whole, at(0, 100, 0)));
+    EXPECT_EQ(whole.bodies(), 4);
+    CVekPoint3d min, max;
+    ASSERT_TRUE(whole.extents(min, max));
+    EXPECT_LT(min.distanceTo({-5, -5, 0}) + max.distanceTo({40, 105, 10}), 1e-9);
+    View view = projected(whole, from(0, 0, 1));
+    EXPECT_EQ(view.seen.arcs, 8); // the two even ones
+    EXPECT_EQ(view.visible[view.visible.len() - 1].element, 8);
+    Lines both;
+    ASSERT_TRUE(whole.project(from(1, 2, 3), true, both, both, 99));
+    view = projected(whole, from(1, 2, 3));
+    ASSERT_EQ(both.len(), view.visible.len() + view.hidden.len());
+    for (int i = 0; i < both.len(); ++i) // again exactly the same
+        EXPECT_TRUE(both[i] == (i < view.visible.len() ? view.visible[i] : view.hidden[i - view.visible.len()]));
+    whole.clear();
+    EXPECT_FALSE(whole.solid() || whole.project({}, true, both, both, 1) || both.len() > 0 || whole.extents(min, max));
+}
+
+TEST(Solid, LeavesOutWhatIsNoBody)
+{
+    CVek_Solid solid;
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (const double bad : {0.0, nan, 1e300, -1e300, std::numeric_limits<double>::infinity()}) {
+        EXPECT_FALSE(solid.extrude(rectangle(10, 10), {}, 0, bad, 1)) << bad;
+        EXPECT_FALSE(solid.extrude(rectangle(bad, 10), {}, 0, 1, 1)) << bad;
+        EXPECT_FALSE(solid.revolve(rectangle(10, 10), {}, 0, bad == 0.0 || bad != bad ? bad : nan, 1)) << bad;
+        EXPECT_FALSE(solid.plate(shapes::path({shapes::line(0, 0, 10, 0)}), bad, 0, {}, 0, 1, 1)) << bad;
+        CVekMatrix3d m;
+        m[1][1] = bad;
+        EXPECT_FALSE(solid.extrude(rectangle(10, 10), m, 0, 1, 1)) << bad;
+        EXPECT_FALSE(
+            solid.extrude(rectangle(10, 10), {}, CVekPlane({}, {1, 0, bad}), CVekPlane({0, 0, 1}, {0, 0, 1}), 1))
+            << bad;
+    }
+    EXPECT_FALSE(solid.extrude({}, {}, 0, 1, 1) || solid.revolve(rectangle(-1, 1), {}, 0, 1, 1));
+    EXPECT_FALSE(solid.extrude(rectangle(10, 10), {}, CVekPlane({}, {-1, 0, 1}), CVekPlane({0, 0, 1}, {0, 0, 1}),
+                               1)); // they meet
+    Region line;
+    line.append(polygon({{0, 0}, {5, 5}, {9, 9}}));
+    EXPECT_FALSE(solid.extrude(line, {}, 0, 1, 1));
+    EXPECT_EQ(solid.bodies(), 0);
+
+    Region eight;
+    eight.append(polygon({{0, 0}, {10, 10}, {10, 0}, {0, 10}}));
+    ASSERT_TRUE(solid.extrude(eight, {}, 0, 4, 1));
+    EXPECT_FALSE(solid.drill(1, at(nan, 0, 0), 1) || solid.drill(1, {}, nan) || solid.drill(1, {}, 1, -1) ||
+                 solid.drill(1, {}, 0));
+    EXPECT_NEAR(projected(solid, from(0, 0, 1)).seen.length[kEdge], 20 + 20 * std::sqrt(2.0), 1e-6);
+    for (const double size : {1e-5, 1e7, 1e11}) { // tiny, huge
+        CVek_Solid scaled;
+        ASSERT_TRUE(scaled.add(solid, CVekMatrix3d().setToScaling(size, {})));
+        projected(scaled, from(1, 2, 3));
+    }
+    Lines visible, hidden;
+    CVekMatrix3d flat;
+    flat[2][2] = 0;
+    visible.append(CVekVertexArrayEx());
+    EXPECT_FALSE(solid.project(flat, true, visible, hidden, 1) || visible.len() > 0);
+}
+
+} // namespace
