@@ -179,23 +179,21 @@ TEST(Png, OfAllKinds)
         const char* row;
         std::string chunks;
         std::vector<std::uint32_t> expected;
-    } kinds[] = {
-        {gray, 1, "40", "", {kBlack, kWhite}},
-        {gray, 2, "B0", chunk("tRNS", hex("0003")), {0xFFAAAAAA, 0x00FFFFFF}},
-        {gray, 4, "1F", chunk("tRNS", hex("0001")), {0x00111111, kWhite}},
-        {gray, 8, "01FE", "", {0xFF010101, 0xFFFEFEFE}},
-        {gray, 16, "1234 12FF", chunk("tRNS", hex("1234")), {0x00121212, 0xFF121212}},
-        {color, 8, "123456 FF0000", chunk("tRNS", hex("0012 0034 0056")), {0x00563412, kRed}},
-        {color, 16, "1234 5678 9ABC FFFF 0000 00FF", "", {0xFF9A5612, kRed}},
-        {indexed, 1, "40", palette, {0x80FF0000, kRed}},
-        {indexed, 2, "80", palette, {kGreen, 0x80FF0000}},
-        {indexed, 4, "12", palette, {kRed, kGreen}},
-        {indexed, 8, "0200", palette, {kGreen, 0x80FF0000}},
-        {grayAlpha, 8, "1280 34FF", "", {0x80121212, 0xFF343434}},
-        {grayAlpha, 16, "1234 7FFF 5678 8000", "", {0x7F121212, 0x80565656}},
-        {colorAlpha, 8, "12345678 9ABCDEFF", "", {0x78563412, 0xFFDEBC9A}},
-        {colorAlpha, 16, "1234 5678 9ABC DEF0 FFFF 0000 0000 0000", "", {0xDE9A5612, 0x000000FF}},
-    };
+    } kinds[] = {{gray, 1, "40", "", {kBlack, kWhite}},
+                 {gray, 2, "B0", chunk("tRNS", hex("0003")), {0xFFAAAAAA, 0x00FFFFFF}},
+                 {gray, 4, "1F", chunk("tRNS", hex("0001")), {0x00111111, kWhite}},
+                 {gray, 8, "01FE", "", {0xFF010101, 0xFFFEFEFE}},
+                 {gray, 16, "1234 12FF", chunk("tRNS", hex("1234")), {0x00121212, 0xFF121212}},
+                 {color, 8, "123456 FF0000", chunk("tRNS", hex("0012 0034 0056")), {0x00563412, kRed}},
+                 {color, 16, "1234 5678 9ABC FFFF 0000 00FF", "", {0xFF9A5612, kRed}},
+                 {indexed, 1, "40", palette, {0x80FF0000, kRed}},
+                 {indexed, 2, "80", palette, {kGreen, 0x80FF0000}},
+                 {indexed, 4, "12", palette, {kRed, kGreen}},
+                 {indexed, 8, "0200", palette, {kGreen, 0x80FF0000}},
+                 {grayAlpha, 8, "1280 34FF", "", {0x80121212, 0xFF343434}},
+                 {grayAlpha, 16, "1234 7FFF 5678 8000", "", {0x7F121212, 0x80565656}},
+                 {colorAlpha, 8, "12345678 9ABCDEFF", "", {0x78563412, 0xFFDEBC9A}},
+                 {colorAlpha, 16, "1234 5678 9ABC DEF0 FFFF 0000 0000 0000", "", {0xDE9A5612, 0x000000FF}}};
     for (const auto& kind : kinds) {
         const std::string file = png(kind.type, kind.bits, hex(kind.row), kind.chunks);
         CPixels pixels;

@@ -68,19 +68,17 @@ TEST(DataPattern, WrongLinesAreNamedAndWhatStandsBeforeStays)
     const struct {
         const char* text;
         const wchar_t* error;
-    } cases[] = {
-        {"*BAD\n0,0,zero,0,1\n", L"x.pat:4: \"zero\" is no number"},
-        {"*BAD\n0,0,1.2.3,0,1\n", L"x.pat:4: \"1.2.3\" is no number"},
-        {"*BAD\n0,0,nan,0,1\n", L"x.pat:4: \"nan\" is no number"},
-        {"*BAD\n0,0,1e999,0,1\n", L"x.pat:4: \"1e999\" is no number"},
-        {"*BAD\n0,0,+-1,0,1\n", L"x.pat:4: \"+-1\" is no number"},
-        {"*BAD\n0,0,,0,1\n", L"x.pat:4: a value is missing"},
-        {"*BAD\n0,0,0,0,1,\n", L"x.pat:4: a value is missing"},
-        {"*BAD\n\n0,0,0,1\n", L"x.pat:5: a family of lines needs 5 numbers or more"},
-        {"*BAD\n;\n*NEXT\n0,0,0,0,1\n", L"x.pat:3: the pattern has no lines"},
-        {"*BAD, at the end", L"x.pat:3: the pattern has no lines"},
-        {" * , nameless\n0,0,0,0,1\n", L"x.pat:3: a pattern without a name"},
-    };
+    } cases[] = {{"*BAD\n0,0,zero,0,1\n", L"x.pat:4: \"zero\" is no number"},
+                 {"*BAD\n0,0,1.2.3,0,1\n", L"x.pat:4: \"1.2.3\" is no number"},
+                 {"*BAD\n0,0,nan,0,1\n", L"x.pat:4: \"nan\" is no number"},
+                 {"*BAD\n0,0,1e999,0,1\n", L"x.pat:4: \"1e999\" is no number"},
+                 {"*BAD\n0,0,+-1,0,1\n", L"x.pat:4: \"+-1\" is no number"},
+                 {"*BAD\n0,0,,0,1\n", L"x.pat:4: a value is missing"},
+                 {"*BAD\n0,0,0,0,1,\n", L"x.pat:4: a value is missing"},
+                 {"*BAD\n\n0,0,0,1\n", L"x.pat:5: a family of lines needs 5 numbers or more"},
+                 {"*BAD\n;\n*NEXT\n0,0,0,0,1\n", L"x.pat:3: the pattern has no lines"},
+                 {"*BAD, at the end", L"x.pat:3: the pattern has no lines"},
+                 {" * , nameless\n0,0,0,0,1\n", L"x.pat:3: a pattern without a name"}};
     for (const std::string end : {"\n", "\r\n", "\r"}) {
         for (const auto& c : cases) {
             const Outcome outcome = read(std::regex_replace(before + c.text, std::regex("\n"), end));

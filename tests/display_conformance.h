@@ -73,11 +73,9 @@ void forEachConformanceCase(Try&& tryCase)
              CVekMatrix3d m;
              g.imageTxt(path({}), f, L"AO8", kRed, m.setToScaling(9.0, CVekPoint3d::kOrigin), L"", {}, {5, 5, 0});
          }},
-        {"picture",
-         [&](Gdx& g, unsigned f) {
+        {"picture", [&](Gdx& g, unsigned f) {
              g.imagePicture(path({}), f, picture.path().c_str(), -1, {7, 8, 0}, {27, 18, 0});
-         }},
-    };
+         }}};
     for (const auto& [kind, emit] : kinds) {
         for (unsigned flag = 0; flag < 256; ++flag) {
             const bool needsFlag = kind == std::string("region");

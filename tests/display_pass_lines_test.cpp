@@ -124,8 +124,7 @@ TEST(PassDashes, SpecialFormsAndScale)
         {{10, -4}, 2, "moveTo 0,5\nlineTo 10,5\nmoveTo 18,5\nlineTo 28,5\nlineTo 38,5\nmoveTo 46,5\nlineTo 56,5\n"},
         {{24, -4}, 2, "moveTo 0,5\nlineTo 56,5\n"}, // no longer than one pattern: solid
         {{7}, 2, "moveTo 0,5\nlineTo 56,5\n"},
-        {{-1, -2}, 1, ""},
-    };
+        {{-1, -2}, 1, ""}};
     for (const Case& c : cases) {
         Gdx gdx = grey();
         addDashed(gdx, c.linetype, c.scale, line(0, 5, 56, 5));

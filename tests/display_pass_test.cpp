@@ -61,13 +61,11 @@ TEST(PassColours, ByModeAndFixedAtTheEnd)
         const char* paper;
         const char* screen;
     };
-    const Case cases[] = {
-        {rgb(0xFF8000), 0, "#ff8000", "#ff8000"}, {CVekColor(), 0, "#3f3f3f", "#3f3f3f"},
-        {indexed(5), 0, "#0000ff", "#0000ff"},    {rgb(0xFFFFFF), 0, "#000000", "#ffffff"},
-        {rgb(kBack), 0, "#c0c0c0", "#3f3f3f"},    {kRed, 2, "#00ff00", "#00ff00"},
-        {kRed, 9, "#000000", "#000000"}, // an entry that the table lacks
-        {kRed, 15, "#3f3f3f", "#3f3f3f"},
-    };
+    const Case cases[] = {{rgb(0xFF8000), 0, "#ff8000", "#ff8000"}, {CVekColor(), 0, "#3f3f3f", "#3f3f3f"},
+                          {indexed(5), 0, "#0000ff", "#0000ff"},    {rgb(0xFFFFFF), 0, "#000000", "#ffffff"},
+                          {rgb(kBack), 0, "#c0c0c0", "#3f3f3f"},    {kRed, 2, "#00ff00", "#00ff00"},
+                          {kRed, 9, "#000000", "#000000"}, // an entry that the table lacks
+                          {kRed, 15, "#3f3f3f", "#3f3f3f"}};
     for (const Case& c : cases) {
         Gdx gdx = grey();
         gdx.ColorTabSet(2, rgb(0x00FF00));
@@ -90,14 +88,12 @@ TEST(PassColours, OfFills)
         const char* screen;
     };
     const CVekColor blue = rgb(0x0000FF);
-    const Case cases[] = {
-        {kRed, blue, 0, "#0000ff", "#0000ff"},
-        {kRed, indexed(0), 0, "#ff0000", "#ff0000"}, // index 0: as the pen
-        {kRed, blue, 2, "#00ff00", "#00ff00"},
-        {CVekColor(), blue, 0, "#0000ff", "#3f3f3f"},
-        {kRed, rgb(0xFFFFFF), 0, "#000000", "#ffffff"},
-        {kRed, rgb(kBack), 0, "#c0c0c0", "#3f3f3f"},
-    };
+    const Case cases[] = {{kRed, blue, 0, "#0000ff", "#0000ff"},
+                          {kRed, indexed(0), 0, "#ff0000", "#ff0000"}, // index 0: as the pen
+                          {kRed, blue, 2, "#00ff00", "#00ff00"},
+                          {CVekColor(), blue, 0, "#0000ff", "#3f3f3f"},
+                          {kRed, rgb(0xFFFFFF), 0, "#000000", "#ffffff"},
+                          {kRed, rgb(kBack), 0, "#c0c0c0", "#3f3f3f"}};
     for (const Case& c : cases) {
         Gdx gdx = grey();
         gdx.ColorTabSet(2, rgb(0x00FF00));
@@ -164,8 +160,7 @@ TEST(PassPoint, EveryStyle)
         {36, -10, "ellipse 15,25 25,35\nmoveTo 20,30\nlineTo 20,35\n", nullptr},
         {96, 6, "ellipse 23,33 17,27\nrectangle 23,33 17,27\nbrush #ff0000\nellipse 21,31 19,29\n", nullptr},
         {8 + 32 + 2, 7, "brush #ff0000\nrectangle 23,33 17,27\n", "solidRect 17,27 7,7 #ff0000\n"},
-        {8, -10, "brush #ff0000\nrectangle 15,25 25,35\n", "solidRect 25,35 -10,-10 #ff0000\n"},
-    };
+        {8, -10, "brush #ff0000\nrectangle 15,25 25,35\n", "solidRect 25,35 -10,-10 #ff0000\n"}};
     for (const Case& c : cases) {
         Gdx gdx = grey();
         gdx.imagePt(path({}), 0, {20, 30, 7}, kRed, kNone, c.size, c.mode, CVekPoint3d());

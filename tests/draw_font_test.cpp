@@ -42,8 +42,7 @@ const std::map<wchar_t, Structure>& expectedStructures()
             {L"\xBD\xDC\xFC", {1, 1, 1}},
             {L"\xBC\xBE", {1, 1, 2}},
             {L"\xC4\xE4\xD6\xF6", {2, 1, 1}},
-            {L"%", {2, 2, 1}},
-        };
+            {L"%", {2, 2, 1}}};
         std::map<wchar_t, Structure> structures;
         for (const auto& [characters, structure] : groups)
             for (wchar_t character : characters)

@@ -157,17 +157,15 @@ TEST(SlideLoad, ReadsOneSlideOfALibraryOrAWholeFile)
     struct {
         const wchar_t *name, *library;
         Bytes expected;
-    } const cases[] = {
-        {L"a", path.c_str(), Bytes(bytes.begin() + 140, bytes.begin() + 150)},
-        {L"b", path.c_str(), Bytes(bytes.begin() + 150, bytes.end())},
-        {path.c_str(), nullptr, bytes},
-        {L"c", path.c_str(), {}},
-        {nullptr, path.c_str(), {}},
-        {L"a", L"", {}},
-        {L"a", absent.c_str(), {}},
-        {folder.c_str(), nullptr, {}},
-        {L"a", largePath.c_str(), {}},
-    };
+    } const cases[] = {{L"a", path.c_str(), Bytes(bytes.begin() + 140, bytes.begin() + 150)},
+                       {L"b", path.c_str(), Bytes(bytes.begin() + 150, bytes.end())},
+                       {path.c_str(), nullptr, bytes},
+                       {L"c", path.c_str(), {}},
+                       {nullptr, path.c_str(), {}},
+                       {L"a", L"", {}},
+                       {L"a", absent.c_str(), {}},
+                       {folder.c_str(), nullptr, {}},
+                       {L"a", largePath.c_str(), {}}};
     for (const auto& c : cases) {
         std::vector<unsigned char> slide(1);
         EXPECT_EQ(VEK::slideLoad(slide, c.name, c.library), !c.expected.empty()) << &c - cases;

@@ -26,12 +26,10 @@ TEST(Outside, GoesToTheHookInThePlaceOfTheSystem)
     EXPECT_FALSE(VEK::platform::outside({What::helpPopup, L"", L"text", 0, true, 3, -4}));
     EXPECT_FALSE(VEK::execute(L" ", 0, true)) << "nothing to ask for";
     EXPECT_TRUE(VEK::platform::outsideHookSet({}));
-    EXPECT_EQ(calls, (std::vector<OutsideCall>{
-                         {What::program, L"vek-no-such-program", L"-x \"y z\"", 70, false},
-                         {What::document, L"https://example.org/a b", L"", 0, true},
-                         {What::program, L"vek no such program", L"z", 0, true},
-                         {What::helpPopup, L"", L"text", 0, true, 3, -4},
-                     }));
+    EXPECT_EQ(calls, (std::vector<OutsideCall>{{What::program, L"vek-no-such-program", L"-x \"y z\"", 70, false},
+                                               {What::document, L"https://example.org/a b", L"", 0, true},
+                                               {What::program, L"vek no such program", L"z", 0, true},
+                                               {What::helpPopup, L"", L"text", 0, true, 3, -4}}));
     EXPECT_FALSE(VEK::execute(L"vek-no-such-program", 1000, true)) << "the system again";
 }
 
