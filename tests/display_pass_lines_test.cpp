@@ -30,10 +30,9 @@ TEST(PassPolyline, LinesDotsAndBreaks)
                                        "pen 1 #ff0000\npixel 20,5 #ff0000\n" + dashes + "lineTo 20,5\n");
 }
 
-/// A circle of two halves.
 CVekVertexArray circle(double radius)
 {
-    return polyline({{{radius, 0, 0}, {-radius, 0, 0}, 1.0}, {{-radius, 0, 0}, {radius, 0, 0}, 1.0}});
+    return shapes::circle(0, 0, radius);
 }
 
 TEST(PassPolyline, ArcsTakeTheChordsOfTheirLengthAtAnyZoom)
@@ -199,13 +198,6 @@ private:
     CVekApp* m_before = vekAppSet(&m_app);
 };
 
-void addHatched(Gdx& gdx, unsigned flag, const wchar_t* pattern, double size, double factor)
-{
-    CVekMatrix3d m;
-    gdx.imageReg(path({}), flag, square(size), kRed, m.setToScaling(factor, CVekPoint3d::kOrigin), doubles({}), 1.0, 1,
-                 rgb(0x0000FF), VEK::CHatchProp(pattern, 0.0, 1.0, false), CVekPoint3d());
-}
-
 std::size_t countOf(const std::string& text, const std::string& part)
 {
     std::size_t count = 0;
@@ -214,61 +206,42 @@ std::size_t countOf(const std::string& text, const std::string& part)
     return count;
 }
 
-TEST(PassHatch, LinesInTheFillColour)
+TEST(PassHatch, LinesDotsOrSolid)
 {
     const PatternHost host;
-    Gdx gdx = grey();
-    addHatched(gdx, itemHatch, L"TWO", 5, 10);
-    const std::string lines = calls(gdx);
-    EXPECT_EQ(lines.substr(0, 14), "pen 1 #0000ff\n");
-    EXPECT_EQ(countOf(lines, "lineTo"), 3u); // at 0, 2 and 4
-    EXPECT_NE(lines.find("moveTo 50,40\nlineTo 0,40\n"), std::string::npos) << lines;
-    EXPECT_EQ(calls(gdx, kScreen), lines);
-}
-
-TEST(PassHatch, TooDenseBecomesSolid)
-{
-    const PatternHost host;
-    Gdx gdx = grey();
-    addHatched(gdx, itemHatch | itemOutline, L"TWO", 50, 1); // lines 2 pixels apart
-    EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), 50u + 4u);
-    EXPECT_EQ(countOf(calls(gdx, kScreen), "polygon"), 1u);
-    for (const auto& [factor, scale, count] : {std::tuple(10, 1, 3u), {10, 9, 50u + 4u}}) { // 20 units apart
-        Gdx large = grey();
-        VEK::CRecorder recorder;
-        addHatched(large, itemHatch | itemOutline, L"TWO", 5, factor);
-        VEK::gdxDraw(large, recorder, {0, 0, 200, 100, double(scale)}, kPaper);
-        EXPECT_EQ(countOf(recorder.text(), "lineTo"), scale == 1 ? count + 4 : count);
+    static constexpr struct {
+        unsigned flag;
+        const wchar_t* pattern;
+        double size, factor, view, scale;   // of the region, its matrix, the view and the drawing area
+        std::size_t paper, lines, polygons; // the last two on the screen
+    } kCases[] = {
+        {itemHatch, L"TWO", 5, 10, 1, 1, 3, 3, 0},                    // at 0, 2 and 4
+        {itemFill | itemHatch, L"TWO", 5, 10, 1, 1, 50 + 3, 0, 1},    // both on paper only
+        {itemHatch | itemOutline, L"TWO", 50, 1, 1, 1, 50 + 4, 4, 1}, // lines 2 pixels apart: too dense
+        {itemHatch | itemOutline, L"TWO", 5, 10, 1, 9, 50 + 4, 4, 1}, // 20 units, of nine pixels each
+        {itemHatch, L"DOTS", 12, 10, 1, 1, 0, 0, 0},                  // as many as there are pixels on the screen
+        {itemHatch, L"TWO", 50, 10, 0.1, 1, 26, 0, 1},                // a view that shrinks counts on screen alone
+    };
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(&c - kCases);
+        Gdx gdx = grey();
+        CVekMatrix3d view, m;
+        gdx.viewDirectionMtxSet(view.setToScaling(c.view, CVekPoint3d::kOrigin));
+        gdx.imageReg(path({}), c.flag, square(c.size), kRed, m.setToScaling(c.factor, CVekPoint3d::kOrigin), {}, 1.0, 1,
+                     rgb(0x0000FF), VEK::CHatchProp(c.pattern, 0.0, 1.0, false), CVekPoint3d());
+        std::size_t dots = 0;
+        for (Rules rules : {kScreen, kPaper}) {
+            VEK::CRecorder recorder;
+            VEK::gdxDraw(gdx, recorder, {0, 0, 200, 100, c.scale}, rules);
+            const std::string text = recorder.text();
+            const bool onScreen = rules.fillsBackground;
+            dots = onScreen ? countOf(text, "pixel") : dots;
+            EXPECT_EQ(countOf(text, "lineTo"), onScreen ? c.lines : c.paper + dots);
+            EXPECT_EQ(countOf(text, "polygon"), onScreen ? c.polygons : 0);
+            EXPECT_NE(text.find(" #0000ff\n"), std::string::npos);
+        }
+        EXPECT_EQ(dots > 6, c.paper == 0);
     }
-    // The item's own matrix acts on the other side of the test matrix; a view that turns counts on screen alone.
-    Gdx turned = grey();
-    CVekMatrix3d flat;
-    turned.viewDirectionMtxSet(flat.setToScaling(0.1, CVekPoint3d::kOrigin));
-    addHatched(turned, itemHatch, L"TWO", 50, 10);
-    EXPECT_EQ(countOf(calls(turned, kPaper), "lineTo"), 26u);
-    EXPECT_EQ(countOf(calls(turned, kScreen), "polygon"), 1u);
-}
-
-TEST(PassHatch, FillAndHatchTogetherOnPaperOnly)
-{
-    const PatternHost host;
-    Gdx gdx = grey();
-    addHatched(gdx, itemFill | itemHatch, L"TWO", 5, 10);
-    EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), 50u + 3u);
-    const std::string screen = calls(gdx, kScreen);
-    EXPECT_EQ(countOf(screen, "polygon"), 1u);
-    EXPECT_EQ(countOf(screen, "lineTo"), 0u);
-}
-
-TEST(PassHatch, DotsOfTheGridAreDotsEvenWhereTheyTouch)
-{
-    const PatternHost host;
-    Gdx gdx = grey();
-    addHatched(gdx, itemHatch, L"DOTS", 12, 10);
-    const std::string screen = calls(gdx, kScreen);
-    EXPECT_GT(countOf(screen, "pixel"), 6u);
-    EXPECT_EQ(countOf(screen, "lineTo"), 0u);
-    EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), countOf(screen, "pixel"));
 }
 
 TEST(PassOutside, OnlyTheScreenLeavesOutWhatCannotShow)
