@@ -1,4 +1,4 @@
-#include <vek/data.h>
+#include "data_leaves.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ CVekArrayTempl<CVekString> namesOf(const CVekDataItem& item)
 
 CVekVertexArray square(double size)
 {
-    return {CVekPoint3d(0, 0, 0), CVekPoint3d(size, 0, 0), CVekPoint3d(size, size, 0), CVekPoint3d(0, 0, 0)};
+    return shapes::rectangle(0, 0, size, size);
 }
 
 } // namespace
@@ -85,40 +85,20 @@ TEST(DataKey, IsAssignedToFreshSlotsAsToUsedOnes)
 TEST(DataItem, ReadsEveryLeafTypeAsItWasWritten)
 {
     CVekDataItem item;
-    const auto comesBack = [&](auto value, auto other) {
-        EXPECT_TRUE(VEK::dataSet(&item, L"A\\B", value));
-        const auto before = other;
-        EXPECT_FALSE(VEK::dataGet(&item, L"A\\C", other));
-        EXPECT_TRUE(other == before) << "untouched";
-        EXPECT_TRUE(VEK::dataGet(&item, L"A\\B", other));
-        EXPECT_TRUE(other == value);
-    };
-    const CVekPoint3dArray points{{1, 2, 3}};
-    const CVekArrayTempl<int> numbers{-3};
-    const CVekArrayTempl<CVekString> texts{L"eins"};
-    const VEK::VertexArrays polylines{square(2)};
-    const VEK::Regions regions{polylines, {}};
-    CVekColor color;
-    color.setColorIndex(5);
-    color.setNames(L"Blau", L"RAL");
-    CVekMatrix3d matrix;
-    matrix.setToTranslation(CVekVector3d(1, 2, 3));
-    comesBack(true, false);
-    comesBack(-5, 1);
-    comesBack(4000000000ul, 1ul);
-    comesBack(0.1, 1.0);
-    comesBack(CVekString(L"Riegel"), CVekString(L"x"));
-    comesBack(CVekPoint3d(1, 2, 3), CVekPoint3d(9, 9, 9));
-    comesBack(points, CVekPoint3dArray());
-    comesBack(matrix, CVekMatrix3d());
-    comesBack(square(3), square(1));
-    comesBack(polylines, VEK::VertexArrays());
-    comesBack(regions, VEK::Regions());
-    comesBack(numbers, CVekArrayTempl<int>());
-    comesBack(texts, CVekArrayTempl<CVekString>());
-    comesBack(color, CVekColor());
-    comesBack(Vek::unitMetre, Vek::unitNone);
-    comesBack(VEK::CHatchProp(L"ANSI31", 0.5, 2.0, true), VEK::CHatchProp());
+    shapes::Random random(3);
+    int types = 0;
+    for (int round = 0; round < 20; ++round) {
+        data_leaves::forEach(random, [&](const wchar_t*, const auto& value) {
+            std::decay_t<decltype(value)> other{};
+            EXPECT_TRUE(VEK::dataSet(&item, L"A\\B", value));
+            EXPECT_FALSE(VEK::dataGet(&item, L"A\\C", other));
+            EXPECT_TRUE(other == decltype(other){}) << "untouched";
+            EXPECT_TRUE(VEK::dataGet(&item, L"A\\B", other));
+            EXPECT_TRUE(other == value);
+            ++types;
+        });
+    }
+    EXPECT_EQ(types, 20 * 16);
 }
 
 TEST(DataItem, TakesAMatrixInEitherForm)
