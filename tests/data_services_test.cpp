@@ -1,11 +1,11 @@
+#include "test_folder.h"
+
 #include <vek/data.h>
 #include <vek/host.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <random>
 #include <utility>
 #include <vector>
@@ -262,18 +262,15 @@ TEST_F(ConfigTest, HoldsTranslations)
 
 TEST_F(ConfigTest, FindsFilesAndHelp)
 {
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "vek_find_test";
-    std::filesystem::create_directories(folder / "sub");
-    std::ofstream(folder / "Kontur.chm") << "x";
-    VEK::filePathSet({L"no such folder", folder.wstring().c_str()});
+    const TestFolder folder(L"find");
+    folder.save(L"Kontur.chm", "x");
+    VEK::filePathSet({L"no such folder", folder.name(L".").c_str()});
     CVekString path(L"before");
-    EXPECT_FALSE(VEK::fileFind(path, L"Nichts.sld"));
-    EXPECT_FALSE(VEK::fileFind(path, L"sub"));
-    EXPECT_FALSE(VEK::fileFind(path, L""));
-    EXPECT_FALSE(VEK::fileFind(path, nullptr));
+    for (const wchar_t* none : {L"Nichts.sld", L".", L"", static_cast<const wchar_t*>(nullptr)})
+        EXPECT_FALSE(VEK::fileFind(path, none));
     EXPECT_TRUE(path == L"before");
     EXPECT_TRUE(VEK::fileFind(path, L"Kontur.chm"));
-    EXPECT_TRUE(std::filesystem::equivalent(std::wstring(path), folder / "Kontur.chm"));
+    EXPECT_TRUE(std::filesystem::equivalent(VEK::platform::pathOf(std::wstring(path)), folder / L"Kontur.chm"));
     CVekString again;
     EXPECT_TRUE(VEK::fileFind(again, path));
     CVekString help;
@@ -284,7 +281,6 @@ TEST_F(ConfigTest, FindsFilesAndHelp)
     EXPECT_TRUE(help == L"https://example.org/<topic>");
     EXPECT_FALSE(VEK::help_find(L"Vek", help));
     VEK::filePathSet({});
-    std::filesystem::remove_all(folder);
 }
 
 /// A label beside a plain list of its texts, in random languages, one of them the process's.

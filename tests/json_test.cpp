@@ -1,12 +1,11 @@
 #include "data_leaves.h"
+#include "test_folder.h"
 
 #include <vek/json.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 
 namespace
 {
@@ -242,11 +241,8 @@ TEST(Json, RefusesWhatLiesTooDeep)
 
 TEST(Json, LoadsAndSavesFiles)
 {
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / u8"vek_json_täst";
-    std::filesystem::create_directories(folder);
-    const std::u8string utf8 = (folder / "tree.json").u8string();
-    const CVekString path =
-        VEK::fromUtf8(reinterpret_cast<const char*>(utf8.data()), static_cast<unsigned>(utf8.size()));
+    const TestFolder folder(L"json");
+    const CVekString path = folder.name(L"tree.json").c_str();
     CVekDataItem tree;
     VEK::dataSet(&tree, L"A\\B", 0.1);
     CVekString error;
@@ -261,9 +257,5 @@ TEST(Json, LoadsAndSavesFiles)
     EXPECT_TRUE(error == path + L"/x/y: cannot be written");
     EXPECT_FALSE(VEK::jsonLoad(back, nullptr, error));
     expectSame(back, tree);
-    int files = 0;
-    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder))
-        ++files;
-    EXPECT_EQ(files, 1) << "nothing else is left behind";
-    std::filesystem::remove_all(folder);
+    EXPECT_EQ(folder.files(), 1) << "nothing else is left behind";
 }

@@ -1,9 +1,8 @@
 #include <vek/values/system.h>
 
-#include "core/platform/platform.h"
+#include "test_folder.h"
 
 #include <chrono>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <thread>
 #include <vector>
@@ -15,23 +14,6 @@ namespace
 {
 
 constexpr wchar_t kKey[] = L"Software\\OSTWERK\\VekTest";
-
-/// A folder of the test's own, with a name that is no plain ASCII; gone afterwards.
-class Folder
-{
-public:
-    Folder() : m_path(fs::temp_directory_path() / platform::pathOf(L"vek Maß €")) { fs::create_directories(m_path); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() { fs::remove_all(m_path); }
-
-    fs::path operator/(const wchar_t* name) const { return m_path / platform::pathOf(name); }
-
-    std::ptrdiff_t files() const { return std::distance(fs::directory_iterator(m_path), fs::directory_iterator()); }
-
-private:
-    fs::path m_path;
-};
 
 std::wstring quotedSelf()
 {
@@ -80,7 +62,7 @@ TEST(CodePage, Has256CharactersThatComeBack)
 
 TEST(File, ReadsBackWhatWasWritten)
 {
-    const Folder folder;
+    const TestFolder folder(L"system");
     const fs::path path = folder / L"größe €.bin";
     std::string read = "before";
     EXPECT_FALSE(platform::readFile(path, read));
@@ -97,7 +79,7 @@ TEST(File, ReadsBackWhatWasWritten)
 
 TEST(File, ReplacesWhatALinkNames)
 {
-    const Folder folder;
+    const TestFolder folder(L"system");
     ASSERT_TRUE(platform::writeFile(folder / L"real", "old"));
     std::error_code error;
     fs::create_symlink(folder / L"real", folder / L"link", error);
@@ -180,7 +162,7 @@ TEST(Application, NamesItsKeyAndFiles)
 
 TEST(Execute, TakesACommandApart)
 {
-    const Folder folder;
+    const TestFolder folder(L"system");
     const std::wstring program = platform::textOf(folder / L"my program");
     ASSERT_TRUE(platform::writeFile(platform::pathOf(program), ""));
     const struct {
