@@ -16,14 +16,8 @@ TEST(DisplayEmission, PolylineKeepsItsArgumentsAndFillsEmptyLinetype)
     gdx.imageVl(path({7, 2}), 0x305, line(0, 0, 10, 4), red, m, {}, 2.5, 3, {9, 9, 9});
     ASSERT_EQ(gdx.lenGet(), 1);
     const CVekDisplayItem& item = gdx.getDisplayList()[0];
-    EXPECT_EQ(item.type, dispPolyline);
-    EXPECT_EQ(item.flag, 0x305u);
-    EXPECT_EQ(item.stack, path({7, 2}));
-    EXPECT_EQ(item.color, red);
-    EXPECT_EQ(item.mtx, m);
-    EXPECT_EQ(item.linetype, doubles({1.0}));
-    EXPECT_EQ(item.ltscale, 2.5);
-    EXPECT_EQ(item.thickn, 3);
+    EXPECT_TRUE(item.type == dispPolyline && item.flag == 0x305 && item.stack == path({7, 2}) && item.color == red);
+    EXPECT_TRUE(item.mtx == m && item.linetype == doubles({1.0}) && item.ltscale == 2.5 && item.thickn == 3);
     EXPECT_EQ(item.vl, line(0, 0, 10, 4));
     EXPECT_EQ(item.point, CVekPoint3d::kOrigin); // not screen-fixed: no reference point
     expectExtents(gdx, {5, 0, 0}, {15, 4, 0});

@@ -1,13 +1,10 @@
 // The built-in font: every character's structure, sound contours, the metrics, and rows that stand as they are.
-#include "draw/font.h"
 #include "shapes.h"
 
 #include <vek/draw.h>
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <string>
 #include <vector>
@@ -17,8 +14,6 @@ namespace
 
 using Region = CVekArrayTempl<CVekVertexArray>;
 using Glyph = CVekArrayTempl<Region>;
-using VEK::font::Mark;
-using VEK::font::Row;
 
 /// Number of contours of each region of a glyph.
 using Structure = std::vector<int>;
@@ -111,32 +106,6 @@ TEST(Font, HoldsExactlyItsCharacters)
         held += !structure.empty();
     }
     EXPECT_EQ(held, 107);
-    for (wchar_t absent : {L' ', L'`', L'\n', L'\x20AC'})
-        EXPECT_EQ(get_ascii_from_map(absent).len(), 0);
-}
-
-TEST(Font, TablesAreWrittenInTheOrderOfTheCharacters)
-{
-    std::wstring codes, expected;
-    int segments = 0;
-    for (const std::span<const Row> table :
-         {VEK::font::kSigns, VEK::font::kCapitals, VEK::font::kSmallLetters, VEK::font::kFurtherCharacters}) {
-        for (const Row& row : table) {
-            if (row.mark == Mark::glyph)
-                codes += row.code;
-            segments += row.mark == Mark::point;
-            for (const double value : {row.x, row.y}) { // of six significant digits
-                char text[32];
-                std::snprintf(text, sizeof text, "%.6g", value);
-                EXPECT_EQ(std::strtod(text, nullptr), value);
-            }
-        }
-    }
-    for (wchar_t code = 33; code <= 126; ++code)
-        expected += code == 95 ? L"[_" : code == 96 ? L"" : std::wstring(1, code);
-    expected += L"\xB1\xB2\xB3\xBA\xBC\xBD\xBE\xC4\xE4\xD6\xF6\xDC\xFC\xDF";
-    EXPECT_EQ(codes, expected);
-    EXPECT_EQ(segments, 1577);
 }
 
 TEST(Font, ContoursAreSoundAndWoundAsTold)

@@ -24,19 +24,6 @@ void expectLengths(const CVekVertexArray& vl, const Polylines& region, const std
     }
 }
 
-TEST(GeometryPunch, LineThroughARegionWithHoles)
-{
-    const Polylines reg =
-        list({rectangle(0, 0, 10, 10), rectangle(2, 2, 4, 8), circle(7, 5, 1), rectangle(0.5, 9, 1, 9.5)});
-    expectLengths(line(-5, 5, 15, 5), reg, {2, 2, 2}, {5, 2, 2, 5});
-    expectLengths(line(3, 5, 7, 5), reg, {2}, {1, 1});
-    expectLengths(line(20, 0, 20, 9), reg, {}, {9});
-    const Polylines pieces = VEK::vl_punch(line(-5, 5, 15, 5), reg[2], true);
-    ASSERT_EQ(pieces.len(), 1);
-    EXPECT_NEAR(pieces[0][0].start[0], 6.0, kTol);
-    EXPECT_NEAR(pieces[0][0].end[0], 8.0, kTol);
-}
-
 TEST(GeometryPunch, TheBoundaryBelongsToTheRegion)
 {
     const Polylines reg = list({rectangle(0, 0, 10, 10), rectangle(2, 2, 8, 8)});
@@ -60,24 +47,6 @@ TEST(GeometryPunch, ATouchDoesNotCut)
     expectLengths(circle(1, 0, 1), disc, {2 * pi}, {});
     expectLengths(circle(3, 0, 1), disc, {}, {2 * pi});
     expectLengths(circle(0, 0, 3), list({rectangle(-3, -3, 3, 3)}), {6 * pi}, {});
-}
-
-TEST(GeometryPunch, ArcsAreCutExactlyAndStayArcs)
-{
-    // A circle of radius 5 about the origin and the half plane above y = 3: it cuts at (4, 3) and (-4, 3).
-    const Polylines half = list({rectangle(-9, 3, 9, 9)});
-    const double angle = std::atan2(3.0, 4.0);
-    expectLengths(circle(0, 0, 5), half, {5 * (pi - 2 * angle)}, {5 * (pi + 2 * angle)});
-    const Polylines pieces = VEK::vl_punch_reg(circle(0, 0, 5), half, false);
-    ASSERT_EQ(pieces.len(), 1); // over the seam of the closed polyline
-    ASSERT_EQ(pieces[0].len(), 3);
-    EXPECT_NEAR(pieces[0][0].start[0], -4.0, kTol);
-    EXPECT_NEAR(pieces[0][-1].end[0], 4.0, kTol);
-    EXPECT_NEAR(pieces[0][0].bulge, std::tan(angle / 4), kTol);
-    // About a normal that points down the bulge turns the other way.
-    CVekVertexArray down = path({line(5, 0, -5, 0, -1.0)});
-    down.setNormal({0, 0, -1});
-    expectLengths(down, half, {5 * (pi - 2 * angle)}, {5 * angle, 5 * angle});
 }
 
 TEST(GeometryPunch, PolylinesKeepTheirRunsTagsAndDots)

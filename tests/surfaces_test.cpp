@@ -434,22 +434,23 @@ TEST(Emf, LinesInTheColourOfTheBrushStandOnNone)
 
 TEST(Emf, ManyColoursNeedFewHandles)
 {
-    const EmfFile file = emf([](CSurface& s) {
-        const SurfacePoint box[] = {{0, 0}, {9, 0}, {9, 9}};
-        for (unsigned i = 0; i < 1000; ++i) {
-            s.clipTo(0, 0, 100 + i % 7, 100);
+    const SurfacePoint box[] = {{0, 0}, {9, 0}, {9, 9}}, hole[] = {{5, 5}, {20, 5}, {20, 20}};
+    const EmfFile file = emf([&](CSurface& s) {
+        for (unsigned i = 0; i < 900; ++i) {
+            if (i % 300 == 0) {
+                s.clipTo(0, 0, 100 + i % 7, 100);
+                s.polygon(box, 3); // with what is in use again behind the hole
+                s.clipOut(hole, 3);
+            }
             s.pen(1, i * 37);
             s.brush(i * 91);
-            const SurfacePoint hole[] = {{5, 5}, {20, 5}, {20, 20}};
-            s.clipOut(hole, 3);
             s.polygon(box, 3);
-            s.pen(2, i);
-            line(s, 0, 0, i, 5);
-            s.clipRestore();
+            if (i % 300 == 299)
+                s.clipRestore();
         }
     });
     EXPECT_LE(file.handles, 513u);
-    EXPECT_EQ(file.count(54), 1000);
+    EXPECT_EQ(file.count(3) + file.count(86), 900 + 3 + 3); // the last ones make the holes
 }
 
 TEST(Svg, KeepsThousandthsAndOnePathForOnePen)
@@ -553,14 +554,9 @@ TEST(Svg, PicturesAreEmbeddedAsPng)
         s.picture(1, 2, {});
         line(s, 5, 5, 9, 9);
     });
-    const std::size_t at = body.find("<image x=\"1.5\" y=\"2\" width=\"2\" height=\"2\"");
-    EXPECT_NE(at, std::string::npos);
-    EXPECT_EQ(body.find("<image", at + 1), std::string::npos);
-    EXPECT_EQ(body.substr(at - 8, 8), "L5 5\"/>\n");
-    // What the file holds is read by another program in the test of metafiles.
-    const std::size_t from = body.find("\"data:image/png;base64,iVBORw0KGgo");
-    ASSERT_NE(from, std::string::npos);
-    EXPECT_EQ(body.substr(body.find('"', from + 1), 9), "\"/>\n<path");
+    const std::size_t at = body.find("L5 5\"/>\n<image x=\"1.5\" y=\"2\" width=\"2\" height=\"2\"");
+    EXPECT_NE(at, std::string::npos); // what it holds is read by another program in the test of metafiles
+    EXPECT_EQ(body.find("<image", at + 20), std::string::npos);
 }
 
 TEST(Svg, ManyLinesNeedFewElements)
@@ -589,13 +585,6 @@ TEST(Svg, NothingButFiniteNumbers)
     EXPECT_EQ(body.find("nan"), std::string::npos);
     EXPECT_EQ(body.find("inf"), std::string::npos);
     EXPECT_NE(body.find("M0 0L134217727 0"), std::string::npos);
-}
-
-TEST(FileSurfaces, SameCallsSameBytes)
-{
-    EXPECT_EQ(emfBytes(kScene), emfBytes(kScene));
-    EXPECT_EQ(svgBytes(kScene), svgBytes(kScene));
-    EXPECT_EQ(emf(kScene).bounds, (Quad{2, 2, 319, 237}));
 }
 
 TEST(Files, AppearCompleteOrNotAtAll)
