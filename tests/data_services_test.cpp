@@ -125,9 +125,8 @@ TEST_F(HostTest, CallsFunctionsByName)
     VEK::CUniqResbuf result;
     EXPECT_EQ(vekAppPtr()->callFunction(L"twice", arguments, result), 5100);
     EXPECT_EQ(result->resval.rint, 42);
-    EXPECT_NE(vekAppPtr()->callFunction(L"fails", nullptr, result), 5100);
-    EXPECT_NE(vekAppPtr()->callFunction(L"thrice", nullptr, result), 5100);
-    EXPECT_NE(vekAppPtr()->callFunction(nullptr, nullptr, result), 5100);
+    for (const wchar_t* name : {L"fails", L"thrice", static_cast<const wchar_t*>(nullptr)})
+        EXPECT_NE(vekAppPtr()->callFunction(name, nullptr, result), 5100);
 }
 
 TEST_F(HostTest, GivesWhatWasEntered)
@@ -139,14 +138,13 @@ TEST_F(HostTest, GivesWhatWasEntered)
     EXPECT_TRUE(found == lines);
     app.hatchPatternGet(L"NONE", found);
     EXPECT_EQ(found.len(), 0);
-    CVekMatrix3d view;
-    view.setToTranslation(CVekVector3d(1, 2, 3));
+    const CVekMatrix3d view = CVekMatrix3d().setToTranslation(CVekVector3d(1, 2, 3));
     app.viewMatrixSet(L"Ansicht", view);
-    CVekMatrix3d read;
-    app.viewMatrix(L"other", read);
-    EXPECT_TRUE(read == CVekMatrix3d());
-    app.viewMatrix(L"Ansicht", read);
-    EXPECT_TRUE(read == view);
+    for (const bool isKnown : {false, true}) {
+        CVekMatrix3d read;
+        app.viewMatrix(isKnown ? L"Ansicht" : L"other", read);
+        EXPECT_TRUE(read == (isKnown ? view : CVekMatrix3d()));
+    }
     EXPECT_FALSE(app.imageObject(nullptr, nullptr, nullptr));
     app.imageObjectSet([](CVekGDX*, CVekDataItem* object, CVekDataItem*) { return object != nullptr; });
     CVekDataItem object;

@@ -122,23 +122,16 @@ TEST(DataItem, ConvertsNumbersAndNothingElse)
     double real = 77;
     bool flag = true;
     CVekString text(L"77");
-    VEK::dataSet(&item, nullptr, -2.9);
-    EXPECT_TRUE(item.get(whole));
-    EXPECT_EQ(whole, -2);
-    EXPECT_TRUE(item.get(natural));
-    EXPECT_EQ(natural, 0xFFFFFFFEul);
-    EXPECT_FALSE(item.get(text));
-    VEK::dataSet(&item, nullptr, 0.9);
-    EXPECT_TRUE(item.get(flag));
-    EXPECT_FALSE(flag);
-    VEK::dataSet(&item, nullptr, 0xFFFFFFFFul);
-    EXPECT_TRUE(item.get(whole));
-    EXPECT_EQ(whole, -1);
-    EXPECT_TRUE(item.get(real));
-    EXPECT_EQ(real, 4294967295.0);
-    VEK::dataSet(&item, nullptr, Vek::unitMetre);
-    EXPECT_TRUE(item.get(whole));
-    EXPECT_EQ(whole, 6);
+    const auto reads = [&](auto stored, int asInt, unsigned long asNatural, double asReal, bool asFlag) {
+        VEK::dataSet(&item, nullptr, stored);
+        EXPECT_TRUE(item.get(whole) && item.get(natural) && item.get(real) && item.get(flag));
+        EXPECT_TRUE(whole == asInt && natural == asNatural && real == asReal && flag == asFlag);
+        EXPECT_FALSE(item.get(text));
+    };
+    reads(-2.9, -2, 0xFFFFFFFE, -2.9, true);
+    reads(0.9, 0, 0, 0.9, false);
+    reads(0xFFFFFFFFul, -1, 0xFFFFFFFF, 4294967295.0, true);
+    reads(Vek::unitMetre, 6, 6, 6.0, true);
     whole = 77;
     for (double bad : {1e10, -1e10, 1e300, std::numeric_limits<double>::infinity(), VEK::nan()}) {
         VEK::dataSet(&item, nullptr, bad);

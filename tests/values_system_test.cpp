@@ -1,5 +1,6 @@
 #include <vek/values/system.h>
 
+#include "core/platform/outside.h"
 #include "test_folder.h"
 
 #include <chrono>
@@ -9,6 +10,7 @@
 
 namespace fs = std::filesystem;
 using namespace VEK;
+using What = platform::OutsideCall::What;
 
 namespace
 {
@@ -222,4 +224,28 @@ TEST(Execute, FailsWithoutAProgram)
     EXPECT_FALSE(execute(L"  ", 0, true));
     EXPECT_FALSE(execute(L"vek-no-such-program -x", 1000, true));
     EXPECT_FALSE(execute(std::wstring(40000, L'x').c_str(), 1000, true));
+}
+
+TEST(Outside, GoesToTheHookInThePlaceOfTheSystem)
+{
+    std::vector<platform::OutsideCall> calls;
+    bool answer = true;
+    const auto before = platform::outsideHookSet([&](const platform::OutsideCall& call) {
+        calls.push_back(call);
+        return answer;
+    });
+    EXPECT_FALSE(before);
+    EXPECT_TRUE(execute(L"vek-no-such-program -x \"y z\"", 70, false));
+    EXPECT_TRUE(execute(L"https://example.org/a b", 0, true));
+    answer = false;
+    EXPECT_FALSE(execute(L"\"vek no such program\" z", 0, true));
+    EXPECT_FALSE(platform::outside({What::helpPopup, L"", L"text", 0, true, 3, -4}));
+    EXPECT_FALSE(execute(L" ", 0, true)) << "nothing to ask for";
+    EXPECT_TRUE(platform::outsideHookSet({}));
+    EXPECT_EQ(calls,
+              (std::vector<platform::OutsideCall>{{What::program, L"vek-no-such-program", L"-x \"y z\"", 70, false},
+                                                  {What::document, L"https://example.org/a b", L"", 0, true},
+                                                  {What::program, L"vek no such program", L"z", 0, true},
+                                                  {What::helpPopup, L"", L"text", 0, true, 3, -4}}));
+    EXPECT_FALSE(execute(L"vek-no-such-program", 1000, true)) << "the system again";
 }
