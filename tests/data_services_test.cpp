@@ -71,12 +71,7 @@ TEST(DataFile, HoldsACopyInMemory)
     const FilePtr fresh(VEK::dtaOpen(6, 3, nullptr, nullptr));
     EXPECT_TRUE(fresh->get(nullptr, false)->isDir());
     EXPECT_FALSE(VEK::dtaOpen(5, 3, nullptr, nullptr));
-}
-
-TEST(DataFile, MayBeMissing)
-{
-    EXPECT_FALSE(askUntested(nullptr));
-    EXPECT_FALSE(VEK::fileItem(nullptr, L"BT"));
+    EXPECT_FALSE(askUntested(nullptr) || VEK::fileItem(nullptr, L"BT"));
 }
 
 TEST(DataFile, SharesItsLinkedObject)

@@ -98,20 +98,13 @@ TEST(DataItem, ReadsEveryLeafTypeAsItWasWritten)
             ++types;
         });
     }
-    EXPECT_EQ(types, 20 * 16);
-}
-
-TEST(DataItem, TakesAMatrixInEitherForm)
-{
-    CVekDataItem item;
     double rows[4][4] = {{1, 0, 0, 7}, {0, 1, 0, 8}, {0, 0, 1, 9}, {0, 0, 0, 1}};
-    EXPECT_TRUE(VEK::dataSet(&item, L"MTX", rows));
     CVekMatrix3d matrix;
-    ASSERT_TRUE(VEK::dataGet(&item, L"MTX", matrix));
-    EXPECT_TRUE(matrix.translation().asPoint() == CVekPoint3d(7, 8, 9));
-    EXPECT_TRUE(VEK::dataSet(&item, L"MTX", CVekMatrix3d().setToTranslation(CVekVector3d(4, 5, 6))));
-    ASSERT_TRUE(VEK::dataGet(&item, L"MTX", rows));
-    EXPECT_EQ(rows[1][3], 5);
+    EXPECT_TRUE(VEK::dataSet(&item, L"MTX", rows) && VEK::dataGet(&item, L"MTX", matrix));
+    EXPECT_TRUE(matrix == CVekMatrix3d().setToTranslation({7, 8, 9}));
+    EXPECT_TRUE(VEK::dataSet(&item, L"MTX", matrix.inverse()) && VEK::dataGet(&item, L"MTX", rows));
+    EXPECT_EQ(rows[1][3], -8);
+    EXPECT_EQ(types, 20 * 16);
 }
 
 TEST(DataItem, ConvertsNumbersAndNothingElse)

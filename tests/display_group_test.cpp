@@ -157,18 +157,10 @@ TEST(DisplayPick, FindsTheTopmostBoundaryAndReversesTheList)
     EXPECT_EQ(gdx.imageItemGet({303, 4, 0}), 4);
     EXPECT_EQ(gdx.imageItemGet({303.1, 4, 0}), -1);
     EXPECT_EQ(gdx.imageItemGet({300.5, 100.5, 0}), -1); // texts are never hit
-}
 
-TEST(DisplayPick, WorldPointKeepsItsOrderOfInverses)
-{
-    Gdx gdx = plain();
-    CVekMatrix3d proj;
-    proj.setToTranslation({10, 0, 0});
-    CVekMatrix3d view;
-    view.setToScaling(2.0, {});
-    gdx.projMtxSet(proj);
-    gdx.viewMtxSet(view);
-    // 30 - 10, then halved; the true inverse of the chain would give 30 / 2 - 10.
+    gdx.projMtxSet(shift.setToTranslation({10, 0, 0}));
+    gdx.viewMtxSet(shift.setToScaling(2.0, {}));
+    // The world's point: 30 - 10, then halved; the true inverse of the chain would give 30 / 2 - 10.
     expectNear(gdx.imagePtWc({30, 0, 0}), {10, 0, 0});
 }
 

@@ -65,7 +65,8 @@ TEST(PassColours, OfLinesAndFillsByModeAndFixedAtTheEnd)
         {white, 0, "#000000", "#ffffff"},
         {back, 0, "#c0c0c0", "#3f3f3f"},
         {kRed, 2, "#00ff00", "#00ff00"},
-        {kRed, 9, "#000000", "#000000"}, // an entry that the table lacks
+        {kRed, 1, "#000000", "#000000"}, // an entry that the table lacks
+        {kRed, 9, "#000000", "#000000"},
         {kRed, 15, "#3f3f3f", "#3f3f3f"},
         {kRed, 0, "#0000ff", "#0000ff", true, blue},
         {kRed, 0, "#ff0000", "#ff0000", true, indexed(0)}, // index 0: as the pen

@@ -4,12 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <set>
 
 using namespace slide_test;
 using Records = std::vector<std::string>;
 
-TEST(SlideHeader, LevelDecides)
+TEST(SlideHeader, LevelAndVisitorDecide)
 {
     for (const int level : {0, 3, 255}) {
         Bytes slide = withWords(littleHeader(), {1, 2, 3, 4});
@@ -21,6 +20,11 @@ TEST(SlideHeader, LevelDecides)
     Log log;
     EXPECT_FALSE(VEK::SlideReader().read({}, log));
     EXPECT_FALSE(VEK::SlideReader().read(VEK::SlideBytes(littleHeader()).first(18), log));
+    struct Stopper : Log {
+        bool start(int, int) override { return false; }
+    } stopper;
+    EXPECT_TRUE(VEK::SlideReader().read(withWords(littleHeader(), {1, 2, 3, 4}), stopper));
+    EXPECT_TRUE(stopper.records.empty());
 }
 
 TEST(SlideHeader, HighestPointAndRecordsInTheByteOrderOfTheSlide)
@@ -50,15 +54,6 @@ TEST(SlideHeader, HighestPointAndRecordsInTheByteOrderOfTheSlide)
         EXPECT_EQ(std::pair(log.hiX, log.hiY), std::pair(c.hiX, c.hiY));
         EXPECT_EQ(log.records, c.records);
     }
-}
-
-TEST(SlideHeader, VisitorMayStopThere)
-{
-    struct Stopper : Log {
-        bool start(int, int) override { return false; }
-    } stopper;
-    EXPECT_TRUE(VEK::SlideReader().read(withWords(littleHeader(), {1, 2, 3, 4}), stopper));
-    EXPECT_TRUE(stopper.records.empty());
 }
 
 TEST(SlideRecords, EachKindInBothByteOrders)
@@ -202,30 +197,6 @@ TEST(SlideWriterAndReader, AgreeOnRandomSlides)
         EXPECT_EQ(log.records, expected);
         EXPECT_EQ(log.hiX, 3000);
         EXPECT_EQ(log.hiY, 2000);
-    }
-}
-
-TEST(SlideWriter, DrawsEveryCornerOfAChain) // a device leaves the end of a line out
-{
-    std::mt19937 random(3);
-    for (int round = 0; round < 500; ++round) {
-        slides::SlideWriter writer(slides::Format::level2Little, 1000, 1000);
-        const int range = round % 2 ? 1000 : 100;
-        const auto at = [&] { return static_cast<int>(random() % static_cast<unsigned>(range)); };
-        std::vector<slides::Point> chain(2 + random() % 9);
-        for (slides::Point& point : chain)
-            point = {at(), at() / 3};
-        const bool isClosed = random() % 2;
-        if (isClosed)
-            chain.push_back(chain.front());
-        writer.chain(chain);
-        std::set<std::string> begun;
-        const Records lines = read(writer.finish());
-        EXPECT_EQ(lines.size(), chain.size() - 1);
-        for (const std::string& line : lines)
-            begun.insert(line.substr(1, line.find(' ', 2) - 1));
-        for (std::size_t i = isClosed ? 0 : 1; i + 1 < chain.size(); ++i)
-            ASSERT_EQ(begun.count(Log::text({chain[i].x, chain[i].y})), 1u) << round;
     }
 }
 
