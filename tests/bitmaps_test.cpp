@@ -2,15 +2,14 @@
 // the picture that they must give.
 #include <vek/bitmaps.h>
 
-#include "core/platform/platform.h"
 #include "core/png/png.h"
 #include "picture_draw.h"
+#include "test_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <climits>
-#include <filesystem>
 #include <map>
 
 namespace
@@ -179,23 +178,21 @@ TEST(Png, OfAllKinds)
         const char* row;
         std::string chunks;
         std::vector<std::uint32_t> expected;
-    } kinds[] = {
-        {gray, 1, "40", "", {kBlack, kWhite}},
-        {gray, 2, "B0", chunk("tRNS", hex("0003")), {0xFFAAAAAA, 0x00FFFFFF}},
-        {gray, 4, "1F", chunk("tRNS", hex("0001")), {0x00111111, kWhite}},
-        {gray, 8, "01FE", "", {0xFF010101, 0xFFFEFEFE}},
-        {gray, 16, "1234 12FF", chunk("tRNS", hex("1234")), {0x00121212, 0xFF121212}},
-        {color, 8, "123456 FF0000", chunk("tRNS", hex("0012 0034 0056")), {0x00563412, kRed}},
-        {color, 16, "1234 5678 9ABC FFFF 0000 00FF", "", {0xFF9A5612, kRed}},
-        {indexed, 1, "40", palette, {0x80FF0000, kRed}},
-        {indexed, 2, "80", palette, {kGreen, 0x80FF0000}},
-        {indexed, 4, "12", palette, {kRed, kGreen}},
-        {indexed, 8, "0200", palette, {kGreen, 0x80FF0000}},
-        {grayAlpha, 8, "1280 34FF", "", {0x80121212, 0xFF343434}},
-        {grayAlpha, 16, "1234 7FFF 5678 8000", "", {0x7F121212, 0x80565656}},
-        {colorAlpha, 8, "12345678 9ABCDEFF", "", {0x78563412, 0xFFDEBC9A}},
-        {colorAlpha, 16, "1234 5678 9ABC DEF0 FFFF 0000 0000 0000", "", {0xDE9A5612, 0x000000FF}},
-    };
+    } kinds[] = {{gray, 1, "40", "", {kBlack, kWhite}},
+                 {gray, 2, "B0", chunk("tRNS", hex("0003")), {0xFFAAAAAA, 0x00FFFFFF}},
+                 {gray, 4, "1F", chunk("tRNS", hex("0001")), {0x00111111, kWhite}},
+                 {gray, 8, "01FE", "", {0xFF010101, 0xFFFEFEFE}},
+                 {gray, 16, "1234 12FF", chunk("tRNS", hex("1234")), {0x00121212, 0xFF121212}},
+                 {color, 8, "123456 FF0000", chunk("tRNS", hex("0012 0034 0056")), {0x00563412, kRed}},
+                 {color, 16, "1234 5678 9ABC FFFF 0000 00FF", "", {0xFF9A5612, kRed}},
+                 {indexed, 1, "40", palette, {0x80FF0000, kRed}},
+                 {indexed, 2, "80", palette, {kGreen, 0x80FF0000}},
+                 {indexed, 4, "12", palette, {kRed, kGreen}},
+                 {indexed, 8, "0200", palette, {kGreen, 0x80FF0000}},
+                 {grayAlpha, 8, "1280 34FF", "", {0x80121212, 0xFF343434}},
+                 {grayAlpha, 16, "1234 7FFF 5678 8000", "", {0x7F121212, 0x80565656}},
+                 {colorAlpha, 8, "12345678 9ABCDEFF", "", {0x78563412, 0xFFDEBC9A}},
+                 {colorAlpha, 16, "1234 5678 9ABC DEF0 FFFF 0000 0000 0000", "", {0xDE9A5612, 0x000000FF}}};
     for (const auto& kind : kinds) {
         const std::string file = png(kind.type, kind.bits, hex(kind.row), kind.chunks);
         CPixels pixels;
@@ -325,26 +322,21 @@ class PictureFiles : public testing::Test
 protected:
     PictureFiles()
     {
-        std::filesystem::create_directories(m_folder);
-        save("a.BMP", bmp(info(2, 1, 24), hex("0000FF 00FF00 0000")));
-        save("b.Ico", ico({dibImage(2, 1, 32, "", le(0xFF0000, 4) + le(0xFF, 4) + hex("40000000"))}));
-        save("c.png", bmp(info(2, 1, 24), hex("0000FF 00FF00 0000")));
-        save("d.bmp", "BM");
+        save(L"a.BMP", bmp(info(2, 1, 24), hex("0000FF 00FF00 0000")));
+        save(L"b.Ico", ico({dibImage(2, 1, 32, "", le(0xFF0000, 4) + le(0xFF, 4) + hex("40000000"))}));
+        save(L"c.png", bmp(info(2, 1, 24), hex("0000FF 00FF00 0000")));
+        save(L"d.bmp", "BM");
     }
-    ~PictureFiles() override { std::filesystem::remove_all(m_folder); }
 
-    void save(const char* name, const std::string& bytes)
+    void save(const wchar_t* name, const std::string& bytes) { ASSERT_NE(m_folder.save(name, bytes), L""); }
+    VEK::PictureRequest request(const wchar_t* name, int cx = 0, bool transparent = false)
     {
-        ASSERT_TRUE(VEK::platform::writeFile(m_folder / name, bytes));
+        return {m_folder.name(name).c_str(), 0, cx, 0, transparent, 0x808080};
     }
-    VEK::PictureRequest request(const char* name, int cx = 0, bool transparent = false)
-    {
-        return {textOf(m_folder / name).c_str(), 0, cx, 0, transparent, 0x808080};
-    }
-    CPixels load(const char* name, int cx, int cy)
+    CPixels load(const wchar_t* name, int cx, int cy)
     {
         m_transparent = true;
-        return VEK::loadPicture(textOf(m_folder / name).c_str(), 0, cx, cy, m_transparent, 0x808080);
+        return VEK::loadPicture(m_folder.name(name).c_str(), 0, cx, cy, m_transparent, 0x808080);
     }
     CPixels get(Cache& cache, const VEK::PictureRequest& request)
     {
@@ -352,23 +344,23 @@ protected:
         return pixels ? *pixels : CPixels();
     }
 
-    std::filesystem::path m_folder = std::filesystem::temp_directory_path() / "vek_bitmaps_test";
+    TestFolder m_folder{L"bitmaps"};
     bool m_transparent = true;
 };
 
 TEST_F(PictureFiles, EndingDecidesAndOnlyIconsAreFlattened)
 {
-    EXPECT_EQ(load("a.BMP", 0, 0), (CPixels{2, 1, {kRed, kGreen}}));
+    EXPECT_EQ(load(L"a.BMP", 0, 0), (CPixels{2, 1, {kRed, kGreen}}));
     EXPECT_TRUE(m_transparent);
-    EXPECT_EQ(load("a.BMP", 4, 0), (CPixels{4, 1, {kRed, kRed, kGreen, kGreen}}));
-    EXPECT_EQ(load("b.Ico", 0, 2), (CPixels{2, 2, {kRed, kGray, kRed, kGray}}));
+    EXPECT_EQ(load(L"a.BMP", 4, 0), (CPixels{4, 1, {kRed, kRed, kGreen, kGreen}}));
+    EXPECT_EQ(load(L"b.Ico", 0, 2), (CPixels{2, 2, {kRed, kGray, kRed, kGray}}));
     EXPECT_FALSE(m_transparent);
-    for (const char* name : {"c.png", "d.bmp", "none.bmp", "none.ico"}) {
-        EXPECT_TRUE(load(name, 0, 0).empty()) << name;
+    for (const wchar_t* name : {L"c.png", L"d.bmp", L"none.bmp", L"none.ico"}) {
+        EXPECT_TRUE(load(name, 0, 0).empty());
         EXPECT_TRUE(m_transparent);
     }
-    EXPECT_TRUE(load("a.BMP", -2, 1).empty());
-    EXPECT_TRUE(load("a.BMP", 1 << 20, 1 << 20).empty());
+    EXPECT_TRUE(load(L"a.BMP", -2, 1).empty());
+    EXPECT_TRUE(load(L"a.BMP", 1 << 20, 1 << 20).empty());
     EXPECT_TRUE(VEK::loadPicture(L".bmp", 0, 0, 0, m_transparent, 0).empty());
     EXPECT_TRUE(VEK::loadPicture(nullptr, 65000, 0, 0, m_transparent, 0).empty());
 }
@@ -379,50 +371,50 @@ TEST_F(PictureFiles, AreReadOnceForEachWayToShowThem)
     for (int pass = 0; pass < 3; ++pass) {
         cache.begin();
         for (int i = 0; i < 3; ++i) {
-            EXPECT_EQ(get(cache, request("a.BMP")), (CPixels{2, 1, {kRed, kGreen}}));
-            EXPECT_EQ(get(cache, request("a.BMP", 1)), (CPixels{1, 1, {0xFF008080}}));
-            EXPECT_EQ(get(cache, request("a.BMP", 0, true)), (CPixels{2, 1, {kRed & 0xFFFFFF, kGreen}}));
-            EXPECT_EQ(get(cache, request("b.Ico", 0, true)), (CPixels{2, 1, {kRed, kGray}}));
-            VEK::PictureRequest black = request("b.Ico");
+            EXPECT_EQ(get(cache, request(L"a.BMP")), (CPixels{2, 1, {kRed, kGreen}}));
+            EXPECT_EQ(get(cache, request(L"a.BMP", 1)), (CPixels{1, 1, {0xFF008080}}));
+            EXPECT_EQ(get(cache, request(L"a.BMP", 0, true)), (CPixels{2, 1, {kRed & 0xFFFFFF, kGreen}}));
+            EXPECT_EQ(get(cache, request(L"b.Ico", 0, true)), (CPixels{2, 1, {kRed, kGray}}));
+            VEK::PictureRequest black = request(L"b.Ico");
             black.back = 0;
             EXPECT_EQ(get(cache, black), (CPixels{2, 1, {kRed, kBlack}}));
-            EXPECT_EQ(cache.picture(request("d.bmp")), nullptr);
-            EXPECT_EQ(cache.picture(request("none.bmp")), nullptr);
+            EXPECT_EQ(cache.picture(request(L"d.bmp")), nullptr);
+            EXPECT_EQ(cache.picture(request(L"none.bmp")), nullptr);
             EXPECT_EQ(cache.picture({L"", 65000}), nullptr);
         }
     }
     EXPECT_EQ(cache.reads, 8);
-    EXPECT_EQ(cache.picture(request("a.BMP")), cache.picture(request("a.BMP")));
+    EXPECT_EQ(cache.picture(request(L"a.BMP")), cache.picture(request(L"a.BMP")));
     cache.clear();
     EXPECT_EQ(cache.size(), 0u);
     cache.isBroken = true; // is tried again
-    EXPECT_EQ(cache.picture(request("a.BMP")), nullptr);
+    EXPECT_EQ(cache.picture(request(L"a.BMP")), nullptr);
     cache.isBroken = false;
-    EXPECT_NE(cache.picture(request("a.BMP")), nullptr);
+    EXPECT_NE(cache.picture(request(L"a.BMP")), nullptr);
     EXPECT_EQ(cache.reads, 10);
 }
 
 TEST_F(PictureFiles, AreShownAnewInTheNextPassWhenTheyChange)
 {
     Cache cache;
-    const auto path = m_folder / "a.BMP";
-    const CPixels before = get(cache, request("a.BMP")), swapped{2, 1, {kGreen, kRed}};
+    const auto path = m_folder / L"a.BMP";
+    const CPixels before = get(cache, request(L"a.BMP")), swapped{2, 1, {kGreen, kRed}};
     const auto time = std::filesystem::last_write_time(path);
-    save("a.BMP", bmp(info(2, 1, 24), hex("00FF00 0000FF 0000"))); // as long as before
+    save(L"a.BMP", bmp(info(2, 1, 24), hex("00FF00 0000FF 0000"))); // as long as before
     std::filesystem::last_write_time(path, time + std::chrono::seconds(1));
-    EXPECT_EQ(get(cache, request("a.BMP")), before);
+    EXPECT_EQ(get(cache, request(L"a.BMP")), before);
     cache.begin();
-    EXPECT_EQ(get(cache, request("a.BMP")), swapped);
-    save("a.BMP", bmp(info(1, 1, 24), hex("FF0000 00"))); // another size at the same time
+    EXPECT_EQ(get(cache, request(L"a.BMP")), swapped);
+    save(L"a.BMP", bmp(info(1, 1, 24), hex("FF0000 00"))); // another size at the same time
     std::filesystem::last_write_time(path, time + std::chrono::seconds(1));
     cache.begin();
-    EXPECT_EQ(get(cache, request("a.BMP")), (CPixels{1, 1, {kBlue}}));
+    EXPECT_EQ(get(cache, request(L"a.BMP")), (CPixels{1, 1, {kBlue}}));
     std::filesystem::remove(path);
     cache.begin();
-    EXPECT_EQ(cache.picture(request("a.BMP")), nullptr);
-    save("a.BMP", bmp(info(2, 1, 24), hex("0000FF 00FF00 0000")));
+    EXPECT_EQ(cache.picture(request(L"a.BMP")), nullptr);
+    save(L"a.BMP", bmp(info(2, 1, 24), hex("0000FF 00FF00 0000")));
     cache.begin();
-    EXPECT_EQ(get(cache, request("a.BMP")), before);
+    EXPECT_EQ(get(cache, request(L"a.BMP")), before);
     EXPECT_EQ(cache.reads, 5);
 }
 
@@ -432,7 +424,7 @@ TEST_F(PictureFiles, TakeNoMoreThanTheLimit)
     Cache cache(kLimit);
     const auto reads = [&](int cx) { // of a picture of two pixels' height a column
         const int before = cache.reads;
-        EXPECT_EQ(get(cache, request("a.BMP", cx)).width, cx);
+        EXPECT_EQ(get(cache, request(L"a.BMP", cx)).width, cx);
         EXPECT_LE(cache.size(), kLimit);
         return cache.reads - before;
     };

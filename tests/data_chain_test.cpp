@@ -1,8 +1,7 @@
-#include <vek/data.h>
+#include "data_leaves.h"
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <vector>
 
@@ -19,10 +18,7 @@ std::vector<int> typesOf(const resbuf* chain)
 
 CVekVertexArray arcs()
 {
-    CVekVertexArray polyline;
-    polyline.append(CVekVertex(CVekPoint3d(0, 0, 0), CVekPoint3d(2, 0, 0), 0.5));
-    polyline.append(CVekVertex(CVekPoint3d(2, 0, 0), CVekPoint3d(2, 1, 0)));
-    return polyline;
+    return shapes::path({shapes::line(0, 0, 2, 0, 0.5), shapes::line(2, 0, 2, 1)});
 }
 
 resbuf* point(double x)
@@ -123,41 +119,8 @@ TEST(Chain, NodesHoldWhatTheirTypeCan)
 TEST(Chain, BringsEveryLeafBack)
 {
     CVekDataItem item;
-    VEK::dataSet(&item, L"bool", true);
-    VEK::dataSet(&item, L"int", -70000);
-    VEK::dataSet(&item, L"ulong", 4000000000ul);
-    VEK::dataSet(&item, L"double", 0.1);
-    VEK::dataSet(&item, L"text", L"a\\b\n");
-    VEK::dataSet(&item, L"point", CVekPoint3d(1, 2, 3));
-    VEK::dataSet(&item, L"unit", Vek::unitMetre);
-    VEK::dataSet(&item, L"matrix", CVekMatrix3d().setToTranslation(CVekVector3d(1, 2, 3)));
-    VEK::dataSet(&item, L"hatch", VEK::CHatchProp(L"ANSI31", 0.5, 2.0, true));
-    CVekColor color;
-    color.setColorIndex(-1);
-    color.setColor(0x123456);
-    color.setNames(L"Nacht", L"RAL");
-    VEK::dataSet(&item, L"color", color);
-    CVekVertexArray polyline = arcs();
-    polyline[1].tag[3] = 9;
-    polyline.setNormal(CVekVector3d(0, 0, -1));
-    VEK::dataSet(&item, L"polyline", polyline);
-    VEK::VertexArrays polylines;
-    polylines.append(CVekVertexArray());
-    polylines.append(polyline);
-    VEK::dataSet(&item, L"polylines", polylines);
-    VEK::Regions regions;
-    regions.append(polylines);
-    VEK::dataSet(&item, L"regions", regions);
-    CVekPoint3dArray points;
-    points.append(CVekPoint3d(4, 5, 6));
-    VEK::dataSet(&item, L"points", points);
-    CVekArrayTempl<int> numbers;
-    numbers.append(1);
-    VEK::dataSet(&item, L"ints", numbers);
-    CVekArrayTempl<CVekString> texts;
-    texts.append(CVekString(L"K"));
-    texts.append(CVekString(L"V"));
-    VEK::dataSet(&item, L"texts", texts);
+    shapes::Random random(5);
+    data_leaves::forEach(random, [&](const wchar_t* name, const auto& value) { VEK::dataSet(&item, name, value); });
     item.makeItem(L"nothing");
     item.makeDir(L"empty");
     const CVekDataKey number(5003, 100000, 0);
@@ -173,27 +136,11 @@ TEST(Chain, BringsEveryLeafBack)
         EXPECT_EQ(copy->kind(), asNumber ? VEK::DataKind::integer : leaf->kind()) << CVekString(*leaf->getKey()).len();
     }
     EXPECT_TRUE(copy.done());
-    const auto same = [&](auto value, const wchar_t* key) {
-        auto other = value;
-        EXPECT_TRUE(VEK::dataGet(&item, key, value) && VEK::dataGet(&back, key, other));
-        EXPECT_TRUE(value == other);
-    };
-    same(false, L"bool");
-    same(0, L"int");
-    same(0ul, L"ulong");
-    same(0.0, L"double");
-    same(CVekString(), L"text");
-    same(CVekPoint3d(), L"point");
-    same(Vek::unitNone, L"unit");
-    same(CVekMatrix3d(), L"matrix");
-    same(VEK::CHatchProp(), L"hatch");
-    same(CVekColor(), L"color");
-    same(CVekVertexArray(), L"polyline");
-    same(VEK::VertexArrays(), L"polylines");
-    same(VEK::Regions(), L"regions");
-    same(CVekPoint3dArray(), L"points");
-    same(CVekArrayTempl<int>(), L"ints");
-    same(CVekArrayTempl<CVekString>(), L"texts");
+    random = shapes::Random(5);
+    data_leaves::forEach(random, [&](const wchar_t* name, const auto& value) {
+        std::decay_t<decltype(value)> other{};
+        EXPECT_TRUE(VEK::dataGet(&back, name, other) && other == value);
+    });
 }
 
 TEST(Chain, IsToldByItsShape)

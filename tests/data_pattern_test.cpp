@@ -1,10 +1,10 @@
 // Hatch pattern files.
+#include "test_folder.h"
+
 #include <vek/host.h>
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <regex>
 #include <string>
 #include <vector>
@@ -68,19 +68,17 @@ TEST(DataPattern, WrongLinesAreNamedAndWhatStandsBeforeStays)
     const struct {
         const char* text;
         const wchar_t* error;
-    } cases[] = {
-        {"*BAD\n0,0,zero,0,1\n", L"x.pat:4: \"zero\" is no number"},
-        {"*BAD\n0,0,1.2.3,0,1\n", L"x.pat:4: \"1.2.3\" is no number"},
-        {"*BAD\n0,0,nan,0,1\n", L"x.pat:4: \"nan\" is no number"},
-        {"*BAD\n0,0,1e999,0,1\n", L"x.pat:4: \"1e999\" is no number"},
-        {"*BAD\n0,0,+-1,0,1\n", L"x.pat:4: \"+-1\" is no number"},
-        {"*BAD\n0,0,,0,1\n", L"x.pat:4: a value is missing"},
-        {"*BAD\n0,0,0,0,1,\n", L"x.pat:4: a value is missing"},
-        {"*BAD\n\n0,0,0,1\n", L"x.pat:5: a family of lines needs 5 numbers or more"},
-        {"*BAD\n;\n*NEXT\n0,0,0,0,1\n", L"x.pat:3: the pattern has no lines"},
-        {"*BAD, at the end", L"x.pat:3: the pattern has no lines"},
-        {" * , nameless\n0,0,0,0,1\n", L"x.pat:3: a pattern without a name"},
-    };
+    } cases[] = {{"*BAD\n0,0,zero,0,1\n", L"x.pat:4: \"zero\" is no number"},
+                 {"*BAD\n0,0,1.2.3,0,1\n", L"x.pat:4: \"1.2.3\" is no number"},
+                 {"*BAD\n0,0,nan,0,1\n", L"x.pat:4: \"nan\" is no number"},
+                 {"*BAD\n0,0,1e999,0,1\n", L"x.pat:4: \"1e999\" is no number"},
+                 {"*BAD\n0,0,+-1,0,1\n", L"x.pat:4: \"+-1\" is no number"},
+                 {"*BAD\n0,0,,0,1\n", L"x.pat:4: a value is missing"},
+                 {"*BAD\n0,0,0,0,1,\n", L"x.pat:4: a value is missing"},
+                 {"*BAD\n\n0,0,0,1\n", L"x.pat:5: a family of lines needs 5 numbers or more"},
+                 {"*BAD\n;\n*NEXT\n0,0,0,0,1\n", L"x.pat:3: the pattern has no lines"},
+                 {"*BAD, at the end", L"x.pat:3: the pattern has no lines"},
+                 {" * , nameless\n0,0,0,0,1\n", L"x.pat:3: a pattern without a name"}};
     for (const std::string end : {"\n", "\r\n", "\r"}) {
         for (const auto& c : cases) {
             const Outcome outcome = read(std::regex_replace(before + c.text, std::regex("\n"), end));
@@ -110,16 +108,17 @@ TEST(DataPattern, ManyFamiliesAndManyDashes)
 
 TEST(DataPattern, LocalAppTakesFiles)
 {
-    const std::filesystem::path path = std::filesystem::temp_directory_path() / "vek_pattern_test.pat";
-    std::ofstream(path, std::ios::binary) << "*Steel\n45,0,0,0,1\n*Tin\n0,0,0,0,2\n*STEEL\n30,0,0,0,3\n*Bad\nx\n";
+    const TestFolder folder(L"patterns");
+    const std::wstring path =
+        folder.save(L"a.pat", "*Steel\n45,0,0,0,1\n*Tin\n0,0,0,0,2\n*STEEL\n30,0,0,0,3\n*Bad\nx\n");
     CVekLocalApp app;
     VekPatternLines old;
     old[0][0] = 7.0;
     app.hatchPatternSet(L"TIN", old);
     app.hatchPatternSet(L"BAD", old);
     CVekString error;
-    EXPECT_FALSE(app.hatchPatternFile(path.wstring().c_str(), error));
-    EXPECT_EQ(wide(error), path.wstring() + L":8: \"x\" is no number");
+    EXPECT_FALSE(app.hatchPatternFile(path.c_str(), error));
+    EXPECT_EQ(wide(error), path + L":8: \"x\" is no number");
     VekPatternLines lines;
     app.hatchPatternGet(L"steel", lines);
     EXPECT_EQ(lines[0][0], 30.0);
@@ -127,9 +126,9 @@ TEST(DataPattern, LocalAppTakesFiles)
     EXPECT_EQ(lines[0][4], 2.0);
     app.hatchPatternGet(L"Bad", lines);
     EXPECT_EQ(lines[0][0], 7.0);
-    std::filesystem::remove(path);
-    EXPECT_FALSE(app.hatchPatternFile(path.wstring().c_str(), error));
-    EXPECT_EQ(wide(error), path.wstring() + L": the file cannot be read");
+    std::filesystem::remove(folder / L"a.pat");
+    EXPECT_FALSE(app.hatchPatternFile(path.c_str(), error));
+    EXPECT_EQ(wide(error), path + L": the file cannot be read");
     EXPECT_FALSE(app.hatchPatternFile(nullptr, error));
 }
 

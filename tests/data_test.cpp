@@ -1,4 +1,4 @@
-#include <vek/data.h>
+#include "data_leaves.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ CVekArrayTempl<CVekString> namesOf(const CVekDataItem& item)
 
 CVekVertexArray square(double size)
 {
-    return {CVekPoint3d(0, 0, 0), CVekPoint3d(size, 0, 0), CVekPoint3d(size, size, 0), CVekPoint3d(0, 0, 0)};
+    return shapes::rectangle(0, 0, size, size);
 }
 
 } // namespace
@@ -85,53 +85,26 @@ TEST(DataKey, IsAssignedToFreshSlotsAsToUsedOnes)
 TEST(DataItem, ReadsEveryLeafTypeAsItWasWritten)
 {
     CVekDataItem item;
-    const auto comesBack = [&](auto value, auto other) {
-        EXPECT_TRUE(VEK::dataSet(&item, L"A\\B", value));
-        const auto before = other;
-        EXPECT_FALSE(VEK::dataGet(&item, L"A\\C", other));
-        EXPECT_TRUE(other == before) << "untouched";
-        EXPECT_TRUE(VEK::dataGet(&item, L"A\\B", other));
-        EXPECT_TRUE(other == value);
-    };
-    const CVekPoint3dArray points{{1, 2, 3}};
-    const CVekArrayTempl<int> numbers{-3};
-    const CVekArrayTempl<CVekString> texts{L"eins"};
-    const VEK::VertexArrays polylines{square(2)};
-    const VEK::Regions regions{polylines, {}};
-    CVekColor color;
-    color.setColorIndex(5);
-    color.setNames(L"Blau", L"RAL");
-    CVekMatrix3d matrix;
-    matrix.setToTranslation(CVekVector3d(1, 2, 3));
-    comesBack(true, false);
-    comesBack(-5, 1);
-    comesBack(4000000000ul, 1ul);
-    comesBack(0.1, 1.0);
-    comesBack(CVekString(L"Riegel"), CVekString(L"x"));
-    comesBack(CVekPoint3d(1, 2, 3), CVekPoint3d(9, 9, 9));
-    comesBack(points, CVekPoint3dArray());
-    comesBack(matrix, CVekMatrix3d());
-    comesBack(square(3), square(1));
-    comesBack(polylines, VEK::VertexArrays());
-    comesBack(regions, VEK::Regions());
-    comesBack(numbers, CVekArrayTempl<int>());
-    comesBack(texts, CVekArrayTempl<CVekString>());
-    comesBack(color, CVekColor());
-    comesBack(Vek::unitMetre, Vek::unitNone);
-    comesBack(VEK::CHatchProp(L"ANSI31", 0.5, 2.0, true), VEK::CHatchProp());
-}
-
-TEST(DataItem, TakesAMatrixInEitherForm)
-{
-    CVekDataItem item;
+    shapes::Random random(3);
+    int types = 0;
+    for (int round = 0; round < 20; ++round) {
+        data_leaves::forEach(random, [&](const wchar_t*, const auto& value) {
+            std::decay_t<decltype(value)> other{};
+            EXPECT_TRUE(VEK::dataSet(&item, L"A\\B", value));
+            EXPECT_FALSE(VEK::dataGet(&item, L"A\\C", other));
+            EXPECT_TRUE(other == decltype(other){}) << "untouched";
+            EXPECT_TRUE(VEK::dataGet(&item, L"A\\B", other));
+            EXPECT_TRUE(other == value);
+            ++types;
+        });
+    }
     double rows[4][4] = {{1, 0, 0, 7}, {0, 1, 0, 8}, {0, 0, 1, 9}, {0, 0, 0, 1}};
-    EXPECT_TRUE(VEK::dataSet(&item, L"MTX", rows));
     CVekMatrix3d matrix;
-    ASSERT_TRUE(VEK::dataGet(&item, L"MTX", matrix));
-    EXPECT_TRUE(matrix.translation().asPoint() == CVekPoint3d(7, 8, 9));
-    EXPECT_TRUE(VEK::dataSet(&item, L"MTX", CVekMatrix3d().setToTranslation(CVekVector3d(4, 5, 6))));
-    ASSERT_TRUE(VEK::dataGet(&item, L"MTX", rows));
-    EXPECT_EQ(rows[1][3], 5);
+    EXPECT_TRUE(VEK::dataSet(&item, L"MTX", rows) && VEK::dataGet(&item, L"MTX", matrix));
+    EXPECT_TRUE(matrix == CVekMatrix3d().setToTranslation({7, 8, 9}));
+    EXPECT_TRUE(VEK::dataSet(&item, L"MTX", matrix.inverse()) && VEK::dataGet(&item, L"MTX", rows));
+    EXPECT_EQ(rows[1][3], -8);
+    EXPECT_EQ(types, 20 * 16);
 }
 
 TEST(DataItem, ConvertsNumbersAndNothingElse)
@@ -142,23 +115,16 @@ TEST(DataItem, ConvertsNumbersAndNothingElse)
     double real = 77;
     bool flag = true;
     CVekString text(L"77");
-    VEK::dataSet(&item, nullptr, -2.9);
-    EXPECT_TRUE(item.get(whole));
-    EXPECT_EQ(whole, -2);
-    EXPECT_TRUE(item.get(natural));
-    EXPECT_EQ(natural, 0xFFFFFFFEul);
-    EXPECT_FALSE(item.get(text));
-    VEK::dataSet(&item, nullptr, 0.9);
-    EXPECT_TRUE(item.get(flag));
-    EXPECT_FALSE(flag);
-    VEK::dataSet(&item, nullptr, 0xFFFFFFFFul);
-    EXPECT_TRUE(item.get(whole));
-    EXPECT_EQ(whole, -1);
-    EXPECT_TRUE(item.get(real));
-    EXPECT_EQ(real, 4294967295.0);
-    VEK::dataSet(&item, nullptr, Vek::unitMetre);
-    EXPECT_TRUE(item.get(whole));
-    EXPECT_EQ(whole, 6);
+    const auto reads = [&](auto stored, int asInt, unsigned long asNatural, double asReal, bool asFlag) {
+        VEK::dataSet(&item, nullptr, stored);
+        EXPECT_TRUE(item.get(whole) && item.get(natural) && item.get(real) && item.get(flag));
+        EXPECT_TRUE(whole == asInt && natural == asNatural && real == asReal && flag == asFlag);
+        EXPECT_FALSE(item.get(text));
+    };
+    reads(-2.9, -2, 0xFFFFFFFE, -2.9, true);
+    reads(0.9, 0, 0, 0.9, false);
+    reads(0xFFFFFFFFul, -1, 0xFFFFFFFF, 4294967295.0, true);
+    reads(Vek::unitMetre, 6, 6, 6.0, true);
     whole = 77;
     for (double bad : {1e10, -1e10, 1e300, std::numeric_limits<double>::infinity(), VEK::nan()}) {
         VEK::dataSet(&item, nullptr, bad);

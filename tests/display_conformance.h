@@ -2,39 +2,13 @@
 #pragma once
 
 #include "display_pass.h"
+#include "picture_bytes.h"
+#include "test_folder.h"
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
 
 namespace display_test
 {
-
-/// A picture file while it lives: two by two pixels, three of them green.
-class PictureFile
-{
-public:
-    PictureFile()
-    {
-        const unsigned char bytes[] = {'B', 'M', 70, 0, 0,   0, 0, 0, 0, 0,   54, 0, 0, 0,   40, 0, 0,  0,
-                                       2,   0,   0,  0, 2,   0, 0, 0, 1, 0,   24, 0, 0, 0,   0,  0, 16, 0,
-                                       0,   0,   0,  0, 0,   0, 0, 0, 0, 0,   0,  0, 0, 0,   0,  0, 0,  0,
-                                       0,   255, 0,  0, 255, 0, 0, 0, 0, 255, 0,  0, 0, 255, 0,  0};
-        std::ofstream(m_path, std::ios::binary).write(reinterpret_cast<const char*>(bytes), sizeof bytes);
-    }
-    ~PictureFile()
-    {
-        std::error_code ignored;
-        std::filesystem::remove(m_path, ignored);
-    }
-    PictureFile(const PictureFile&) = delete;
-    PictureFile& operator=(const PictureFile&) = delete;
-
-    std::wstring path() const { return m_path.wstring(); }
-
-private:
-    const std::filesystem::path m_path = std::filesystem::temp_directory_path() / "vek_conformance_test.bmp";
-};
 
 struct ConformanceCase {
     const char* kind;
@@ -49,7 +23,10 @@ inline constexpr int kConformanceCases = 5 * 256 * 3;
 template <class Try>
 void forEachConformanceCase(Try&& tryCase)
 {
-    const PictureFile picture;
+    const TestFolder folder(L"conformance"); // with a picture of two by two pixels, three of them green
+    using namespace picture_bytes;
+    const std::wstring picture =
+        folder.save(L"a.bmp", bmp(info(2, 2, 24), hex("00FF00 00FF00 0000 00FF00 000000 0000")));
     CVekArrayTempl<CVekVertexArray> region;
     region.append(polyline({{{0, 0, 0}, {50, 0, 0}}, {{50, 0, 0}, {50, 50, 0}, 0.3}, {{50, 50, 0}, {0, 0, 0}}}));
     region.append(box(30, 10, 10));
@@ -73,11 +50,9 @@ void forEachConformanceCase(Try&& tryCase)
              CVekMatrix3d m;
              g.imageTxt(path({}), f, L"AO8", kRed, m.setToScaling(9.0, CVekPoint3d::kOrigin), L"", {}, {5, 5, 0});
          }},
-        {"picture",
-         [&](Gdx& g, unsigned f) {
-             g.imagePicture(path({}), f, picture.path().c_str(), -1, {7, 8, 0}, {27, 18, 0});
-         }},
-    };
+        {"picture", [&](Gdx& g, unsigned f) {
+             g.imagePicture(path({}), f, picture.c_str(), -1, {7, 8, 0}, {27, 18, 0});
+         }}};
     for (const auto& [kind, emit] : kinds) {
         for (unsigned flag = 0; flag < 256; ++flag) {
             const bool needsFlag = kind == std::string("region");

@@ -2,16 +2,16 @@
 /// Small makers that the tests of the display room share.
 #pragma once
 
+#include "shapes.h"
+
 #include <vek/display.h>
 #include <vek/draw.h>
 #include <vek/values.h>
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <limits>
 #include <string>
-#include <utility>
 
 namespace display_test
 {
@@ -32,35 +32,24 @@ inline Gdx plain()
     return Gdx(CVekColor(), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
 }
 
-inline CVekArrayTempl<int> path(std::initializer_list<int> numbers)
+inline CVekArrayTempl<int> path(CVekArrayTempl<int> numbers)
 {
-    CVekArrayTempl<int> stack;
-    for (const int number : numbers)
-        stack.append(number);
-    return stack;
+    return numbers;
 }
 
-inline CVekArrayTempl<double> doubles(std::initializer_list<double> values)
+inline CVekArrayTempl<double> doubles(CVekArrayTempl<double> values)
 {
-    CVekArrayTempl<double> list;
-    for (const double value : values)
-        list.append(value);
-    return list;
+    return values;
 }
 
 inline CVekVertexArray line(double x1, double y1, double x2, double y2)
 {
-    return CVekVertexArray(CVekVertex({x1, y1, 0}, {x2, y2, 0}, 0.0));
+    return shapes::line(x1, y1, x2, y2);
 }
 
 inline CVekArrayTempl<CVekVertexArray> square(double side)
 {
-    CVekPoint3dArray corners;
-    for (const auto& [x, y] : {std::pair(0.0, 0.0), std::pair(side, 0.0), std::pair(side, side), std::pair(0.0, side)})
-        corners.append(CVekPoint3d(x, y, 0));
-    CVekArrayTempl<CVekVertexArray> region;
-    region[0].fromPoints(corners, true);
-    return region;
+    return shapes::list({shapes::rectangle(0, 0, side, side)});
 }
 
 inline void expectNear(const CVekPoint3d& actual, const CVekPoint3d& expected, double tolerance = 1e-9)

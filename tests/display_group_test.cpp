@@ -1,7 +1,6 @@
 // Groups by stack path, the draw order and picking.
 #include "display_fixture.h"
 
-#include <random>
 #include <vector>
 
 namespace
@@ -135,45 +134,6 @@ TEST(DisplayGroup, RemovalKeepsTheOthersInOrder)
     EXPECT_FALSE(gdx.removeItem(-1)) << "nothing is left";
 }
 
-TEST(DisplayOrder, SortsByClassAndKeepsTheOrderInside)
-{
-    std::mt19937 random(7);
-    Gdx gdx = plain();
-    for (int i = 0; i < 300; ++i) {
-        const unsigned mode = random() % 5 << itemColorModeShift;
-        switch (random() % 4) {
-        case 0: gdx.imagePicture(path({i}), mode, L"p.bmp", 0, {}, {}); break;
-        case 1: gdx.imageReg(path({i}), mode, square(1), {}, {}, {}, 1.0, 0, {}, {}, {}); break;
-        case 2: gdx.imageVl(path({i}), mode, line(0, 0, 1, 1), {}, {}, {}, 1.0, 0, {}); break;
-        default: gdx.imageTxt(path({i}), mode, L"I", {}, {}, L"", {}, {}); break;
-        }
-    }
-    const auto classOf = [](const CVekDisplayItem& item) {
-        const unsigned mode = item.colorMode();
-        if (item.type == dispPicture)
-            return 6;
-        if (item.type == dispRegion && (mode == 0 || mode >= 3))
-            return 1;
-        if (mode == 0 || mode >= 3)
-            return 2;
-        return mode == 2 ? 3 : item.type == dispRegion ? 4 : 5;
-    };
-    std::vector<CVekArrayTempl<int>> expected;
-    for (int wanted = 1; wanted <= 6; ++wanted) {
-        for (const CVekDisplayItem& item : gdx.getDisplayList()) {
-            if (classOf(item) == wanted)
-                expected.push_back(item.stack);
-        }
-    }
-    gdx.displListSort();
-    ASSERT_EQ(gdx.lenGet(), static_cast<int>(expected.size()));
-    for (int i = 0; i < gdx.lenGet(); ++i)
-        ASSERT_EQ(gdx.getDisplayList()[i].stack, expected[static_cast<std::size_t>(i)]);
-    const CVekDisplayItem* before = gdx.getDisplayList().begin();
-    gdx.displListSort();
-    EXPECT_EQ(gdx.getDisplayList().begin(), before); // a sorted list is not rebuilt
-}
-
 TEST(DisplayPick, FindsTheTopmostBoundaryAndReversesTheList)
 {
     Gdx gdx = plain();
@@ -198,24 +158,9 @@ TEST(DisplayPick, FindsTheTopmostBoundaryAndReversesTheList)
     EXPECT_EQ(gdx.imageItemGet({303.1, 4, 0}), -1);
     EXPECT_EQ(gdx.imageItemGet({300.5, 100.5, 0}), -1); // texts are never hit
 
-    Gdx two = plain();
-    two.imagePt(path({}), 0, {0, 0, 0}, {}, {}, 0.0, 0, {});
-    two.imagePt(path({8}), 0, {1, 0, 0}, {}, {}, 0.0, 0, {});
-    EXPECT_EQ(two.imageItemGet({0, 0, 0}), 8); // the later item covers the earlier one ...
-    EXPECT_EQ(two.imageItemGet({0, 0, 0}), 0); // ... and the pick left the list reversed
-    EXPECT_EQ(two.getDisplayList()[1].stack.len() + two.getDisplayList()[0].stack.len(), 2);
-}
-
-TEST(DisplayPick, WorldPointKeepsItsOrderOfInverses)
-{
-    Gdx gdx = plain();
-    CVekMatrix3d proj;
-    proj.setToTranslation({10, 0, 0});
-    CVekMatrix3d view;
-    view.setToScaling(2.0, {});
-    gdx.projMtxSet(proj);
-    gdx.viewMtxSet(view);
-    // 30 - 10, then halved; the true inverse of the chain would give 30 / 2 - 10.
+    gdx.projMtxSet(shift.setToTranslation({10, 0, 0}));
+    gdx.viewMtxSet(shift.setToScaling(2.0, {}));
+    // The world's point: 30 - 10, then halved; the true inverse of the chain would give 30 / 2 - 10.
     expectNear(gdx.imagePtWc({30, 0, 0}), {10, 0, 0});
 }
 

@@ -119,6 +119,7 @@ void play(unsigned seed, unsigned modes, unsigned kinds)
         case 1:
             gdx.displListSort();
             model.sort();
+            ASSERT_TRUE(agree(gdx.getDisplayList(), model));
             break;
         case 2: {
             const int gone = anyId();

@@ -68,17 +68,12 @@ inline void addItem(Gdx& gdx, const CVekDisplayItem& item)
 /// A square with its lower corner at (x, y).
 inline CVekVertexArray box(double x, double y, double side)
 {
-    CVekVertexArray contour = square(side)[0];
-    contour.move({x, y, 0});
-    return contour;
+    return shapes::rectangle(x, y, x + side, y + side);
 }
 
-inline CVekVertexArray polyline(std::initializer_list<CVekVertex> vertices)
+inline CVekVertexArray polyline(const std::vector<CVekVertex>& vertices)
 {
-    CVekVertexArray vl;
-    for (const CVekVertex& vertex : vertices)
-        vl.append(vertex);
-    return vl;
+    return shapes::path(vertices);
 }
 
 /// The device calls, without the ones that open every pass.

@@ -30,10 +30,9 @@ TEST(PassPolyline, LinesDotsAndBreaks)
                                        "pen 1 #ff0000\npixel 20,5 #ff0000\n" + dashes + "lineTo 20,5\n");
 }
 
-/// A circle of two halves.
 CVekVertexArray circle(double radius)
 {
-    return polyline({{{radius, 0, 0}, {-radius, 0, 0}, 1.0}, {{-radius, 0, 0}, {radius, 0, 0}, 1.0}});
+    return shapes::circle(0, 0, radius);
 }
 
 TEST(PassPolyline, ArcsTakeTheChordsOfTheirLengthAtAnyZoom)
@@ -124,8 +123,7 @@ TEST(PassDashes, SpecialFormsAndScale)
         {{10, -4}, 2, "moveTo 0,5\nlineTo 10,5\nmoveTo 18,5\nlineTo 28,5\nlineTo 38,5\nmoveTo 46,5\nlineTo 56,5\n"},
         {{24, -4}, 2, "moveTo 0,5\nlineTo 56,5\n"}, // no longer than one pattern: solid
         {{7}, 2, "moveTo 0,5\nlineTo 56,5\n"},
-        {{-1, -2}, 1, ""},
-    };
+        {{-1, -2}, 1, ""}};
     for (const Case& c : cases) {
         Gdx gdx = grey();
         addDashed(gdx, c.linetype, c.scale, line(0, 5, 56, 5));
@@ -181,7 +179,7 @@ TEST(PassDashes, RunAlongArcsAndOutlinesAndInTheView)
     EXPECT_EQ(dashes, 3); // two patterns, on what is seen of the line
 }
 
-/// A host with one pattern of lines 2 apart, on while it lives.
+/// A host with patterns, on while it lives.
 class PatternHost
 {
 public:
@@ -192,6 +190,8 @@ public:
         m_app.hatchPatternSet(L"TWO", lines);
         lines[0] = doubles({0, 0, 0, 0, 2, 0.0, -5.0});
         m_app.hatchPatternSet(L"DOTS", lines);
+        lines[0] = doubles({0, 0, 0, 0, 50, 4, -4});
+        m_app.hatchPatternSet(L"DASHED", lines);
     }
     ~PatternHost() { vekAppSet(m_before); }
 
@@ -199,13 +199,6 @@ private:
     CVekLocalApp m_app;
     CVekApp* m_before = vekAppSet(&m_app);
 };
-
-void addHatched(Gdx& gdx, unsigned flag, const wchar_t* pattern, double size, double factor)
-{
-    CVekMatrix3d m;
-    gdx.imageReg(path({}), flag, square(size), kRed, m.setToScaling(factor, CVekPoint3d::kOrigin), doubles({}), 1.0, 1,
-                 rgb(0x0000FF), VEK::CHatchProp(pattern, 0.0, 1.0, false), CVekPoint3d());
-}
 
 std::size_t countOf(const std::string& text, const std::string& part)
 {
@@ -215,61 +208,81 @@ std::size_t countOf(const std::string& text, const std::string& part)
     return count;
 }
 
-TEST(PassHatch, LinesInTheFillColour)
+TEST(PassHatch, LinesDotsOrSolid)
 {
     const PatternHost host;
-    Gdx gdx = grey();
-    addHatched(gdx, itemHatch, L"TWO", 5, 10);
-    const std::string lines = calls(gdx);
-    EXPECT_EQ(lines.substr(0, 14), "pen 1 #0000ff\n");
-    EXPECT_EQ(countOf(lines, "lineTo"), 3u); // at 0, 2 and 4
-    EXPECT_NE(lines.find("moveTo 50,40\nlineTo 0,40\n"), std::string::npos) << lines;
-    EXPECT_EQ(calls(gdx, kScreen), lines);
-}
-
-TEST(PassHatch, TooDenseBecomesSolid)
-{
-    const PatternHost host;
-    Gdx gdx = grey();
-    addHatched(gdx, itemHatch | itemOutline, L"TWO", 50, 1); // lines 2 pixels apart
-    EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), 50u + 4u);
-    EXPECT_EQ(countOf(calls(gdx, kScreen), "polygon"), 1u);
-    for (const auto& [factor, scale, count] : {std::tuple(10, 1, 3u), {10, 9, 50u + 4u}}) { // 20 units apart
-        Gdx large = grey();
-        VEK::CRecorder recorder;
-        addHatched(large, itemHatch | itemOutline, L"TWO", 5, factor);
-        VEK::gdxDraw(large, recorder, {0, 0, 200, 100, double(scale)}, kPaper);
-        EXPECT_EQ(countOf(recorder.text(), "lineTo"), scale == 1 ? count + 4 : count);
+    static constexpr struct {
+        unsigned flag;
+        const wchar_t* pattern;
+        double size, factor, view, scale;   // of the region, its matrix, the view and the drawing area
+        std::size_t paper, lines, polygons; // the last two on the screen
+    } kCases[] = {
+        {itemHatch, L"TWO", 5, 10, 1, 1, 3, 3, 0},                    // at 0, 2 and 4
+        {itemFill | itemHatch, L"TWO", 5, 10, 1, 1, 50 + 3, 0, 1},    // both on paper only
+        {itemHatch | itemOutline, L"TWO", 50, 1, 1, 1, 50 + 4, 4, 1}, // lines 2 pixels apart: too dense
+        {itemHatch | itemOutline, L"TWO", 5, 10, 1, 9, 50 + 4, 4, 1}, // 20 units, of nine pixels each
+        {itemHatch, L"DOTS", 12, 10, 1, 1, 0, 0, 0},                  // as many as there are pixels on the screen
+        {itemHatch, L"TWO", 50, 10, 0.1, 1, 26, 0, 1},                // a view that shrinks counts on screen alone
+    };
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(&c - kCases);
+        Gdx gdx = grey();
+        CVekMatrix3d view, m;
+        gdx.viewDirectionMtxSet(view.setToScaling(c.view, CVekPoint3d::kOrigin));
+        gdx.imageReg(path({}), c.flag, square(c.size), kRed, m.setToScaling(c.factor, CVekPoint3d::kOrigin), {}, 1.0, 1,
+                     rgb(0x0000FF), VEK::CHatchProp(c.pattern, 0.0, 1.0, false), CVekPoint3d());
+        std::size_t dots = 0;
+        for (Rules rules : {kScreen, kPaper}) {
+            VEK::CRecorder recorder;
+            VEK::gdxDraw(gdx, recorder, {0, 0, 200, 100, c.scale}, rules);
+            const std::string text = recorder.text();
+            const bool onScreen = rules.fillsBackground;
+            dots = onScreen ? countOf(text, "pixel") : dots;
+            EXPECT_EQ(countOf(text, "lineTo"), onScreen ? c.lines : c.paper + dots);
+            EXPECT_EQ(countOf(text, "polygon"), onScreen ? c.polygons : 0);
+            EXPECT_NE(text.find(" #0000ff\n"), std::string::npos);
+        }
+        EXPECT_EQ(dots > 6, c.paper == 0);
     }
-    // The item's own matrix acts on the other side of the test matrix; a view that turns counts on screen alone.
-    Gdx turned = grey();
-    CVekMatrix3d flat;
-    turned.viewDirectionMtxSet(flat.setToScaling(0.1, CVekPoint3d::kOrigin));
-    addHatched(turned, itemHatch, L"TWO", 50, 10);
-    EXPECT_EQ(countOf(calls(turned, kPaper), "lineTo"), 26u);
-    EXPECT_EQ(countOf(calls(turned, kScreen), "polygon"), 1u);
 }
 
-TEST(PassHatch, FillAndHatchTogetherOnPaperOnly)
+TEST(PassHatch, IsDrawnWhereItIsSeenAndSolidWhereItTakesTooManyLines)
 {
     const PatternHost host;
-    Gdx gdx = grey();
-    addHatched(gdx, itemFill | itemHatch, L"TWO", 5, 10);
-    EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), 50u + 3u);
-    const std::string screen = calls(gdx, kScreen);
-    EXPECT_EQ(countOf(screen, "polygon"), 1u);
-    EXPECT_EQ(countOf(screen, "lineTo"), 0u);
-}
-
-TEST(PassHatch, DotsOfTheGridAreDotsEvenWhereTheyTouch)
-{
-    const PatternHost host;
-    Gdx gdx = grey();
-    addHatched(gdx, itemHatch, L"DOTS", 12, 10);
-    const std::string screen = calls(gdx, kScreen);
-    EXPECT_GT(countOf(screen, "pixel"), 6u);
-    EXPECT_EQ(countOf(screen, "lineTo"), 0u);
-    EXPECT_EQ(countOf(calls(gdx, kPaper), "lineTo"), countOf(screen, "pixel"));
+    // A wall 120 m long and 4 m high takes 1.2 million dashes, and 4 million lines that are a thousandth apart.
+    static constexpr struct {
+        const wchar_t* name;
+        double scale;
+        double x, y, factor; // the place in the corner of the view, and its zoom
+        int height, width;
+        int least, most;                                           // strokes; none where it is solid
+    } kViews[] = {{L"DASHED", 1, 119000, 3940, 5, 100, 200, 5, 8}, // one row, 40 of the wall
+                  {L"DASHED", 1, 119990, 3990, 5, 100, 200, 1, 5}, // the far corner
+                  {L"DASHED", 1, 0, 0, 0.05, 100, 200, 20000, 21000}, {L"DASHED", 1, 0, 0, 0.05, 200, 6000, 0, 0},
+                  {L"DASHED", 1, 0, 0, 0.04, 100, 200, 0, 0}, // rows 2 apart: too dense
+                  {L"_USER", 1e-3, 5, 5, 1e4, 100, 200, 9, 13},       {L"_USER", 1e-3, 0, 0, 0.05, 100, 200, 0, 0},
+                  {L"_USER", 1e-300, 5, 5, 1e4, 100, 200, 0, 0}};
+    for (const auto& view : kViews) {
+        for (Rules rules : {kPaper, kScreen}) {
+            SCOPED_TRACE(&view - kViews);
+            Gdx gdx = grey();
+            gdx.imageReg(path({}), itemHatch, shapes::list({shapes::rectangle(0, 0, 120000, 4000)}), kRed, kNone,
+                         doubles({}), 1.0, 1, kRed, VEK::CHatchProp(view.name, 0.0, view.scale, false), CVekPoint3d());
+            CVekMatrix3d zoom, move;
+            move.setToTranslation({-view.x, -view.y, 0});
+            gdx.zoomMtxSet(zoom.setToScaling(view.factor, CVekPoint3d::kOrigin) * move);
+            const std::string drawn = draw(gdx, rules, false, view.height, view.width).text();
+            const int strokes = static_cast<int>(countOf(drawn, "moveTo"));
+            const bool asPolygon = rules.fill == VEK::PassRules::Fill::polygon;
+            EXPECT_EQ(countOf(drawn, "polygon"), view.most == 0 && asPolygon ? 1u : 0u);
+            if (view.most == 0) {
+                EXPECT_EQ(strokes, asPolygon ? 0 : view.height);
+                continue;
+            }
+            EXPECT_GE(strokes, view.least);
+            EXPECT_LE(strokes, view.most);
+        }
+    }
 }
 
 TEST(PassOutside, OnlyTheScreenLeavesOutWhatCannotShow)

@@ -37,74 +37,59 @@ TEST(PassSetUp, FitsOnPaperAndKeepsTheViewOnScreen)
     EXPECT_EQ(gdx.viewMtxGet(), CVekMatrix3d());
 }
 
-TEST(PassSetUp, SkipsWhatIsHiddenOrUnknown)
+TEST(PassSetUp, SkipsWhatIsUnknown)
 {
     Gdx gdx = grey();
-    EXPECT_EQ(calls(gdx), "");
-    addLine(gdx, line(0, 0, 9, 9), kRed, kNone, itemHidden);
-    addRegion(gdx, itemHidden | itemFill | itemOutline, square(9));
     CVekDisplayItem odd;
     odd.type = static_cast<VekDisplayObj>(4);
     odd.vl = line(0, 0, 9, 9);
     addItem(gdx, odd);
-    EXPECT_EQ(calls(gdx), "");
-    EXPECT_EQ(calls(gdx, kScreen), "");
+    EXPECT_EQ(calls(gdx) + calls(gdx, kScreen), "");
     addLine(gdx, CVekVertexArray());
     EXPECT_EQ(calls(gdx), "pen 1 #ff0000\n");
 }
 
-TEST(PassColours, ByModeAndFixedAtTheEnd)
+TEST(PassColours, OfLinesAndFillsByModeAndFixedAtTheEnd)
 {
-    struct Case {
+    const CVekColor blue = rgb(0x0000FF), none, white = rgb(0xFFFFFF), back = rgb(kBack);
+    const struct {
         CVekColor color;
         unsigned mode;
-        const char* paper;
-        const char* screen;
-    };
-    const Case cases[] = {
-        {rgb(0xFF8000), 0, "#ff8000", "#ff8000"}, {CVekColor(), 0, "#3f3f3f", "#3f3f3f"},
-        {indexed(5), 0, "#0000ff", "#0000ff"},    {rgb(0xFFFFFF), 0, "#000000", "#ffffff"},
-        {rgb(kBack), 0, "#c0c0c0", "#3f3f3f"},    {kRed, 2, "#00ff00", "#00ff00"},
-        {kRed, 9, "#000000", "#000000"}, // an entry that the table lacks
+        const char *paper, *screen;
+        bool isFill = false;
+        CVekColor fill = CVekColor();
+    } cases[] = {
+        {rgb(0xFF8000), 0, "#ff8000", "#ff8000"},
+        {none, 0, "#3f3f3f", "#3f3f3f"},
+        {indexed(5), 0, "#0000ff", "#0000ff"},
+        {white, 0, "#000000", "#ffffff"},
+        {back, 0, "#c0c0c0", "#3f3f3f"},
+        {kRed, 2, "#00ff00", "#00ff00"},
+        {kRed, 1, "#000000", "#000000"}, // an entry that the table lacks
+        {kRed, 9, "#000000", "#000000"},
         {kRed, 15, "#3f3f3f", "#3f3f3f"},
+        {kRed, 0, "#0000ff", "#0000ff", true, blue},
+        {kRed, 0, "#ff0000", "#ff0000", true, indexed(0)}, // index 0: as the pen
+        {kRed, 2, "#00ff00", "#00ff00", true, blue},
+        {none, 0, "#0000ff", "#3f3f3f", true, blue},
+        {kRed, 0, "#000000", "#ffffff", true, white},
+        {kRed, 0, "#c0c0c0", "#3f3f3f", true, back},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         Gdx gdx = grey();
         gdx.ColorTabSet(2, rgb(0x00FF00));
-        addLine(gdx, line(0, 0, 9, 9), c.color, kNone, c.mode << itemColorModeShift, 3);
-        const std::string rest = "\nmoveTo 0,0\nlineTo 9,9\n";
-        EXPECT_EQ(calls(gdx, kPaper), "pen 3 " + std::string(c.paper) + rest);
-        EXPECT_EQ(calls(gdx, kScreen), "pen 3 " + std::string(c.screen) + rest);
-    }
-    Gdx white = Gdx(rgb(0xFFFFFF), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
-    addLine(white, line(0, 0, 9, 9), CVekColor());
-    EXPECT_NE(draw(white, kPaper).text().find("pen 1 #000000"), std::string::npos);
-}
-
-TEST(PassColours, OfFills)
-{
-    struct Case {
-        CVekColor color, fill;
-        unsigned mode;
-        const char* paper;
-        const char* screen;
-    };
-    const CVekColor blue = rgb(0x0000FF);
-    const Case cases[] = {
-        {kRed, blue, 0, "#0000ff", "#0000ff"},
-        {kRed, indexed(0), 0, "#ff0000", "#ff0000"}, // index 0: as the pen
-        {kRed, blue, 2, "#00ff00", "#00ff00"},
-        {CVekColor(), blue, 0, "#0000ff", "#3f3f3f"},
-        {kRed, rgb(0xFFFFFF), 0, "#000000", "#ffffff"},
-        {kRed, rgb(kBack), 0, "#c0c0c0", "#3f3f3f"},
-    };
-    for (const Case& c : cases) {
-        Gdx gdx = grey();
-        gdx.ColorTabSet(2, rgb(0x00FF00));
-        addRegion(gdx, itemFill | c.mode << itemColorModeShift, square(2), c.color, c.fill);
+        const unsigned flag = c.mode << itemColorModeShift;
+        if (c.isFill)
+            addRegion(gdx, itemFill | flag, square(2), c.color, c.fill);
+        else
+            addLine(gdx, line(0, 0, 9, 9), c.color, kNone, flag);
         EXPECT_EQ(calls(gdx, kPaper).substr(0, 14), "pen 1 " + std::string(c.paper) + "\n");
-        EXPECT_EQ(calls(gdx, kScreen).substr(0, 27), "pen 1 " + std::string(c.screen) + "\nbrush " + c.screen);
+        const std::string screen = "pen 1 " + std::string(c.screen) + (c.isFill ? "\nbrush " : "\nmoveTo 0,0");
+        EXPECT_EQ(calls(gdx, kScreen).substr(0, c.isFill ? 27 : 24), screen + (c.isFill ? c.screen : ""));
     }
+    Gdx onWhite = Gdx(white, CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
+    addLine(onWhite, line(0, 0, 9, 9), CVekColor());
+    EXPECT_NE(draw(onWhite, kPaper).text().find("pen 1 #000000"), std::string::npos);
 }
 
 TEST(PassPolyline, MatrixAndViewActInTheOrderOfTheItemsKind)
@@ -164,8 +149,7 @@ TEST(PassPoint, EveryStyle)
         {36, -10, "ellipse 15,25 25,35\nmoveTo 20,30\nlineTo 20,35\n", nullptr},
         {96, 6, "ellipse 23,33 17,27\nrectangle 23,33 17,27\nbrush #ff0000\nellipse 21,31 19,29\n", nullptr},
         {8 + 32 + 2, 7, "brush #ff0000\nrectangle 23,33 17,27\n", "solidRect 17,27 7,7 #ff0000\n"},
-        {8, -10, "brush #ff0000\nrectangle 15,25 25,35\n", "solidRect 25,35 -10,-10 #ff0000\n"},
-    };
+        {8, -10, "brush #ff0000\nrectangle 15,25 25,35\n", "solidRect 25,35 -10,-10 #ff0000\n"}};
     for (const Case& c : cases) {
         Gdx gdx = grey();
         gdx.imagePt(path({}), 0, {20, 30, 7}, kRed, kNone, c.size, c.mode, CVekPoint3d());
@@ -233,20 +217,6 @@ TEST(PassArea, OddScalesAndPlaces)
               "moveTo 12,20\nlineTo 10,20\n");
 }
 
-TEST(PassRegion, ScanLinesCoverTheRowsInside)
-{
-    Gdx gdx = grey();
-    CVekArrayTempl<CVekVertexArray> region;
-    region.append(box(2.5, 3.2, 4.0)); // to 6.5, 7.2
-    region.append(box(4.0, 4.5, 1.0)); // to 5, 5.5
-    addRegion(gdx, itemFill, region);
-    EXPECT_EQ(calls(gdx), "pen 1 #ff0000\nmoveTo 2.5,4\nlineTo 6.5,4\nmoveTo 2.5,5\nlineTo 4,5\nmoveTo 5,5\n"
-                          "lineTo 6.5,5\nmoveTo 2.5,6\nlineTo 6.5,6\nmoveTo 2.5,7\nlineTo 6.5,7\n");
-    Gdx whole = grey();
-    addRegion(whole, itemFill, square(2)); // its upper edge lies on row 0, its lower one below the last row
-    EXPECT_EQ(calls(whole), "pen 1 #ff0000\nmoveTo 0,0\nlineTo 2,0\nmoveTo 0,1\nlineTo 2,1\n");
-}
-
 TEST(PassRegion, OnlyRowsOfTheDrawingArea)
 {
     Gdx gdx = grey();
@@ -256,6 +226,9 @@ TEST(PassRegion, OnlyRowsOfTheDrawingArea)
     const auto recorded = draw(gdx, kPaper);
     EXPECT_EQ(recorded.calls().size(), 3u + 2 * 100);
     EXPECT_EQ(recorded.calls().back().points[0].y, 99.0);
+    Gdx whole = grey();
+    addRegion(whole, itemFill, square(2)); // its upper edge lies on row 0, its lower one below the last row
+    EXPECT_EQ(calls(whole), "pen 1 #ff0000\nmoveTo 0,0\nlineTo 2,0\nmoveTo 0,1\nlineTo 2,1\n");
 }
 
 TEST(PassRegion, ScanLinesAgreeWithAPointTest)
@@ -370,10 +343,11 @@ TEST(PassScreenFixed, KeepsItsSizeAndItsReferencePoint)
         addLine(gdx, polyline({{{0, 0, 0}, {1, 0, 0}}, {{1, 0, 0}, {1, 1, 0}}}), kRed, kNone, itemScreenFixed, 1,
                 reference);
         gdx.imagePt(path({}), itemScreenFixed, {1, 0, 0}, kRed, kNone, 0.5, 4, reference);
+        gdx.imageTxt(path({}), itemScreenFixed, L"-", kRed, kNone, L"", {}, reference);
         const CVekPoint3d anchor = reference * (gdx.zoomMtxGet() * gdx.viewMtxGet());
         const auto recorded = draw(gdx, kPaper);
         const std::vector<VEK::SurfaceCall>& all = recorded.calls();
-        ASSERT_EQ(all.size(), 10u);
+        ASSERT_EQ(all.size(), 19u);
         const auto expect = [&](std::size_t call, double x, double y) {
             EXPECT_NEAR(all[call].points[0].x, anchor[0] + x, 1e-9);
             EXPECT_NEAR(all[call].points[0].y, anchor[1] + y, 1e-9);
@@ -383,6 +357,7 @@ TEST(PassScreenFixed, KeepsItsSizeAndItsReferencePoint)
         expect(5, unit, -unit);
         expect(8, unit, 0);
         expect(9, unit, -22); // half of a size of 45 pixels
+        expect(18, 0.83322 * unit, -0.488814 * unit);
     }
 }
 

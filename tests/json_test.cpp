@@ -1,13 +1,11 @@
-#include <vek/data.h>
+#include "data_leaves.h"
+#include "test_folder.h"
+
 #include <vek/json.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <random>
 
 namespace
 {
@@ -79,17 +77,6 @@ void expectRoundTrip(const CVekDataItem& tree)
     expectSame(treeOf(textOf(tree)), tree);
 }
 
-CVekVertexArray tilted(double z)
-{
-    CVekVertexArray polyline;
-    polyline.append(CVekVertex(CVekPoint3d(0.1, -0.0, z), CVekPoint3d(1e22, 1e-300, 5), 0.5));
-    polyline.append(CVekVertex(CVekPoint3d(VEK::nan(), 1, 1), CVekPoint3d(2, 3, 123456789012345678), 0));
-    const unsigned char tag[8] = {1, 0, 3, 0x7F, 0xFF, 0, 0, 8};
-    std::memcpy(polyline[1].tag, tag, sizeof tag);
-    polyline.setNormal(CVekVector3d(0.3, 0.4, z));
-    return polyline;
-}
-
 } // namespace
 
 TEST(Json, BringsEveryLeafTypeBack)
@@ -98,49 +85,19 @@ TEST(Json, BringsEveryLeafTypeBack)
     expectRoundTrip(tree);
     tree.mkDir();
     expectRoundTrip(tree);
-    VEK::dataSet(&tree, L"bool", false);
-    VEK::dataSet(&tree, L"int", -2147483647 - 1);
-    VEK::dataSet(&tree, L"ulong", ~0ul);
-    VEK::dataSet(&tree, L"", L"Größe \"1\"\\2\n\t\x1F\x20AC");
-    VEK::dataSet(&tree, L"unit", Vek::unitMetre);
-    VEK::dataSet(&tree, L"point", CVekPoint3d(0.1, -0.0, 1e300));
-    VEK::dataSet(&tree, L"matrix", CVekMatrix3d().setToRotation(0.7, CVekVector3d(1, 2, 3), CVekPoint3d(4, 5, 6)));
-    VEK::dataSet(&tree, L"hatch", VEK::CHatchProp(L"ANSI31", 0.1, 2.5, true));
-    CVekPoint3dArray points;
-    VEK::dataSet(&tree, L"points0", points);
-    points.append(CVekPoint3d(1, 2, 3));
-    points.append(CVekPoint3d(VEK::nan(), -std::numeric_limits<double>::infinity(), 3));
-    VEK::dataSet(&tree, L"points", points);
-    CVekArrayTempl<int> numbers;
-    VEK::dataSet(&tree, L"ints0", numbers);
-    numbers.append(7);
-    VEK::dataSet(&tree, L"ints", numbers);
-    CVekArrayTempl<CVekString> texts;
-    VEK::dataSet(&tree, L"texts0", texts);
-    texts.append(CVekString());
-    VEK::dataSet(&tree, L"texts", texts);
-    VEK::VertexArrays polylines;
-    VEK::dataSet(&tree, L"polylines0", polylines);
-    for (int i = 0; i < 200; ++i)
-        polylines.append(tilted(i * 0.37));
-    polylines.append(CVekVertexArray());
-    VEK::dataSet(&tree, L"polyline", polylines[0]);
-    VEK::dataSet(&tree, L"polylines", polylines);
-    VEK::Regions regions;
-    VEK::dataSet(&tree, L"regions0", regions);
-    regions.append(polylines);
-    regions.append(VEK::VertexArrays());
-    VEK::dataSet(&tree, L"regions", regions);
-    for (int index : {-1, 0, 5, 300}) {
-        CVekColor color;
-        color.setColorIndex(static_cast<short>(index));
-        const CVekDataKey own(5005, L"colors", 5003, index, 0);
-        VEK::dataItemSet(&tree, &own, color);
-        color.setColor(0x123456);
-        color.setNames(L"Nacht", L"RAL");
-        const CVekDataKey given(5005, L"colors", 5005, L"given", 5003, index, 0);
-        VEK::dataItemSet(&tree, &given, color);
+    shapes::Random random(7);
+    for (int round = 0; round < 20; ++round) {
+        data_leaves::forEach(random, [&](const wchar_t* name, const auto& value) {
+            const CVekDataKey key(5005, L"types", 5003, round, 5005, name, 0);
+            VEK::dataItemSet(&tree, &key, value);
+        });
     }
+    VEK::dataSet(&tree, L"", L"the child without a name");
+    VEK::dataSet(&tree, L"no points", CVekPoint3dArray());
+    VEK::dataSet(&tree, L"no numbers", CVekArrayTempl<int>());
+    VEK::dataSet(&tree, L"no texts", CVekArrayTempl<CVekString>());
+    VEK::dataSet(&tree, L"no polylines", VEK::VertexArrays());
+    VEK::dataSet(&tree, L"no regions", VEK::Regions());
     tree.makeItem(L"nothing");
     tree.makeDir(L"A\\B\\C");
     expectRoundTrip(tree);
@@ -165,6 +122,7 @@ TEST(Json, KeepsRealsToTheLastBit)
 {
     CVekDataItem tree;
     CVekPoint3dArray points;
+    CVekVertexArray lines;
     std::mt19937_64 random(4711);
     for (int i = 0; i < 3000; ++i) {
         const CVekDataKey key(5003, i, 0);
@@ -179,8 +137,10 @@ TEST(Json, KeepsRealsToTheLastBit)
         const CVekDataKey key(5003, 10000 + tree.getDir()->len(), 0);
         VEK::dataItemSet(&tree, &key, value);
         points.append(CVekPoint3d(value, -value, value));
+        lines.append({{value, -value, 0}, {1, 0, value}, value});
     }
     VEK::dataSet(&tree, L"points", points);
+    VEK::dataSet(&tree, L"lines", lines);
     expectRoundTrip(tree);
 }
 
@@ -209,44 +169,42 @@ TEST(Json, NamesLineAndCause)
     const struct {
         const char* text;
         const char* message;
-    } cases[] = {
-        {"", "t:1: "},
-        {"{\"A\": 1,\n \"B\": [1,\n 2,\n}", "t:4: "},
-        {"{\n\"A\": 1\n", "t:3: "},
-        {"{\n\"A\": 1e999}", "t:2: number overflow"},
-        {"{\n\"A\": 3000000000\n}", "t:2: an integer beyond 32 bits"},
-        {"{\n\"A\": 99999999999999999999999\n}", "t:2: an integer beyond 32 bits"},
-        {"{\n\"A\": -3000000000\n}", "t:2: an integer beyond 32 bits"},
-        {"{\"A\": 1,\n\"A\": 2}", "t:2: \"A\" stands here twice"},
-        {"{\"A\": \"\\u0000\"}", "t:1: a text cannot hold"},
-        {"{\"A\\u0000\": 1}", "t:1: a name cannot hold"},
-        {"{\"A\":\n\"\xFF\"}", "t:2: syntax error"},
-        {"{\"A\": \"\\ud800\"}", "t:1: syntax error"},
-        {"{\"A\": []}", "t:1: a list without elements"},
-        {"{\"A\": [1,\n\"x\"]}", "t:2: an integer from"},
-        {"{\"A\": [\"x\",\n1]}", "t:2: a text is missing"},
-        {"{\"A\": [1.5]}", "t:1: a list without a tag"},
-        {"{\"A\": [{}]}", "t:1: a list without a tag"},
-        {"{\"A\": {\"@point\": [1,\n2]}}", "t:2: a number is missing"},
-        {"{\"A\": {\"@point\": [1,2,3,4]}}", "t:1: a point has three numbers"},
-        {"{\"A\": {\"@point\": [1,2,3],\n\"B\": 1}}", "t:2: a value with a tag"},
-        {"{\"A\": {\"@point\": {}}}", "t:1: a list of numbers"},
-        {"{\"A\": {\"@matrix\": [[1,0,0,0],[1,0,0,0],[0,0,0,1]]}}", "t:1: a list of numbers"},
-        {"{\"A\": {\"@polyline\": [[0,0,0,1,1,1,0,\"12\"]]}}", "t:1: a tag has sixteen"},
-        {"{\"A\": {\"@polyline\": {\"nomal\": [0,0,1]}}}", "t:1: a polyline has"},
-        {"{\"A\": {\"@regions\": [[[[[[[[1]]]]]]]]}}", "t:1: no value has lists this deep"},
-        {"{\"A\": {\"@color\": {\"index\": 40000}}}", "t:1: a colour index"},
-        {"{\"A\": {\"@color\": {\"rgb\": -1}}}", "t:1: a colour from"},
-        {"{\"A\": {\"@double\": \"0x12\"}}", "t:1: a number is missing"},
-        {"{\"A\": {\"@ulong\": -1}}", "t:1: an integer from 0 on"},
-        {"{\"A\": {\"@ulong\": 99999999999999999999999}}", "t:1: an integer from 0 on"},
-        {"{\"A\": {\"@pint\": 1}}", "t:1: no value has this tag"},
-        {"{\"A\": 1, \"@point\": [1,2,3]}", "t:1: a tag stands alone"},
-        {"{\"#x\": 1}", "t:1: behind #"},
-        {"{\"#99999999999\": 1}", "t:1: behind #"},
-        {"{} x", "t:1: syntax error"},
-        {"{\"A\": NaN}", "t:1: syntax error"},
-    };
+    } cases[] = {{"", "t:1: "},
+                 {"{\"A\": 1,\n \"B\": [1,\n 2,\n}", "t:4: "},
+                 {"{\n\"A\": 1\n", "t:3: "},
+                 {"{\n\"A\": 1e999}", "t:2: number overflow"},
+                 {"{\n\"A\": 3000000000\n}", "t:2: an integer beyond 32 bits"},
+                 {"{\n\"A\": 99999999999999999999999\n}", "t:2: an integer beyond 32 bits"},
+                 {"{\n\"A\": -3000000000\n}", "t:2: an integer beyond 32 bits"},
+                 {"{\"A\": 1,\n\"A\": 2}", "t:2: \"A\" stands here twice"},
+                 {"{\"A\": \"\\u0000\"}", "t:1: a text cannot hold"},
+                 {"{\"A\\u0000\": 1}", "t:1: a name cannot hold"},
+                 {"{\"A\":\n\"\xFF\"}", "t:2: syntax error"},
+                 {"{\"A\": \"\\ud800\"}", "t:1: syntax error"},
+                 {"{\"A\": []}", "t:1: a list without elements"},
+                 {"{\"A\": [1,\n\"x\"]}", "t:2: an integer from"},
+                 {"{\"A\": [\"x\",\n1]}", "t:2: a text is missing"},
+                 {"{\"A\": [1.5]}", "t:1: a list without a tag"},
+                 {"{\"A\": [{}]}", "t:1: a list without a tag"},
+                 {"{\"A\": {\"@point\": [1,\n2]}}", "t:2: a number is missing"},
+                 {"{\"A\": {\"@point\": [1,2,3,4]}}", "t:1: a point has three numbers"},
+                 {"{\"A\": {\"@point\": [1,2,3],\n\"B\": 1}}", "t:2: a value with a tag"},
+                 {"{\"A\": {\"@point\": {}}}", "t:1: a list of numbers"},
+                 {"{\"A\": {\"@matrix\": [[1,0,0,0],[1,0,0,0],[0,0,0,1]]}}", "t:1: a list of numbers"},
+                 {"{\"A\": {\"@polyline\": [[0,0,0,1,1,1,0,\"12\"]]}}", "t:1: a tag has sixteen"},
+                 {"{\"A\": {\"@polyline\": {\"nomal\": [0,0,1]}}}", "t:1: a polyline has"},
+                 {"{\"A\": {\"@regions\": [[[[[[[[1]]]]]]]]}}", "t:1: no value has lists this deep"},
+                 {"{\"A\": {\"@color\": {\"index\": 40000}}}", "t:1: a colour index"},
+                 {"{\"A\": {\"@color\": {\"rgb\": -1}}}", "t:1: a colour from"},
+                 {"{\"A\": {\"@double\": \"0x12\"}}", "t:1: a number is missing"},
+                 {"{\"A\": {\"@ulong\": -1}}", "t:1: an integer from 0 on"},
+                 {"{\"A\": {\"@ulong\": 99999999999999999999999}}", "t:1: an integer from 0 on"},
+                 {"{\"A\": {\"@pint\": 1}}", "t:1: no value has this tag"},
+                 {"{\"A\": 1, \"@point\": [1,2,3]}", "t:1: a tag stands alone"},
+                 {"{\"#x\": 1}", "t:1: behind #"},
+                 {"{\"#99999999999\": 1}", "t:1: behind #"},
+                 {"{} x", "t:1: syntax error"},
+                 {"{\"A\": NaN}", "t:1: syntax error"}};
     for (const auto& each : cases)
         EXPECT_EQ(messageOf(each.text).compare(0, std::strlen(each.message), each.message), 0) << each.text << '\n'
                                                                                                << messageOf(each.text);
@@ -283,11 +241,8 @@ TEST(Json, RefusesWhatLiesTooDeep)
 
 TEST(Json, LoadsAndSavesFiles)
 {
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / u8"vek_json_täst";
-    std::filesystem::create_directories(folder);
-    const std::u8string utf8 = (folder / "tree.json").u8string();
-    const CVekString path =
-        VEK::fromUtf8(reinterpret_cast<const char*>(utf8.data()), static_cast<unsigned>(utf8.size()));
+    const TestFolder folder(L"json");
+    const CVekString path = folder.name(L"tree.json").c_str();
     CVekDataItem tree;
     VEK::dataSet(&tree, L"A\\B", 0.1);
     CVekString error;
@@ -302,9 +257,5 @@ TEST(Json, LoadsAndSavesFiles)
     EXPECT_TRUE(error == path + L"/x/y: cannot be written");
     EXPECT_FALSE(VEK::jsonLoad(back, nullptr, error));
     expectSame(back, tree);
-    int files = 0;
-    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder))
-        ++files;
-    EXPECT_EQ(files, 1) << "nothing else is left behind";
-    std::filesystem::remove_all(folder);
+    EXPECT_EQ(folder.files(), 1) << "nothing else is left behind";
 }

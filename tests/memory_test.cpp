@@ -335,8 +335,7 @@ const Job kJobs[] = {
     {"pixels", 20,
      [](W& w) { return VEK::rasterPixels(w.pixels, 99, 99, 0) && w.drawn(VEK::rasterSurface(w.pixels)); }},
     {"metafile", 20, [](W& w) { return w.drawn(VEK::emfSurface(w.sink)); }},
-    {"SVG", 20, [](W& w) { return w.drawn(VEK::svgSurface(w.sink, 100, 100)); }},
-};
+    {"SVG", 20, [](W& w) { return w.drawn(VEK::svgSurface(w.sink, 100, 100)); }}};
 
 } // namespace
 

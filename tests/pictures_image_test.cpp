@@ -71,10 +71,7 @@ TEST(SlideImage, OneItemForEachLineAndFill)
         ASSERT_EQ(region.len(), 1);
         EXPECT_EQ(region[0].len(), 3);
         EXPECT_TRUE(region[0].isClosed());
-        double twiceArea = 0.0;
-        for (const CVekVertex& vertex : region[0])
-            twiceArea += vertex.start[0] * vertex.end[1] - vertex.start[1] * vertex.end[0];
-        EXPECT_EQ(twiceArea, 100.0);
+        EXPECT_EQ(shapes::areaOf(region[0]), 50.0);
     }
     // Without a colour record a default colour, then the index; a fill has its colour twice.
     CVekColor green;
@@ -152,12 +149,8 @@ TEST(SlideImage, OfALibrary)
         EXPECT_TRUE(vek_gdx_image_sld(&gdx, name, nullptr, itemFill, nullptr));
         ASSERT_EQ(gdx.lenGet(), 1);
         const CVekDisplayItem& item = gdx.getDisplayList()[0];
-        EXPECT_EQ(item.type, dispPoint);
-        EXPECT_EQ(item.flag, unsigned{itemHidden});
-        EXPECT_EQ(item.stack.len(), 0);
-        EXPECT_EQ(item.point, CVekPoint3d::kOrigin);
-        EXPECT_EQ(item.color, CVekColor());
-        EXPECT_EQ(item.pdSize, 0.0);
-        EXPECT_EQ(item.pdMode, 0xFFFFFFFFu);
+        EXPECT_TRUE(item.type == dispPoint && item.flag == itemHidden && item.stack.len() == 0);
+        EXPECT_TRUE(item.point == CVekPoint3d() && item.color == CVekColor());
+        EXPECT_TRUE(item.pdSize == 0.0 && item.pdMode == 0xFFFFFFFF);
     }
 }

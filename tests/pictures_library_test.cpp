@@ -1,13 +1,10 @@
-#include "core/platform/platform.h"
 #include "details.h"
 #include "slide_bytes.h"
+#include "test_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 
 using namespace slide_test;
@@ -45,37 +42,9 @@ bool find(const Bytes& bytes, const wchar_t* name, VEK::SlideEntry* found = null
     return is;
 }
 
-/// A file that is gone when the test is over.
-class TempFile
+std::string textOf(const Bytes& bytes)
 {
-public:
-    explicit TempFile(const Bytes& bytes)
-        : m_path(fs::temp_directory_path() /
-                 VEK::platform::pathOf(L"vek \u00C4 " + std::to_wstring(++s_count) + L".slb"))
-    {
-        std::ofstream(m_path, std::ios::binary)
-            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    }
-    TempFile(const TempFile&) = delete;
-    TempFile& operator=(const TempFile&) = delete;
-    ~TempFile()
-    {
-        std::error_code error;
-        fs::remove(m_path, error);
-    }
-
-    const fs::path& path() const { return m_path; }
-    std::wstring name() const { return VEK::platform::textOf(m_path); }
-
-private:
-    static inline int s_count = 0;
-    fs::path m_path;
-};
-
-Bytes contents(const fs::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return Bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    return std::string(bytes.begin(), bytes.end());
 }
 
 } // namespace
@@ -150,24 +119,22 @@ TEST(SlideLoad, ReadsOneSlideOfALibraryOrAWholeFile)
     Bytes bytes = library({{"A", 140}, {"B", 150}}, 100);
     bytes[140] = 'a';
     bytes[150] = 'b';
-    const TempFile file(bytes), large(bytes);
-    fs::resize_file(large.path(), VEK::kSlideFileLimit + 1);
-    const std::wstring path = file.name(), absent = path + L"x", largePath = large.name(),
-                       folder = VEK::platform::textOf(fs::temp_directory_path());
+    const TestFolder own(L"slides");
+    const std::wstring path = own.save(L"a.slb", textOf(bytes)), absent = path + L"x", folder = own.name(L"."),
+                       largePath = own.save(L"large.slb", textOf(bytes));
+    fs::resize_file(own / L"large.slb", VEK::kSlideFileLimit + 1);
     struct {
         const wchar_t *name, *library;
         Bytes expected;
-    } const cases[] = {
-        {L"a", path.c_str(), Bytes(bytes.begin() + 140, bytes.begin() + 150)},
-        {L"b", path.c_str(), Bytes(bytes.begin() + 150, bytes.end())},
-        {path.c_str(), nullptr, bytes},
-        {L"c", path.c_str(), {}},
-        {nullptr, path.c_str(), {}},
-        {L"a", L"", {}},
-        {L"a", absent.c_str(), {}},
-        {folder.c_str(), nullptr, {}},
-        {L"a", largePath.c_str(), {}},
-    };
+    } const cases[] = {{L"a", path.c_str(), Bytes(bytes.begin() + 140, bytes.begin() + 150)},
+                       {L"b", path.c_str(), Bytes(bytes.begin() + 150, bytes.end())},
+                       {path.c_str(), nullptr, bytes},
+                       {L"c", path.c_str(), {}},
+                       {nullptr, path.c_str(), {}},
+                       {L"a", L"", {}},
+                       {L"a", absent.c_str(), {}},
+                       {folder.c_str(), nullptr, {}},
+                       {L"a", largePath.c_str(), {}}};
     for (const auto& c : cases) {
         std::vector<unsigned char> slide(1);
         EXPECT_EQ(VEK::slideLoad(slide, c.name, c.library), !c.expected.empty()) << &c - cases;
@@ -181,16 +148,17 @@ TEST(SlideLoad, ReadsADirectoryOfAnyLength)
     std::vector<Entry> entries;
     for (int i = 0; i < 3000; ++i)
         entries.push_back({"N" + std::to_string(i), static_cast<std::uint32_t>(32 + 3001 * 36 + 7 * i)});
-    const TempFile file(library(entries, 3000 * 7));
+    const TestFolder own(L"slides");
+    const std::wstring file = own.save(L"a.slb", textOf(library(entries, 3000 * 7)));
     std::vector<unsigned char> slide;
     for (const wchar_t* name : {L"N0", L"N453", L"N454", L"N2999"}) {
-        ASSERT_TRUE(VEK::slideLoad(slide, name, file.name().c_str())) << name;
+        ASSERT_TRUE(VEK::slideLoad(slide, name, file.c_str())) << name;
         EXPECT_EQ(slide.size(), 7u);
     }
-    EXPECT_FALSE(VEK::slideLoad(slide, L"N3000", file.name().c_str()));
+    EXPECT_FALSE(VEK::slideLoad(slide, L"N3000", file.c_str()));
     CVekArrayTempl<CVekString> names;
     names.append(L"before");
-    EXPECT_TRUE(VEK::slideNames(names, file.name().c_str()));
+    EXPECT_TRUE(VEK::slideNames(names, file.c_str()));
     ASSERT_EQ(names.len(), 3000);
     for (int i = 0; i < 3000; ++i)
         EXPECT_EQ(names[i], (L"N" + std::to_wstring(i)).c_str());
@@ -201,16 +169,20 @@ TEST(SlideLoad, ReadsADirectoryOfAnyLength)
 
 TEST(ExampleSlides, AreWhatTheirDrawingsGive)
 {
-    const fs::path folder = fs::path(VEK_SOURCE_DIR) / "examples";
     const auto files = slides::exampleFiles();
     EXPECT_GE(files.size(), 4u);
-    for (const auto& [name, bytes] : files)
-        EXPECT_TRUE(contents(folder / name) == bytes) << name << " is not what make_slides writes";
+    for (const auto& [name, bytes] : files) {
+        std::string file;
+        EXPECT_TRUE(VEK::platform::readFile(fs::path(VEK_SOURCE_DIR) / "examples" / name, file));
+        EXPECT_TRUE(file == textOf(bytes)) << name << " is not what make_slides writes";
+    }
 }
 
 TEST(ExampleSlides, HaveEveryForm)
 {
-    const Bytes bytes = contents(fs::path(VEK_SOURCE_DIR) / "examples" / "facade.slb");
+    std::string file;
+    ASSERT_TRUE(VEK::platform::readFile(fs::path(VEK_SOURCE_DIR) / "examples" / "facade.slb", file));
+    const Bytes bytes(file.begin(), file.end());
     std::set<std::string> formats;
     VEK::SlideEntry entry;
     std::size_t count = 0;

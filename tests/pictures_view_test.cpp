@@ -16,12 +16,10 @@ TEST(PictureView, FitsIntoTheArea)
         double reduction;
         int originX, originY;
     };
-    const Case cases[] = {
-        {40, 20, 101, 51, 1.0, 30, 15},
-        {400, 50, 100, 50, 4.0, 0, 18}, // (50 - 12.5) / 2
-        {30, 200, 100, 50, 4.0, 46, 0},
-        {40, 20, 0, 0, 1.0, -20, -10},
-    };
+    const Case cases[] = {{40, 20, 101, 51, 1.0, 30, 15},
+                          {400, 50, 100, 50, 4.0, 0, 18}, // (50 - 12.5) / 2
+                          {30, 200, 100, 50, 4.0, 46, 0},
+                          {40, 20, 0, 0, 1.0, -20, -10}};
     for (const Case& c : cases) {
         VEK::PictureView v;
         v.width = c.width;

@@ -66,49 +66,25 @@ using Ints = CVekArrayTempl<int>;
 
 TEST(ArrayIndex, CountsFromTheEndAndBeyondModuloTheLength)
 {
-    CVekArrayTempl<int> array = Ints({10, 11, 12});
-    const CVekArrayTempl<int>& reading = array;
-    const int expected[] = {12, 11, 10, 12, 11, 10, 12};
-    for (int i = 0; i < 7; ++i) {
-        EXPECT_EQ(array[-1 - i], expected[i]) << i;
-        EXPECT_EQ(reading[-1 - i], expected[i]) << i;
+    Ints array({10, 11, 12});
+    const Ints& reading = array;
+    for (const int index : {-1, -2, -3, -4, -7, INT_MIN, INT_MIN + 1}) {
+        const int expected = 10 + static_cast<int>((std::int64_t{index} + (std::int64_t{3} << 40)) % 3);
+        EXPECT_TRUE(array[index] == expected && reading[index] == expected) << index;
     }
-    EXPECT_EQ(reading[INT_MIN], reading[INT_MIN % 3 + 3]);
+    for (const int index : {3, 5, INT_MAX})
+        EXPECT_EQ(reading[index], 0);
     EXPECT_EQ(array.len(), 3);
-    CVekArrayTempl<int> one = Ints({7});
-    EXPECT_EQ(one[-1], 7);
-    EXPECT_EQ(one[-5], 7);
-}
+    EXPECT_EQ(array[5], 0); // writing access grows
+    array[6] = 7;
+    EXPECT_TRUE(array == Ints({10, 11, 12, 0, 0, 0, 7}));
 
-TEST(ArrayIndex, OfAnEmptyArrayGivesTheSharedDefaultAndGrowsNothing)
-{
-    CVekArrayTempl<double> array;
-    EXPECT_EQ(array[-1], 0.0);
-    array[-1] = 5.0;
-    EXPECT_EQ(array[-1], 0.0);
-    EXPECT_EQ(array.len(), 0);
-}
-
-TEST(ArrayIndex, WritingPastTheEndGrowsAndReadingDoesNot)
-{
-    CVekArrayTempl<double> array;
-    const CVekArrayTempl<double>& reading = array;
-    EXPECT_EQ(reading[5], 0.0);
-    EXPECT_EQ(array.len(), 0);
-    EXPECT_EQ(array[5], 0.0);
-    EXPECT_EQ(array.len(), 6);
-    array[6] = 1.5;
-    EXPECT_EQ(array.len(), 7);
-    EXPECT_EQ(reading[6], 1.5);
-    EXPECT_EQ(reading[7], 0.0);
-    EXPECT_EQ(reading[INT_MAX], 0.0);
-}
-
-TEST(ArrayIndex, OfMoreElementsThanAnIntCountsGrowsNothing)
-{
-    CVekArrayTempl<char> array;
-    array[INT_MAX] = 'x';
-    EXPECT_EQ(array.len(), 0);
+    CVekArrayTempl<char> none;
+    for (const int index : {-1, INT_MAX}) { // more than an int counts
+        none[index] = 'x';
+        EXPECT_EQ(none[index], '\0');
+    }
+    EXPECT_EQ(none.len(), 0);
 }
 
 TEST(ArrayGrowth, CopiesNoElement)
@@ -173,20 +149,9 @@ TEST(ArrayGrowth, StaysSoundWhenAnElementThrows)
     }
 }
 
-TEST(ArrayGrowth, TakesLargeElementsAlongAndFreesThemAll)
-{
-    CVekArrayTempl<CVekArrayTempl<CVekString>> lists;
-    for (int i = 0; i < 100; ++i)
-        lists[i][i].format(L"%d", i);
-    for (int i = 0; i < 100; ++i) {
-        ASSERT_EQ(lists[i].len(), i + 1);
-        ASSERT_EQ(CVekString(lists[i][i]), CVekString().format(L"%d", i));
-    }
-}
-
 TEST(ArrayLength, NewElementsAreDefaultAlsoWhereOldOnesStood)
 {
-    CVekArrayTempl<int> array = Ints({1, 2, 3});
+    Ints array({1, 2, 3});
     EXPECT_EQ(array.setLogicalLength(1), 1);
     EXPECT_EQ(array.setLogicalLength(3), 3);
     EXPECT_TRUE(array == Ints({1, 0, 0}));
@@ -198,60 +163,43 @@ TEST(ArrayLength, NewElementsAreDefaultAlsoWhereOldOnesStood)
 
 TEST(ArrayAppend, TakesItsOwnElementsWithAndWithoutRoom)
 {
-    CVekArrayTempl<CVekString> array;
-    array.append(L"a text that is longer than any small buffer");
+    CVekArrayTempl<CVekString> texts;
+    texts.append(L"a text that is longer than any small buffer");
     for (int i = 0; i < 100; ++i)
-        array.append(array[i / 2]);
-    for (const CVekString& text : array)
-        ASSERT_EQ(text.len(), 43);
+        texts.append(texts[i / 2]);
+    for (int i = 0; i < 27; ++i)
+        texts.append(std::move(texts[-1])); // up to 128, where no room is left
+    EXPECT_EQ(texts[-1].len(), 43);
 
-    CVekArrayTempl<CVekString> full;
-    for (int i = 0; i < 8; ++i)
-        full.append(L"last");
-    full.append(std::move(full[7])); // no room for a ninth
-    EXPECT_STREQ(full[8], L"last");
-}
-
-TEST(ArrayAppend, TakesAllElementsOfAnotherArrayOrOfItself)
-{
-    CVekArrayTempl<int> array = Ints({1, 2, 3, 4, 5});
+    Ints array({1, 2, 3, 4, 5}), other({9});
     array += array;
     EXPECT_TRUE(array == Ints({1, 2, 3, 4, 5, 1, 2, 3, 4, 5}));
-    CVekArrayTempl<int> other = Ints({9});
     array += other;
-    EXPECT_EQ(array[-1], 9);
-    EXPECT_EQ(other.len(), 1);
     array += std::move(other);
-    EXPECT_EQ(array.len(), 12);
     EXPECT_EQ(other.len(), 0);
     array += std::move(array);
-    EXPECT_EQ(array.len(), 12);
+    EXPECT_TRUE(array.len() == 12 && array[-2] == 9 && array[-1] == 9);
 }
 
 TEST(ArrayAssign, IsDeepAndBearsItself)
 {
-    CVekArrayTempl<CVekArrayTempl<int>> array;
+    CVekArrayTempl<Ints> array;
     array[1] = Ints({1, 2});
-    CVekArrayTempl<CVekArrayTempl<int>> copy = array;
+    CVekArrayTempl<Ints> copy = array;
     copy[1][0] = 7;
-    EXPECT_EQ(array[1][0], 1);
-    CVekArrayTempl<CVekArrayTempl<int>>& self = array;
+    const CVekArrayTempl<Ints>& self = array;
     array = self;
-    EXPECT_EQ(array.len(), 2);
-    EXPECT_EQ(array[1][1], 2);
+    EXPECT_TRUE(array.len() == 2 && array[1] == Ints({1, 2}));
     array = copy;
-    EXPECT_EQ(array[1][0], 7);
-    const CVekArrayTempl<CVekArrayTempl<int>> taken = std::move(array);
+    const CVekArrayTempl<Ints> taken = std::move(array);
     EXPECT_EQ(taken[1][0], 7);
 }
 
 TEST(ArrayOrder, RemovesSearchesSortsAndReverses)
 {
-    CVekArrayTempl<int> array = Ints({3, 1, 2});
-    array.removeAt(0);
-    EXPECT_TRUE(array == Ints({1, 2}));
-    array.removeAt(5);
-    array.removeAt(-1);
+    Ints array({3, 1, 2});
+    for (const int index : {0, 5, -1})
+        array.removeAt(index);
     EXPECT_TRUE(array == Ints({1}));
     int index = 17;
     EXPECT_FALSE(array.indexOf(4, index));

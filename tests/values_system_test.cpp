@@ -1,37 +1,21 @@
 #include <vek/values/system.h>
 
-#include "core/platform/platform.h"
+#include "core/platform/outside.h"
+#include "test_folder.h"
 
 #include <chrono>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <thread>
 #include <vector>
 
 namespace fs = std::filesystem;
 using namespace VEK;
+using What = platform::OutsideCall::What;
 
 namespace
 {
 
 constexpr wchar_t kKey[] = L"Software\\OSTWERK\\VekTest";
-
-/// A folder of the test's own, with a name that is no plain ASCII; gone afterwards.
-class Folder
-{
-public:
-    Folder() : m_path(fs::temp_directory_path() / platform::pathOf(L"vek Maß €")) { fs::create_directories(m_path); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() { fs::remove_all(m_path); }
-
-    fs::path operator/(const wchar_t* name) const { return m_path / platform::pathOf(name); }
-
-    std::ptrdiff_t files() const { return std::distance(fs::directory_iterator(m_path), fs::directory_iterator()); }
-
-private:
-    fs::path m_path;
-};
 
 std::wstring quotedSelf()
 {
@@ -80,39 +64,24 @@ TEST(CodePage, Has256CharactersThatComeBack)
 
 TEST(File, ReadsBackWhatWasWritten)
 {
-    const Folder folder;
+    const TestFolder folder(L"system");
     const fs::path path = folder / L"größe €.bin";
-    const std::string bytes("a\0b\r\n\xFF", 6);
     std::string read = "before";
     EXPECT_FALSE(platform::readFile(path, read));
     EXPECT_EQ(read, "");
-    ASSERT_TRUE(platform::writeFile(path, bytes));
-    ASSERT_TRUE(platform::readFile(path, read));
-    EXPECT_EQ(read, bytes);
     EXPECT_EQ(platform::textOf(path.filename()), L"größe €.bin");
-    const std::string big(1000003, 'x');
-    ASSERT_TRUE(platform::writeFile(path, big));
-    ASSERT_TRUE(platform::readFile(path, read));
-    EXPECT_EQ(read, big);
-    ASSERT_TRUE(platform::writeFile(path, ""));
-    EXPECT_TRUE(platform::readFile(path, read));
-    EXPECT_EQ(read, "");
+    for (const std::string& bytes : {std::string("a\0b\r\n\xFF", 6), std::string(1000003, 'x'), std::string()}) {
+        ASSERT_TRUE(platform::writeFile(path, bytes) && platform::readFile(path, read));
+        EXPECT_EQ(read, bytes);
+    }
+    for (const fs::path& bad : {folder / L".", folder / L"none" / "x.bin"})
+        EXPECT_FALSE(platform::writeFile(bad, "x") || platform::readFile(bad, read));
     EXPECT_EQ(folder.files(), 1) << "nothing is left behind";
-}
-
-TEST(File, FailsOnFoldersAndWithoutOne)
-{
-    const Folder folder;
-    std::string read;
-    EXPECT_FALSE(platform::readFile(folder / L".", read));
-    EXPECT_FALSE(platform::writeFile(folder / L".", "x"));
-    EXPECT_FALSE(platform::writeFile(folder / L"none" / "x.bin", "x"));
-    EXPECT_EQ(folder.files(), 0);
 }
 
 TEST(File, ReplacesWhatALinkNames)
 {
-    const Folder folder;
+    const TestFolder folder(L"system");
     ASSERT_TRUE(platform::writeFile(folder / L"real", "old"));
     std::error_code error;
     fs::create_symlink(folder / L"real", folder / L"link", error);
@@ -149,13 +118,9 @@ TEST(Settings, LeaveTheTargetWhereThereIsNone)
     CVekString text = L"before";
     ASSERT_TRUE(regWrite(kKey, L"Text", L"5"));
     ASSERT_TRUE(regWrite(kKey, L"Number", 5ul));
-    EXPECT_FALSE(regRead(kKey, L"Text", number));
-    EXPECT_FALSE(regRead(kKey, L"Number", text));
-    EXPECT_FALSE(regRead(kKey, L"None", number));
-    EXPECT_FALSE(regRead(L"Software\\OSTWERK\\VekTest\\None", L"Text", text));
-    EXPECT_FALSE(regRead(nullptr, L"Text", text));
-    EXPECT_FALSE(regWrite(L"", L"Text", L"x"));
-    EXPECT_FALSE(regWrite(nullptr, L"Text", 1ul));
+    EXPECT_FALSE(regRead(kKey, L"Text", number) || regRead(kKey, L"Number", text) || regRead(kKey, L"None", number));
+    EXPECT_FALSE(regRead(L"Software\\OSTWERK\\VekTest\\None", L"Text", text) || regRead(nullptr, L"Text", text));
+    EXPECT_FALSE(regWrite(L"", L"Text", L"x") || regWrite(nullptr, L"Text", 1ul));
     EXPECT_EQ(number, 17u);
     EXPECT_STREQ(text, L"before");
     ASSERT_TRUE(regWrite(kKey, L"Text", 6ul)) << "a value may change its type";
@@ -199,7 +164,7 @@ TEST(Application, NamesItsKeyAndFiles)
 
 TEST(Execute, TakesACommandApart)
 {
-    const Folder folder;
+    const TestFolder folder(L"system");
     const std::wstring program = platform::textOf(folder / L"my program");
     ASSERT_TRUE(platform::writeFile(platform::pathOf(program), ""));
     const struct {
@@ -259,4 +224,28 @@ TEST(Execute, FailsWithoutAProgram)
     EXPECT_FALSE(execute(L"  ", 0, true));
     EXPECT_FALSE(execute(L"vek-no-such-program -x", 1000, true));
     EXPECT_FALSE(execute(std::wstring(40000, L'x').c_str(), 1000, true));
+}
+
+TEST(Outside, GoesToTheHookInThePlaceOfTheSystem)
+{
+    std::vector<platform::OutsideCall> calls;
+    bool answer = true;
+    const auto before = platform::outsideHookSet([&](const platform::OutsideCall& call) {
+        calls.push_back(call);
+        return answer;
+    });
+    EXPECT_FALSE(before);
+    EXPECT_TRUE(execute(L"vek-no-such-program -x \"y z\"", 70, false));
+    EXPECT_TRUE(execute(L"https://example.org/a b", 0, true));
+    answer = false;
+    EXPECT_FALSE(execute(L"\"vek no such program\" z", 0, true));
+    EXPECT_FALSE(platform::outside({What::helpPopup, L"", L"text", 0, true, 3, -4}));
+    EXPECT_FALSE(execute(L" ", 0, true)) << "nothing to ask for";
+    EXPECT_TRUE(platform::outsideHookSet({}));
+    EXPECT_EQ(calls,
+              (std::vector<platform::OutsideCall>{{What::program, L"vek-no-such-program", L"-x \"y z\"", 70, false},
+                                                  {What::document, L"https://example.org/a b", L"", 0, true},
+                                                  {What::program, L"vek no such program", L"z", 0, true},
+                                                  {What::helpPopup, L"", L"text", 0, true, 3, -4}}));
+    EXPECT_FALSE(execute(L"vek-no-such-program", 1000, true)) << "the system again";
 }
