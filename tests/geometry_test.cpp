@@ -381,7 +381,7 @@ TEST(GeometryOutline, ImpossibleParametersGiveNothing)
 {
     // Each with the kind in front: unknown ones, then what is missing, not above 0, or leaves no room.
     const std::vector<double> wrong[] = {{0, 1},
-                                         {23, 1},
+                                         {42, 1},
                                          {2, 4},
                                          {1, 0},
                                          {1, HUGE_VAL},
