@@ -316,6 +316,7 @@ TEST(GeometryMeasure, AddsUpOnLongRunsWithoutDrift)
 
 TEST(GeometryOutline, EveryKindIsClosedAndOfItsArea)
 {
+    const double kSegment = 25 * (std::asin(0.8) - 0.48); // of a disc with radius 5, 2 high
     struct {
         int kind;
         std::vector<double> parameters;
@@ -347,6 +348,27 @@ TEST(GeometryOutline, EveryKindIsClosedAndOfItsArea)
         {21, {3, 1, 90}, 2 * pi},
         {21, {3, 0, -270}, 6.75 * pi},
         {22, {-10}, 12.5 * pi},
+        {23, {10, 6}, 15 * pi},
+        {24, {10, 1}, 9 * pi},
+        {25, {10, 20, 1, 2}, 200 - 144 - 3 * (4 - pi)},
+        {25, {10, 20, 1, 0}, 200 - 144},
+        {26, {-5, 8, 1, 1, 0.5}, 12 + (1 - 2 * 0.25) * (1 - pi / 4)},
+        // Bent from sheet: the thickness times the length of the middle line.
+        {27, {5, 8, 1, 2}, 7 + 1.25 * pi},
+        {28, {-5, 8, 1, 2}, 6 + 2.5 * pi},
+        {29, {5, 8, 1, 2}, 6 + 2.5 * pi},
+        {30, {-6, 10, 3.5, 1, 1.5}, 9 + 4 * pi},
+        {31, {6, 10, 3.5, 1, 1.5}, 9 + 4 * pi},
+        {32, {10, 12, 3.5, 1, 1.5}, 14 + 3 * pi},
+        {33, {10, 6, 5, 1, 1}, 18 + 3 * pi},
+        {34, {10, 10, 6, 5, 1, 1}, 18 + 3 * pi},
+        {35, {8, 2}, kSegment},
+        {36, {10, 8}, 25 * pi - kSegment},
+        {37, {10, 6}, 25 * pi - 2 * kSegment},
+        {38, {10, 6, 14}, 25 * pi - 25 * (std::asin(0.6) - 0.48) + 12 + 4.5 * pi},
+        {39, {4, 6}, 16 + 2 * pi},
+        {40, {8, 10, 2}, 64 + kSegment},
+        {41, {8, 10, 4}, 48 + 16},
     };
     for (const auto& shape : shapes) {
         SCOPED_TRACE(shape.kind);
@@ -395,7 +417,20 @@ TEST(GeometryOutline, ImpossibleParametersGiveNothing)
                                          {18, 6, 8, 1, 4},
                                          {13, 5, 8, 5, 2, 0},
                                          {13, 5, 8, 1, 2, 5},
-                                         {15, 6, 8, 2, 4, 0}};
+                                         {15, 6, 8, 2, 4, 0},
+                                         {24, 10, 5},
+                                         {25, 10, 20, 5, 0},
+                                         {27, 5, 8, 1, 5},
+                                         {30, 6, 10, 5, 1, 1},
+                                         {32, 5, 5, 4, 1, 0},
+                                         {34, 2, 10, 6, 5, 1, 1},
+                                         {36, 10, 10},
+                                         {37, 10, 10},
+                                         {38, 10, 10, 14},
+                                         {38, 10, 6, 10},
+                                         {39, 6, 3},
+                                         {40, 8, 10, 5},
+                                         {41, 8, 4, 4}};
     for (const std::vector<double>& row : wrong)
         EXPECT_EQ(VEK::g_outline(int(row[0]), CVekVector3d(), numbers({row.begin() + 1, row.end()})).len(), 0)
             << row[0];
