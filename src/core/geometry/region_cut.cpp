@@ -26,8 +26,9 @@ struct Pieces {
                 cuts.append(piece[0].start);
                 cuts.append(piece[piece.len() - 1].end);
             }
+            const double up = piece.normal()[2] < 0.0 ? -1.0 : 1.0;
             for (const CVekVertex& vertex : piece)
-                segments.append(CVekVertexArray(vertex));
+                segments.append(CVekVertexArray(CVekVertex(vertex.start, vertex.end, vertex.bulge * up)));
         }
     }
 

@@ -174,7 +174,7 @@ Corners trapezium(const Sheet& sheet, double height)
 /// A cosine curve from valley to valley, in arcs.
 VertexArrays wave(const Sheet& sheet, double height)
 {
-    constexpr int kSteps = 16; // to a segment: within 1e-4 of its height for real profiles
+    constexpr int kSteps = 24; // to a segment: within 1e-4 of the height
     const auto at = [&](int i) {
         const double share = static_cast<double>(i % kSteps) / kSteps;
         return plane::Vec{sheet.segment * (i / kSteps + share),
