@@ -103,7 +103,8 @@ TEST_F(ObjectsSheet, HasItsThicknessEverywhere)
                         place *= mirror.setToMirroring(CVekPlane(CVekPoint3d(3, 4, 0), CVekVector3d::kXAxis));
                     const auto stack = stackOf({*family->getKey(), *sheet->getKey()});
                     const CVekDataItem flat = object(stack, n * seg, s), item = object(stack, n * seg, s, place);
-                    const Result r = run(flat, sheet), placed = run(item, sheet), line = run(object(stack, n * seg, 0), sheet);
+                    const Result r = run(flat, sheet), placed = run(item, sheet),
+                                 line = run(object(stack, n * seg, 0), sheet);
                     ASSERT_TRUE(r.good && placed.good && line.good);
                     double area = 0.0;
                     for (const CVekVertexArray& vl : r.lines) {
@@ -170,12 +171,16 @@ TEST_F(ObjectsSheet, IsAsItsDefinitionSays)
     VEK::dataSet(&item, L"SID", CVekString(L"1.00"));
     EXPECT_TRUE(VEK::fsheet_sid(file(item), sid) && sid == L"1.00");
     EXPECT_FALSE(VEK::fsheet_sid(nullptr, sid) || VEK::fsheet_sid(file(object(stackOf({L"BEND"}), 1, 1)), sid));
-    for (const auto& stack : {stackOf({}), stackOf({L"?"}), stackOf({L"TRAPEZ", L"?"}), stackOf({L"BEND", L"SEG", L""})})
+    for (const auto& stack :
+         {stackOf({}), stackOf({L"?"}), stackOf({L"TRAPEZ", L"?"}), stackOf({L"BEND", L"SEG", L""})})
         EXPECT_FALSE(VEK::fsheet_get(stack));
     CVekVertexArray axis;
-    EXPECT_TRUE(VEK::fsheet_axis_vl(list({rectangle(-3, 0, 9, 40)}), 1, axis) && axis == CVekVertexArray(line(0, -10, 0, 50)));
-    EXPECT_TRUE(VEK::fsheet_axis_vl(list({rectangle(3, 0, 9, 1)}), 1, axis) && axis == CVekVertexArray(line(3, -5, 3, 6)));
-    EXPECT_FALSE(VEK::fsheet_axis_vl(list({}), 1, axis) || VEK::fsheet_axis_vl(list({line(0, 0, 5, 0)}), VEK::nan(), axis));
+    EXPECT_TRUE(VEK::fsheet_axis_vl(list({rectangle(-3, 0, 9, 40)}), 1, axis) &&
+                axis == CVekVertexArray(line(0, -10, 0, 50)));
+    EXPECT_TRUE(VEK::fsheet_axis_vl(list({rectangle(3, 0, 9, 1)}), 1, axis) &&
+                axis == CVekVertexArray(line(3, -5, 3, 6)));
+    EXPECT_FALSE(VEK::fsheet_axis_vl(list({}), 1, axis) ||
+                 VEK::fsheet_axis_vl(list({line(0, 0, 5, 0)}), VEK::nan(), axis));
     EXPECT_EQ(axis.len(), 0);
 }
 
@@ -208,7 +213,8 @@ TEST_F(ObjectsSheet, CoreIsWhatTheOtherLayersLeave)
         CVekArrayTempl<VEK::VertexArrays> layers;
         VEK::VertexArrays seals;
         for (int i = random.whole(3); i >= 0; --i)
-            seals.append(random.star(random.uniform(-20, 120), random.uniform(-10, 70), 3, random.pick({8, 20, 45}), 7));
+            seals.append(
+                random.star(random.uniform(-20, 120), random.uniform(-10, 70), 3, random.pick({8, 20, 45}), 7));
         if (round % 3 == 0) // flush with the end and with one another
             seals = list({rectangle(0, 20, 10, 30), rectangle(10, 20, 15, 45), rectangle(-5, 30, 10, 35)});
         for (const CVekVertexArray& seal : seals)
@@ -235,13 +241,15 @@ TEST_F(ObjectsSheet, CoreIsWhatTheOtherLayersLeave)
     CVekVertexArray low(line(9, 0, 0, 0));
     EXPECT_TRUE(VEK::fsheet_vll_outline(&item, CVekVertexArray(line(0, 4, 9, 4)), low, {}, core));
     EXPECT_DOUBLE_EQ(areaOf(core[0]), 36);
-    EXPECT_FALSE(VEK::fsheet_vll_outline(nullptr, low, low, {}, core) || VEK::fsheet_vll_outline(&item, low, {}, {}, core));
+    EXPECT_FALSE(VEK::fsheet_vll_outline(nullptr, low, low, {}, core) ||
+                 VEK::fsheet_vll_outline(&item, low, {}, {}, core));
     EXPECT_EQ(core.len(), 0);
     // The seal with its chamber at each joint; the width cuts through the second one.
     const auto seal = stackOf({L"PANEEL", L"SEAL"});
     EXPECT_FALSE(VEK::fsheet_vll_region(nullptr, core));
     const double segment = 4 * pi / 3 - std::sqrt(3.0); // of the chamber, half its radius high
-    for (const auto& [width, cut] : {std::pair{1000.0, 0.0}, {998.0, 0.0}, {1001.0, 60 - segment}, {1003.0, 84 - 4 * pi + segment}}) {
+    for (const auto& [width, cut] :
+         {std::pair{1000.0, 0.0}, {998.0, 0.0}, {1001.0, 60 - segment}, {1003.0, 84 - 4 * pi + segment}}) {
         const CVekDataItem seals = object(seal, width, 0);
         EXPECT_TRUE(VEK::fsheet_vll_region(&seals, core));
         ASSERT_EQ(core.len(), cut > 0 ? 3 : 2) << width;
@@ -254,8 +262,9 @@ TEST_F(ObjectsSheet, CoreIsWhatTheOtherLayersLeave)
 TEST_F(ObjectsSheet, WrongValuesGiveNothingOrSomethingSound)
 {
     int judged = 0, refused = 0;
-    for (const auto& stack : {stackOf({L"TRAPEZ", L"35/207"}), stackOf({L"WELLE", L"18/76"}), stackOf({L"STEHFALZ", L"25/530"}),
-                              stackOf({L"KASSETTE", L"100/600"}), stackOf({L"PANEEL", L"SEAL"})}) {
+    for (const auto& stack :
+         {stackOf({L"TRAPEZ", L"35/207"}), stackOf({L"WELLE", L"18/76"}), stackOf({L"STEHFALZ", L"25/530"}),
+          stackOf({L"KASSETTE", L"100/600"}), stackOf({L"PANEEL", L"SEAL"})}) {
         CVekDataItem* definition = VEK::fsheet_get(stack);
         const CVekDataItem sound = *definition, item = object(stack, 700, 0.75);
         const auto judge = [&](const CVekDataItem& asked) {
@@ -281,7 +290,8 @@ TEST_F(ObjectsSheet, WrongValuesGiveNothingOrSomethingSound)
             judge(asked);
             place = was;
         };
-        for (const wchar_t* key : {L"SEG", L"H", L"TOP", L"BOT", L"R", L"FNC", L"POINTS", L"FILLET_P", L"REGION", L"DOWN"})
+        for (const wchar_t* key :
+             {L"SEG", L"H", L"TOP", L"BOT", L"R", L"FNC", L"POINTS", L"FILLET_P", L"REGION", L"DOWN"})
             spoil(*definition, key, item);
         CVekDataItem asked = item;
         for (const wchar_t* key : {L"STACK", L"S", L"VL", L"MTX"})
