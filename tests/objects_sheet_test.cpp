@@ -153,6 +153,10 @@ TEST_F(ObjectsSheet, IsAsItsDefinitionSays)
     EXPECT_NEAR(lengthOf(up.top), 15 + 1.5 * pi + 25, 1e-9);
     VEK::dataSet(&bend, L"DOWN", true);
     EXPECT_NEAR(lengthOf(run(object(stackOf({L"BEND"}), 5, 2), &bend).top), 17 + 1.5 * pi + 27, 1e-9);
+    bend.remove(L"FILLET_P");
+    VEK::dataSet(&bend, L"R", 3.0);
+    VEK::dataSet(&bend, L"POINTS", pointList({{0, 0, 9}, {20, 0, 9}, {20, 30, 9}}));
+    EXPECT_NEAR(lengthOf(run(object(stackOf({L"BEND"}), 5, 2), &bend).top), 17 + 1.5 * pi + 27, 1e-9);
     // The wave lies on its function, in its arcs' middles as well, and ends where it is told to.
     const auto wave = stackOf({L"WELLE", L"18/76"});
     for (const CVekVertex& v : run(object(wave, 190, 0), VEK::fsheet_get(wave)).top)
@@ -160,17 +164,18 @@ TEST_F(ObjectsSheet, IsAsItsDefinitionSays)
             EXPECT_NEAR(p[1], 9 - 9 * std::cos(2 * pi * p[0] / 76), 18e-4);
             EXPECT_LE(p[0], 190 + 1e-9);
         }
-    const auto file = [](const CVekDataItem& item) {
-        return VEK::CUniqPointer<VEK::CDtaFilePointer>(VEK::dtaOpen(6, 3, nullptr, &item));
-    };
     CVekString sid;
+    const auto sidOf = [&](const CVekDataItem& item) {
+        const VEK::CUniqPointer<VEK::CDtaFilePointer> file(VEK::dtaOpen(6, 3, nullptr, &item));
+        return VEK::fsheet_sid(file, sid) ? sid : CVekString(L"none");
+    };
     CVekDataItem item = object(stackOf({L"TRAPEZ", L"35/207"}), 1, 1);
-    EXPECT_TRUE(VEK::fsheet_sid(file(item), sid) && sid == L"0.75");
+    EXPECT_EQ(sidOf(item), L"0.75") << "the first thickness";
     VEK::dataSet(VEK::fsheet_get(stackOf({L"TRAPEZ", L"35/207"})), L"\\SID", CVekString(L"0.88"));
-    EXPECT_TRUE(VEK::fsheet_sid(file(item), sid) && sid == L"0.88");
+    EXPECT_EQ(sidOf(item), L"0.88");
     VEK::dataSet(&item, L"SID", CVekString(L"1.00"));
-    EXPECT_TRUE(VEK::fsheet_sid(file(item), sid) && sid == L"1.00");
-    EXPECT_FALSE(VEK::fsheet_sid(nullptr, sid) || VEK::fsheet_sid(file(object(stackOf({L"BEND"}), 1, 1)), sid));
+    EXPECT_EQ(sidOf(item), L"1.00");
+    EXPECT_TRUE(sidOf(object(stackOf({L"BEND"}), 1, 1)) == L"none" && !VEK::fsheet_sid(nullptr, sid));
     for (const auto& stack :
          {stackOf({}), stackOf({L"?"}), stackOf({L"TRAPEZ", L"?"}), stackOf({L"BEND", L"SEG", L""})})
         EXPECT_FALSE(VEK::fsheet_get(stack));
@@ -207,6 +212,9 @@ TEST_F(ObjectsSheet, CoreIsWhatTheOtherLayersLeave)
     ASSERT_EQ(whole.len(), 1);
     // Skins touch the core and do not overlap it: of the box, skins and core leave the notches at the ends.
     EXPECT_NEAR(areaOf(whole[0]) + areaOf(top.lines[0]) + areaOf(bottom.lines[0]), 996 * 60.0, 160);
+    for (const CVekVertex& v : whole[0])
+        EXPECT_TRUE(v.start[0] > 1e-9 || std::fabs(v.start[1] - 30) < 12 + 1e-9)
+            << "along the edge between the skins only";
     Random random(11);
     int judged = 0, holes = 0;
     for (int round = 0; round < 60; ++round) {
@@ -250,9 +258,11 @@ TEST_F(ObjectsSheet, CoreIsWhatTheOtherLayersLeave)
     const double segment = 4 * pi / 3 - std::sqrt(3.0); // of the chamber, half its radius high
     for (const auto& [width, cut] :
          {std::pair{1000.0, 0.0}, {998.0, 0.0}, {1001.0, 60 - segment}, {1003.0, 84 - 4 * pi + segment}}) {
-        const CVekDataItem seals = object(seal, width, 0);
+        const CVekDataItem seals = object(seal, width, 0, up);
         EXPECT_TRUE(VEK::fsheet_vll_region(&seals, core));
         ASSERT_EQ(core.len(), cut > 0 ? 3 : 2) << width;
+        CVekPoint3d least, most;
+        EXPECT_TRUE(core[0].extents(least, most) && least.distanceTo({-4, 84, 0}) < 1e-9);
         EXPECT_NEAR(areaOf(core[0]), 144, 1e-3);
         EXPECT_NEAR(std::fabs(areaOf(core[1])), 4 * pi, 1e-3);
         EXPECT_NEAR(cut, cut > 0 ? areaOf(core[2]) : 0.0, 1e-3);
