@@ -3,6 +3,8 @@
 
 #include "core/values/whole.h"
 
+#include <utility>
+
 namespace VEK
 {
 
@@ -75,8 +77,7 @@ bool CVekAttributeMgr::init()
     const CVekDataItem* component = cfgItem();
     if (!component || !component->isDir())
         return false;
-    bool good = false;
-    m_attributes = VEK::whole(Attributes(), [&] {
+    std::pair<bool, Attributes> learnt = VEK::whole(std::pair(false, Attributes()), [&] {
         Attributes found;
         for (VEK::CDataIterator child(component); !child.done(); child.next())
             if (child->getKey()->isText() && !child->isDir()) {
@@ -91,10 +92,10 @@ bool CVekAttributeMgr::init()
             add(L"HPANG", HatchAttribute::angle);
             add(L"HPSCALE", HatchAttribute::scale);
         }
-        good = true;
-        return found;
+        return std::pair(true, std::move(found));
     });
-    return good;
+    m_attributes = std::move(learnt.second);
+    return learnt.first;
 }
 
 CVekDataItem* CVekAttributeMgr::cfgItem() const

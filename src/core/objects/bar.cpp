@@ -65,7 +65,6 @@ bool bar_bt_subs(CVekArrayTempl<CVekDataKey>& keys, CVekDataItem* root, const CV
                  const CVekString& element)
 {
     using Keys = CVekArrayTempl<CVekDataKey>;
-    bool good = false;
     keys = whole(Keys(), [&] {
         Keys found;
         const CVekDataDir* dir = groupOf(root, group);
@@ -97,10 +96,9 @@ bool bar_bt_subs(CVekArrayTempl<CVekDataKey>& keys, CVekDataItem* root, const CV
         for (std::size_t i = 0; i < names.size(); ++i)
             if (isSub[i])
                 found.append(*names[i]);
-        good = true;
         return found;
     });
-    return good && keys.len() > 0;
+    return keys.len() > 0;
 }
 
 } // namespace VEK

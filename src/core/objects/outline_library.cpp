@@ -284,17 +284,20 @@ bool outlineInit(CVekDataItem* library)
 {
     if (!library)
         return false;
-    return whole(false, [&] {
+    CVekDataItem made = whole(CVekDataItem(), [] {
         CVekDataItem filled(CVekDataItem::directory);
         for (int code = 1; code <= outlineKinds; ++code) {
             const CVekDataKey key(CVekDataKey::keyInt, code);
-            CVekDataItem* entry = filled.getDir()->makeDir(&key);
-            if (!entry || !fillEntry(entry, kEntries[code - 1], code))
-                return false;
+            CVekDataItem* entry = filled.makeItem(&key);
+            if (!entry || !entry->mkDir() || !fillEntry(entry, kEntries[code - 1], code))
+                return CVekDataItem();
         }
-        *library = std::move(filled);
-        return true;
+        return filled;
     });
+    if (!made.isDir())
+        return false;
+    *library = std::move(made);
+    return true;
 }
 
 CVekString outlineText(const wchar_t* key)
