@@ -7,6 +7,8 @@
 
 #include <vek/json.h>
 #include <vek/solid.h>
+#include <vek/objects/outline.h>
+#include <vek/objects/sheet.h>
 #include <vek/vek.h>
 
 #include <filesystem>
@@ -289,6 +291,17 @@ const Job kJobs[] = {
     {"vll_regions_prepare", 8, [](W& w) { return w.hand(VEK::vll_regions_prepare(w.plate)); }},
     {"g_vll_regions", 6, [](W& w) { return w.hand(VEK::g_vll_regions(w.plate, 4)); }},
     {"g_outline", 2, [](W& w) { return w.hand(VEK::g_outline(13, CVekPoint3d(1, 1, 0), kAngle)); }},
+
+    {"outlineInit", 100, [](W& w) { return VEK::outlineInit(&w.tree); }},
+    {"bent line", 8, [](W& w) { return w.hand(VEK::g_outline(27, CVekPoint3d(1, 1, 0), kAngle)); }},
+    {"fsheet_vll_outline", 20,
+     [](W& w) {
+         static const CVekVertexArray low(CVekVertex({-50, -50, 0}, {50, -50, 0})),
+             top(CVekVertex({-50, 50, 0}, {50, 50, 0}));
+         static const VEK::Regions regions{kPlate};
+         VEK::VertexArrays lines;
+         return VEK::fsheet_vll_outline(&kTree, top, low, regions, lines) && w.hand(lines);
+     }},
 
     {"glyph", 3, [](W& w) { return w.hand(get_ascii_from_map(L'B')); }},
     {"textRegions", 6, [](W& w) { return w.hand(VEK::textRegions(L"AB", L"CC", {})); }},

@@ -1,0 +1,215 @@
+// Attributes of components, bars with their sub-elements, and the example materials.
+#include <vek/data/config.h>
+#include <vek/data/iterator.h>
+#include <vek/data/label.h>
+#include <vek/data/material.h>
+#include <vek/json.h>
+#include <vek/objects/attribute.h>
+#include <vek/objects/bar.h>
+
+#include "shapes.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+
+namespace
+{
+
+using namespace shapes;
+
+/// An empty configuration, and afterwards as it was.
+class ObjectsAttribute : public testing::Test
+{
+protected:
+    ObjectsAttribute()
+    {
+        m_backup.attach(nullptr);
+        *VEK::cfgMgrPtr()->tree() = CVekDataItem(CVekDataItem::directory);
+    }
+
+private:
+    VEK::CCfgBackup m_backup{true};
+};
+
+TEST_F(ObjectsAttribute, ComeFromTheConfigurationOrTheModel)
+{
+    CVekDataItem* gasket = VEK::cfg_dir_make(VEK::getCfgKey(L"DICHT"));
+    VEK::CHatchProp hatch;
+    hatch.name = L"EPDM";
+    hatch.angle = 0.5;
+    hatch.scale = 2.0;
+    VEK::dataSet(gasket, L"HATCH", hatch);
+    VEK::dataSet(gasket, L"HPANG", 0.25);
+    VEK::dataSet(gasket, L"PART_CON", CVekString(L"SEALS"));
+    VEK::dataSet(gasket, L"CORNER\\PART_CON", CVekString(L"CORNERS"));
+    CVekAttributeMgr manager(L"DICHT", L""), corner(L"DICHT", L"CORNER"), none(L"DM", L""), nothing(L"", L"");
+    EXPECT_TRUE(!manager.has_att(L"PART_CON", false) && manager.init() && corner.init());
+    EXPECT_FALSE(none.init() || nothing.init());
+    const auto text = [](CVekAttributeMgr& from, const wchar_t* name) {
+        CVekString value(L"kept");
+        return from.get_att(name, value) ? value : value + L"!";
+    };
+    const auto number = [&](const wchar_t* name) {
+        double value = -1.0;
+        return manager.get_att(name, value) ? value : value - 2.0;
+    };
+    EXPECT_TRUE(text(manager, L"PART_CON") == L"SEALS" && text(corner, L"PART_CON") == L"CORNERS");
+    EXPECT_TRUE(text(manager, L"HPNAME") == L"EPDM" && number(L"HPSCALE") == 2.0);
+    EXPECT_EQ(number(L"HPANG"), 0.25) << "its own value before that of the hatch";
+    for (const wchar_t* name : {L"HPANG", L"HPSCALE", L"PART_FILL", L"CORNER", L"", L"HATCH"})
+        EXPECT_EQ(text(manager, name), L"kept!") << name;
+    EXPECT_TRUE(number(L"HPNAME") == -3.0 && number(L"PART_CON") == -3.0 && text(none, L"PART_CON") == L"kept!");
+    // Values are read when asked for, names were learnt before.
+    VEK::dataSet(gasket, L"PART_CON", CVekString(L"NEW"));
+    VEK::dataSet(gasket, L"PART_FILL", CVekString(L"LATE"));
+    EXPECT_TRUE(text(manager, L"PART_CON") == L"NEW" && text(manager, L"PART_FILL") == L"kept!");
+    EXPECT_TRUE(manager.has_att(L"PART_CON", true) && !manager.has_att(L"PART_FILL", false));
+    // The model alone counts while there is one, for names that init did not find as well.
+    VEK::dataSet(gasket, L"MODEL\\PART_FILL", CVekString(L"MODEL"));
+    EXPECT_TRUE(text(manager, L"PART_FILL") == L"MODEL" && text(manager, L"PART_CON") == L"kept!");
+    gasket->remove(L"MODEL");
+    VEK::cfg_get(L"*ATT*")->remove(L"DICHT");
+    EXPECT_TRUE(manager.has_att(L"PART_CON", false) && !manager.has_att(L"PART_CON", true));
+    EXPECT_TRUE(text(manager, L"PART_CON") == L"kept!" && !manager.init() && !manager.has_att(L"PART_CON", false));
+}
+
+TEST(ObjectsBar, HasItsSectionInEitherForm)
+{
+    CVekDataItem bar(CVekDataItem::directory);
+    const auto section = [&](const CVekMatrix3d& mtx) {
+        const VEK::CUniqPointer<VEK::CDtaFilePointer> file(VEK::dtaOpen(6, 3, nullptr, &bar));
+        return VEK::bar_regl(file, mtx);
+    };
+    CVekMatrix3d move;
+    move.setToTranslation({5, 6, 0});
+    EXPECT_EQ(VEK::bar_regl(nullptr, move).len() + section(move).len(), 0);
+    VEK::dataSet(&bar, L"OUTLINE\\CODE", 24);
+    const CVekDataKey first(5005, L"OUTLINE", 5005, L"PARMS", 5003, 1, 0),
+        wall(5005, L"OUTLINE", 5005, L"PARMS", 5003, 2, 0);
+    VEK::dataItemSet(&bar, &first, 10.0);
+    VEK::dataItemSet(&bar, &wall, 1.0);
+    VEK::dataSet(&bar, L"UNIT", Vek::unitCentimetre);
+    VEK::Regions regions = section(move);
+    ASSERT_TRUE(regions.len() == 1 && regions[0].len() == 2) << "a tube and its hole";
+    EXPECT_NEAR(areaOf(regions[0][0]) - areaOf(regions[0][1]), 900 * pi, 1e-2);
+    CVekPoint3d low, high;
+    EXPECT_TRUE(regions[0][0].extents(low, high) && low.distanceTo({-45, -44, 0}) < 1e-9);
+    VEK::dataSet(
+        &bar, L"VL",
+        list({rectangle(0, 0, 4, 4), line(1, 1, 3, 1), line(3, 3, 1, 1), line(3, 1, 3, 3), rectangle(9, 9, 10, 10)}));
+    regions = section(CVekMatrix3d());
+    ASSERT_TRUE(regions.len() == 2 && regions[0].len() == 2 && regions[1].len() == 1);
+    EXPECT_NEAR(std::fabs(areaOf(regions[0][1])), 200, 1e-9) << "the hole of three loose sides";
+    VEK::Regions stored;
+    stored.append(list({rectangle(0, 0, 1, 2)}));
+    VEK::dataSet(&bar, L"REGL", stored);
+    EXPECT_NEAR(areaOf(section(move.setToMirroring(CVekPlane(CVekPoint3d::kOrigin, CVekVector3d::kXAxis)))[0][0]), -200,
+                1e-9);
+    for (const wchar_t* key : {L"REGL", L"VL", L"OUTLINE", L"UNIT"})
+        VEK::dataSet(&bar, key, CVekString(L"?"));
+    EXPECT_EQ(section(move).len(), 0);
+}
+
+TEST(ObjectsBar, SubElementsFollowTheirParents)
+{
+    Random random(5);
+    int judged = 0;
+    for (int round = 0; round < 40; ++round) {
+        CVekDataItem root(CVekDataItem::directory);
+        const int count = 1 + random.whole(30);
+        std::vector<int> parents;
+        const std::wstring group = round % 2 ? L"LOBJ\\G\\" : L"G\\";
+        for (int i = 0; i < count; ++i) {
+            parents.push_back(random.whole(count + 2) - 1); // some of none, some unknown, some in a circle
+            const std::wstring at = group + L"E" + std::to_wstring(i) + L"\\";
+            VEK::dataSet(&root, (at + L"X").c_str(), i);
+            if (parents.back() >= 0)
+                VEK::dataSet(&root, (at + L"PARENT").c_str(),
+                             CVekString((L"E" + std::to_wstring(parents.back())).c_str()));
+        }
+        const int asked = random.whole(count);
+        std::vector<int> wanted;
+        for (int i = 0; i < count; ++i) {
+            int up = parents[static_cast<std::size_t>(i)], steps = 0;
+            while (up >= 0 && up < count && up != asked && ++steps <= count)
+                up = parents[static_cast<std::size_t>(up)];
+            if (up == asked && i != asked)
+                wanted.push_back(i);
+        }
+        CVekArrayTempl<CVekDataKey> keys;
+        keys.append(CVekDataKey(L"before"));
+        const CVekString element((L"E" + std::to_wstring(asked)).c_str());
+        EXPECT_EQ(VEK::bar_bt_subs(keys, &root, L"G", element), !wanted.empty());
+        ASSERT_EQ(keys.len(), static_cast<int>(wanted.size())) << round;
+        for (int i = 0; i < keys.len(); ++i, ++judged)
+            EXPECT_EQ(std::wstring(keys[i]), L"E" + std::to_wstring(wanted[static_cast<std::size_t>(i)]));
+        EXPECT_FALSE(VEK::bar_bt_subs(keys, &root, L"?", element) || VEK::bar_bt_subs(keys, &root, L"G", L"?"));
+        EXPECT_FALSE(VEK::bar_bt_subs(keys, nullptr, L"G", element));
+    }
+    EXPECT_GT(judged, 100);
+}
+
+/// Judges a material and those below it; their levels below it, or a number beyond all if they go in a circle.
+int levelsOf(const VEK::CMatMgr& materials, const CVekString& key, std::set<std::wstring>& seen, int depth = 0)
+{
+    VEK::CMatProp prop, from;
+    EXPECT_TRUE(materials.propGet(key, prop)) << depth;
+    seen.insert(static_cast<const wchar_t*>(key));
+    EXPECT_TRUE(prop.physKind != VEK::matReference || materials.propGet(prop.physRef, from));
+    EXPECT_TRUE(prop.physKind != VEK::matReference || from.physKind != VEK::matNone);
+    EXPECT_TRUE(prop.edgeKind != VEK::matReference || materials.propGet(prop.edgeRef, from));
+    EXPECT_TRUE(prop.edgeKind != VEK::matReference || from.edgeKind == VEK::matOwn);
+    EXPECT_TRUE(prop.physKind != VEK::matOwn || prop.phys[L"RHO"] > 0.0);
+    int levels = 0;
+    for (const CVekString& sub : prop.subKeys)
+        levels = std::max(levels, depth > 9 ? 99 : 1 + levelsOf(materials, sub, seen, depth + 1));
+    return levels;
+}
+
+TEST_F(ObjectsAttribute, ExampleMaterialsAreComplete)
+{
+    const auto folder = std::filesystem::path(VEK_SOURCE_DIR) / "examples";
+    CVekString error;
+    ASSERT_TRUE(VEK::jsonLoad(*VEK::cfgMgrPtr()->tree(), (folder / "materials.json").wstring().c_str(), error));
+    std::ifstream file(folder / "patterns" / "vek.pat");
+    std::ostringstream patterns;
+    patterns << file.rdbuf();
+    const VEK::CMatMgr materials;
+    CVekArrayTempl<CVekString> groups;
+    materials.matDrawAll(groups, false);
+    std::set<std::wstring> seen;
+    int levels = 0, hatches = 0;
+    for (const CVekString& key : groups)
+        levels = std::max(levels, levelsOf(materials, key, seen));
+    EXPECT_EQ(groups.len(), 6);
+    EXPECT_EQ(levels, 3);
+    int count = 0;
+    for (VEK::CDataIterator material(VEK::cfg_get(L"*MAT*")); !material.done(); material.next(), ++count) {
+        const CVekString key(*material->getKey());
+        EXPECT_TRUE(seen.count(std::wstring(key))) << "in no group: " << count;
+        CVekString label, text;
+        VEK::CHatchProp hatch;
+        for (const wchar_t* language : {L"de", L"en", L"fr", L"pl", L"cs"})
+            EXPECT_TRUE(VEK::dataGet(material, L"LABEL", label) && VEK::label_get(text, label, language, false) &&
+                        !text.isNull());
+        EXPECT_EQ(materials.matLabel(key, L"cs"), text);
+        const CVekDataItem* stored = material->getItem(L"HATCH");
+        EXPECT_TRUE(!stored || (VEK::dataGet(stored, nullptr, hatch) && VEK::dataGet(material, L"LAYER", text)));
+        const std::string name = "\n*" + std::filesystem::path(std::wstring(hatch.name)).string() + ",";
+        EXPECT_TRUE(!stored || (++hatches && patterns.str().find(name) != std::string::npos)) << name;
+    }
+    EXPECT_EQ(count, static_cast<int>(seen.size()));
+    EXPECT_GE(count, 60);
+    EXPECT_GE(hatches, 60);
+    VEK::CMatProp prop;
+    ASSERT_TRUE(materials.propGet(L"AW-6060-T66", prop));
+    EXPECT_TRUE(prop.phys[L"RHO"] == 2700 && prop.phys[L"E"] == 70000 && prop.phys[L"LAMBDA"] == 200);
+}
+
+} // namespace
