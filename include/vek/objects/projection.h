@@ -19,6 +19,8 @@ enum NormView : int {
     normView3d = 3,    ///< the three-dimensional view
 };
 
+VEK_API bool dataItemGet(const CVekDataItem* item, const CVekDataKey* key, NormView& value);
+
 VEK_API bool isViewDirOrtho(const CVekMatrix3d& mtx, const CVekMatrix3d& view);
 VEK_API bool isBtOrthoView(const CVekDataItem* element, CVekMatrix3d mtx, const CVekMatrix3d& view,
                            const CVekDataItem* bt, CVekMatrix3d& hostMatrix);
