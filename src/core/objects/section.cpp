@@ -68,15 +68,17 @@ void bend(const std::vector<CVekPoint3d>& points, double radius, Fold& fold)
 bool outlineSection(const CVekDataItem& bt, Vek::lUnit unit, VertexArrays& region)
 {
     const CVekDataItem* outline = bt.getItem(L"OUTLINE");
-    CVekVertexArray contour;
-    if (!outline || !g_outline(contour, outline, unit) || contour.len() == 0)
+    const auto read = [&](const CVekDataItem* item) { // without a unit of its own it is in that of the element
+        CVekVertexArray contour;
+        const bool made = item && g_outline(contour, item, item->getItem(L"UNIT") ? unit : Vek::unitNone);
+        if (made && contour.len() > 0)
+            region.append(std::move(contour));
+        return made;
+    };
+    if (!read(outline))
         return false;
-    region.append(std::move(contour));
-    for (CDataIterator inner(bt.getItem(L"INNER")); !inner.done(); inner.next()) {
-        CVekVertexArray hole;
-        if (g_outline(hole, inner, unit) && hole.len() > 0)
-            region.append(std::move(hole));
-    }
+    for (CDataIterator inner(bt.getItem(L"INNER")); !inner.done(); inner.next())
+        read(inner);
     return true;
 }
 
