@@ -1,9 +1,9 @@
 /// @file
 /// Elements of an object: which there are, and how they are placed and coloured.
 ///
-/// An object is a directory with its elements by name in "BT", its sub-assemblies in "BGR", shared definitions in "DEF",
-/// what its elements have in common in "COMMON" and its unit in "UNIT"; `docs/objects.md` tells every key. The object's
-/// unit is its default unit; an element may have one of its own, the insertion unit, for all its lengths.
+/// An object is a directory with its elements by name in "BT", its sub-assemblies in "BGR", shared definitions in
+/// "DEF", what its elements have in common in "COMMON" and its unit in "UNIT"; `docs/objects.md` tells every key. The
+/// object's unit is its default unit; an element may have one of its own, the insertion unit, for all its lengths.
 #pragma once
 
 #include <vek/data/item.h>

@@ -41,9 +41,9 @@ bool addExtrusion(const Job& job, const VertexArrays& region)
     Ends ends;
     if (!endsOf(job.bt, lengthOf(job.element, job.bt), job.rules.cuts, ends))
         return false;
-    const bool made =
-        ends.square ? job.solid().extrude(region, CVekMatrix3d(), ends.low.point().z, ends.high.point().z, 0)
-                    : job.solid().extrude(region, CVekMatrix3d(), ends.low, ends.high, 0);
+    const bool made = ends.square
+                          ? job.solid().extrude(region, CVekMatrix3d(), ends.low.point().z, ends.high.point().z, 0)
+                          : job.solid().extrude(region, CVekMatrix3d(), ends.low, ends.high, 0);
     if (made && job.rules.drills)
         drillAll(job.solid(), job.bt, nullptr);
     return made;
@@ -65,14 +65,13 @@ bool addFolded(const Job& job, bool several)
 {
     Fold fold;
     Ends ends;
-    if (!foldOf(job.bt, several, fold) ||
-        !endsOf(job.bt, lengthOf(job.element, job.bt), job.rules.cuts, ends))
+    if (!foldOf(job.bt, several, fold) || !endsOf(job.bt, lengthOf(job.element, job.bt), job.rules.cuts, ends))
         return false;
     constexpr int kRight = -1;
-    const bool made = ends.square ? job.solid().plate(fold.line, fold.thickness, kRight, CVekMatrix3d(),
-                                                      ends.low.point().z, ends.high.point().z, 0)
-                                  : job.solid().plate(fold.line, fold.thickness, kRight, CVekMatrix3d(), ends.low,
-                                                      ends.high, 0);
+    const bool made =
+        ends.square ? job.solid().plate(fold.line, fold.thickness, kRight, CVekMatrix3d(), ends.low.point().z,
+                                        ends.high.point().z, 0)
+                    : job.solid().plate(fold.line, fold.thickness, kRight, CVekMatrix3d(), ends.low, ends.high, 0);
     if (made && job.rules.drills)
         drillAll(job.solid(), job.bt, &fold);
     return made;
@@ -205,7 +204,8 @@ bool addSwept(const Job& job, const CVekVertexArray& path, const VertexArrays& r
         const Piece& piece = pieces[i];
         const Piece* before = i > 0 ? &pieces[i - 1] : closed ? &pieces[count - 1] : nullptr;
         const Piece* after = i + 1 < count ? &pieces[i + 1] : closed ? &pieces[0] : nullptr;
-        made |= job.solid().extrude(region, piece.frame, joint(piece, before, 0.0), joint(piece, after, piece.length), 0);
+        made |=
+            job.solid().extrude(region, piece.frame, joint(piece, before, 0.0), joint(piece, after, piece.length), 0);
     }
     return made;
 }
@@ -275,10 +275,10 @@ bool build(Part& part, const CVekDataItem* element, const BuildRules& rules)
     static constexpr struct {
         const wchar_t* type;
         bool (*add)(const Job&);
-    } kTypes[] = {{L"EXTR", addExtruded},       {L"ANGLE", addAngle},      {L"SHEET", addSheet},
-                  {L"ROT", addTurned},          {L"PATH", addPath},        {L"HATCH", addLines},
-                  {L"COMPOUND", addCompound},   {L"DRILL", addHole},       {L"MRA_NM", addStandardPart},
-                  {L"DIN", addStandardPart},    {L"SCORD", addSubElements}};
+    } kTypes[] = {{L"EXTR", addExtruded},     {L"ANGLE", addAngle},      {L"SHEET", addSheet},
+                  {L"ROT", addTurned},        {L"PATH", addPath},        {L"HATCH", addLines},
+                  {L"COMPOUND", addCompound}, {L"DRILL", addHole},       {L"MRA_NM", addStandardPart},
+                  {L"DIN", addStandardPart},  {L"SCORD", addSubElements}};
     if (!element || !element->isDir() || rules.depth > kDeepest)
         return false;
     const CVekDataItem* bt = element->getItem(L"BT");

@@ -16,11 +16,11 @@ struct Part {
 
 /// How an element is to be built.
 struct BuildRules {
-    Vek::lUnit unit = Vek::unitNone;     ///< of the element
-    const CVekDataItem* cuts = nullptr;  ///< directory of planes that cut the ends of extruded bodies, or null
-    bool drills = true;                  ///< with the holes of the element's own drills
-    bool holesAreBodies = true;          ///< a drill that is an element of its own is built as the body of its hole
-    int depth = 0;                       ///< of definitions within definitions
+    Vek::lUnit unit = Vek::unitNone;    ///< of the element
+    const CVekDataItem* cuts = nullptr; ///< directory of planes that cut the ends of extruded bodies, or null
+    bool drills = true;                 ///< with the holes of the element's own drills
+    bool holesAreBodies = true;         ///< a drill that is an element of its own is built as the body of its hole
+    int depth = 0;                      ///< of definitions within definitions
 };
 
 /// Builds an element, or a definition that stands alone.

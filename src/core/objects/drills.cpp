@@ -132,7 +132,8 @@ CSharedPointer<CVekDataItem> drillElement(const CVekDataItem& drill, const CVekD
         return item;
     const CVekDataKey key(L"BT");
     CVekDataItem* own = item->getDir()->insertCopy(&key, &drill, true);
-    for (const wchar_t* placement : {L"N", L"STEP", L"PLANE", L"MTX", L"ORG", L"AXIS", L"XDIR", L"ZDIR", L"ROT", L"SCALE"})
+    for (const wchar_t* placement :
+         {L"N", L"STEP", L"PLANE", L"MTX", L"ORG", L"AXIS", L"XDIR", L"ZDIR", L"ROT", L"SCALE"})
         own->remove(placement);
     dataSet(item, L"TYPE", L"DRILL");
     dataSet(item, L"SUBTRACT", 1);

@@ -122,8 +122,8 @@ public:
         const int number = m_count++;
         const CVekDataItem* shape = shapeOf(visit);
         const CVekMatrix3d place =
-            visit.assembly * objects::scaling(objects::unitFactor(visit.layers.unit(visit.object),
-                                                                  objects::unitOf(visit.object))) *
+            visit.assembly *
+            objects::scaling(objects::unitFactor(visit.layers.unit(visit.object), objects::unitOf(visit.object))) *
             g_mtx_local(visit.layers.placed());
         if (shape == visit.element && !visit.repeats) {
             objects::Part part;
@@ -172,15 +172,16 @@ private:
 
 } // namespace
 
-bool bgr_slx_bgr(CVek_Solid& solid, bool& hasSolid, CVekDataItem* object, CVekDataItem* second,
-                 const CVekMatrix3d& mtx, CVekDataItem*, bool, bool drills)
+bool bgr_slx_bgr(CVek_Solid& solid, bool& hasSolid, CVekDataItem* object, CVekDataItem* second, const CVekMatrix3d& mtx,
+                 CVekDataItem*, bool, bool drills)
 {
     hasSolid = false;
     solid.clear();
-    const bool good = object && whole(false, [&] {
-        Assembly assembly(solid, drills);
-        return objects::walk(object, second, mtx, [&](const objects::Visit& visit) { assembly.add(visit); });
-    });
+    const bool good =
+        object && whole(false, [&] {
+            Assembly assembly(solid, drills);
+            return objects::walk(object, second, mtx, [&](const objects::Visit& visit) { assembly.add(visit); });
+        });
     if (!good)
         solid.clear();
     hasSolid = solid.bodies() > 0;

@@ -4,11 +4,10 @@
 #include <vek/objects/element.h>
 #include <vek/objects/outline.h>
 
-#include "core/objects/definition.h"
+#include "core/geometry/bent_line.h"
 #include "core/values/whole.h"
 
 #include <cmath>
-#include <vector>
 
 namespace VEK
 {
@@ -19,48 +18,16 @@ namespace
 
 constexpr int kOutlineL = 13;
 constexpr double kRightAngle = 1.57079632679489661923;
-constexpr double kNoAngle = 1e-9; ///< radians; a bend of less is none
 
 bool isPositive(double value)
 {
     return value > 0.0 && std::isfinite(value);
 }
 
-/// Turns the corners of a line into bends. The sheet is on its right: to the right a bend goes about a centre beyond
-/// the sheet, to the left about one on the side of the line.
-void bend(const std::vector<CVekPoint3d>& points, double radius, Fold& fold)
+/// The unit to ask for: an outline without one of its own is in that of the element.
+Vek::lUnit in(const CVekDataItem* outline, Vek::lUnit unit)
 {
-    const std::size_t count = points.size();
-    std::vector<double> inset(count, 0.0); // from the corner to where the bend begins
-    std::vector<double> turn(count, 0.0);
-    const auto side = [&](std::size_t i) { return points[i + 1] - points[i]; };
-    for (std::size_t i = 1; i + 1 < count && isPositive(radius); ++i) {
-        const CVekVector3d in = side(i - 1);
-        const CVekVector3d out = side(i);
-        turn[i] = std::atan2(in.x * out.y - in.y * out.x, in.x * out.x + in.y * out.y);
-        const double outer = turn[i] < 0.0 ? radius + fold.thickness : radius;
-        inset[i] = std::fabs(turn[i]) > kNoAngle ? outer * std::tan(std::fabs(turn[i]) / 2.0) : 0.0;
-    }
-    for (std::size_t i = 1; i + 1 < count; ++i) { // a bend that has no room stays a corner
-        if (inset[i - 1] + inset[i] > side(i - 1).abs() || inset[i] > side(i).abs())
-            inset[i] = 0.0;
-    }
-    CVekPoint3d from = points[0];
-    for (std::size_t i = 0; i + 1 < count; ++i) {
-        CVekVector3d direction = side(i);
-        direction.normalize();
-        fold.flats.append(Flat{points[i], direction});
-        const CVekPoint3d to = points[i + 1] - direction * inset[i + 1];
-        if (from.distanceTo(to) > 0.0)
-            fold.line.append(CVekVertex(from, to));
-        from = to;
-        if (inset[i + 1] > 0.0) {
-            CVekVector3d next = side(i + 1);
-            next.normalize();
-            from = points[i + 1] + next * inset[i + 1];
-            fold.line.append(CVekVertex(to, from, std::tan(turn[i + 1] / 4.0)));
-        }
-    }
+    return outline->getItem(L"UNIT") ? unit : Vek::unitNone;
 }
 
 } // namespace
@@ -68,17 +35,13 @@ void bend(const std::vector<CVekPoint3d>& points, double radius, Fold& fold)
 bool outlineSection(const CVekDataItem& bt, Vek::lUnit unit, VertexArrays& region)
 {
     const CVekDataItem* outline = bt.getItem(L"OUTLINE");
-    const auto read = [&](const CVekDataItem* item) { // without a unit of its own it is in that of the element
-        CVekVertexArray contour;
-        const bool made = item && g_outline(contour, item, item->getItem(L"UNIT") ? unit : Vek::unitNone);
-        if (made && contour.len() > 0)
-            region.append(std::move(contour));
-        return made;
-    };
-    if (!read(outline))
+    if (!outline || !g_outline_region(region, outline, in(outline, unit)))
         return false;
-    for (CDataIterator inner(bt.getItem(L"INNER")); !inner.done(); inner.next())
-        read(inner);
+    for (CDataIterator inner(bt.getItem(L"INNER")); !inner.done(); inner.next()) {
+        CVekVertexArray hole;
+        if (g_outline(hole, inner, in(inner, unit)))
+            region.append(std::move(hole));
+    }
     return true;
 }
 
@@ -132,30 +95,11 @@ bool foldOf(const CVekDataItem* bt, bool several, Fold& fold)
     double radius = 0.0;
     dataGet(bt, L"S", fold.thickness);
     dataGet(bt, L"R", radius);
-    if (!isPositive(fold.thickness))
+    if (!isPositive(fold.thickness) || !(radius >= 0.0))
         return false;
-    std::vector<CVekPoint3d> points;
+    CVekVertexArray line;
     if (several) {
-        CVekVertexArray line;
-        if (!dataGet(bt, L"VL", line) || line.len() == 0)
-            return false;
-        bool arcs = false;
-        for (const CVekVertex& vertex : line) {
-            arcs |= vertex.bulge != 0.0;
-            CVekVector3d direction = vertex.end - vertex.start;
-            if (vertex.bulge == 0.0 && direction.abs() > 0.0)
-                fold.flats.append(Flat{vertex.start, direction.normalize()});
-        }
-        if (arcs) { // its bends are told
-            fold.line = std::move(line);
-            return true;
-        }
-        fold.flats.setLogicalLength(0);
-        points.push_back(line[0].start);
-        for (const CVekVertex& vertex : line) {
-            if (vertex.end != points.back())
-                points.push_back(vertex.end);
-        }
+        dataGet(bt, L"VL", line);
     } else {
         double first = 0.0, second = 0.0, angle = kRightAngle;
         dataGet(bt, L"A", first);
@@ -163,9 +107,22 @@ bool foldOf(const CVekDataItem* bt, bool several, Fold& fold)
         dataGet(bt, L"ANG", angle);
         if (!isPositive(first) || !isPositive(second) || !(std::fabs(angle) < 2.0 * kRightAngle))
             return false;
-        points = {{first, 0.0, 0.0}, {}, {-second * std::cos(angle), second * std::sin(angle), 0.0}};
+        line = {{first, 0.0, 0.0}, {}, {-second * std::cos(angle), second * std::sin(angle), 0.0}};
     }
-    bend(points, radius, fold);
+    detail::Corners corners;
+    bool hasArcs = false;
+    for (const CVekVertex& vertex : line) {
+        hasArcs |= vertex.bulge != 0.0;
+        corners.push_back({vertex.start.x, vertex.start.y, radius});
+        CVekVector3d direction = vertex.end - vertex.start;
+        if (vertex.bulge == 0.0 && direction.abs() > 0.0)
+            fold.flats.append(Flat{vertex.start, direction.normalize()});
+    }
+    if (line.len() > 0 && !hasArcs && radius > 0.0) { // otherwise its bends are told, or sharp
+        corners.push_back({line[-1].end.x, line[-1].end.y});
+        line = detail::bentLine(std::move(corners), -fold.thickness);
+    }
+    fold.line = std::move(line);
     return fold.line.len() > 0;
 }
 
@@ -182,7 +139,7 @@ bool endsOf(const CVekDataItem* bt, double length, const CVekDataItem* cuts, End
         if (!(std::fabs(angle) < kSteepest))
             return false;
     }
-    const auto plane = [](double z, const double (&rise)[2]) {
+    const auto plane = [](double z, const double(&rise)[2]) {
         return CVekPlane({0.0, 0.0, z}, {-std::tan(rise[0]), -std::tan(rise[1]), 1.0});
     };
     if (length == 0.0)
@@ -197,7 +154,7 @@ bool endsOf(const CVekDataItem* bt, double length, const CVekDataItem* cuts, End
         CVekVector3d normal = direction.asVector();
         normal.normalize();
         const double z = point.asVector().dot(normal) / normal.z; // where it meets the axis
-        constexpr double kAlong = 1e-3; // a plane along the axis cuts off no end
+        constexpr double kAlong = 1e-3;                           // a plane along the axis cuts off no end
         if (!(std::fabs(normal.z) > kAlong) || !std::isfinite(z))
             continue;
         CVekPlane& side = normal.z > 0.0 ? ends.high : ends.low;

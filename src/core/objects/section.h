@@ -31,7 +31,7 @@ struct Flat {
 
 /// The section of a folded sheet: the line of one of its sides, with the thickness to its right.
 struct Fold {
-    CVekVertexArray line;   ///< with arcs for the bends
+    CVekVertexArray line; ///< with arcs for the bends
     CVekArrayTempl<Flat> flats;
     double thickness = 0.0;
 

@@ -13,36 +13,50 @@ namespace
 /// Published sizes in millimetres, by nominal diameter.
 struct Sizes {
     double diameter;
-    double flats;         ///< of hexagon heads and nuts
-    double head;          ///< height of a hexagon head
-    double cylinder;      ///< diameter of a cylindrical head
-    double nut;           ///< height of a nut
+    double flats;    ///< of hexagon heads and nuts
+    double head;     ///< height of a hexagon head
+    double cylinder; ///< diameter of a cylindrical head
+    double nut;      ///< height of a nut
     double washerHole;
-    double washer;        ///< outer diameter of a washer
+    double washer; ///< outer diameter of a washer
     double washerHeight;
 };
 
 constexpr Sizes kSizes[] = {
-    {3, 5.5, 2, 5.5, 2.4, 3.2, 7, 0.5},      {4, 7, 2.8, 7, 3.2, 4.3, 9, 0.8},
-    {5, 8, 3.5, 8.5, 4, 5.3, 10, 1},         {6, 10, 4, 10, 5, 6.4, 12, 1.6},
-    {8, 13, 5.3, 13, 6.5, 8.4, 16, 1.6},     {10, 17, 6.4, 16, 8, 10.5, 20, 2},
-    {12, 19, 7.5, 18, 10, 13, 24, 2.5},      {16, 24, 10, 24, 13, 17, 30, 3},
-    {20, 30, 12.5, 30, 16, 21, 37, 3},       {24, 36, 15, 36, 19, 25, 44, 4},
-    {30, 46, 18.7, 45, 24, 31, 56, 4},
+    {3, 5.5, 2, 5.5, 2.4, 3.2, 7, 0.5}, {4, 7, 2.8, 7, 3.2, 4.3, 9, 0.8},    {5, 8, 3.5, 8.5, 4, 5.3, 10, 1},
+    {6, 10, 4, 10, 5, 6.4, 12, 1.6},    {8, 13, 5.3, 13, 6.5, 8.4, 16, 1.6}, {10, 17, 6.4, 16, 8, 10.5, 20, 2},
+    {12, 19, 7.5, 18, 10, 13, 24, 2.5}, {16, 24, 10, 24, 13, 17, 30, 3},     {20, 30, 12.5, 30, 16, 21, 37, 3},
+    {24, 36, 15, 36, 19, 25, 44, 4},    {30, 46, 18.7, 45, 24, 31, 56, 4},
 };
 
 constexpr struct {
     int number;
     StandardPart::Shape shape;
 } kNumbers[] = {
-    {931, StandardPart::hexagonBolt},    {933, StandardPart::hexagonBolt},     {4014, StandardPart::hexagonBolt},
-    {4017, StandardPart::hexagonBolt},   {6914, StandardPart::hexagonBolt},    {7990, StandardPart::hexagonBolt},
-    {912, StandardPart::cylinderBolt},   {4762, StandardPart::cylinderBolt},   {84, StandardPart::cylinderBolt},
-    {7991, StandardPart::countersunkBolt}, {10642, StandardPart::countersunkBolt}, {963, StandardPart::countersunkBolt},
-    {965, StandardPart::countersunkBolt}, {2009, StandardPart::countersunkBolt}, {7046, StandardPart::countersunkBolt},
-    {7337, StandardPart::flatBolt},      {15977, StandardPart::flatBolt},      {934, StandardPart::nut},
-    {985, StandardPart::nut},            {4032, StandardPart::nut},            {6915, StandardPart::nut},
-    {125, StandardPart::washer},         {126, StandardPart::washer},          {7089, StandardPart::washer},
+    {931, StandardPart::hexagonBolt},
+    {933, StandardPart::hexagonBolt},
+    {4014, StandardPart::hexagonBolt},
+    {4017, StandardPart::hexagonBolt},
+    {6914, StandardPart::hexagonBolt},
+    {7990, StandardPart::hexagonBolt},
+    {912, StandardPart::cylinderBolt},
+    {4762, StandardPart::cylinderBolt},
+    {84, StandardPart::cylinderBolt},
+    {7991, StandardPart::countersunkBolt},
+    {10642, StandardPart::countersunkBolt},
+    {963, StandardPart::countersunkBolt},
+    {965, StandardPart::countersunkBolt},
+    {2009, StandardPart::countersunkBolt},
+    {7046, StandardPart::countersunkBolt},
+    {7337, StandardPart::flatBolt},
+    {15977, StandardPart::flatBolt},
+    {934, StandardPart::nut},
+    {985, StandardPart::nut},
+    {4032, StandardPart::nut},
+    {6915, StandardPart::nut},
+    {125, StandardPart::washer},
+    {126, StandardPart::washer},
+    {7089, StandardPart::washer},
     {9021, StandardPart::washer},
 };
 

@@ -7,8 +7,8 @@
 namespace VEK::objects
 {
 
-/// What a standard part looks like. Its +z axis points into the material: a head, a nut and a washer lie on its -z side,
-/// a shank on its +z side. Lengths are in the unit of the part.
+/// What a standard part looks like. Its +z axis points into the material: a head, a nut and a washer lie on its -z
+/// side, a shank on its +z side. Lengths are in the unit of the part.
 struct StandardPart {
     enum Shape : int {
         none,

@@ -116,8 +116,8 @@ bool checkBt(const CVekDataItem* element, const CVekDataItem*)
 
 } // namespace VEK
 
-bool vek_bgr_strong(CVekDataItem* object, CVekDataItem* second, const CVekMatrix3d& mtx, int,
-                    CVekDataItem* parameters, CVekMapTempl<BgrBt, CVekDataItem>& elements)
+bool vek_bgr_strong(CVekDataItem* object, CVekDataItem* second, const CVekMatrix3d& mtx, int, CVekDataItem* parameters,
+                    CVekMapTempl<BgrBt, CVekDataItem>& elements)
 {
     using Elements = CVekMapTempl<BgrBt, CVekDataItem>;
     if (!object)
