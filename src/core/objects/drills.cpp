@@ -128,10 +128,11 @@ CSharedPointer<CVekDataItem> drillElement(const CVekDataItem& drill, const CVekD
                                           const CVekDataItem* bt)
 {
     CSharedPointer<CVekDataItem> item(new CVekDataItem(CVekDataItem::directory));
-    if (!item)
-        return item;
     const CVekDataKey key(L"BT");
-    CVekDataItem* own = item->getDir()->insertCopy(&key, &drill, true);
+    CVekDataDir* dir = item ? item->mkDir() : nullptr;
+    CVekDataItem* own = dir ? dir->insertCopy(&key, &drill, true) : nullptr;
+    if (!own)
+        return item;
     for (const wchar_t* placement :
          {L"N", L"STEP", L"PLANE", L"MTX", L"ORG", L"AXIS", L"XDIR", L"ZDIR", L"ROT", L"SCALE"})
         own->remove(placement);

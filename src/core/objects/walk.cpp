@@ -127,8 +127,9 @@ bool vek_bgr_strong(CVekDataItem* object, CVekDataItem* second, const CVekMatrix
         CVekDataItem own(CVekDataItem::directory);
         for (const wchar_t* key : {L"CMODE", L"COORD", L"ACT", L"MTX"}) {
             const CVekDataKey name(key);
-            if (const CVekDataItem* value = parameters ? parameters->getItem(&name) : nullptr)
-                own.getDir()->insertCopy(&name, value, true);
+            const CVekDataItem* value = parameters ? parameters->getItem(&name) : nullptr;
+            if (CVekDataDir* dir = value ? own.mkDir() : nullptr)
+                dir->insertCopy(&name, value, true);
         }
         found.first = VEK::objects::walk(object, second, mtx, [&](const VEK::objects::Visit& visit) {
             CVekDataItem& value = found.second[BgrBt(visit.object, CVekString(*visit.element->getKey()), visit.place)];
