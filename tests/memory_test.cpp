@@ -6,9 +6,7 @@
 #include "slide_bytes.h"
 
 #include <vek/json.h>
-#include <vek/solid.h>
-#include <vek/objects/outline.h>
-#include <vek/objects/sheet.h>
+#include <vek/objects.h>
 #include <vek/vek.h>
 
 #include <filesystem>
@@ -97,6 +95,32 @@ const CVekMatrix3d kNarrow = CVekMatrix3d().setCoordSystem({}, {0.5, 0, 0}, {0, 
 const CVekPoint3d kLow(0, 1, 0), kHigh(4, 1, 0), kFar(44, 44, 0), kNear(-11, -8, 0), kPoint(13, 13, 0);
 const CVekColor kColor;
 
+/// An object with one element, a bar with a row of holes, which refers to a definition with an outline.
+CVekDataItem assembly()
+{
+    constexpr std::string_view kData = R"({"DEF": {"bar": {"TYPE": "EXTR", "BT": {"LEN": 90.0,
+        "OUTLINE": {"CODE": 4, "PARMS": {"#1": 20.0, "#2": 30.0, "#3": 4.0}}}}}, "COMMON": {"LAYER": "a layer of some length"},
+        "BT": {"e": {"REF": "bar", "BT": {"DRILL": {"a": {"D": 5.0, "N": 3, "STEP": {"@point": [0, 0, 20]},
+        "ORG": {"@point": [0, 0, 20]}, "ZDIR": {"@point": [0, 1, 0]}}}}, "PARM": {"TEXT": "a parameter of some length"}}}})";
+    CVekDataItem tree;
+    CVekString error;
+    EXPECT_TRUE(VEK::jsonRead(tree, kData.data(), kData.size(), L"", error));
+    return tree;
+}
+
+CVekDataItem kAssembly = assembly();
+const CVekString kElement(L"e");
+const VEK::CUniqPointer<CVekDataItem> kMerged(VEK::bgr_data_merge(&kAssembly, kElement, nullptr));
+
+bool walked(CVekDataItem& entry)
+{
+    CVekMapTempl<BgrBt, CVekDataItem> map;
+    const bool good = vek_bgr_strong(&kAssembly, nullptr, CVekMatrix3d(), 1, nullptr, map) && map.len() == 1;
+    if (good)
+        entry = std::move(map.valueAt(0));
+    return good;
+}
+
 /// Every kind of item, not sorted.
 CVekGDX picture()
 {
@@ -118,7 +142,7 @@ struct World {
     CVekVertexArray polyline = arcs({0, 0, 1});
     CVekPoint3dArray points{{0, 0, 0}, {1, 1, 1}, {2, 0, 0}, {3, 1, 0}, {4, 5, 6}}, met;
     VEK::CSharedPointer<CVekString> shared;
-    CVekDataItem tree = sample();
+    CVekDataItem tree = sample(), member = *kMerged;
     VEK::CUniqPointer<CVekDataItem> clone;
     CVekGDX gdx = picture(), sorted = gdx;
     std::uint64_t handed = 0; ///< what a job has handed out
@@ -140,6 +164,10 @@ struct World {
     VEK::CRecorder calls;
     VEK::CMemorySink sink;
     bool transparent = false;
+    CVekArrayTempl<CVekVertexArrayEx> visible, hidden;
+    CVekArrayTempl<VEK::CSharedPointer<CVekDataItem>> items;
+    DrillList drills;
+    CVek_Solid solid;
 
     World()
     {
@@ -185,7 +213,7 @@ struct World {
             for (const auto& [key, value] : *one)
                 hash << key << value;
         }
-        for (const char c : ::jsonOf(tree) + (clone ? ::jsonOf(*clone) : ""))
+        for (const char c : ::jsonOf(tree) + ::jsonOf(member) + (clone ? ::jsonOf(*clone) : ""))
             hash << c;
         for (const CVekGDX* one : {&gdx, &sorted, static_cast<const CVekGDX*>(getGdxFromMap(1))}) {
             CVekPoint3d min, max;
@@ -238,6 +266,7 @@ bool readPatterns(CVekArrayTempl<VEK::CHatchPattern>& patterns, CVekString& erro
 }
 
 using W = World;
+using CUniq = VEK::CUniqPointer<CVekDataItem>;
 const Job kJobs[] = {
     {"text +=", 1, [](W& w) { w.text += L"and so much more that a new block is wanted for all of it"; }},
     {"text replace", 1, [](W& w) { w.text.replace(L".", L" a longer text that stands for a point "); }},
@@ -301,6 +330,26 @@ const Job kJobs[] = {
          static const VEK::Regions regions{kPlate};
          VEK::VertexArrays lines;
          return VEK::fsheet_vll_outline(&kTree, top, low, regions, lines) && w.hand(lines);
+     }},
+    {"vek_bgr_strong", 9, [](W& w) { return walked(w.tree); }},
+    {"bgr_data_merge", 20,
+     [](W& w) { return (w.clone = CUniq(VEK::bgr_data_merge(&kAssembly, kElement, nullptr))) != nullptr; }},
+    {"objGen", 5, [](W& w) { return VEK::objGen(&w.member, 0); }},
+    {"drills", 9,
+     [](W& w) {
+         return VEK::getExtrDrillData(w.drills, kMerged, kMerged->getItem(L"BT"), nullptr, kNarrow, kNarrow) &&
+                w.hand(w.drills.len());
+     }},
+    {"getProjectedGeometry", 20,
+     [](W& w) {
+         return VEK::getProjectedGeometry(kMerged, kStretch, kStretch, nullptr, w.visible, w.hidden, w.items) &&
+                w.hand(w.visible);
+     }},
+    {"objModel", 20, [](W& w) { return VEK::objModel(w.solid, kMerged) && w.hand(w.solid.bodies()); }},
+    {"bgr_slx_bgr", 20,
+     [](W& w) {
+         return VEK::bgr_slx_bgr(w.solid, w.transparent, &kAssembly, nullptr, kNarrow, nullptr, false, true) &&
+                w.hand(w.solid.bodies());
      }},
 
     {"glyph", 3, [](W& w) { return w.hand(get_ascii_from_map(L'B')); }},

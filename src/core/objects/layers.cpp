@@ -27,9 +27,10 @@ bool getBtLayer(const CVekDataItem* element, CVekString& visible, CVekString& hi
 {
     using Names = std::pair<CVekString, CVekString>;
     Names names = whole(Names(), [&] {
-        Names found(L"0", CVekString());
-        dataGet(element, L"LAYER", found.first);
-        if (!dataGet(element, L"LAYER_H", found.second))
+        Names found;
+        if (!dataGet(element, L"LAYER", found.first) || found.first.isNull())
+            found.first = L"0";
+        if (!dataGet(element, L"LAYER_H", found.second) || found.second.isNull())
             found.second = found.first;
         return found;
     });
@@ -42,7 +43,16 @@ bool getBtLayer(const CVekDataItem* element, CVekString& visible, CVekString& hi
 
 bool layer_color(CVekColor& color, const CVekString& layer)
 {
-    return dataItemGet(layerItem(layer, L"COLOR"), nullptr, color);
+    const CVekDataItem* stored = layerItem(layer, L"COLOR");
+    int index = 0;
+    if (dataItemGet(stored, nullptr, color))
+        return true;
+    if (!dataItemGet(stored, nullptr, index) || index < 0 || index > 256)
+        return false;
+    CVekColor byIndex;
+    byIndex.setColorIndex(static_cast<short>(index));
+    color = byIndex;
+    return true;
 }
 
 bool phys_layer(CVekString& layer, const wchar_t* logical, const wchar_t* second)
