@@ -11,6 +11,9 @@
 
 /// A host for programs without a CAD package: a drawing in memory, and functions, views and hatch patterns that the
 /// program registers.
+///
+/// It draws drills and standard parts seen along their axis, and brings the functions "vek_text_to_regl", in the stroke
+/// font, and "vek_gdx_image_extr" along. What the program registers comes first.
 class VEK_API CVekLocalApp : public CVekApp
 {
 public:
@@ -41,10 +44,13 @@ public:
     /// Registers a named view.
     void viewMatrixSet(const wchar_t* name, const CVekMatrix3d& matrix);
 
-    /// Registers a function; an empty one removes the name. Its return value is the status of the call.
+    /// Registers a function, also in place of one that the host brings along; an empty one removes the name. Its return
+    /// value is the status of the call.
     void functionSet(const wchar_t* name, Function function);
 
-    /// Sets the function that draws objects; with an empty one nothing is drawn.
+    /// Sets the function that draws objects. Where it is empty or gives false the host draws by itself: a drill, whose
+    /// diameter is "D", as a circle with its centre cross, and a standard part, which has "DIN" too, as what is seen
+    /// along its axis, in the colour of its layer, as one polyline.
     void imageObjectSet(Image image) { m_image = std::move(image); }
 
 private:
