@@ -87,6 +87,12 @@ inline CVekMatrix3d moved(double x)
     return CVekMatrix3d().setToTranslation(CVekVector3d(x, 0, 0));
 }
 
+/// x becomes `sum` - x.
+inline CVekMatrix3d mirrored(double sum)
+{
+    return CVekMatrix3d().setToMirroring(CVekPlane(CVekPoint3d(sum / 2, 0, 0), CVekVector3d::kXAxis));
+}
+
 inline bool drillsFor(const char* kind, DrillList& drills, const CVekDataItem* element, const CVekDataItem* parm)
 {
     called(kind, keysOf(element), keysOf(parm));
@@ -112,14 +118,10 @@ inline bool profile(const char* kind, const CVekDataItem* item, VEK::VertexArray
 
 using namespace images_test;
 
-bool BgrBt::operator==(const BgrBt& other) const
-{
-    return second == other.second;
-}
-bool BgrBt::operator<(const BgrBt& other) const
-{
-    return second < other.second;
-}
+// Short services stay on a line.
+// clang-format off
+bool BgrBt::operator==(const BgrBt& other) const { return second == other.second; }
+bool BgrBt::operator<(const BgrBt& other) const { return second < other.second; }
 
 bool vek_bgr_strong(CVekDataItem* object, CVekDataItem* second, const CVekMatrix3d&, int mode, CVekDataItem* parm,
                     CVekMapTempl<BgrBt, CVekDataItem>& elements)
@@ -132,19 +134,11 @@ bool vek_bgr_strong(CVekDataItem* object, CVekDataItem* second, const CVekMatrix
     }
     return true;
 }
-bool vek_bgr_bt_angle_check(const CVekDataItem* element)
-{
-    called("angle", keysOf(element));
-    return script.isAngle;
-}
+bool vek_bgr_bt_angle_check(const CVekDataItem* element) { called("angle", keysOf(element)); return script.isAngle; }
 
 CVek_Solid::CVek_Solid() = default;
 CVek_Solid::~CVek_Solid() = default;
-bool CVek_Solid::solid()
-{
-    called("solid");
-    return true;
-}
+bool CVek_Solid::solid() { called("solid"); return true; }
 bool CVek_Solid::project(const CVekMatrix3d& view, bool together, CVekArrayTempl<CVekVertexArrayEx>& visible,
                          CVekArrayTempl<CVekVertexArrayEx>& hidden, VEK_MODELER_TYPE modeler)
 {
@@ -166,38 +160,22 @@ CVekDataItem* bgr_data_merge(CVekDataItem* object, const CVekString& name, CVekD
     const CVekDataItem* element = object->getItem(&key);
     return element ? element->clone() : nullptr;
 }
-bool lobj_unit(const CVekDataItem*, Vek::lUnit& unit)
-{
-    unit = Vek::unitMetre;
-    return true;
-}
+bool lobj_unit(const CVekDataItem*, Vek::lUnit& unit) { unit = Vek::unitMetre; return true; }
 bool bgr_bt_unit(const CVekDataItem*, const CVekString& name, Vek::lUnit& unit)
-{
-    unit = name == L"bare" ? Vek::unitInch : Vek::unitFoot;
-    return true;
-}
+{ unit = name == L"bare" ? Vek::unitInch : Vek::unitFoot; return true; }
 CVekMatrix3d getBtTransformation(const CVekDataItem* element, const CVekDataItem*, const CVekMatrix3d& mtx,
                                  double scale, double& aux)
-{
-    return mtx * moved(read(element, L"X", 0.0) * scale + (aux += 1000.0));
-}
+{ return mtx * moved(read(element, L"X", 0.0) * scale + (aux += 1000.0)); }
 CVekPoint3d getBtBasePoint(const CVekMatrix3d& mtx, const CVekMatrix3d&, const CVekPoint3d& point)
-{
-    return point * mtx + CVekVector3d(0, 5, 0);
-}
-bool checkBt(const CVekDataItem*, const CVekDataItem*)
-{
-    return script.isChecked;
-}
+{ return point * mtx + CVekVector3d(0, 5, 0); }
+bool checkBt(const CVekDataItem*, const CVekDataItem*) { return script.isChecked; }
 bool objGen(CVekDataItem* item, int mode)
 {
     dataSet(item, L"GENERATED", mode); // shows in whatever is made of it
     return true;
 }
 bool getBtLayer(const CVekDataItem* element, CVekString& visible, CVekString& hidden)
-{
-    return dataGet(element, L"LAYER", visible) && dataGet(element, L"LAYER_H", hidden);
-}
+{ return dataGet(element, L"LAYER", visible) && dataGet(element, L"LAYER_H", hidden); }
 bool layer_color(CVekColor& color, const CVekString& layer) // layers are called by the number of their colour
 {
     if (atoi(layer) > 0)
@@ -210,19 +188,10 @@ bool phys_layer(CVekString& layer, const wchar_t* logical, const wchar_t*)
     layer = L"9";
     return true;
 }
-CVekMatrix3d g_mtx_local(const CVekDataItem* item)
-{
-    return moved(read(item, L"X", 0.0));
-}
+CVekMatrix3d g_mtx_local(const CVekDataItem* item) { return moved(read(item, L"X", 0.0)); }
 bool g_mtx_local(const CVekDataItem* item, double (*rows)[4], Vek::lUnit from, Vek::lUnit to)
-{
-    rows[0][3] = read(item, L"X", 0.0);
-    return from == Vek::unitNone && to == Vek::unitCurrent;
-}
-bool isViewDirOrtho(const CVekMatrix3d&, const CVekMatrix3d&)
-{
-    return script.isOrtho;
-}
+{ rows[0][3] = read(item, L"X", 0.0); return from == Vek::unitNone && to == Vek::unitCurrent; }
+bool isViewDirOrtho(const CVekMatrix3d&, const CVekMatrix3d&) { return script.isOrtho; }
 bool isBtOrthoView(const CVekDataItem*, CVekMatrix3d mtx, const CVekMatrix3d&, const CVekDataItem* bt,
                    CVekMatrix3d& hostMatrix)
 {
@@ -241,26 +210,14 @@ bool getProjectedGeometry(const CVekDataItem* element, const CVekMatrix3d& mtx, 
 }
 bool getExtrDrillData(DrillList& drills, const CVekDataItem* element, const CVekDataItem* bt, const CVekDataItem* parm,
                       const CVekMatrix3d&, const CVekMatrix3d&)
-{
-    called(keysOf(bt));
-    return drillsFor("extrdrills", drills, element, parm);
-}
+{ called(keysOf(bt)); return drillsFor("extrdrills", drills, element, parm); }
 bool getAngleDrillData(DrillList& drills, const CVekDataItem* element, const CVekDataItem* bt, const CVekDataItem* parm,
                        const CVekMatrix3d&, const CVekMatrix3d&)
-{
-    called(keysOf(bt));
-    return drillsFor("angledrills", drills, element, parm);
-}
+{ called(keysOf(bt)); return drillsFor("angledrills", drills, element, parm); }
 bool getEdgeDrillData(DrillList& drills, const CVekDataItem* element, const CVekDataItem* parm, const CVekMatrix3d&,
-                      const CVekMatrix3d&)
-{
-    return drillsFor("edgedrills", drills, element, parm);
-}
+                      const CVekMatrix3d&) { return drillsFor("edgedrills", drills, element, parm); }
 bool getEdgeNDrillData(DrillList& drills, const CVekDataItem* element, const CVekDataItem* parm, const CVekMatrix3d&,
-                       const CVekMatrix3d&)
-{
-    return drillsFor("edgendrills", drills, element, parm);
-}
+                       const CVekMatrix3d&) { return drillsFor("edgendrills", drills, element, parm); }
 bool bgr_slx_bgr(CVek_Solid&, bool& hasSolid, CVekDataItem*, CVekDataItem* second, const CVekMatrix3d& mtx,
                  CVekDataItem* parm, bool cut, bool drills)
 {
@@ -268,20 +225,12 @@ bool bgr_slx_bgr(CVek_Solid&, bool& hasSolid, CVekDataItem*, CVekDataItem* secon
     hasSolid = script.hasSolid;
     return true;
 }
-bool objModel(CVek_Solid&, const CVekDataItem*)
-{
-    return script.hasModel;
-}
+bool objModel(CVek_Solid&, const CVekDataItem*) { return script.hasModel; }
 
 CVekDataItem* fsheet_get(const CVekArrayTempl<CVekString>& stack)
-{
-    return stack.len() > 0 ? script.sheets.getItem(stack[0]) : nullptr;
-}
+{ return stack.len() > 0 ? script.sheets.getItem(stack[0]) : nullptr; }
 bool fsheet_sid(CDtaFilePointer* file, CVekString& id)
-{
-    id = read(fileItem(file, L"ID"), nullptr, CVekString(L"none"));
-    return true;
-}
+{ id = read(fileItem(file, L"ID"), nullptr, CVekString(L"none")); return true; }
 bool fsheet_vll_fnc(const CVekDataItem* item, VertexArrays& lines, CVekVertexArray& top, CVekVertexArray& bottom)
 {
     top = lineAt(0, 50);
@@ -294,21 +243,12 @@ bool fsheet_vll_fillet(const CVekDataItem* item, VertexArrays& lines, CVekVertex
     bottom = lineAt(0, 60);
     return profile("fillet", item, lines);
 }
-bool fsheet_vll_region(const CVekDataItem* item, VertexArrays& lines)
-{
-    return profile("region", item, lines);
-}
+bool fsheet_vll_region(const CVekDataItem* item, VertexArrays& lines) { return profile("region", item, lines); }
 bool fsheet_vll_outline(const CVekDataItem* item, const CVekVertexArray& top, const CVekVertexArray& bottom,
                         const CVekArrayTempl<VertexArrays>& regions, VertexArrays& lines)
-{
-    called("between", top[0].start[0], '-', bottom[0].start[0], 'r', regions.len());
-    return profile("outline", item, lines);
-}
+{ called("between", top[0].start[0], '-', bottom[0].start[0], 'r', regions.len()); return profile("outline", item, lines); }
 bool fsheet_axis_vl(const VertexArrays& lines, double thickness, CVekVertexArray& axis)
-{
-    axis = lineAt(0, 70 + thickness);
-    return lines.len() > 0;
-}
+{ axis = lineAt(0, 70 + thickness); return lines.len() > 0; }
 
 Regions bar_regl(CDtaFilePointer* file, const CVekMatrix3d&)
 {
@@ -322,14 +262,8 @@ bool bar_bt_subs(CVekArrayTempl<CVekDataKey>& keys, CVekDataItem*, const CVekStr
     return true;
 }
 bool g_outline(CVekVertexArray& outline, const CVekDataItem* item, Vek::lUnit unit)
-{
-    outline = lineAt(read(item, L"W", 0.0), unit);
-    return read(item, L"W", 0.0) > 0.0;
-}
-CVekString getCfgKey(const CVekString& component)
-{
-    return L"*ATT*\\" + component;
-}
+{ outline = lineAt(read(item, L"W", 0.0), unit); return read(item, L"W", 0.0) > 0.0; }
+CVekString getCfgKey(const CVekString& component) { return L"*ATT*\\" + component; }
 
 } // namespace VEK
 
@@ -337,15 +271,9 @@ class CVekAttributeMgr::Attribute
 {
 };
 CVekAttributeMgr::CVekAttributeMgr(const CVekString& component, const CVekString& second) : m_cfgKey(component)
-{
-    called(narrow(component), narrow(second));
-}
+{ called(narrow(component), narrow(second)); }
 CVekAttributeMgr::~CVekAttributeMgr() = default;
-bool CVekAttributeMgr::init()
-{
-    VEK::dataSet(VEK::cfg_dir_make(L"*ATT*\\" + m_cfgKey), L"LEFT", 1);
-    return true;
-}
+bool CVekAttributeMgr::init() { VEK::dataSet(VEK::cfg_dir_make(L"*ATT*\\" + m_cfgKey), L"LEFT", 1); return true; }
 bool CVekAttributeMgr::get_att(const CVekString& name, CVekString& value)
 {
     const bool isGasket = m_cfgKey == L"DICHT";
@@ -353,7 +281,5 @@ bool CVekAttributeMgr::get_att(const CVekString& name, CVekString& value)
     return true;
 }
 bool CVekAttributeMgr::get_att(const CVekString& name, double& value)
-{
-    value = name == L"HPSCALE" ? 2.5 : 0.5;
-    return true;
-}
+{ value = name == L"HPSCALE" ? 2.5 : 0.5; return true; }
+// clang-format on

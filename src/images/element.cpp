@@ -238,11 +238,14 @@ bool vek_gdx_image_bgr_scord(CVekGDX* gdx, CVekDataItem* element, CVekMatrix3d& 
         const CVekDataItem bt = definitionOf(element);
         if (!bt.isDir())
             return false;
-        CVekDataItem part(CVekDataItem::directory); // used again for each child, which replaces what is its own
+        CVekDataItem part; // used again for each child, which replaces what is its own
+        CVekDataDir* const keys = part.mkDir();
+        if (!keys)
+            return false;
         for (const wchar_t* name : {L"PART", L"CUT", L"BGR"}) {
             const CVekDataKey key(name);
             if (const CVekDataItem* common = element->getItem(&key))
-                part.getDir()->insertCopy(&key, common, true);
+                keys->insertCopy(&key, common, true);
         }
         for (VEK::CDataIterator child(&bt); !child.done(); child.next()) {
             CVekString type;
@@ -253,7 +256,7 @@ bool vek_gdx_image_bgr_scord(CVekGDX* gdx, CVekDataItem* element, CVekMatrix3d& 
                 continue;
             CVekMatrix3d placed = mtx * valueOr(child, L"MTX", CVekMatrix3d());
             const CVekDataKey key(L"BT");
-            part.getDir()->insertCopy(&key, child->getItem(&key), true);
+            keys->insertCopy(&key, child->getItem(&key), true);
             dataSet(&part, L"TYPE", isDrill ? L"DRILL" : L"MRA_NM");
             part.remove(isDrill ? L"UNION" : L"SUBTRACT");
             dataSet(&part, isDrill ? L"SUBTRACT" : L"UNION", isDrill ? 1 : 0);
