@@ -2,7 +2,6 @@
 #include "display_fixture.h"
 
 #include <vek/data.h>
-#include <vek/host.h>
 
 #include <algorithm>
 #include <cmath>

@@ -230,6 +230,15 @@ struct World {
 };
 
 /// A job, which tells whether it is done or only changes something, and how many blocks of memory it seeks at least.
+/// A hole pattern of a drill and a plate.
+const VEK::CUniqPointer<VEK::CDtaFilePointer> kObject = [] {
+    CVekDataItem object;
+    VEK::dataSet(&object, L"BT\\post\\GEN", kPlate);
+    VEK::dataSet(&object, L"BT\\drill\\GEN\\TYPE", L"DRILL");
+    VEK::dataSet(&object, L"BT\\drill\\GEN\\D", 5.0);
+    return VEK::CUniqPointer<VEK::CDtaFilePointer>(VEK::dtaOpen(vekDtaMemory, 3, nullptr, &object));
+}();
+
 struct Job {
     const char* name;
     int least;
@@ -388,6 +397,8 @@ const Job kJobs[] = {
     {"gdxMapSetAt", 20, [](W& w) { gdxMapSetAt(1, w.gdx); }},
     {"createGdxInMap", 3, [](W&) { return createGdxInMap(&kTree) == 1; }},
     {"setGdxImageFcn", 2, [](W&) { VEK::setGdxImageFcn(kAnother, [](CVekGDX*, auto*, auto*) { return true; }); }},
+    {"axes", 10, [](W& w) { return vek_gdx_image_ucs(&w.gdx, kNarrow); }},
+    {"holes", 10, [](W& w) { return vek_gdx_image_hole(&w.gdx, kObject, nullptr); }},
     {"slide", 16, [](W& w) { return VEK::gdxImageSlide(&w.gdx, kFiles.slide, 0, &kTree); }},
     {"slide of a library", 20, [](W& w) { return vek_gdx_image_sld(&w.gdx, kSlide, kLibrary, 0, nullptr); }},
     {"slideLoad", 5, [](W& w) { return VEK::slideLoad(w.bytes, kSlide, kLibrary) && w.hand(w.bytes); }},

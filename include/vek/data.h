@@ -2,6 +2,7 @@
 /// The data store: the tree, its keys, directories, files and configuration, texts, labels and materials.
 #pragma once
 
+#include <vek/data/app.h>
 #include <vek/data/config.h>
 #include <vek/data/dir.h>
 #include <vek/data/file.h>

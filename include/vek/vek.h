@@ -8,6 +8,9 @@
 #include <vek/draw.h>
 #include <vek/geometry.h>
 #include <vek/host.h>
+#include <vek/images.h>
+#include <vek/objects.h>
 #include <vek/pictures.h>
+#include <vek/solid.h>
 #include <vek/surfaces.h>
 #include <vek/values.h>

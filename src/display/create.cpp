@@ -2,8 +2,8 @@
 #include "display/registry.h"
 
 #include <vek/data.h>
+#include <vek/data/app.h>
 #include <vek/display/registry.h>
-#include <vek/host.h>
 
 namespace
 {

@@ -71,10 +71,20 @@ void CVekGDX::imageVl(const Stack& stack, unsigned long flag, const CVekVertexAr
                       const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale,
                       unsigned long thickn, const CVekPoint3d& refPoint)
 {
+    const unsigned long shortages = VEK::memoryShortages();
+    CVekVertexArray copy(vl);
+    if (VEK::memoryShortages() == shortages)
+        imageVl(stack, flag, std::move(copy), color, mtx, linetype, ltscale, thickn, refPoint);
+}
+
+void CVekGDX::imageVl(const Stack& stack, unsigned long flag, CVekVertexArray&& vl, const CVekColor& color,
+                      const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale,
+                      unsigned long thickn, const CVekPoint3d& refPoint)
+{
     emit(dispPolyline, stack, flag, [&](CVekDisplayItem& item) {
         item.color = color;
         item.mtx = mtx;
-        item.vl = vl;
+        item.vl = std::move(vl);
         setPen(item, linetype, ltscale, thickn, refPoint);
         return true;
     });
@@ -85,10 +95,21 @@ void CVekGDX::imageReg(const Stack& stack, unsigned long flag, const Region& reg
                        unsigned long thickn, const CVekColor& fcolor, const VEK::CHatchProp& hatch,
                        const CVekPoint3d& refPoint)
 {
+    const unsigned long shortages = VEK::memoryShortages();
+    Region copy(reg);
+    if (VEK::memoryShortages() == shortages)
+        imageReg(stack, flag, std::move(copy), color, mtx, linetype, ltscale, thickn, fcolor, hatch, refPoint);
+}
+
+void CVekGDX::imageReg(const Stack& stack, unsigned long flag, Region&& reg, const CVekColor& color,
+                       const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale,
+                       unsigned long thickn, const CVekColor& fcolor, const VEK::CHatchProp& hatch,
+                       const CVekPoint3d& refPoint)
+{
     emit(dispRegion, stack, flag, [&](CVekDisplayItem& item) {
         item.color = color;
         item.mtx = mtx;
-        item.reg = reg;
+        item.reg = std::move(reg);
         setPen(item, linetype, ltscale, thickn, refPoint);
         if (flag & (itemFill | itemHatch))
             item.fcolor = fcolor.colorIndex() >= 0 ? fcolor : color;

@@ -4,9 +4,9 @@
 #include "draw/hatch_plane.h"
 #include "draw/hatch_rows.h"
 
+#include <vek/data/app.h>
 #include <vek/draw/hatch.h>
 #include <vek/geometry.h>
-#include <vek/host.h>
 #include <vek/values/units.h>
 
 #include <algorithm>

@@ -2,7 +2,6 @@
 
 #include <vek/data.h>
 #include <vek/draw/text.h>
-#include <vek/host.h>
 
 bool vek_text_to_regl(const CVekDataItem* item, CVekArrayTempl<CVekArrayTempl<CVekVertexArray>>& regl, double factor)
 {

@@ -123,4 +123,10 @@ VEK_API resbuf* rbToList(resbuf* chain);
 /// @return false, with value and pointer unchanged, if the chain does not begin with such a list
 VEK_API bool fromRb(Regions& value, resbuf*& chain, int reserved);
 
+/// Reads an item as `CVekDataItem::mkLisp` describes it, a directory as a list (`rbToList`), and advances the pointer
+/// past it. The caller still owns the nodes.
+/// @param reserved pass 0
+/// @return false, with value and pointer unchanged, if the chain does not begin with a value
+VEK_API bool fromRb(CVekDataItem& value, resbuf*& chain, int reserved);
+
 } // namespace VEK

@@ -166,11 +166,21 @@ public:
                  const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale, unsigned long thickn,
                  const CVekPoint3d& refPoint);
 
+    /// The same; the polyline goes into the item without a copy.
+    void imageVl(const Stack& stack, unsigned long flag, CVekVertexArray&& vl, const CVekColor& color,
+                 const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale, unsigned long thickn,
+                 const CVekPoint3d& refPoint);
+
     /// @param fcolor fill colour; kept only with `itemFill` or `itemHatch`, and replaced by `color` if it has no index
     ///     of its own
     void imageReg(const Stack& stack, unsigned long flag, const Region& reg, const CVekColor& color,
                   const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale, unsigned long thickn,
                   const CVekColor& fcolor, const VEK::CHatchProp& hatch, const CVekPoint3d& refPoint);
+
+    /// The same; the region goes into the item without a copy.
+    void imageReg(const Stack& stack, unsigned long flag, Region&& reg, const CVekColor& color, const CVekMatrix3d& mtx,
+                  const CVekArrayTempl<double>& linetype, double ltscale, unsigned long thickn, const CVekColor& fcolor,
+                  const VEK::CHatchProp& hatch, const CVekPoint3d& refPoint);
 
     /// A picture from a file or a resource number.
     /// @param corner1, corner2 opposite corners in device pixels; equal ones mean the whole drawing area

@@ -1,7 +1,7 @@
+#include <vek/data/app.h>
 #include <vek/data/dir.h>
 #include <vek/data/file.h>
 #include <vek/data/iterator.h>
-#include <vek/host.h>
 
 #include "core/values/whole.h"
 

@@ -94,6 +94,23 @@ bool fromRb(Regions& value, resbuf*& chain, int)
     return true;
 }
 
+bool fromRb(CVekDataItem& value, resbuf*& chain, int)
+{
+    CChainReader in(chain);
+    CVekDataItem contents;
+    const bool good = whole(false, [&] {
+        if (!beginsDirectory(in))
+            return in.readLeaf(contents);
+        in.skip(rbListBegin);
+        return contents.mkDir() && readEntries(in, contents) && in.skip(rbListEnd);
+    });
+    if (!chain || !good)
+        return false;
+    value = std::move(contents);
+    chain = const_cast<resbuf*>(in.at());
+    return true;
+}
+
 } // namespace VEK
 
 bool CVekDataItem::setData(resbuf* chain, bool)
@@ -101,18 +118,14 @@ bool CVekDataItem::setData(resbuf* chain, bool)
     const VEK::CUniqResbuf owner(chain);
     VEK::CChainReader in(chain);
     CVekDataItem contents;
-    const bool good = VEK::whole(false, [&] {
-        if (!chain || in.isEntry())
-            return contents.mkDir() && VEK::readEntries(in, contents);
-        if (!VEK::beginsDirectory(in))
-            return in.readLeaf(contents);
-        in.skip(VEK::rbListBegin);
-        return contents.mkDir() && VEK::readEntries(in, contents) && in.skip(VEK::rbListEnd);
-    });
-    if (!good || in.at())
-        return false;
-    *this = std::move(contents);
-    return true;
+    resbuf* rest = chain;
+    const bool isBare = !chain || in.isEntry();
+    const bool good =
+        isBare ? VEK::whole(false, [&] { return contents.mkDir() && VEK::readEntries(in, contents); }) && !in.at()
+               : VEK::fromRb(contents, rest, 0) && !rest;
+    if (good)
+        *this = std::move(contents);
+    return good;
 }
 
 resbuf* CVekDataItem::mkLisp() const

@@ -1,8 +1,8 @@
+#include <vek/data/app.h>
 #include <vek/data/config.h>
 #include <vek/data/iterator.h>
 #include <vek/data/label.h>
 #include <vek/data/material.h>
-#include <vek/host.h>
 
 #include "core/values/whole.h"
 

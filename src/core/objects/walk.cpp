@@ -17,7 +17,11 @@ bool BgrBt::operator==(const BgrBt& other) const
 
 bool BgrBt::operator<(const BgrBt& other) const
 {
-    return place != other.place ? place < other.place : second < other.second;
+    if (place != other.place)
+        return place < other.place;
+    if (!(second == other.second))
+        return second < other.second;
+    return std::less<>()(first, other.first); // objects that a caller entered without their places
 }
 
 namespace VEK

@@ -1,6 +1,6 @@
 #include <vek/pictures/window/vll_image.h>
 
-#include <vek/host.h>
+#include <vek/data/app.h>
 
 namespace
 {

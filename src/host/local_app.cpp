@@ -1,31 +1,10 @@
 #include <vek/host.h>
 
-#include "core/data/lasting.h"
 #include "core/values/whole.h"
+#include "host/host_images.h"
 
 namespace
 {
-
-/// The default host: every operation reports failure.
-class CNoApp : public CVekApp
-{
-public:
-    int defaultUnit() override { return 2; }
-    unsigned long backgroundColor() override { return 0; }
-    bool imageObject(CVekGDX*, CVekDataItem*, CVekDataItem*) override { return false; }
-    void hatchPatternGet(const wchar_t*, VekPatternLines& lines) override { lines.setLogicalLength(0); }
-    void viewMatrix(const wchar_t*, CVekMatrix3d&) override {}
-    bool namedDataObject(VEK::CAdsName&, const wchar_t*, bool) override { return false; }
-    int callFunction(const wchar_t*, resbuf*, VEK::CUniqResbuf&) override { return VEK::kHostError; }
-};
-
-CVekApp* noApp()
-{
-    static Lasting<CNoApp> app;
-    return &app.object;
-}
-
-CVekApp* installed = nullptr;
 
 std::wstring textOf(const wchar_t* name)
 {
@@ -58,29 +37,23 @@ void enter(Map& map, NameOf&& nameOf, const typename Map::mapped_type& value, bo
     }
 }
 
+/// Calls a function that the host brings along.
+int callOwn(const std::wstring& name, resbuf* arguments, VEK::CUniqResbuf& result)
+{
+    VEK::Regions regions;
+    if (name == L"vek_text_to_regl" && VEK::host::textToRegions(arguments, regions)) {
+        result = VEK::CUniqResbuf(VEK::mkResbuf(regions));
+        return result ? VEK::kHostNormal : VEK::kHostError;
+    }
+    return name == L"vek_gdx_image_extr" && VEK::host::imageExtrusion(arguments) ? VEK::kHostNormal : VEK::kHostError;
+}
+
 } // namespace
-
-VEK::CSharedPointer<CVekDataItem> CVekApp::dataObject(const VEK::CAdsName&)
-{
-    return {};
-}
-
-CVekApp* vekAppPtr()
-{
-    return installed ? installed : noApp();
-}
-
-CVekApp* vekAppSet(CVekApp* app)
-{
-    CVekApp* before = vekAppPtr();
-    installed = app;
-    return before;
-}
 
 bool CVekLocalApp::imageObject(CVekGDX* gdx, CVekDataItem* object, CVekDataItem* parameters)
 {
     try {
-        return m_image && m_image(gdx, object, parameters);
+        return (m_image && m_image(gdx, object, parameters)) || VEK::host::imagePart(gdx, object, parameters);
     } catch (const std::bad_alloc&) {
         VEK::memoryShort();
         return false;
@@ -133,7 +106,7 @@ int CVekLocalApp::callFunction(const wchar_t* name, resbuf* arguments, VEK::CUni
     try {
         const auto function = m_functions.find(textOf(name));
         if (function == m_functions.end())
-            return VEK::kHostError;
+            return callOwn(textOf(name), arguments, result);
         const Function callee = function->second; // the call may replace the function by another one
         return callee(arguments, result);
     } catch (const std::bad_alloc&) {
