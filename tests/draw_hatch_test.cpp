@@ -375,7 +375,7 @@ TEST(DrawPattern, AgreesWithFollowingTheLineStepByStep)
         std::vector<std::vector<double>> families = {{0, 0, -1e4, 0.25, 0.5}, {0, 0, 0.5, 0, 1, 1, -0.5, 0.25, -0.25}};
         if (!grid)
             families = {{any(-180, 180), any(-3, 3), any(-3, 3), any(-1, 1), sign * any(0.7, 3)},
-                        {any(0, 90), any(-3, 3), 0, any(-2, 2), any(0.7, 3), any(0.5, 4), -any(0.5, 2), 0, -0.5},
+                        {any(0, 90), any(-3, 3), 0, any(-2, 2), sign * any(0.7, 3), any(0.5, 4), -any(0.5, 2), 0, -0.5},
                         {90, 0, 0, 0, any(1, 3), -any(0.2, 1), any(0.2, 3)},
                         {any(0, 90), 1, 1, 2, 0, 1, -1},
                         {45, 2}};
