@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <map>
+#include <random>
 
 namespace
 {
@@ -316,6 +317,47 @@ TEST(Solid, LeavesOutWhatIsNoBody)
     flat[2][2] = 0;
     visible.append(CVekVertexArrayEx());
     EXPECT_FALSE(solid.project(flat, true, visible, hidden, 1) || visible.len() > 0);
+}
+
+/// Where holes meet, rims are cut into chords in the order of drilling. Patterns that touch nothing, one another, edges
+/// and each other's rims; square and slanting; blind ones that end in a face, before or behind it.
+TEST(Solid, DrillsAPatternLikeItsHolesOneByOne)
+{
+    std::mt19937 random(5);
+    const auto any = [&](double low, double high) { return low + (high - low) * (random() / 4294967296.0); };
+    int cut = 0;
+    for (int round = 0; round < 30; ++round) {
+        CVek_Solid one, many;
+        const CVekMatrix3d place = CVekMatrix3d().setToMirroring(CVekPlane({}, {any(-1, 1), any(-1, 1), 1}));
+        const double lean = round % 3 == 0 ? any(-0.1, 0.1) : 0.0;
+        for (CVek_Solid* solid : {&one, &many}) {
+            Region plate = rectangle(40, 30);
+            plate.append(circle(20, 15, 4));
+            ASSERT_TRUE(
+                solid->extrude(plate, place, CVekPlane({0, 0, 0}, {0, 0, 1}), CVekPlane({0, 0, 6}, {lean, 0, 1}), 1));
+        }
+        const double depths[] = {0, 3, 6, 8};
+        const double diameter = any(1, 3), depth = depths[random() % 4];
+        const CVekMatrix3d tilt = CVekMatrix3d().setToRotation(round % 4 == 0 ? any(-0.5, 0.5) : 0.0, {1, 0, 0}, {});
+        CVekArrayTempl<CVekMatrix3d> holes;
+        const double step = any(0.9, 2) * diameter, x = any(-2, 5), y = any(-2, 5), z = std::floor(any(-2, 2));
+        for (int i = 0; i < 24; ++i)
+            holes.append(place * at(x + step * (i % 6), y + 1.3 * step * (i / 6), z) * tilt);
+        holes.append(CVekMatrix3d(holes[3]));
+
+        bool any1 = false;
+        for (const CVekMatrix3d& hole : holes)
+            any1 = one.drill(1, hole, diameter, depth) || any1;
+        EXPECT_EQ(many.drillEach(1, holes, diameter, depth), any1);
+        const CVekMatrix3d view = from(any(-1, 1), any(-1, 1), any(-1, 1));
+        View a = projected(one, view), b = projected(many, view);
+        for (const VekLineKind kind : {kEdge, VekLineKind::hole, VekLineKind::silhouette}) {
+            EXPECT_NEAR(a.seen.length[kind], b.seen.length[kind], 1e-3) << "round " << round;
+            EXPECT_NEAR(a.unseen.length[kind], b.unseen.length[kind], 1e-3) << "round " << round;
+        }
+        cut += any1;
+    }
+    EXPECT_EQ(cut, 30);
 }
 
 } // namespace

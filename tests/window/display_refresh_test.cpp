@@ -141,8 +141,11 @@ std::vector<unsigned> colors(const std::string& line)
 TEST_F(Refresh, OurFileHasTheRecordsOfTheSystems)
 {
     Gdx gdx = everything();
-    const PictureFile picture;
-    gdx.imagePicture(path({}), 0, picture.path().c_str(), -1, {30, 40, 0}, {50, 52, 0});
+    const TestFolder folder(L"refresh");
+    using namespace picture_bytes;
+    const std::wstring picture =
+        folder.save(L"a.bmp", bmp(info(2, 2, 24), hex("00FF00 FF0000 0000 0000FF 0000FF 0000")));
+    gdx.imagePicture(path({}), 0, picture.c_str(), -1, {30, 40, 0}, {50, 52, 0});
     ::refresh(&gdx, file.c_str(), 240, 320);
     VEK::CMemorySink sink;
     const auto surface = VEK::emfSurface(sink);

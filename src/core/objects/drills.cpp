@@ -111,12 +111,12 @@ CVekMatrix3d Pattern::hole(int index) const
 void drillAll(CVek_Solid& solid, const CVekDataItem* bt, const Fold* fold)
 {
     forEachDrill(bt, fold, [&](const CVekDataItem&, const Drill& drill, const Pattern& pattern) {
-        for (int i = 0; i < pattern.count(); ++i) {
-            const CVekMatrix3d hole = pattern.hole(i);
-            solid.drill(0, hole, drill.diameter, drill.depth);
-            if (drill.sinkDepth > 0.0 && !drill.isConical)
-                solid.drill(0, hole, drill.sinkDiameter, drill.sinkDepth);
-        }
+        CVekArrayTempl<CVekMatrix3d> holes;
+        for (int i = 0; i < pattern.count(); ++i)
+            holes.append(pattern.hole(i));
+        solid.drillEach(0, holes, drill.diameter, drill.depth);
+        if (drill.sinkDepth > 0.0 && !drill.isConical)
+            solid.drillEach(0, holes, drill.sinkDiameter, drill.sinkDepth);
     });
 }
 

@@ -47,6 +47,7 @@ void addExtents(const Body& body, Vec3& min, Vec3& max)
 
 bool mapBody(Body& body, const CVekMatrix3d& m)
 {
+    body.blind.clear();
     for (Edge& edge : body.edges)
         edge.curve.map(m);
     for (Face& face : body.faces) {

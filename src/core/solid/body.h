@@ -124,10 +124,17 @@ struct Turn {
     std::vector<double> stops; ///< places, besides the regular ones, at which all its curves are cut
 };
 
+/// A hole in world coordinates; `z` and `x` are unit vectors.
+struct Hole {
+    Vec3 origin, x, y, z;
+    double radius = 0.0;
+    double depth = 0.0; ///< 0 for through
+};
 struct Body {
     std::vector<Edge> edges;
     std::vector<Face> faces;
     std::vector<Turn> turns;
+    std::vector<Hole> blind; ///< holes that it has, since drilling one again would cut its own bottom
     int element = -1;
 };
 
@@ -213,12 +220,9 @@ bool makeRevolved(Body& body, const Section& section, double from, double angle)
 /// The outline of a line with a thickness.
 bool sheetOutline(CVekVertexArray& outline, const CVekVertexArray& line, double thickness, int side);
 
-/// A hole in world coordinates; `z` and `x` are unit vectors.
-struct Hole {
-    Vec3 origin, x, y, z;
-    double radius = 0.0;
-    double depth = 0.0; ///< 0 for through
-};
 bool drilled(Body& body, const Hole& hole);
+
+/// Holes along one direction, of one diameter and depth.
+bool drilled(Body& body, const std::vector<Hole>& holes);
 
 } // namespace VEK::solids

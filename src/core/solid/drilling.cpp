@@ -647,9 +647,17 @@ private:
 
 bool drilled(Body& body, const Hole& hole)
 {
+    const auto isSame = [&](const Hole& other) {
+        return (other.origin - hole.origin).abs() <= kTol && (other.z - hole.z).abs() <= kAngleTol &&
+               std::fabs(other.radius - hole.radius) <= kTol && std::fabs(other.depth - hole.depth) <= kTol;
+    };
+    if (std::any_of(body.blind.begin(), body.blind.end(), isSame))
+        return false;
     Body copy = body;
     if (!Drilling(copy, hole).run())
         return false;
+    if (hole.depth > 0.0)
+        copy.blind.push_back(hole);
     body = std::move(copy);
     return true;
 }

@@ -35,6 +35,23 @@ bool endOf(End& end, const CVekPlane& plane)
     return true;
 }
 
+bool holeOf(Hole& hole, const CVekMatrix3d& axis, double diameter, double depth)
+{
+    if (!isUsable(axis) || !(diameter > 2.0 * VEK::kPointTol) || !(diameter <= kFarthest) || !(depth >= 0.0) ||
+        !(depth <= kFarthest))
+        return false;
+    CVekMatrix3d frame;
+    frame.setToPlaneToWorld(axis.axis(2)); // holes along one direction are cut into chords at the same places
+    const CVekVector3d origin = axis.translation();
+    hole = {vec(origin), vec(frame.axis(0)), vec(frame.axis(1)), vec(frame.axis(2)), 0.5 * diameter, depth};
+    return true;
+}
+
+bool isAlong(const Hole& a, const Hole& b)
+{
+    return (a.x - b.x).abs() <= kAngleTol && (a.z - b.z).abs() <= kAngleTol;
+}
+
 /// The tolerance of a picture of bodies that reach so far.
 double toleranceOf(const std::vector<Body>& bodies, const CVekMatrix3d& toView)
 {
@@ -55,7 +72,31 @@ double toleranceOf(const std::vector<Body>& bodies, const CVekMatrix3d& toView)
 using namespace VEK::solids;
 
 struct CVek_Solid::Rep {
+    static constexpr std::size_t kMostLines = 5'000'000; ///< a projection takes about half a kilobyte for each
+
     std::vector<Body> bodies;
+    std::size_t lines = 0; ///< of all bodies, as last counted
+
+    static std::size_t linesOf(const std::vector<Body>& list)
+    {
+        std::size_t count = 0;
+        for (const Body& body : list) {
+            for (const Edge& edge : body.edges)
+                count += edge.curve.straight ? 1 : kChords;
+        }
+        return count;
+    }
+
+    /// Takes bodies over if there is room for them.
+    bool append(std::vector<Body>&& more)
+    {
+        const std::size_t count = lines + linesOf(more);
+        if (count > kMostLines)
+            return false;
+        bodies.insert(bodies.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+        lines = count;
+        return true;
+    }
 
     /// Adds what a job builds, placed in the world.
     template <class Make>
@@ -64,12 +105,9 @@ struct CVek_Solid::Rep {
         if (!isUsable(placement))
             return false;
         return VEK::whole(false, [&] {
-            Body body;
-            body.element = element;
-            if (!make(body) || !mapBody(body, placement))
-                return false;
-            bodies.push_back(std::move(body));
-            return true;
+            std::vector<Body> made(1);
+            made[0].element = element;
+            return make(made[0]) && mapBody(made[0], placement) && append(std::move(made));
         });
     }
 };
@@ -136,16 +174,41 @@ bool CVek_Solid::drill(int element, const CVekMatrix3d& axis, double diameter, d
     return any;
 }
 
+bool CVek_Solid::drillEach(int element, const CVekArrayTempl<CVekMatrix3d>& axes, double diameter, double depth)
+{
+    return m_rep && VEK::whole(false, [&] {
+               std::vector<Hole> holes;
+               Hole hole;
+               for (const CVekMatrix3d& axis : axes) {
+                   if (holeOf(hole, axis, diameter, depth))
+                       holes.push_back(hole);
+               }
+               std::vector<Body> changed = m_rep->bodies;
+               bool any = false;
+               for (std::size_t i = 0, end; i < holes.size(); i = end) {
+                   end = i + 1;
+                   while (end < holes.size() && isAlong(holes[end], holes[i]))
+                       ++end;
+                   const std::vector<Hole> run(&holes[i], &holes[0] + end);
+                   for (Body& body : changed) {
+                       if (body.element == element)
+                           any = drilled(body, run) || any;
+                   }
+               }
+               const std::size_t lines = Rep::linesOf(changed);
+               if (!any || lines > Rep::kMostLines)
+                   return false;
+               m_rep->bodies.swap(changed);
+               m_rep->lines = lines;
+               return true;
+           });
+}
+
 bool CVek_Solid::drillBody(int body, const CVekMatrix3d& axis, double diameter, double depth)
 {
-    if (body < 0 || body >= bodies() || !isUsable(axis) || !(diameter > 2.0 * VEK::kPointTol) ||
-        !(diameter <= kFarthest) || !(depth >= 0.0) || !(depth <= kFarthest))
-        return false;
-    CVekMatrix3d frame;
-    frame.setToPlaneToWorld(axis.axis(2)); // holes along one direction are cut into chords at the same places
-    const CVekVector3d origin = axis.translation();
-    const Hole hole{vec(origin), vec(frame.axis(0)), vec(frame.axis(1)), vec(frame.axis(2)), 0.5 * diameter, depth};
-    return VEK::whole(false, [&] { return drilled(m_rep->bodies[static_cast<std::size_t>(body)], hole); });
+    Hole hole;
+    return body >= 0 && body < bodies() && holeOf(hole, axis, diameter, depth) &&
+           VEK::whole(false, [&] { return drilled(m_rep->bodies[static_cast<std::size_t>(body)], hole); });
 }
 
 bool CVek_Solid::add(const CVek_Solid& other, const CVekMatrix3d& placement)
@@ -158,9 +221,7 @@ bool CVek_Solid::add(const CVek_Solid& other, const CVekMatrix3d& placement)
             if (!mapBody(body, placement))
                 return false;
         }
-        m_rep->bodies.insert(m_rep->bodies.end(), std::make_move_iterator(copies.begin()),
-                             std::make_move_iterator(copies.end()));
-        return true;
+        return m_rep->append(std::move(copies));
     });
 }
 
@@ -176,8 +237,10 @@ bool CVek_Solid::add(const CVek_Solid& other, const CVekMatrix3d& placement, int
 
 void CVek_Solid::clear()
 {
-    if (m_rep)
-        m_rep->bodies.clear();
+    if (!m_rep)
+        return;
+    m_rep->bodies.clear();
+    m_rep->lines = 0;
 }
 
 int CVek_Solid::bodies() const
