@@ -135,8 +135,10 @@ function(vek_programs)
     foreach(main IN LISTS mains)
       cmake_path(GET main PARENT_PATH folder)
       vek_program(${folder})
-      file(GLOB windowed CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h ${folder}/*.rc)
-      target_sources(${program} PRIVATE ${windowed})
+      file(GLOB windowed CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h ${folder}/*.rc
+           ${CMAKE_SOURCE_DIR}/apps/shared/window/*.cpp ${CMAKE_SOURCE_DIR}/apps/shared/window/*.h)
+      # The room of JSON files stands on the library's DLL there, as in an installed program.
+      target_sources(${program} PRIVATE ${windowed} $<TARGET_OBJECTS:vek_json>)
       set_target_properties(${program} PROPERTIES WIN32_EXECUTABLE ON)
       target_link_libraries(${program} PRIVATE vek vek_platform vek_window_program)
     endforeach()

@@ -200,7 +200,7 @@ CString IVekMsgDlg::GetCountry()
 
 void IVekMsgDlg::SetCountry(LPCTSTR language)
 {
-    const Call none = VEK::whole(Call(), [&] {
+    VEK::whole(Call(), [&] {
         return made(*this, {.id = 8, .kind = DISPATCH_PROPERTYPUT, .count = 1, .first = textOf(language)});
     });
 }
