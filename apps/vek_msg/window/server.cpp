@@ -96,12 +96,11 @@ MsgServer::~MsgServer()
 bool MsgServer::start(bool hasUser)
 {
     if (hasUser)
-        show(true);
+        m_window.showToUser(true);
     else
         SetTimer(nullptr, 0, kFirstClient, onTimer);
-    return (hasUser || enter(false)) &&
-           SUCCEEDED(CoRegisterClassObject(kMsgClass, &m_factory, CLSCTX_LOCAL_SERVER,
-                                                           REGCLS_MULTIPLEUSE, &m_class));
+    return enter(hasUser) && SUCCEEDED(CoRegisterClassObject(kMsgClass, &m_factory, CLSCTX_LOCAL_SERVER,
+                                                             REGCLS_MULTIPLEUSE, &m_class));
 }
 
 void MsgServer::onTimer(HWND, UINT, UINT_PTR timer, DWORD)
