@@ -88,7 +88,8 @@ TEST_F(Help, OpensADialogsTopic)
         plan.target = L"chosen.chm";
         plan.isTested = false;
         EXPECT_TRUE(VEK::helpOpen(plan));
-        EXPECT_EQ(taken(), (std::vector<OutsideCall>{{What::helpTopic, L"chosen.chm"}, {What::helpKeyword, L"chosen.chm", L"A"}}));
+        EXPECT_EQ(taken(), (std::vector<OutsideCall>{{What::helpTopic, L"chosen.chm"},
+                                                     {What::helpKeyword, L"chosen.chm", L"A"}}));
     }
     HelpPlan plan;
     EXPECT_TRUE(VEK::helpPlanOfDialog(plan, nullptr, nullptr));
@@ -117,7 +118,9 @@ TEST_F(Help, OpensABooksTopic)
         {L"", L"Short\\index", {{What::document, L"http:index"}}},
         {L"", L"Local\\VEK_A", {{What::document, folder + L"/VEK_A.html"}}},
         {L"", L"Local\\B", {{What::document, folder + L"/index.html"}}},
-        {L"", L"Local\\Index", {{What::document, L"file:/" + m_address.substr(0, m_address.rfind(L'/')) + L"/index.html"}}},
+        {L"",
+         L"Local\\Index",
+         {{What::document, L"file:/" + m_address.substr(0, m_address.rfind(L'/')) + L"/index.html"}}},
         {L"", L"File\\A", {{What::helpTopic, L"missing.chm"}, {What::helpKeyword, L"missing.chm", L"A"}}},
         {L"", L"File\\index", {{What::helpTopic, L"missing.chm"}, {What::helpKeyword, L"missing.chm", L"index"}}},
         {L"", L"None\\A", {}},

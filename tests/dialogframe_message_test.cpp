@@ -18,14 +18,18 @@ protected:
     {
         m_backup.attach(L"*MSG*");
         for (const auto& [place, text] : m_texts) {
-            const CVekDataKey key(5005, L"*MSG*", 5005, L"VEK_", 5005, place.first.c_str(), 5005, place.second.c_str(), 0);
+            const CVekDataKey key(5005, L"*MSG*", 5005, L"VEK_", 5005, place.first.c_str(), 5005, place.second.c_str(),
+                                  0);
             ASSERT_TRUE(VEK::cfgSet(&key, text.c_str()));
         }
     }
 
     const std::map<std::pair<std::wstring, std::wstring>, std::wstring> m_texts = {
-        {{L"de", L"K0"}, L"Höhe"}, {{L"pl", L"K0"}, L"Wysokość"},       {{L"pl", L"K1"}, L""},
-        {{L"de", L"K2"}, L"..."},  {{L"pl", L"K2"}, std::wstring(100000, L'x')},
+        {{L"de", L"K0"}, L"Höhe"},
+        {{L"pl", L"K0"}, L"Wysokość"},
+        {{L"pl", L"K1"}, L""},
+        {{L"de", L"K2"}, L"..."},
+        {{L"pl", L"K2"}, std::wstring(100000, L'x')},
     };
     CCfgBackup m_backup{true};
 };

@@ -124,7 +124,9 @@ TEST(Catalogue, IsAddedToTheConfiguration)
 {
     CCfgBackup backup(true);
     backup.attach(L"*MSG*");
-    const auto text = [](const wchar_t* key, const wchar_t* language) { return vek_msg_get(L"VEK_", key, L"?", language); };
+    const auto text = [](const wchar_t* key, const wchar_t* language) {
+        return vek_msg_get(L"VEK_", key, L"?", language);
+    };
     const auto load = [](const std::string& bytes, CVekString& error) {
         const std::filesystem::path file = std::filesystem::temp_directory_path() / "vek_texts_test.json";
         std::ofstream(file, std::ios::binary) << bytes;
@@ -133,7 +135,8 @@ TEST(Catalogue, IsAddedToTheConfiguration)
         return good;
     };
     CVekString error;
-    ASSERT_TRUE(load(R"({"*MSG*": {"VEK_": {"fr": {"OWN": "à moi", "VEK001": "autre"}}, "N": {"a": 1}}, "X": "y"})", error));
+    ASSERT_TRUE(
+        load(R"({"*MSG*": {"VEK_": {"fr": {"OWN": "à moi", "VEK001": "autre"}}, "N": {"a": 1}}, "X": "y"})", error));
     ASSERT_TRUE(VEK::textsLoad((kRoot / "examples/texts.json").wstring().c_str(), error));
     EXPECT_STREQ(text(L"OWN", L"FR"), L"à moi");
     EXPECT_STREQ(text(L"VEK001", L"fr"), L"Erreur") << "the later file counts";

@@ -70,9 +70,10 @@ std::wstring TextCatalogue::text(const std::wstring& key, std::wstring language)
 std::wstring TextCatalogue::attributes(const std::wstring& key) const
 {
     const auto all = m_texts.find(key);
-    const bool isLong = all != m_texts.end() && std::any_of(all->second.begin(), all->second.end(), [](const auto& text) {
-        return inOneLine(text.second).find(L'¶') != std::wstring::npos;
-    });
+    const bool isLong =
+        all != m_texts.end() && std::any_of(all->second.begin(), all->second.end(), [](const auto& text) {
+            return inOneLine(text.second).find(L'¶') != std::wstring::npos;
+        });
     return isLong ? L"M" : L"";
 }
 

@@ -62,9 +62,9 @@ HelpPlan planOf(const CVekString& location, const CVekString& topic)
     return plan;
 }
 
-/// Removes the folder before an address's last part: the index of a book is above its pages. An address on the web keeps
-/// its empty parts, without which it would lose its host. One of local pages loses them, and so becomes "file:/C:/...",
-/// which every browser opens; the file test then fails, but its other outcome is the index too.
+/// Removes the folder before an address's last part: the index of a book is above its pages. An address on the web
+/// keeps its empty parts, without which it would lose its host. One of local pages loses them, and so becomes
+/// "file:/C:/...", which every browser opens; the file test then fails, but its other outcome is the index too.
 CVekString withoutFolder(const CVekString& address, bool keepEmpty)
 {
     CVekArrayTempl<CVekString> parts;

@@ -153,10 +153,14 @@ TEST_F(TextApplication, IsStartedAndAnswers)
     const struct {
         const wchar_t *key, *language, *wide, *narrow;
     } cases[] = {
-        {L"A", L"de", L"Höhe ≥", L"Höhe \\U+2265"}, {L"A", L"PL", L"Wysokość", L"Wysoko\\U+015B\\U+0107"},
-        {L"A", L"en", L"", L""},                    {L"D", L"en", L"own", L"own"},
-        {L"B", L"0", L"M", L""},                    {L"A", L"0", L"", L""},
-        {L"x", L"de", L"", L""},                    {nullptr, nullptr, L"", L""},
+        {L"A", L"de", L"Höhe ≥", L"Höhe \\U+2265"},
+        {L"A", L"PL", L"Wysokość", L"Wysoko\\U+015B\\U+0107"},
+        {L"A", L"en", L"", L""},
+        {L"D", L"en", L"own", L"own"},
+        {L"B", L"0", L"M", L""},
+        {L"A", L"0", L"", L""},
+        {L"x", L"de", L"", L""},
+        {nullptr, nullptr, L"", L""},
         {L"B", L"de", L"eins\nzwei", L"eins\nzwei"},
     };
     for (const auto& c : cases) {

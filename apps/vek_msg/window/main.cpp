@@ -49,8 +49,10 @@ void registerServer()
         CVekString key;
         CVekString value;
     } rows[] = {
-        {keys.programId, kTitle},       {keys.programId + L"\\CLSID", keys.id},
-        {keys.classId, kTitle},         {keys.classId + L"\\ProgID", kMsgProgId},
+        {keys.programId, kTitle},
+        {keys.programId + L"\\CLSID", keys.id},
+        {keys.classId, kTitle},
+        {keys.classId + L"\\ProgID", kMsgProgId},
         {keys.classId + L"\\LocalServer32", program},
     };
     for (const auto& row : rows) {
@@ -93,7 +95,8 @@ bool parse(Options& options)
         throw Failure(std::string(error.what()) + "; see vek_msg --help");
     }
     if (!options.file.empty()) // the program that runs may have another current folder
-        options.file = utf8(std::filesystem::absolute(VEK::platform::pathOf(VEK::platform::wideOf(options.file))).c_str());
+        options.file =
+            utf8(std::filesystem::absolute(VEK::platform::pathOf(VEK::platform::wideOf(options.file))).c_str());
     return true;
 }
 

@@ -10,8 +10,8 @@ namespace
 struct Member {
     DISPID id;
     const wchar_t* name;
-    int count;       ///< of the parameters of a method, all of them texts
-    VARTYPE type;    ///< of a property; VT_EMPTY for a method
+    int count;    ///< of the parameters of a method, all of them texts
+    VARTYPE type; ///< of a property; VT_EMPTY for a method
 };
 
 constexpr UINT kFirstClient = 60000; // milliseconds until the first client must have come
@@ -22,10 +22,14 @@ constexpr DISPID kSelectedKey = 1, kOpenFile = 2, kSearchKey = 3, kText = 4, kWi
                  kCountry = 8;
 
 constexpr Member kMembers[] = {
-    {kSelectedKey, L"GetSelectedKey", 0, VT_EMPTY}, {kOpenFile, L"OpenFile", 1, VT_EMPTY},
-    {kSearchKey, L"SearchKey", 1, VT_EMPTY},        {kText, L"GetMsg", 2, VT_EMPTY},
-    {kWideText, L"wGetMsg", 2, VT_EMPTY},           {kClose, L"Close", 0, VT_EMPTY},
-    {kVisible, L"Visible", 0, VT_BOOL},             {kCountry, L"Country", 0, VT_BSTR},
+    {kSelectedKey, L"GetSelectedKey", 0, VT_EMPTY},
+    {kOpenFile, L"OpenFile", 1, VT_EMPTY},
+    {kSearchKey, L"SearchKey", 1, VT_EMPTY},
+    {kText, L"GetMsg", 2, VT_EMPTY},
+    {kWideText, L"wGetMsg", 2, VT_EMPTY},
+    {kClose, L"Close", 0, VT_EMPTY},
+    {kVisible, L"Visible", 0, VT_BOOL},
+    {kCountry, L"Country", 0, VT_BSTR},
 };
 
 /// A value converted to another type, and freed at the end.
@@ -99,8 +103,8 @@ bool MsgServer::start(bool hasUser)
         m_window.showToUser(true);
     else
         SetTimer(nullptr, 0, kFirstClient, onTimer);
-    return enter(hasUser) && SUCCEEDED(CoRegisterClassObject(kMsgClass, &m_factory, CLSCTX_LOCAL_SERVER,
-                                                             REGCLS_MULTIPLEUSE, &m_class));
+    return enter(hasUser) &&
+           SUCCEEDED(CoRegisterClassObject(kMsgClass, &m_factory, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &m_class));
 }
 
 void MsgServer::onTimer(HWND, UINT, UINT_PTR timer, DWORD)
@@ -174,7 +178,8 @@ HRESULT MsgServer::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISP
     return count == 1 && ids[0] != DISPID_UNKNOWN ? S_OK : DISP_E_UNKNOWNNAME;
 }
 
-HRESULT MsgServer::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* given, VARIANT* result, EXCEPINFO*, UINT* wrong)
+HRESULT MsgServer::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* given, VARIANT* result, EXCEPINFO*,
+                          UINT* wrong)
 try {
     if (id < 1 || id > static_cast<DISPID>(std::size(kMembers)))
         return DISP_E_MEMBERNOTFOUND;

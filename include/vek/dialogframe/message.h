@@ -7,8 +7,8 @@
 namespace VEK
 {
 
-/// A text key and what stands literally before and behind its text: "\VEK_OUTL_0004\..." is the key "VEK_OUTL_0004" with
-/// nothing before and three dots behind.
+/// A text key and what stands literally before and behind its text: "\VEK_OUTL_0004\..." is the key "VEK_OUTL_0004"
+/// with nothing before and three dots behind.
 struct TextKey {
     CVekString before;
     CVekString key;

@@ -64,8 +64,9 @@ struct Errand {
     {
         void* object = nullptr;
         IStream* stream = std::exchange(application, nullptr);
-        return SUCCEEDED(CoGetInterfaceAndReleaseStream(stream, IID_IDispatch, &object)) ? static_cast<IDispatch*>(object)
-                                                                                         : nullptr;
+        return SUCCEEDED(CoGetInterfaceAndReleaseStream(stream, IID_IDispatch, &object))
+                   ? static_cast<IDispatch*>(object)
+                   : nullptr;
     }
 };
 

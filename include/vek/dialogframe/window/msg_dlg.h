@@ -1,6 +1,8 @@
 /// @file
-/// The text application: another program, which has the translations and lets the user select a key.
+/// The text application: another program, which has the translations and lets the user select a key. Windows only.
 #pragma once
+
+#ifdef _WIN32
 
 #include <vek/export.h>
 
@@ -61,3 +63,5 @@ VEK_API IDispatch* getRscAppDispatch();
 VEK_API unsigned long rscCallDeadlineSet(unsigned long milliseconds);
 
 } // namespace VEK
+
+#endif
