@@ -100,18 +100,13 @@ bool parse(Options& options)
     return true;
 }
 
-/// Leaves the work to the program if it runs already.
+/// Leaves the work to the program if it is registered and runs already.
 bool handOver(const Options& options)
 {
-    IUnknown* running = nullptr;
-    if (FAILED(GetActiveObject(kMsgClass, nullptr, &running)))
+    IDispatch* running = nullptr;
+    if (!VEK::dispatchFromProgID(kMsgProgId, &running))
         return false;
-    void* dispatch = nullptr;
-    const HRESULT status = running->QueryInterface(IID_IDispatch, &dispatch);
-    running->Release();
-    if (FAILED(status))
-        throw Failure("another vek_msg does not answer");
-    IVekMsgDlg other(static_cast<IDispatch*>(dispatch));
+    IVekMsgDlg other(running);
     AllowSetForegroundWindow(ASFW_ANY);
     if (!options.file.empty() && !other.OpenFile(wide(options.file)))
         throw Failure(options.file + ": cannot be opened by the vek_msg that runs");

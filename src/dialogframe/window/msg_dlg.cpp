@@ -1,8 +1,7 @@
-// Calls of the text application. One that hangs would hold the caller, so each call is made by a thread of the system's
-// pool, and the caller waits for a limited time.
 #include <vek/dialogframe/window/msg_dlg.h>
 
 #include "core/values/whole.h"
+#include "core/values/window/in_time.h"
 
 #include <memory>
 #include <string>
@@ -12,6 +11,7 @@ namespace
 
 unsigned long deadline = 20000;
 
+/// A call. Both threads that have to do with it own it: the caller may have given up when the answer comes.
 struct Call {
     DISPID id = 0;
     WORD kind = DISPATCH_METHOD;
@@ -48,87 +48,30 @@ void Call::make(COleDispatchDriver& application)
     }
 }
 
-/// A call on its way to the other thread. Both threads own it: the caller may have given up when the answer comes.
-struct Errand {
-    Call call;
-    IStream* application = nullptr; ///< marshalled
-    HANDLE done = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    HMODULE module = nullptr; ///< held while the code runs
-
-    Errand() = default;
-    Errand(const Errand&) = delete;
-    Errand& operator=(const Errand&) = delete;
-    ~Errand() { CloseHandle(done); }
-
-    IDispatch* unmarshal()
-    {
-        void* object = nullptr;
-        IStream* stream = std::exchange(application, nullptr);
-        return SUCCEEDED(CoGetInterfaceAndReleaseStream(stream, IID_IDispatch, &object))
-                   ? static_cast<IDispatch*>(object)
-                   : nullptr;
-    }
-};
-
-using SharedErrand = std::shared_ptr<Errand>;
-
-void CALLBACK run(PTP_CALLBACK_INSTANCE instance, void* context)
+bool perform(COleDispatchDriver& client, const std::shared_ptr<Call>& call)
 {
-    const std::unique_ptr<SharedErrand> own(static_cast<SharedErrand*>(context));
-    Errand& errand = **own;
-    FreeLibraryWhenCallbackReturns(instance, errand.module);
-    CallbackMayRunLong(instance);
-    const bool isReady = SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED));
-    if (IDispatch* object = errand.unmarshal()) {
-        COleDispatchDriver application(object);
-        errand.call.make(application);
-    }
-    if (isReady)
-        CoUninitialize();
-    SetEvent(errand.done);
-}
-
-/// @return false if no other thread can do it
-bool send(const SharedErrand& errand)
-{
-    auto own = std::make_unique<SharedErrand>(errand);
-    const DWORD flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS;
-    if (GetModuleHandleExW(flags, reinterpret_cast<LPCWSTR>(&run), &errand->module)) {
-        if (TrySubmitThreadpoolCallback(run, own.get(), nullptr)) {
-            own.release();
-            return true;
-        }
-        FreeLibrary(errand->module);
-    }
-    if (IDispatch* object = errand->unmarshal())
-        object->Release();
-    return false;
-}
-
-bool perform(COleDispatchDriver& client, const SharedErrand& errand)
-{
-    if (client.m_lpDispatch == nullptr || errand->done == nullptr)
+    if (client.m_lpDispatch == nullptr)
         return false;
-    if (FAILED(CoMarshalInterThreadInterfaceInStream(IID_IDispatch, client.m_lpDispatch, &errand->application))) {
-        errand->call.make(client); // an object of this process in a thread without COM, or one that is gone
-        return errand->call.good;
+    const auto object = std::make_shared<VEK::CMarshalled>(client.m_lpDispatch, IID_IDispatch);
+    if (!*object) { // an object of this process in a thread without COM, or one that is gone
+        call->make(client);
+        return call->good;
     }
-    if (!send(errand))
-        return false;
-    DWORD which = 0;
-    if (SUCCEEDED(CoWaitForMultipleHandles(COWAIT_DEFAULT, deadline, 1, &errand->done, &which)))
-        return errand->call.good;
-    client.DetachDispatch(); // not released: an application that does not answer does not answer that either
-    return false;
+    const bool answers = VEK::inTime(deadline, [call, object] {
+        COleDispatchDriver application(static_cast<IDispatch*>(object->take()));
+        call->make(application);
+    });
+    if (!answers)
+        client.DetachDispatch(); // not released: an application that does not answer does not answer that either
+    return answers && call->good;
 }
 
 /// Makes a call; one that fails leaves the answer empty.
 Call made(COleDispatchDriver& client, Call call)
 {
     return VEK::whole(Call(), [&] {
-        const auto errand = std::make_shared<Errand>();
-        errand->call = std::move(call);
-        return perform(client, errand) ? errand->call : Call();
+        const auto shared = std::make_shared<Call>(std::move(call));
+        return perform(client, shared) ? *shared : Call();
     });
 }
 

@@ -14,6 +14,7 @@ namespace
 constexpr wchar_t kProgId[] = L"Vek_Msg.App";
 constexpr int kTries = 40;
 constexpr unsigned long kPause = 500; // milliseconds
+constexpr ULONGLONG kLongest = 30000; // for a server that runs but does not answer
 
 std::function<void(unsigned long)>& waitHook()
 {
@@ -58,8 +59,9 @@ IDispatch* getRscAppDispatch()
     CVekString program;
     if (!dispatchFromProgID(kProgId, &application) && serverFromProgID(kProgId, program)) {
         const CWaitCursor wait;
+        const ULONGLONG begin = GetTickCount64();
         execute(program, 0, true);
-        for (int i = 0; i < kTries && !application; ++i) {
+        for (int i = 0; i < kTries && !application && GetTickCount64() - begin < kLongest; ++i) {
             pause();
             dispatchFromProgID(kProgId, &application);
         }
