@@ -31,6 +31,7 @@ void CALLBACK run(PTP_CALLBACK_INSTANCE instance, void* context)
     CallbackMayRunLong(instance);
     const bool isReady = SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED));
     errand.job();
+    errand.job = nullptr; // with the interfaces that it owns, as long as there is COM
     if (isReady)
         CoUninitialize();
     SetEvent(errand.done);
