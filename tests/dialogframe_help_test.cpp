@@ -48,7 +48,7 @@ protected:
         return path.substr(path[0] == L'/');
     }();
     std::vector<OutsideCall> m_calls;
-    CCfgBackup m_backup{true};
+    VEK::CCfgBackup m_backup{true};
 };
 
 TEST_F(Help, OpensADialogsTopic)
@@ -75,7 +75,7 @@ TEST_F(Help, OpensADialogsTopic)
         {(m_folder / L"other.chm").wstring(), L"", L"A", {}},
     };
     for (const auto& c : cases) {
-        CCfgBackup backup(true);
+        VEK::CCfgBackup backup(true);
         backup.attach(L"*APPL*");
         if (!c.id.empty())
             set(L"*APPL*", nullptr, c.id);
@@ -126,7 +126,7 @@ TEST_F(Help, OpensABooksTopic)
         {L"", L"None\\A", {}},
     };
     for (const auto& c : cases) {
-        CCfgBackup backup(true);
+        VEK::CCfgBackup backup(true);
         backup.attach(L"*APPL*");
         if (!c.id.empty())
             set(L"*APPL*", nullptr, c.id);

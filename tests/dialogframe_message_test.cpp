@@ -31,7 +31,7 @@ protected:
         {{L"de", L"K2"}, L"..."},
         {{L"pl", L"K2"}, std::wstring(100000, L'x')},
     };
-    CCfgBackup m_backup{true};
+    VEK::CCfgBackup m_backup{true};
 };
 
 /// Parts joined by backslashes, split by hand.

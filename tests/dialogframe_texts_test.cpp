@@ -71,7 +71,7 @@ TEST(Catalogue, HasTheDictionaryInAllLanguages)
 {
     Texts dictionary;
     const std::string document = read(kRoot / "docs/texts.md");
-    for (const std::smatch& row : matches(document, "\n\\| `(\\w+)` \\| ([^|]+) \\|"))
+    for (const std::smatch& row : matches(document, "\n\\| `((?:VEK|DLG)\\w+)` \\| ([^|]+) \\|"))
         EXPECT_TRUE(dictionary.emplace(row[1], row[2]).second) << row[1] << " stands twice";
     EXPECT_EQ(dictionary["VEK_MFC_0017"], "Mehzeilige Texte nicht möglich");
     EXPECT_EQ(dictionary["VEK_OUTL_0101"], "*Grundformen");
@@ -122,7 +122,7 @@ TEST(Catalogue, HasEveryKeyOfTheSources)
 
 TEST(Catalogue, IsAddedToTheConfiguration)
 {
-    CCfgBackup backup(true);
+    VEK::CCfgBackup backup(true);
     backup.attach(L"*MSG*");
     const auto text = [](const wchar_t* key, const wchar_t* language) {
         return vek_msg_get(L"VEK_", key, L"?", language);

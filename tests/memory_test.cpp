@@ -419,7 +419,7 @@ TEST(Memory, FilesAreWrittenAsAWhole)
 
 TEST(Memory, TextsAndHelpAreWholeOrBuiltIn)
 {
-    CCfgBackup backup(true);
+    VEK::CCfgBackup backup(true);
     backup.attach(nullptr);
     CVekString error;
     CVekDataItem file;

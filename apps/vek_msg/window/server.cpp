@@ -184,17 +184,19 @@ try {
     if (id < 1 || id > static_cast<DISPID>(std::size(kMembers)))
         return DISP_E_MEMBERNOTFOUND;
     const Member& member = kMembers[id - 1];
+    const bool isMethod = member.type == VT_EMPTY;
     const bool isSetting = (kind & DISPATCH_PROPERTYPUT) != 0;
     const bool isAsking = !isSetting && (kind & (DISPATCH_PROPERTYGET | DISPATCH_METHOD)) != 0;
-    if (member.type == VT_EMPTY ? (kind & DISPATCH_METHOD) == 0 : !isSetting && !isAsking)
+    if (isMethod ? (kind & DISPATCH_METHOD) == 0 : !isSetting && !isAsking)
         return DISP_E_MEMBERNOTFOUND;
-    const UINT count = member.type != VT_EMPTY && isSetting ? 1 : static_cast<UINT>(member.count);
+    const UINT count = !isMethod && isSetting ? 1 : static_cast<UINT>(member.count);
+    const VARTYPE type = isMethod ? VARTYPE{VT_BSTR} : member.type; // of the parameters
     if (given->cArgs != count)
         return DISP_E_BADPARAMCOUNT;
     std::wstring texts[2];
     bool isSet = false;
     for (UINT i = 0; i < count; ++i) { // they come in reverse order
-        const Value value(given->rgvarg[count - 1 - i], member.type == VT_EMPTY ? VT_BSTR : member.type);
+        const Value value(given->rgvarg[count - 1 - i], type);
         if (FAILED(value.status)) {
             if (wrong != nullptr)
                 *wrong = count - 1 - i;
@@ -203,7 +205,7 @@ try {
         isSet = value.it.vt == VT_BOOL && value.it.boolVal != VARIANT_FALSE;
         texts[i] = value.it.vt == VT_BSTR ? value.text() : L"";
     }
-    if (member.type == VT_EMPTY)
+    if (isMethod)
         callMethod(m_window, id, texts, result);
     else if (id == kVisible && isSetting)
         show(isSet);

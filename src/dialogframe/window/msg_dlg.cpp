@@ -17,11 +17,11 @@ struct Call {
     WORD kind = DISPATCH_METHOD;
     VARTYPE type = VT_EMPTY; ///< of the answer
     int count = 0;           ///< of the parameters that are texts
-    std::wstring first, second;
+    std::wstring first = {}, second = {};
     int flag = 0; ///< value to set of a property that is no text
 
     bool good = false;
-    std::wstring text;
+    std::wstring text = {};
     BOOL isSet = FALSE;
 
     void make(COleDispatchDriver& application);
