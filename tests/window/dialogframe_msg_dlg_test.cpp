@@ -103,13 +103,16 @@ protected:
         fs::remove(m_file);
     }
 
-    /// Where the program registers itself; the class is what it has entered.
+    /// Where the program registers itself; the class is what it has entered. Without one there is no second key: its
+    /// parent has all classes of the system.
     std::vector<std::wstring> keys()
     {
         const std::wstring programId = std::wstring(L"Software\\Classes\\") + kProgId;
         CVekString id;
         if (VEK::regRead((programId + L"\\CLSID").c_str(), L"", id))
             m_class = id;
+        if (m_class.size() != 38)
+            return {programId};
         return {programId, L"Software\\Classes\\CLSID\\" + m_class};
     }
     /// Wine looks there only.
