@@ -12,6 +12,7 @@ if(WIN32) # beside the gallery, which expects them there
   install(DIRECTORY examples/patterns examples/pictures examples/sheets DESTINATION ${CMAKE_INSTALL_BINDIR}/examples
           PATTERN "*.cpp" EXCLUDE)
 endif()
+install(FILES examples/texts.json DESTINATION ${CMAKE_INSTALL_DATADIR}/vek)
 install(DIRECTORY include/vek DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 configure_package_config_file(cmake/vekConfig.cmake.in ${CMAKE_BINARY_DIR}/vekConfig.cmake
                               INSTALL_DESTINATION ${package})

@@ -514,3 +514,36 @@ TEST(Memory, FilesAreWrittenAsAWhole)
         EXPECT_EQ(jsonOf(tree), jsonOf(done ? fresh : old));
     });
 }
+
+TEST(Memory, TextsAndHelpAreWholeOrBuiltIn)
+{
+    VEK::CCfgBackup backup(true);
+    backup.attach(nullptr);
+    CVekString error;
+    CVekDataItem file;
+    const CVekString path = kFiles.path("tree.json"), text(std::wstring(40, L'x').c_str());
+    VEK::dataSet(&file, L"*MSG*\\VEK_\\de\\KEY", text);
+    ASSERT_TRUE(VEK::jsonSave(file, path, error));
+    const CVekString decorated = L"before " + text + L" behind";
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        VEK::cfgMgrPtr()->tree()->remove(L"*MSG*");
+        const bool loaded = memory.during([&] { return VEK::textsLoad(path, error); });
+        EXPECT_EQ(VEK::cfg_get(L"*MSG*\\VEK_\\de\\KEY") != nullptr, loaded);
+        EXPECT_TRUE(loaded || memory.failed());
+    });
+    VEK::textsLoad(path, error);
+    const wchar_t* builtIn = L"built in";
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        const wchar_t* shown =
+            memory.during([&] { return VEK::msgCallBack(L"before \\KEY\\ behind", builtIn, nullptr); });
+        EXPECT_TRUE(decorated == shown || (shown == builtIn && memory.failed()));
+    });
+    const CVekString location = L"file:///" + text + L"<topic>";
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        VEK::HelpPlan plan;
+        const bool good =
+            memory.during([&] { return VEK::helpPlanOfDialog(plan, location, L"a topic of some length"); });
+        EXPECT_TRUE(good || memory.failed());
+        EXPECT_STREQ(plan.fallback, good ? L"file:///" + text + L"index" : CVekString());
+    });
+}

@@ -29,4 +29,10 @@ bool jsonRead(CVekDataItem& tree, const char* bytes, std::size_t size, const wch
 bool jsonSave(const CVekDataItem& tree, const wchar_t* path, CVekString& error);
 bool jsonWrite(const CVekDataItem& tree, std::string& text, const wchar_t* name, CVekString& error);
 
+/// Adds the texts of a catalogue file to the configuration, whose "*MSG*" directory it has: "*MSG*" \ prefix \ language
+/// \ key, see `vek_msg_get`. A text that is there already is replaced; everything else in the file is ignored.
+/// @param error receives "NAME:LINE: cause" or "NAME: cause" on failure, and is unchanged otherwise
+/// @return false if the file cannot be read or has no texts; the configuration then is as it was
+bool textsLoad(const wchar_t* path, CVekString& error);
+
 } // namespace VEK

@@ -3,11 +3,15 @@
 #include "gallery_window.h"
 #include "shared/failure.h"
 #include "shared/input.h"
+#include "shared/texts.h"
+#include "shared/window/report.h"
+
+#include <vek/data/text.h>
+#include <vek/json.h>
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 
 namespace
@@ -16,6 +20,7 @@ namespace
 struct Options {
     std::string examples; ///< folder; empty: searched for beside the program
     std::string picture;
+    std::string language;
 };
 
 /// The folder of examples beside the program, or in one of its parent folders, as in a build.
@@ -31,14 +36,7 @@ std::string examplesOfProgram()
     }
 }
 
-/// A GUI program has no console of its own: without one the text appears in a message box.
-void report(const std::string& text, UINT kind)
-{
-    const HANDLE out = GetStdHandle(kind == MB_ICONERROR ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE);
-    DWORD written = 0;
-    if (out == nullptr || !WriteFile(out, text.data(), static_cast<DWORD>(text.size()), &written, nullptr))
-        MessageBoxW(nullptr, wide(text), L"VEK Gallery", MB_OK | kind);
-}
+constexpr wchar_t kTitle[] = L"VEK Gallery";
 
 /// @return false if the program ends here, after showing a text
 bool parse(Options& options)
@@ -48,12 +46,13 @@ bool parse(Options& options)
     app.add_option("EXAMPLES", options.examples,
                    "folder of slides and of sheets/ [examples beside the program or in a folder around it]");
     app.add_option("--show", options.picture, "name of the picture to begin with, in any case [the first]");
+    app.add_option("--language", options.language, "language of the library's dialogs, such as pl [de]");
     std::vector<std::string> arguments = VEK::platform::programArguments(__argc, __argv);
     std::reverse(arguments.begin(), arguments.end());
     try {
         app.parse(arguments);
     } catch (const CLI::Success&) {
-        report(app.help(), MB_ICONINFORMATION);
+        report(app.help(), MB_ICONINFORMATION, kTitle);
         return false;
     } catch (const CLI::ParseError& error) {
         throw Failure(std::string(error.what()) + "; see gallery --help");
@@ -63,17 +62,26 @@ bool parse(Options& options)
     return true;
 }
 
+void loadTexts(const std::string& language, std::vector<std::string>& problems)
+{
+    const std::string catalogue = textsOfProgram();
+    CVekString problem;
+    if (!catalogue.empty() && !VEK::textsLoad(wide(catalogue), problem))
+        problems.push_back(utf8(problem));
+    VEK::msgLangSet(wide(language));
+}
+
 class GalleryApp : public CWinApp
 {
 public:
-    GalleryApp() : CWinApp(L"VEK Gallery") {}
+    GalleryApp() : CWinApp(kTitle) {}
 
     BOOL InitInstance() override
     {
         try {
             return start();
         } catch (const std::exception& error) {
-            report("gallery: " + std::string(error.what()) + "\n", MB_ICONERROR);
+            report("gallery: " + std::string(error.what()) + "\n", MB_ICONERROR, kTitle);
             m_status = 2;
             return FALSE;
         }
@@ -91,6 +99,7 @@ private:
         if (!parse(options))
             return FALSE;
         std::vector<std::string> problems;
+        loadTexts(options.language, problems);
         m_window = std::make_unique<GalleryWindow>(catalogue(options.examples, problems));
         if (!m_window->open(wide(options.picture), problems))
             throw Failure("--show " + options.picture + ": no such picture");

@@ -45,7 +45,7 @@ namespace VEK
 {
 
 /// The running automation server of a ProgID. The caller owns the returned reference.
-/// @return false, with null in `server`, if none is running
+/// @return false, with null in `server`, if none is running, or it has not answered within 5 seconds
 VEK_API bool dispatchFromProgID(const wchar_t* progId, IDispatch** server);
 
 /// The path of the program file of a ProgID's automation server, without quotes and arguments.

@@ -20,8 +20,8 @@ struct OutsideCall {
         helpPopup,   ///< text beside a place on the screen
     };
     What what = What::program;
-    std::wstring target;       ///< program, document or help file
-    std::wstring text;         ///< arguments of the program, keyword, text of the popup
+    std::wstring target = {};  ///< program, document or help file
+    std::wstring text = {};    ///< arguments of the program, keyword, text of the popup
     unsigned long timeout = 0; ///< milliseconds to wait for the program's end, 0 for not at all
     bool show = true;
     int x = 0, y = 0; ///< of the popup, in screen pixels

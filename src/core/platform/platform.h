@@ -46,6 +46,9 @@ std::wstring textOf(const std::filesystem::path& path);
 /// @return false, with `bytes` empty, if there is no such file, or it is a folder or cannot be read
 bool readFile(const std::filesystem::path& path, std::string& bytes);
 
+/// Whether a file or folder exists and this process may read it.
+bool isReadable(const std::filesystem::path& path);
+
 /// Writes a whole file. The old content is kept until the new one is complete, and if writing fails.
 bool writeFile(const std::filesystem::path& path, std::string_view bytes);
 

@@ -94,6 +94,11 @@ fs::path modulePath()
     return programPath();
 }
 
+bool isReadable(const fs::path& path)
+{
+    return access(path.c_str(), R_OK) == 0;
+}
+
 std::vector<std::string> programArguments(int argc, const char* const* argv)
 {
     return {argv + std::min(argc, 1), argv + argc};

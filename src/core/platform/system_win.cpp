@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <io.h>
 #include <shellapi.h>
 
 namespace fs = std::filesystem;
@@ -44,6 +45,12 @@ fs::path programPath()
 fs::path modulePath()
 {
     return fileOf(ownModule());
+}
+
+bool isReadable(const fs::path& path)
+{
+    constexpr int kRead = 4;
+    return _waccess(path.c_str(), kRead) == 0;
 }
 
 std::vector<std::string> programArguments(int, const char* const*)

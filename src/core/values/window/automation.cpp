@@ -1,13 +1,19 @@
 #include <vek/values/system.h>
 
 #include "core/platform/platform.h"
+#include "core/values/whole.h"
+#include "core/values/window/in_time.h"
 
 #include <windows.h>
 
 #include <oleauto.h>
 
+#include <memory>
+
 namespace
 {
+
+constexpr unsigned long kAnswerTime = 5000; // milliseconds that a running server has to answer
 
 /// The default value of a key below HKEY_CLASSES_ROOT, with variables expanded; empty if absent.
 std::wstring classValue(const std::wstring& key, REGSAM view)
@@ -35,12 +41,20 @@ bool VEK::dispatchFromProgID(const wchar_t* progId, IDispatch** server)
         return false;
     *server = nullptr;
     CLSID id{};
-    IUnknown* running = nullptr;
-    if (!progId || FAILED(CLSIDFromProgID(progId, &id)) || FAILED(GetActiveObject(id, nullptr, &running)) || !running)
+    if (!progId || FAILED(CLSIDFromProgID(progId, &id)))
         return false;
-    const HRESULT result = running->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(server));
-    running->Release();
-    return SUCCEEDED(result) && *server;
+    *server = VEK::whole(static_cast<IDispatch*>(nullptr), [&] {
+        const auto found = std::make_shared<VEK::CMarshalled>();
+        const bool answers = VEK::inTime(kAnswerTime, [id, found] {
+            IUnknown* running = nullptr;
+            if (FAILED(GetActiveObject(id, nullptr, &running)) || !running)
+                return;
+            *found = VEK::CMarshalled(running, IID_IDispatch);
+            running->Release();
+        });
+        return static_cast<IDispatch*>(answers ? found->take() : nullptr);
+    });
+    return *server != nullptr;
 }
 
 bool VEK::serverFromProgID(const wchar_t* progId, CVekString& path)

@@ -1,0 +1,270 @@
+// The client of the text application, against the program itself.
+#include "core/platform/outside.h"
+#include "dialogframe/window/rsc_app.h"
+
+#include <vek/dialogframe/window/msg_dlg.h>
+#include <vek/values/system.h>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <tlhelp32.h>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+constexpr wchar_t kProgId[] = L"Vek_Msg.App";
+const fs::path kProgram = VEK::platform::programPath().parent_path().parent_path() / L"vek_msg.exe";
+
+template <class Condition>
+bool within(int seconds, Condition condition)
+{
+    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds) * 1000;
+    while (!condition()) {
+        if (GetTickCount64() > end)
+            return false;
+        Sleep(50);
+    }
+    return true;
+}
+
+/// The processes of the program.
+std::vector<DWORD> processes()
+{
+    std::vector<DWORD> found;
+    const HANDLE all = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry = {};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(all, &entry); more; more = Process32NextW(all, &entry)) {
+        if (lstrcmpiW(entry.szExeFile, L"vek_msg.exe") == 0)
+            found.push_back(entry.th32ProcessID);
+    }
+    CloseHandle(all);
+    return found;
+}
+
+void suspend(DWORD process)
+{
+    const HANDLE all = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
+    THREADENTRY32 entry = {};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Thread32First(all, &entry); more; more = Thread32Next(all, &entry)) {
+        if (entry.th32OwnerProcessID != process)
+            continue;
+        const HANDLE thread = OpenThread(THREAD_SUSPEND_RESUME, FALSE, entry.th32ThreadID);
+        SuspendThread(thread);
+        CloseHandle(thread);
+    }
+    CloseHandle(all);
+}
+
+void kill(DWORD process)
+{
+    const HANDLE handle = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, process);
+    TerminateProcess(handle, 1);
+    WaitForSingleObject(handle, 10000);
+    CloseHandle(handle);
+}
+
+bool run(const wchar_t* arguments)
+{
+    return VEK::execute((L"\"" + kProgram.wstring() + L"\" " + arguments).c_str(), 30000, true);
+}
+
+/// The program, registered by itself and closed at the end.
+class TextApplication : public testing::Test
+{
+protected:
+    static void SetUpTestSuite() { ASSERT_TRUE(SUCCEEDED(OleInitialize(nullptr))); }
+    static void TearDownTestSuite() { OleUninitialize(); }
+
+    void SetUp() override
+    {
+        ASSERT_TRUE(processes().empty()) << "another one runs";
+        ASSERT_TRUE(run(L"--register"));
+        copyToMachine();
+        std::ofstream(m_file) << R"({"*MSG*": {"VEK_": {"de": {"A": "Höhe ≥", "B": "eins\nzwei", "C": "x"},
+                                     "pl": {"A": "Wysokość"}}, "OWN": {"EN": {"D": "own", "A": "not"}}}})";
+    }
+    void TearDown() override
+    {
+        for (const DWORD process : processes())
+            kill(process);
+        VEK::rscWaitHookSet({});
+        VEK::platform::outsideHookSet({});
+        VEK::rscCallDeadlineSet(20000);
+        ASSERT_TRUE(run(L"--unregister"));
+        for (const std::wstring& key : keys()) {
+            EXPECT_EQ(RegOpenKeyW(HKEY_CURRENT_USER, key.c_str(), &m_none), ERROR_FILE_NOT_FOUND);
+            RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
+        }
+        fs::remove(m_file);
+    }
+
+    /// Where the program registers itself; the class is what it has entered. Without one there is no second key: its
+    /// parent has all classes of the system.
+    std::vector<std::wstring> keys()
+    {
+        const std::wstring programId = std::wstring(L"Software\\Classes\\") + kProgId;
+        CVekString id;
+        if (VEK::regRead((programId + L"\\CLSID").c_str(), L"", id))
+            m_class = id;
+        if (m_class.size() != 38)
+            return {programId};
+        return {programId, L"Software\\Classes\\CLSID\\" + m_class};
+    }
+    /// Wine looks there only.
+    void copyToMachine()
+    {
+        for (const std::wstring& key : keys()) {
+            HKEY from = nullptr, to = nullptr;
+            ASSERT_EQ(RegOpenKeyW(HKEY_CURRENT_USER, key.c_str(), &from), ERROR_SUCCESS);
+            if (RegCreateKeyW(HKEY_LOCAL_MACHINE, key.c_str(), &to) == ERROR_SUCCESS)
+                RegCopyTreeW(from, nullptr, to);
+            RegCloseKey(from);
+            RegCloseKey(to);
+        }
+    }
+    static IVekMsgDlg running()
+    {
+        IDispatch* application = nullptr;
+        within(30, [&] { return VEK::dispatchFromProgID(kProgId, &application); });
+        EXPECT_NE(application, nullptr);
+        return application;
+    }
+
+    const fs::path m_file = fs::temp_directory_path() / "vek msg test.json";
+    std::wstring m_class;
+    HKEY m_none = nullptr;
+};
+
+TEST_F(TextApplication, IsStartedAndAnswers)
+{
+    IDispatch* started = VEK::getRscAppDispatch();
+    ASSERT_NE(started, nullptr);
+    EXPECT_EQ(processes().size(), 1u);
+    started->AddRef();
+    IVekMsgDlg texts(started);
+    EXPECT_EQ(VEK::getRscAppDispatch(), started) << "it runs already";
+    EXPECT_TRUE(texts.GetVisible());
+    EXPECT_FALSE(texts.OpenFile(L"C:\\no such file"));
+    EXPECT_EQ(texts.GetSelectedKey(), L"");
+    ASSERT_TRUE(texts.OpenFile(m_file.c_str()));
+
+    const struct {
+        const wchar_t *key, *language, *wide, *narrow;
+    } cases[] = {
+        {L"A", L"de", L"Höhe ≥", L"Höhe \\U+2265"},
+        {L"A", L"PL", L"Wysokość", L"Wysoko\\U+015B\\U+0107"},
+        {L"A", L"en", L"", L""},
+        {L"D", L"en", L"own", L"own"},
+        {L"B", L"0", L"M", L""},
+        {L"A", L"0", L"", L""},
+        {L"x", L"de", L"", L""},
+        {nullptr, nullptr, L"", L""},
+        {L"B", L"de", L"eins\nzwei", L"eins\nzwei"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_STREQ(texts.wGetMsg(c.key, c.language), c.wide);
+        EXPECT_STREQ(texts.GetMsg(c.key, c.language), c.narrow);
+    }
+    for (const wchar_t* key : {L"B", L"D", L"A"}) {
+        EXPECT_TRUE(texts.SearchKey(key));
+        EXPECT_EQ(texts.GetSelectedKey(), key);
+    }
+    EXPECT_FALSE(texts.SearchKey(L"AB"));
+    EXPECT_EQ(texts.GetSelectedKey(), L"A");
+    texts.SetCountry(L"PL");
+    EXPECT_EQ(texts.GetCountry(), L"pl");
+    texts.SetCountry(L"none");
+    EXPECT_EQ(texts.GetCountry(), L"pl");
+
+    EXPECT_TRUE(run((L"--language fr \"" + m_file.wstring() + L"\"").c_str())) << "handed over to the one that runs";
+    EXPECT_EQ(texts.GetCountry(), L"fr");
+    EXPECT_EQ(processes().size(), 1u);
+    const IVekMsgDlg second(texts);
+    texts.Close();
+    EXPECT_TRUE(within(30, [] { return processes().empty(); }));
+    EXPECT_EQ(texts.GetSelectedKey(), L"") << "it is gone";
+    EXPECT_FALSE(texts.OpenFile(m_file.c_str()));
+}
+
+TEST_F(TextApplication, EndsWithItsLastClientWhenNoUserIsThere)
+{
+    COleDispatchDriver created;
+    ASSERT_TRUE(created.CreateDispatch(kProgId)) << "started by the system";
+    IVekMsgDlg texts(created.DetachDispatch());
+    EXPECT_FALSE(texts.GetVisible());
+    {
+        IVekMsgDlg second = running();
+        second.SetVisible(TRUE);
+    }
+    EXPECT_TRUE(texts.GetVisible());
+    texts.SetVisible(FALSE);
+    EXPECT_FALSE(texts.GetVisible());
+    EXPECT_EQ(processes().size(), 1u);
+    texts.ReleaseDispatch();
+    EXPECT_TRUE(within(30, [] { return processes().empty(); }));
+}
+
+TEST_F(TextApplication, MayDieInACall)
+{
+    ASSERT_NE(VEK::getRscAppDispatch(), nullptr);
+    IVekMsgDlg texts = running();
+    const DWORD process = processes().at(0);
+    suspend(process);
+    std::thread death([&] {
+        Sleep(500);
+        kill(process);
+    });
+    const ULONGLONG begin = GetTickCount64();
+    EXPECT_EQ(texts.wGetMsg(L"VEK001", L"de"), L"");
+    EXPECT_GE(GetTickCount64() - begin, 400u) << "it was in the call";
+    EXPECT_FALSE(texts.OpenFile(m_file.c_str()));
+    EXPECT_LT(GetTickCount64() - begin, 15000u);
+    death.join();
+}
+
+TEST_F(TextApplication, MayHang)
+{
+    ASSERT_NE(VEK::getRscAppDispatch(), nullptr);
+    IVekMsgDlg texts = running();
+    suspend(processes().at(0));
+    VEK::rscCallDeadlineSet(1000);
+    const ULONGLONG begin = GetTickCount64();
+    EXPECT_EQ(texts.wGetMsg(L"VEK001", L"de"), L"");
+    EXPECT_GE(GetTickCount64() - begin, 1000u);
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(texts.GetVisible(), 0);
+    EXPECT_LT(GetTickCount64() - begin, 5000u) << "not asked again";
+    IDispatch* other = nullptr;
+    EXPECT_FALSE(VEK::dispatchFromProgID(kProgId, &other));
+    EXPECT_LT(GetTickCount64() - begin, 20000u);
+}
+
+TEST_F(TextApplication, IsWaitedForFortyTimesIfItIsInstalled)
+{
+    std::vector<unsigned long> waits;
+    std::vector<std::wstring> started;
+    VEK::rscWaitHookSet([&](unsigned long time) { waits.push_back(time); });
+    VEK::platform::outsideHookSet([&](const VEK::platform::OutsideCall& call) {
+        started.push_back(call.target);
+        return true;
+    });
+    EXPECT_EQ(VEK::getRscAppDispatch(), nullptr);
+    EXPECT_EQ(waits, std::vector<unsigned long>(40, 500));
+    ASSERT_EQ(started.size(), 1u);
+    EXPECT_TRUE(fs::equivalent(started[0], kProgram));
+
+    for (const std::wstring& key : keys())
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
+    for (const std::wstring& key : keys())
+        RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str());
+    EXPECT_EQ(VEK::getRscAppDispatch(), nullptr) << "not installed";
+    EXPECT_EQ(waits.size(), 40u);
+    EXPECT_EQ(started.size(), 1u);
+}
+
+} // namespace
