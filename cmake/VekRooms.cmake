@@ -138,6 +138,7 @@ function(vek_programs)
       file(GLOB windowed CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h ${folder}/*.rc)
       target_sources(${program} PRIVATE ${windowed})
       set_target_properties(${program} PROPERTIES WIN32_EXECUTABLE ON)
+      target_sources(${program} PRIVATE $<TARGET_OBJECTS:vek_json>) # the library beside the DLL, without its rooms
       target_link_libraries(${program} PRIVATE vek vek_platform vek_window_program)
     endforeach()
   endif()
