@@ -88,12 +88,14 @@ CVekDataItem parametersOf(const ProjectObject& object, const ObjectWish& wish)
     return parm;
 }
 
-/// The configured colours of the modes.
-void takeColors(CVekGDX& gdx)
+/// The configured colours of the modes, and the look of points without one of their own.
+void takeLook(CVekGDX& gdx)
 {
     const CVekGDX configured;
     for (const int mode : {VEK::colorHighlight, VEK::colorRefer, VEK::colorAxis, VEK::colorBase, VEK::colorAux})
         gdx.ColorTabSet(mode, configured.colorTabGet(mode));
+    gdx.pdModeSet(configured.pdModeGet());
+    gdx.pdSizeSet(configured.pdSizeGet());
 }
 
 } // namespace
@@ -199,7 +201,7 @@ void Project::draw(CVekGDX& gdx, const ObjectWish& asked) const
     if (!kind)
         throw Failure(m_path + ": " + utf8(object.name) + " is of the unknown kind " + wish.kind);
     check(object, wish);
-    takeColors(gdx);
+    takeLook(gdx);
     const CVekDataItem data = dataOf(object);
     const CVekDataItem parm = parametersOf(object, wish);
     const File objectFile(VEK::dtaOpen(vekDtaMemory, 3, nullptr, &data));
@@ -237,7 +239,7 @@ std::vector<ProjectElement> Project::drawElements(CVekGDX& gdx, const ObjectWish
     const CVekMatrix3d view = VEK::g_mtx_view_dir(wide(wish.view), CVekPoint3d::kOrigin).inverse();
     double carried = 0.0;
     std::vector<ProjectElement> drawn;
-    takeColors(gdx);
+    takeLook(gdx);
     forEachElement(data, &parm, [&](CVekDataItem& merged, CVekDataItem& entry, const CVekString& name) {
         CVekMatrix3d placed = VEK::getBtTransformation(&merged, &entry, CVekMatrix3d::kIdentity, scale, carried);
         vek_gdx_image_bgr_bt(&gdx, &merged, placed, view, entry.getItem(L"PARM"));
