@@ -108,7 +108,8 @@ void projectInfo(const std::string& input, const ObjectWish& wish)
         ObjectWish own = wish;
         own.object = utf8(object.name);
         project.draw(gdx, own);
-        print(input + " " + own.object + "\n" + elementTypes(project, object) + describe(gdx));
+        const bool isAssembly = object.kind.empty() || object.kind == "bgr";
+        print(input + " " + own.object + "\n" + (isAssembly ? elementTypes(project, object) : "") + describe(gdx));
     }
 }
 
