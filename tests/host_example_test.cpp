@@ -160,7 +160,8 @@ TEST_F(Example, KeepsTheRestWhereDataIsDamaged)
         for (const CVekDataKey& group : {groups[0], groups[1], groups[2]})
             for (VEK::CDataIterator child(small.getItem(&group)); !child.done(); child.next()) {
                 const CVekString own(*child->getKey());
-                if (own != name && !leansOn(tree, child, name) && own != L"handrail" && own != L"transom sill" && own != L"plate")
+                if (own != name && !leansOn(tree, child, name) && own != L"handrail" && own != L"transom sill" &&
+                    own != L"plate")
                     child->getParent()->getDir()->remove(child->getKey());
             }
         const wchar_t* const view = damages % 3 == 0 ? L"P" : damages % 3 == 1 ? L"S" : L"NW";

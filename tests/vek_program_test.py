@@ -5,6 +5,7 @@
 SOURCE is the source tree; RUNNER starts a program that this system cannot run itself.
 """
 
+import json
 import os
 import pathlib
 import re
@@ -305,6 +306,24 @@ class Objects(Case):
             self.assertNotIn("items    none", info)
         elements = self.good("info", self.PROJECT, "--kind", "bgr")
         self.assertIn("  elements 77\n    ANGLE       6  angle left, angle right\n", elements)
+
+    @unittest.skipIf(RUNNER, "a terminal of this system")
+    def test_progress_is_for_terminals(self):
+        tree = json.loads(pathlib.Path(self.PROJECT).read_text(encoding="utf-8"))
+        tree["DEF"]["facade"] = {"BT": tree.pop("BT"), "BGR": tree.pop("BGR")}
+        tree["BGR"] = {str(i): {"REF": "facade", "ORG": {"@point": [3000 * i, 0, 0]}} for i in range(4)}
+        del tree["USE"]
+        many = self.file("many.json", json.dumps(tree).encode())
+        command = [str(VEK), "draw", many, "--view", "NW", "--full", "-o"]
+        quiet = subprocess.Popen([*command, self.path("quiet.svg")], stderr=subprocess.PIPE)
+        master, terminal = os.openpty()
+        with subprocess.Popen([*command, self.path("many.svg")], stderr=terminal) as program:
+            os.close(terminal)
+            told = os.read(master, 1000).decode()
+            self.assertEqual(program.wait(120), 0)
+        self.assertRegex(told, r"^\rvek: drawing .*many.json, 1 s")
+        self.assertTrue(os.read(master, 10000).decode().endswith(" \r"))
+        self.assertEqual(quiet.communicate(timeout=120), (None, b""))
 
     def test_wrong_use(self):
         own = self.file("own.json", b'{"BT": {"post": {"TYPE": "EXTR"}}}')

@@ -40,7 +40,8 @@ const Kind kKinds[] = {{"bgr", vek_gdx_image_bgr, "view full cmode act coord ucs
 
 const Kind* kindOf(const std::string& name)
 {
-    const auto found = std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& kind) { return name == kind.name; });
+    const auto found =
+        std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& kind) { return name == kind.name; });
     return found != std::end(kKinds) ? found : nullptr;
 }
 
@@ -117,7 +118,8 @@ Project::Project(const std::string& path) : m_path(path)
     CVekArrayTempl<CVekString> used;
     dataGet(&m_root, L"USE", used);
     for (const CVekString& name : used) {
-        const std::filesystem::path other = file.parent_path() / VEK::platform::pathOf(static_cast<const wchar_t*>(name));
+        const std::filesystem::path other =
+            file.parent_path() / VEK::platform::pathOf(static_cast<const wchar_t*>(name));
         const CVekDataItem roots = loaded(VEK::platform::utf8Of(VEK::platform::textOf(other)));
         configure(&roots);
     }
@@ -186,8 +188,9 @@ void Project::check(const ProjectObject& object, const ObjectWish& wish) const
     const CVekString active = wide(wish.active);
     const CVekDataKey hole(5005, L"BT", 5005, static_cast<const wchar_t*>(active), 0);
     const std::vector<ProjectElement> all = kind == "bgr" ? elements(object) : std::vector<ProjectElement>();
-    if (kind == "hole" ? !object.item->getItem(&hole)
-                       : std::none_of(all.begin(), all.end(), [&](const ProjectElement& e) { return e.name == active; }))
+    if (kind == "hole"
+            ? !object.item->getItem(&hole)
+            : std::none_of(all.begin(), all.end(), [&](const ProjectElement& e) { return e.name == active; }))
         throw Failure("--act " + wish.active + ": there is no such element");
 }
 
