@@ -83,14 +83,14 @@ void walk(std::vector<CVekDataKey>& paths, const CVekDataItem* item, const CVekD
     }
 }
 
-Items drawn(const CVekDataItem& object, const wchar_t* view)
+Items drawn(CVekDataItem& object, const wchar_t* view)
 {
     CVekGDX gdx;
-    CVekDataItem data(object), status, parm;
+    CVekDataItem status, parm;
     CVekMatrix3d mtx;
     dataSet(&parm, L"CMODE", 1);
-    EXPECT_TRUE(vek_gdx_image_bgr(&gdx, &data, &status, mtx, VEK::g_mtx_view_dir(view, CVekPoint3d()).inverse(), &parm,
-                                  1.0, 0.0));
+    EXPECT_TRUE(vek_gdx_image_bgr(&gdx, &object, &status, mtx, VEK::g_mtx_view_dir(view, CVekPoint3d()).inverse(),
+                                  &parm, 1.0, 0.0));
     return itemsOf(gdx);
 }
 
@@ -147,6 +147,7 @@ TEST_F(Example, KeepsTheRestWhereDataIsDamaged)
     CVekString error;
     ASSERT_TRUE(VEK::jsonLoad(tree, CVekString(L"" VEK_SOURCE_DIR) + L"/examples/facade.json", error));
     tree.remove(L"OBJ");
+    tree.remove(L"CFG");
     const CVekDataKey bay(5005, L"DEF", 5005, L"bay", 5005, L"BT", 0);
     const CVekDataKey anchor(5005, L"DEF", 5005, L"anchor", 5005, L"BT", 0);
     const CVekDataKey groups[] = {CVekDataKey(L"BT"), bay, anchor, CVekDataKey(L"BGR"), CVekDataKey(L"DEF")};
