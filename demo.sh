@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the program vek and draws each slide of the example libraries, the sheets of line types, point styles and
-# flags, and all hatch patterns: ./demo.sh
+# Builds the program vek and draws each slide of the example libraries, the facade and the other objects of the example
+# project, the sheets of line types, point styles and flags, and all hatch patterns: ./demo.sh
 # If the Windows compiler and Wine are installed, or with ./demo.sh gallery, which installs them, it also builds and
 # opens the gallery; without a display it starts a virtual one, operates the gallery there and saves screenshots.
 set -eu
@@ -25,6 +25,15 @@ draw_library() {
         "$vek" draw "$library" --slide "$slide" -o "$target.emf"
         echo "$target.svg $target.emf"
     done <<<"$names"
+}
+
+# draw_object NAME OPTION...: the facade or another object of the project.
+draw_object() {
+    local target=$out/$1
+    shift
+    "$vek" draw examples/facade.json "$@" -o "$target.svg"
+    "$vek" draw examples/facade.json "$@" -o "$target.png" --size 1600x1200
+    echo "$target.svg $target.png"
 }
 
 # A window on the user's display stays open when this script ends.
@@ -75,6 +84,22 @@ for library in examples/*.slb; do
     say draw "$library"
     draw_library "$library"
 done
+say draw examples/facade.json
+draw_object facade-elevation --view S
+draw_object facade-side --view E
+draw_object facade-plan --view P
+draw_object facade-section --object section
+draw_object facade-corner --view SO --full
+draw_object facade-inside --view NW --full
+draw_object facade-hidden-lines --view SO --cmode 1
+draw_object facade-axes --view NW --ucs --coord
+draw_object facade-sheet --kind fsheet
+draw_object facade-panel --object "sandwich panel"
+draw_object facade-bar --kind bar
+draw_object facade-drill --kind drill
+draw_object facade-drill-body --object "countersunk hole, body"
+draw_object facade-holes --kind hole --act cylinder
+draw_object facade-edge --kind extr --view SO
 for sheet in examples/sheets/*.json; do
     say draw "$sheet"
     target="$out/$(basename "$sheet" .json)"

@@ -140,6 +140,7 @@ function(vek_programs)
       # The room of JSON files stands on the library's DLL there, as in an installed program.
       target_sources(${program} PRIVATE ${windowed} $<TARGET_OBJECTS:vek_json>)
       set_target_properties(${program} PROPERTIES WIN32_EXECUTABLE ON)
+      target_sources(${program} PRIVATE $<TARGET_OBJECTS:vek_json>) # the library beside the DLL, without its rooms
       target_link_libraries(${program} PRIVATE vek vek_platform vek_window_program)
     endforeach()
   endif()

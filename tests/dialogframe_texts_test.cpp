@@ -4,9 +4,7 @@
 #include <vek/data/text.h>
 #include <vek/dialogframe/message.h>
 #include <vek/json.h>
-#if __has_include(<vek/objects/outline.h>)
 #include <vek/objects/outline.h>
-#endif
 
 #include "core/platform/platform.h"
 
@@ -103,13 +101,11 @@ TEST(Catalogue, HasEveryKeyOfTheSources)
     for (const auto& [key, text] : german)
         labels += key.size() == 13 && key.starts_with("VEK_OUTL_") && key[9] != '0';
     EXPECT_EQ(labels, 85);
-#if __has_include(<vek/objects/outline.h>)
     for (int number = 1000; number < 4000; ++number) {
         const std::wstring key = L"VEK_OUTL_" + std::to_wstring(number);
         const auto text = german.find(utf8(key.c_str()));
         EXPECT_EQ(utf8(VEK::outlineText(key.c_str())), text == german.end() ? "" : text->second) << number;
     }
-#endif
 }
 
 TEST(Catalogue, IsAddedToTheConfiguration)

@@ -5,8 +5,10 @@
 SOURCE is the source tree; RUNNER starts a program that this system cannot run itself.
 """
 
+import json
 import os
 import pathlib
+import re
 import shutil
 import struct
 import subprocess
@@ -265,6 +267,85 @@ class Describe(Case):
             ("--scale", ["STEEL", "--scale", "0"]),
         ):
             self.bad(cause, "hatch", *arguments, "-o", self.path("x.svg"))
+
+
+class Objects(Case):
+    PROJECT = str(EXAMPLES / "facade.json")
+
+    def drawn(self, *arguments):
+        out = self.path("out.svg")
+        self.good("draw", self.PROJECT, *arguments, "-o", out)
+        return (self.folder / "out.svg").read_text()
+
+    def test_views_and_kinds(self):
+        views = "P N S O W NO NW SO SW E".split()
+        pictures = {view: self.drawn("--view", view) for view in views}
+        self.assertEqual(pictures["W"], pictures["E"])
+        self.assertEqual(len(set(pictures.values())), len(views) - 1)
+        self.assertEqual(self.drawn(), pictures["P"])
+        solid = self.drawn("--view", "SO", "--full")
+        self.assertEqual(set(re.findall('stroke="([^"]*)"', solid)), {"#000000"})
+        self.assertLess(len(solid), len(pictures["SO"]))
+        hidden = self.drawn("--view", "SO", "--cmode", "1")
+        self.assertGreater(len(hidden), len(pictures["SO"]))
+        self.assertEqual(len(set(re.findall('stroke="([^"]*)"', hidden))), 2)
+        axes = self.drawn("--view", "NW", "--ucs", "--coord", "--cmode", "1", "--act", "handrail")
+        self.assertGreater(len(axes), len(self.drawn("--view", "NW", "--cmode", "1")))
+        for kind in "fsheet", "bar", "drill", "hole", "extr":
+            self.assertTrue(self.drawn("--kind", kind) != pictures["P"], kind)
+        self.assertTrue(self.drawn("--kind", "hole") != self.drawn("--kind", "hole", "--act", "latch"))
+        for ending in ".emf", ".png":
+            self.good("draw", self.PROJECT, "--object", "Sandwich panel", "-o", self.path("out" + ending))
+
+    def test_what_stands_in_it(self):
+        objects = [line.split("\t") for line in self.good("list", self.PROJECT).splitlines()]
+        self.assertEqual(len(objects), 11)
+        for kind, name in objects:
+            info = self.good("info", self.PROJECT, "--object", name)
+            self.assertEqual(kind == "bgr", "elements" in info, name)
+            self.assertNotIn("items    none", info)
+        elements = self.good("info", self.PROJECT, "--kind", "bgr")
+        self.assertIn("  elements 77\n    ANGLE       6  angle left, angle right\n", elements)
+
+    @unittest.skipIf(RUNNER, "a terminal of this system")
+    def test_progress_is_for_terminals(self):
+        tree = json.loads(pathlib.Path(self.PROJECT).read_text(encoding="utf-8"))
+        tree["DEF"]["facade"] = {"BT": tree.pop("BT"), "BGR": tree.pop("BGR")}
+        tree["BGR"] = {str(i): {"REF": "facade", "ORG": {"@point": [3000 * i, 0, 0]}} for i in range(4)}
+        del tree["USE"]
+        many = self.file("many.json", json.dumps(tree).encode())
+        command = [str(VEK), "draw", many, "--view", "NW", "--full", "-o"]
+        quiet = subprocess.Popen([*command, self.path("quiet.svg")], stderr=subprocess.PIPE)
+        master, terminal = os.openpty()
+        with subprocess.Popen([*command, self.path("many.svg")], stderr=terminal) as program:
+            os.close(terminal)
+            told = os.read(master, 1000).decode()
+            self.assertEqual(program.wait(120), 0)
+        self.assertRegex(told, r"^\rvek: drawing .*many.json, 1 s")
+        self.assertTrue(os.read(master, 10000).decode().endswith(" \r"))
+        self.assertEqual(quiet.communicate(timeout=120), (None, b""))
+
+    def test_wrong_use(self):
+        own = self.file("own.json", b'{"BT": {"post": {"TYPE": "EXTR"}}}')
+        for cause, arguments in (
+            ("--kind", [self.PROJECT, "--kind", "wall"]),
+            ("--view X", [self.PROJECT, "--view", "X"]),
+            ("--full", [self.PROJECT, "--kind", "hole", "--full"]),
+            ("--act nobody", [self.PROJECT, "--act", "nobody"]),
+            ("--act nobody", [self.PROJECT, "--kind", "hole", "--act", "nobody"]),
+            ("no object attic", [self.PROJECT, "--object", "attic"]),
+            ("no object section of kind hole", [self.PROJECT, "--object", "section", "--kind", "hole"]),
+            ("--slide", [self.PROJECT, "--slide", "PFOSTEN"]),
+            ("has no objects", [SLIDE, "--full"]),
+            ("own has nothing to draw", [own]),
+            ("own has nothing to draw", [own, "--full"]),
+            ("has no object", [self.file("none.json", b'{"OBJ": {}}')]),
+            ("kind.json: ", [self.file("kind.json", b'{"KIND": "wall"}')]),
+            ("nowhere.json", [self.file("use.json", b'{"USE": ["nowhere.json"], "BT": {}}')]),
+            ("int.json:1: ", [self.file("int.json", b'{"BT": 12345678901}')]),
+        ):
+            with self.subTest(arguments=arguments):
+                self.bad(cause, "draw", *arguments, "-o", self.path("x.svg"))
 
 
 class Tell(Case):

@@ -51,20 +51,70 @@ void addSlides(Pictures& pictures, const std::filesystem::path& file, const CVek
     }
 }
 
+/// An assembly, every element of which can be picked.
+void addElements(Pictures& pictures, const CVekString& name, const std::string& path, const ObjectWish& wish)
+{
+    constexpr double kSize = 1000.0; // a pick reaches five units, whatever the size of the assembly
+    const auto elements = std::make_shared<std::vector<ProjectElement>>();
+    const auto add = [=](CVekGDX& gdx, Patterns&) {
+        const Project project(path);
+        CVekGDX trial;
+        CVekPoint3d min, max;
+        project.drawElements(trial, wish, 1.0);
+        trial.extmaxGet(min, max);
+        const double size = std::max(max[0] - min[0], max[1] - min[1]);
+        *elements = project.drawElements(gdx, wish, size > 0.0 ? kSize / size : 1.0);
+    };
+    pictures.push_back({L"Objects", name, add, elements});
+}
+
+void addObjects(Pictures& pictures, const std::filesystem::path& file)
+{
+    const std::string path = utf8Of(file);
+    const auto addWhole = [&](const CVekString& name, const ObjectWish& wish) {
+        pictures.push_back({L"Objects", name, [=](CVekGDX& gdx, Patterns&) { Project(path).draw(gdx, wish); }});
+    };
+    const Project project(path);
+    for (const ProjectObject& object : project.objects()) {
+        ObjectWish wish;
+        wish.object = utf8(object.name);
+        if (!object.kind.empty()) {
+            if (object.kind == "bgr")
+                addElements(pictures, object.name, path, wish);
+            else
+                addWhole(object.name, wish);
+            continue;
+        }
+        constexpr std::pair<const char*, const wchar_t*> kViews[] = {
+            {"S", L", elevation"}, {"E", L", side"}, {"P", L", plan"}, {"SO", L", corner"}};
+        for (const auto& [view, text] : kViews) {
+            wish.view = view;
+            addElements(pictures, object.name + text, path, wish);
+        }
+        wish.full = true;
+        addWhole(object.name + L", solid", wish);
+    }
+}
+
 void addFolder(Pictures& pictures, const std::filesystem::path& folder, std::vector<std::string>& problems)
 {
-    const auto attempt = [&](const std::filesystem::path& file, const CVekString& group) {
+    const auto attempt = [&](const auto& add) {
         try {
-            addSlides(pictures, file, group);
+            add();
         } catch (const Failure& failure) {
             problems.push_back(failure.what());
         }
     };
     const std::size_t before = pictures.size();
     for (const auto& file : filesOf(folder, ".slb"))
-        attempt(file, (L"Slides of " + VEK::platform::textOf(file.filename())).c_str());
+        attempt([&] { addSlides(pictures, file, (L"Slides of " + VEK::platform::textOf(file.filename())).c_str()); });
     for (const auto& file : filesOf(folder, ".sld"))
-        attempt(file, L"Slide files");
+        attempt([&] { addSlides(pictures, file, L"Slide files"); });
+    for (const auto& file : filesOf(folder, ".json"))
+        attempt([&] {
+            if (isProject(utf8Of(file)))
+                addObjects(pictures, file);
+        });
     for (const auto& file : filesOf(folder / "sheets", ".json")) {
         pictures.push_back({L"Sheets", nameOf(file.stem()),
                             [file](CVekGDX& gdx, Patterns& patterns) { addDescription(gdx, utf8Of(file), patterns); }});

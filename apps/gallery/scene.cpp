@@ -46,13 +46,16 @@ CVekGDX::Stack pathOf(int number)
 
 Scene::Object::Object() : CVekGDX(paper().backColorGet(), {}, 0.0, 0, CVekPoint3d::kOrigin, CVekPoint3d::kOrigin) {}
 
-/// Gives every item without a path its own one, since a pick would give all the same.
-void Scene::Object::number()
+/// Gives every item without a path its own one, since a pick would give all the same, or that of its element.
+void Scene::Object::number(const std::vector<ProjectElement>* elements)
 {
     int next = stackGet();
+    std::size_t element = 0;
     for (int i = 0; i < lenGet(); ++i) {
+        while (elements && element < elements->size() && i >= (*elements)[element].end)
+            ++element;
         if (displayList[i].stack.len() == 0)
-            displayList[i].stack.append(++next);
+            displayList[i].stack.append(elements ? static_cast<int>(element) + 1 : ++next);
     }
 }
 
@@ -63,12 +66,13 @@ void Scene::show(const CataloguePicture& picture)
     m_patterns.reset(); // restores the previous host before the next one is installed
     m_patterns = std::make_unique<Patterns>();
     m_picture = Object();
+    m_elements = picture.elements;
     const auto finish = [this] {
         CVekColor highlight;
         highlight.setColorIndex(kHighlightIndex);
-        if (m_picture.ColorTabLenGet() == 0)
+        if (m_picture.ColorTabLenGet() == 0 || m_elements)
             m_picture.ColorTabSet(VEK::colorHighlight, highlight);
-        m_picture.number();
+        m_picture.number(m_elements.get());
         m_ownBack = m_picture.backColorGet();
         m_shown = m_picture;
         setBackground(m_isChosen ? &m_chosenBack : nullptr);
@@ -101,6 +105,11 @@ CVekString Scene::describe(int number) const
     if (items.len() == 0)
         return L"";
     const CVekDisplayItem& first = m_picture.getDisplayList()[items[0]];
+    if (m_elements && number >= 1 && number <= static_cast<int>(m_elements->size())) {
+        const ProjectElement& element = (*m_elements)[static_cast<std::size_t>(number) - 1];
+        return element.name + L" (" + element.type + L"), " + std::to_wstring(items.len()).c_str() + L" items, " +
+               colorText(first.color).c_str();
+    }
     std::wstring text = std::to_wstring(number) + L": ";
     if (items.len() > 1)
         text += L"group of " + std::to_wstring(items.len()) + L", first ";

@@ -36,9 +36,10 @@ private:
     {
     public:
         Object();
-        void number();
+        void number(const std::vector<ProjectElement>* elements);
     };
 
+    std::shared_ptr<std::vector<ProjectElement>> m_elements; ///< of the picture, or null
     std::unique_ptr<Patterns> m_patterns; ///< those of the picture, installed in the host while it is shown
     Object m_picture;
     Object m_shown;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "picture.h"
+#include "shared/project.h"
 #include "shared/sample.h"
 
 #include <string>
@@ -12,18 +13,20 @@ struct DrawOptions {
     std::string output;
     std::string slide;      ///< empty for all slides of a library
     std::string size;       ///< "WxH"; empty for the default
-    std::string view;       ///< a keyword of the view table; empty for the plan
+    ObjectWish object;      ///< which object of a project, and how; its view is for all files
     double scale = 1.0;     ///< factor on lengths given in pixels
     std::string background; ///< a colour, as of a screen; empty for paper
 };
 
 void drawCommand(const DrawOptions& options);
 
-/// Lists the names of a library's slides, or of the patterns of a file, one per line.
+/// Lists the names of a library's slides, of a file's patterns or, with their kinds, of a project's objects, one per
+/// line.
 void listCommand(const std::string& input);
 
-/// Prints items by type, extents and colours of all slides, of one, or of a description.
-void infoCommand(const std::string& input, const std::string& slide);
+/// Prints items by type, extents and colours of all slides, of one, of a description, or of all objects of a project or
+/// of one.
+void infoCommand(const std::string& input, const std::string& slide, const ObjectWish& object);
 
 struct HatchOptions {
     std::string name; ///< empty for all patterns on one sheet

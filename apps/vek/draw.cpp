@@ -1,4 +1,5 @@
 #include "commands.h"
+#include "progress.h"
 #include "shared/description.h"
 #include "shared/failure.h"
 #include "shared/input.h"
@@ -45,24 +46,46 @@ void addSlides(CVekGDX& gdx, const Input& input, const std::string& name, Size s
         addSlide(gdx, slide, sheet.next(gdx, slide.name));
 }
 
+void expectNoSlide(const DrawOptions& options)
+{
+    if (!options.slide.empty())
+        throw Failure(options.input + ": is no slide library, so that --slide has no place");
+}
+
+/// A slide or a description, which can be looked at from aside.
+void addFlat(CVekGDX& gdx, const DrawOptions& options, Patterns& patterns, Size size)
+{
+    const ObjectWish& object = options.object;
+    if (!object.view.empty() && !gdx.viewDirectionSet(wide(object.view)))
+        throw Failure("--view " + object.view + ": not one of P, N, S, O, W, NO, NW, SO, SW");
+    if (object.full || object.coord || object.ucs || object.mode != 0 ||
+        !(object.kind + object.object + object.active).empty())
+        throw Failure(options.input + ": has no objects, so that the options for them have no place");
+    if (!isDescription(options.input)) {
+        addSlides(gdx, Input(options.input), options.slide, size);
+    } else {
+        expectNoSlide(options);
+        addDescription(gdx, options.input, patterns);
+    }
+}
+
 } // namespace
 
 void drawCommand(const DrawOptions& options)
 {
     checkPictureName(options.output);
     const Size size = sizeOf(options.size, kDrawSize);
-    CVekGDX gdx = paper();
-    if (!options.view.empty() && !gdx.viewDirectionSet(wide(options.view)))
-        throw Failure("--view " + options.view + ": not one of P, N, S, O, W, NO, NW, SO, SW");
     if (!(options.scale > 0.0 && options.scale <= kMostScale))
         throw Failure("--scale: not a number above 0 and up to 100");
+    const Progress progress("drawing " + options.input);
+    CVekGDX gdx = paper();
     Patterns patterns;
-    if (!isDescription(options.input))
-        addSlides(gdx, Input(options.input), options.slide, size);
-    else if (options.slide.empty())
-        addDescription(gdx, options.input, patterns);
-    else
-        throw Failure(options.input + ": is no slide library, so that --slide has no place");
+    if (isProject(options.input)) {
+        expectNoSlide(options);
+        Project(options.input).draw(gdx, options.object);
+    } else {
+        addFlat(gdx, options, patterns, size);
+    }
     if (!options.background.empty()) {
         CVekColor color;
         if (!colorFrom(options.background, color))

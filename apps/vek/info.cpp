@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdio>
 #include <map>
+#include <set>
 
 namespace
 {
@@ -69,9 +70,47 @@ std::string describe(const CVekGDX& gdx)
     return text + colours(gdx);
 }
 
+/// The elements of an assembly by type, each name once.
+std::string elementTypes(const Project& project, const ProjectObject& object)
+{
+    std::map<std::string, std::pair<int, std::set<std::string>>> types;
+    int count = 0;
+    for (const ProjectElement& element : project.elements(object)) {
+        auto& [number, names] = types[utf8(element.type)];
+        names.insert(utf8(element.name));
+        ++number;
+        ++count;
+    }
+    std::string text = count ? "  elements " + std::to_string(count) + "\n" : "";
+    for (const auto& [type, entry] : types) {
+        std::array<char, 40> head{};
+        std::snprintf(head.data(), head.size(), "    %-8s %4d  ", type.c_str(), entry.first);
+        std::string names;
+        for (const std::string& name : entry.second)
+            names += (names.empty() ? "" : ", ") + name;
+        text += head.data() + names + "\n";
+    }
+    return text;
+}
+
 void print(const std::string& text)
 {
     std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+void projectInfo(const std::string& input, const ObjectWish& wish)
+{
+    const Patterns patterns;
+    const Project project(input);
+    const bool all = wish.kind.empty() && wish.object.empty();
+    for (const ProjectObject& object : all ? project.objects() : std::vector<ProjectObject>{project.find(wish)}) {
+        CVekGDX gdx = paper();
+        ObjectWish own = wish;
+        own.object = utf8(object.name);
+        project.draw(gdx, own);
+        const bool isAssembly = object.kind.empty() || object.kind == "bgr";
+        print(input + " " + own.object + "\n" + (isAssembly ? elementTypes(project, object) : "") + describe(gdx));
+    }
 }
 
 } // namespace
@@ -83,6 +122,12 @@ void listCommand(const std::string& input)
             print(utf8(pattern.name) + "\n");
         return;
     }
+    if (isProject(input)) {
+        const Project project(input);
+        for (const ProjectObject& object : project.objects())
+            print((object.kind.empty() ? "bgr" : object.kind) + "\t" + utf8(object.name) + "\n");
+        return;
+    }
     const Input library(input);
     if (!library.isLibrary())
         throw Failure(input + ": is a single slide, not a slide library (.slb)");
@@ -90,8 +135,12 @@ void listCommand(const std::string& input)
         print(utf8(slide.name) + "\n");
 }
 
-void infoCommand(const std::string& input, const std::string& slideName)
+void infoCommand(const std::string& input, const std::string& slideName, const ObjectWish& wish)
 {
+    if (isProject(input)) {
+        projectInfo(input, wish);
+        return;
+    }
     if (isDescription(input)) {
         Patterns patterns;
         CVekGDX gdx = paper();

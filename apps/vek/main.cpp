@@ -19,36 +19,51 @@ int fail(std::string text)
     return 2;
 }
 
+void addObject(CLI::App& command, ObjectWish& wish)
+{
+    command.add_option("--kind", wish.kind, "the first object of a kind")
+        ->check(CLI::IsMember({"bgr", "fsheet", "bar", "drill", "hole", "extr"}));
+    command.add_option("--object", wish.object, "name of an object of the project [its assembly]");
+}
+
 void run(std::vector<std::string> arguments)
 {
-    CLI::App app("Draws slides, display descriptions, hatches and texts of facade and metal CAD.", "vek");
+    CLI::App app("Draws slides, display descriptions, objects, hatches and texts of facade and metal CAD.", "vek");
     app.require_subcommand(1);
     app.allow_windows_style_options(false); // a path may begin with a slash on every system
 
     DrawOptions draw;
-    CLI::App* drawing =
-        app.add_subcommand("draw", "Draw a slide, all slides of a library on one sheet, or a display description");
-    drawing->add_option("IN", draw.input, "slide (.sld), slide library (.slb) or display description (.json)")
-        ->required();
+    CLI::App* drawing = app.add_subcommand(
+        "draw", "Draw a slide, all slides of a library on one sheet, a display description or an object of a project");
+    drawing->add_option("IN", draw.input, "slide (.sld), library (.slb), description or project (.json)")->required();
     drawing->add_option("-o,--output", draw.output, "picture: .svg, .emf or .png")->required();
     drawing->add_option("--slide", draw.slide, "name of a slide of the library");
     drawing->add_option("--size", draw.size, "width and height in pixels [1024x768]")->type_name("WxH");
-    drawing->add_option("--view", draw.view, "view: P, N, S, O, W, NO, NW, SO or SW [P]");
+    drawing->add_option("--view", draw.object.view, "view: P, N, S, O, W, NO, NW, SO, SW, of an object also E [P]");
     drawing->add_option("--scale", draw.scale, "factor on line widths and marks, for large and fine pictures [1]");
     drawing->add_option("--background", draw.background, "draw as on a screen of this colour, RRGGBB or 0 to 255")
         ->type_name("COLOUR");
+    addObject(*drawing, draw.object);
+    drawing->add_flag("--full", draw.object.full, "an assembly as one solid, without its hidden lines");
+    drawing->add_option("--cmode", draw.object.mode, "colour mode of all lines; 1 shows hidden lines, too [0]");
+    drawing->add_option("--act", draw.object.active, "name of the active element");
+    drawing->add_flag("--coord", draw.object.coord, "mark the origin");
+    drawing->add_flag("--ucs", draw.object.ucs, "draw the axes");
     drawing->callback([&] { drawCommand(draw); });
 
     std::string input;
-    CLI::App* list = app.add_subcommand("list", "List the slides of a library, or the patterns of a file");
-    list->add_option("IN", input, "slide library (.slb) or pattern file (.pat)")->required();
+    CLI::App* list =
+        app.add_subcommand("list", "List the slides of a library, the patterns of a file, or the objects of a project");
+    list->add_option("IN", input, "slide library (.slb), pattern file (.pat) or project (.json)")->required();
     list->callback([&] { listCommand(input); });
 
     std::string slide;
     CLI::App* info = app.add_subcommand("info", "Tell items by type, extents and colours");
-    info->add_option("IN", input, "slide (.sld), slide library (.slb) or display description (.json)")->required();
+    info->add_option("IN", input, "slide (.sld), library (.slb), description or project (.json)")->required();
     info->add_option("--slide", slide, "name of a slide of the library");
-    info->callback([&] { infoCommand(input, slide); });
+    ObjectWish told;
+    addObject(*info, told);
+    info->callback([&] { infoCommand(input, slide, told); });
 
     HatchOptions hatch;
     CLI::App* hatching =

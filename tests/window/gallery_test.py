@@ -28,7 +28,7 @@ STATUS = (4, 680, 860, 694)
 MIDDLE = ((PICTURE[0] + PICTURE[2]) // 2, (PICTURE[1] + PICTURE[3]) // 2)
 
 WHITE, BLACK = (255, 255, 255), (0, 0, 0)
-OUTLINE, LINE, HIGHLIGHT = (0, 82, 165), (255, 0, 0), (255, 0, 255)
+OUTLINE, LINE, HIGHLIGHT, SLAB = (0, 82, 165), (255, 0, 0), (255, 0, 255), (128, 128, 128)
 
 
 class Picture:
@@ -234,6 +234,28 @@ class Gallery(unittest.TestCase):
         self.click(1)  # on nothing
         self.assertEqual(self.changed(line), first, "no highlight")
         self.assertEqual(self.status(), blank)
+
+    def test_objects(self):
+        elevation = self.start("facade, elevation")
+        blank = self.status()
+        self.save("elevation")
+        x, y = min(elevation.places(SLAB))
+        self.to(PICTURE[0] + x, PICTURE[1] + y)
+        self.click(1)
+        self.to(*MIDDLE)
+        picked = self.changed(elevation)
+        self.save("element")
+        self.assertNotEqual(self.status(), blank)
+        self.assertEqual(picked.box(HIGHLIGHT), elevation.box(SLAB))  # the element with all its lines, and no other
+        self.key("Escape")
+        self.assertEqual(self.changed(picked), elevation)
+        self.key("alt+p")
+        for name, steps in ("corner", 3), ("solid", 1), ("section", 1), ("sandwich panel", 4), ("lock holes", 4):
+            before = self.still()
+            self.key(*["Down"] * steps)
+            wait(name, lambda: windows(f"{name} - VEK Gallery"))
+            self.changed(before)
+            self.save(name.replace(" ", "-"))
 
     def test_menu(self):
         first = self.start("All kinds")

@@ -82,6 +82,9 @@ private:
 /// @param argc, argv as the process got them
 std::vector<std::string> programArguments(int argc, const char* const* argv);
 
+/// Whether standard error is a terminal, on which a line can be written over.
+bool errorsGoToTerminal();
+
 /// The program file of this process.
 std::filesystem::path programPath();
 

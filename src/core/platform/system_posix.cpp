@@ -104,6 +104,11 @@ std::vector<std::string> programArguments(int argc, const char* const* argv)
     return {argv + std::min(argc, 1), argv + argc};
 }
 
+bool errorsGoToTerminal()
+{
+    return ::isatty(STDERR_FILENO) == 1;
+}
+
 std::string systemCodePageOf(std::wstring_view text)
 {
     return codePage1252Of(text);

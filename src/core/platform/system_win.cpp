@@ -66,6 +66,12 @@ std::vector<std::string> programArguments(int, const char* const*)
     return arguments;
 }
 
+bool errorsGoToTerminal()
+{
+    DWORD mode = 0; // a console has one
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
 std::string systemCodePageOf(std::wstring_view text)
 {
     const int length = static_cast<int>(text.size());
