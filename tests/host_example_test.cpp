@@ -131,12 +131,16 @@ TEST_F(Example, IsDrawnTheSameInEveryBuildAndAtEveryAddress)
         noise.push_back(std::make_unique<char[]>(size));
     for (std::size_t i = 0; i < noise.size(); i += 2)
         noise[i].reset();
-    EXPECT_EQ(all(Project(kFile), false), items);
     display_test::Hash hash;
     for (const std::uint64_t item : all(project, true))
         hash << item;
     // Changes only with the example or with how it is drawn; then every build gives the new value.
-    EXPECT_EQ(hash.value(), 11856630932881483662u);
+    EXPECT_EQ(hash.value(), 8280400818393516094u);
+    int color = 0;
+    dataSet(VEK::cfg_get(L"*LAYER*\\ALU"), L"COLOR", 3); // of a program around the project
+    EXPECT_EQ(all(Project(kFile), false), items);
+    VEK::dataGet(VEK::cfg_get(L"*LAYER*\\ALU"), L"COLOR", color);
+    EXPECT_EQ(color, 3);
 }
 
 /// A key of an element or of a definition is lost, or has a value of another kind, or a reference goes round in a

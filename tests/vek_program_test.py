@@ -291,6 +291,7 @@ class Objects(Case):
         self.assertEqual(len(set(re.findall('stroke="([^"]*)"', hidden))), 2)
         axes = self.drawn("--view", "NW", "--ucs", "--coord", "--cmode", "1", "--act", "handrail")
         self.assertGreater(len(axes), len(self.drawn("--view", "NW", "--cmode", "1")))
+        self.assertIn('rx="6"', self.drawn("--kind", "drill"))  # the mark of the origin, as configured
         for kind in "fsheet", "bar", "drill", "hole", "extr":
             self.assertTrue(self.drawn("--kind", kind) != pictures["P"], kind)
         self.assertTrue(self.drawn("--kind", "hole") != self.drawn("--kind", "hole", "--act", "latch"))
