@@ -1,6 +1,7 @@
 // The generators by their rules: what they ask of the object services and of the host, and what they make of it.
 #include "images_services.h"
 
+#include "objects_data.h"
 #include "shapes.h"
 
 #include <vek/images.h>
@@ -10,7 +11,7 @@
 namespace
 {
 
-using VEK::dataSet;
+using objects_test::tree, VEK::dataSet;
 
 constexpr int kModes[] = {-1, 0, 1, 2, 3, 15, 16, 17};
 
@@ -171,12 +172,8 @@ protected:
 
     static CVekDataItem element(const wchar_t* type, double x = 0.0)
     {
-        CVekDataItem item;
+        CVekDataItem item = tree("{'LAYER': '11', 'LAYER_H': '12', 'BT': {'LAYER': '13', 'LAYER_H': '14'}}");
         dataSet(&item, L"TYPE", type);
-        dataSet(&item, L"LAYER", L"11");
-        dataSet(&item, L"LAYER_H", L"12");
-        dataSet(&item, L"BT\\LAYER", L"13");
-        dataSet(&item, L"BT\\LAYER_H", L"14");
         dataSet(&item, L"X", x);
         return item;
     }
@@ -238,15 +235,13 @@ TEST_F(Images, AssemblyDrawsEachElementInItsMode)
         script.names = {"b"};
         if (several)
             script.names = {"a", "b", "bare", "lost"};
-        CVekDataItem object, params;
+        CVekDataItem object, params = tree("{'BGR_STAT': -2, 'GEN_STAT': -1}");
         for (const wchar_t* name : {L"a", L"b", L"bare"})
             *object.makeItem(CVekString(L"BT\\") + name) =
                 element(name[1] ? L"UNKNOWN" : L"ROT", name[0] == L'a' ? 10 : 20);
         dataSet(&params, L"CMODE", mode);
         dataSet(&params, L"COORD", coord);
         dataSet(&params, L"MTX", moved(500));
-        dataSet(&params, L"BGR_STAT", -2);
-        dataSet(&params, L"GEN_STAT", -1);
         if (hasActive)
             dataSet(&params, L"ACT", L"b");
         std::string expected = coord ? "2:1024:-1:(0,0) " : "";
@@ -278,10 +273,7 @@ TEST_F(Images, AssemblyAsOneSolidHasNoHiddenLinesAndNoAxes)
         const int mode = kModes[bits / 8];
         script.hasSolid = bits & 1;
         script.projects = bits & 2;
-        CVekDataItem object(CVekDataItem::directory), params;
-        dataSet(&params, L"FULL", true);
-        dataSet(&params, L"UCS", 1);
-        dataSet(&params, L"VIEW", L"E");
+        CVekDataItem object(CVekDataItem::directory), params = tree("{'FULL': true, 'UCS': 1, 'VIEW': 'E'}");
         dataSet(&params, L"CMODE", mode);
         dataSet(&params, L"COORD", (bits & 4) != 0);
         const std::string expected = (bits & 4 ? "2:1024:-1:(0,0) " : "") +
@@ -290,7 +282,7 @@ TEST_F(Images, AssemblyAsOneSolidHasNoHiddenLinesAndNoAxes)
         EXPECT_EQ(result, script.hasSolid && script.projects);
         // From the side of +x, world z up: the view's z is x, its x is y.
         EXPECT_EQ(script.calls,
-                  std::string("slx{}1101 ") + (script.hasSolid ? "solid project100,0;0,100;0,0;11 " : ""));
+                  std::string("slx{}1101 ") + (script.hasSolid ? "solid project100,0,0;0,100,0;0,0,100;11 " : ""));
     }
 }
 
@@ -326,11 +318,9 @@ TEST_F(Images, ElementsAreDrawnByTheirType)
             script.projects = bits & 4;
             script.hasDrills = bits & 8;
             script.isAngle = host.draws = bits & 16;
-            CVekDataItem item = element(row.type), parm;
+            CVekDataItem item = element(row.type), parm = tree("{'CUT': 'c', 'INSUNIT': {'@unit': 2}}");
             dataSet(&item, L"SCONS", row.construction);
             dataSet(&parm, L"CMODE", mode);
-            dataSet(&parm, L"CUT", L"c");
-            dataSet(&parm, L"INSUNIT", Vek::unitFoot);
             CVekMatrix3d at = moved(7);
             const bool isAngle = CVekString(row.type) == L"ANGLE", isGood = !isAngle || script.isAngle;
             const auto projection = [&](double x, int color, int hidden) {
@@ -367,12 +357,8 @@ TEST_F(Images, ElementsAreDrawnByTheirType)
 
 TEST_F(Images, ListsOfPartsAreDrawnByTheHost)
 {
-    CVekDataItem item = element(L"SCORD"), parm;
-    for (const wchar_t* name : {L"PART", L"CUT", L"BGR"})
-        dataSet(&item, name, name);
-    item.remove(L"BT");
-    item.makeDir(L"BT");
-    dataSet(&parm, L"CMODE", 2);
+    CVekDataItem parm = tree("{'CMODE': 2}");
+    CVekDataItem item = tree("{'TYPE': 'SCORD', 'LAYER': '11', 'PART': 'PART', 'CUT': 'CUT', 'BGR': 'BGR', 'BT': {}}");
     CVekMatrix3d at = mirrored(7);
     EXPECT_EQ(drawn(vek_gdx_image_bgr_bt, &item, at, at, &parm), "");
     EXPECT_TRUE(result);
@@ -405,18 +391,17 @@ TEST_F(Images, SectionMarkIsAHalfDiscWithItsAxis)
     for (const int mode : kModes) {
         CVekDataItem item = element(L"SLICE"), parm;
         dataSet(&parm, L"CMODE", mode);
-        CVekMatrix3d at = moved(7), view; // from the side of +y: the view's x is -x, its y is z
-        view.setCoordSystem({}, {-1, 0, 0}, {0, 0, 1}, {0, 1, 0});
+        CVekMatrix3d at = CVekMatrix3d().setToTranslation({7, 4, 0}), view; // from +x: the view's x is y, its y is z
+        view.setCoordSystem({}, {0, 1, 0}, {0, 0, 1}, {1, 0, 0});
         drawn(vek_gdx_image_bgr_bt, &item, at, view, &parm);
         ASSERT_EQ(gdx.lenGet(), 2);
         const unsigned flag = flagOf(mode == 0 ? 3 : mode);
-        EXPECT_EQ(told(gdx.getDisplayList()[1]), shown(1, flag, -1, "(-7,0>-7,10)"));
+        EXPECT_EQ(told(gdx.getDisplayList()[1]), shown(1, flag, -1, "(4,0>4,10)"));
         EXPECT_EQ(gdx.flagGet(0), flag);
-        CVekPoint3d low, high; // the half disc of diameter 10 in the plane of the drawing, seen from its edge
+        CVekPoint3d low, high; // of the half disc of diameter 10, its straight side across the line of sight
         EXPECT_TRUE(gdx.getDisplayList()[0].vl.extents(low, high));
-        EXPECT_NEAR(low[0], -12, 1e-9);
-        EXPECT_NEAR(high[0], -2, 1e-9);
-        EXPECT_NEAR(high[1] - low[1], 0, 1e-9);
+        EXPECT_NEAR(high[0] - low[0], 5, 1e-9);
+        EXPECT_NEAR(std::min(std::fabs(low[0] - 4), std::fabs(high[0] - 4)) + high[1] - low[1], 0, 1e-9);
         EXPECT_EQ(script.calls, "layerACHSE ");
     }
 }
@@ -572,16 +557,17 @@ TEST_F(Images, BarsShowTheirSurfacesAndSubElements)
     for (int bits = 0; bits < 64; ++bits) {
         const bool coated = bits & 1, hasFirst = bits & 2, hasSecond = bits & 4, total = bits & 8, picks = bits & 16;
         const bool hasRegion = bits & 32;
-        CVekDataItem root, params;
-        CVekDataItem* group = root.makeDir(L"LOBJ\\group");
-        CVekDataItem* main = group->makeDir(L"main");
+        CVekDataItem root = tree(R"({'LOBJ': {'group': {'main': {'SURFACE': {'1': {}, '2': {}, 'TOTAL': {}}},
+            'sub': {'X': 104.0, 'XREF': {'X': 33.0}}, 'line': {}, 'bare': {}}}})");
+        CVekDataItem params = tree("{'GRP': 'group', 'BT': 'main'}"), *group = root.getItem(L"LOBJ\\group");
+        CVekDataItem* main = group->getItem(L"main");
         if (hasRegion)
             dataSet(main, L"REGL", VEK::Regions{{lineAt(1, 0), lineAt(1, 1)}, {lineAt(2, 0)}});
         dataSet(main, L"MTX", mirrored(100));
         CVekColor color;
         color.setColorIndex(6);
         for (const wchar_t* name : {L"1", L"2", L"TOTAL"}) {
-            CVekDataItem* surface = main->makeDir((std::wstring(L"SURFACE\\") + name).c_str());
+            CVekDataItem* surface = main->getItem(L"SURFACE")->getItem(name);
             if (name[0] == L'1' ? hasFirst : hasSecond)
                 dataSet(surface, L"VL", lineAt(name[0] == L'1' ? 11 : 12, 0));
             if (coated)
@@ -589,13 +575,8 @@ TEST_F(Images, BarsShowTheirSurfacesAndSubElements)
         }
         if (!total)
             main->remove(L"SURFACE\\TOTAL");
-        dataSet(group, L"sub\\XREF\\X", 33.0);
-        dataSet(group, L"sub\\X", 104.0);
         dataSet(group, L"line\\VL", shapes::list({shapes::rectangle(0, 0, 1, 1)}));
         dataSet(group, L"line\\MTX", moved(100));
-        group->makeDir(L"bare");
-        dataSet(&params, L"GRP", L"group");
-        dataSet(&params, L"BT", L"main");
         if (picks)
             dataSet(&params, L"PICK\\P2", CVekPoint3d(5, 6, 0));
 
@@ -624,11 +605,9 @@ TEST_F(Images, DrillsGoToTheHostOrShowTheirSolid)
         const bool solid = bits & 1, coord = bits & 2, stacked = bits & 4;
         script.hasModel = bits & 8;
         host.draws = bits & 16;
-        CVekDataItem root, params;
+        CVekDataItem root = tree("{'PART_SOLID': '8'}"), params = tree("{'CMODE': 17}");
         dataSet(&root, L"VIEW", solid ? 3 : 2);
-        dataSet(&root, L"PART_SOLID", L"8");
         dataSet(&params, L"COORD", coord);
-        dataSet(&params, L"CMODE", 17);
         dataSet(&params, L"MTX", moved(3));
         if (stacked)
             dataSet(&params, L"STACK", CVekArrayTempl<int>{4, 5});
@@ -640,7 +619,7 @@ TEST_F(Images, DrillsGoToTheHostOrShowTheirSolid)
             expected = shown(2, 1024, -1, "(0,0)", path, "s2");
         EXPECT_EQ(drawn(vek_gdx_image_drill, file(root), file(params)), expected);
         EXPECT_EQ(result, !solid || script.hasModel);
-        EXPECT_EQ(script.calls, solid ? script.hasModel ? "solid project58,71;-58,71;58,0;01 " : ""
+        EXPECT_EQ(script.calls, solid ? script.hasModel ? "solid project58,71,-41;-58,71,41;58,0,82;01 " : ""
                                       : "host{PART_SOLID=8,VIEW=2}{CMODE=17,MTX=3,STACK=-99}1 ");
     }
     EXPECT_EQ(drawn(vek_gdx_image_drill, nullptr, nullptr), "");
@@ -650,21 +629,12 @@ TEST_F(Images, DrillsGoToTheHostOrShowTheirSolid)
 
 TEST_F(Images, HolePatternsMarkTheirActiveElement)
 {
-    CVekDataItem holes;
-    dataSet(&holes, L"\\PART_CON", L"21");
-    dataSet(&holes, L"\\PART_FILL", L"22");
-    dataSet(&holes, L"\\HPNAME", L"ANSI");
-    dataSet(&holes, L"\\HPSCALE", 2.0);
-    dataSet(&holes, L"BT\\outline\\GEN\\TYPE", L"OUTLINE");
-    dataSet(&holes, L"BT\\outline\\GEN\\W", 3.0);
+    CVekDataItem holes = tree(R"({'': {'PART_CON': '21', 'PART_FILL': '22', 'HPNAME': 'ANSI', 'HPSCALE': 2.0},
+        'BT': {'outline': {'GEN': {'TYPE': 'OUTLINE', 'W': 3.0}}, 'lines': {'GEN': {'@polylines': [[[1, 0, 0, 2, 0, 0, 0]],
+        [[2, 0, 0, 3, 0, 0, 0]]]}, 'X': 20.0}, 'drill': {'GEN': {'TYPE': 'DRILL'}},
+        'no outline': {'GEN': {'TYPE': 'OUTLINE'}}, 'other': {'GEN': {'TYPE': 'OTHER'}}, 'nothing': {}}})");
     dataSet(&holes, L"BT\\outline\\MTX", moved(10));
-    dataSet(&holes, L"BT\\lines\\GEN", shapes::list({lineAt(1, 0), lineAt(2, 0)}));
-    dataSet(&holes, L"BT\\lines\\X", 20.0); // placed otherwise
-    dataSet(&holes, L"BT\\drill\\GEN\\TYPE", L"DRILL");
-    dataSet(&holes, L"BT\\drill\\MTX", moved(30));
-    dataSet(&holes, L"BT\\no outline\\GEN\\TYPE", L"OUTLINE");
-    dataSet(&holes, L"BT\\other\\GEN\\TYPE", L"OTHER");
-    holes.makeDir(L"BT\\nothing");
+    dataSet(&holes, L"BT\\drill\\MTX", moved(30)); // the lines are placed otherwise
     const CVekDataKey number(5003, 4, 0);
     dataSet(holes.getItem(L"BT")->makeItem(&number), L"GEN", shapes::list({lineAt(1, 0)}));
     const std::string kNames[] = {"outline", "lines", "drill", "no outline", "other", "nothing"};
@@ -750,9 +720,7 @@ TEST_F(Images, AxesLeaveOutTheOneThatPointsAtTheViewer)
 
 TEST_F(Images, ExtrusionsComeFromTheHost)
 {
-    CVekDataItem object, params;
-    dataSet(&object, L"A", 1);
-    dataSet(&params, L"B", 2);
+    const CVekDataItem object = tree("{'A': 1}"), params = tree("{'B': 2}");
     gdx.projMtxSet(moved(9));
     EXPECT_EQ(drawn(vek_gdx_image_extr, file(object), file(params)), "1:0:-1:(4,0>5,0) ");
     EXPECT_TRUE(result && gdx.projMtxGet() == CVekMatrix3d());
