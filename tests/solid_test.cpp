@@ -127,6 +127,11 @@ TEST(Solid, RoundBodiesHaveTrueArcsAlongTheirAxisAndSilhouettesAcrossIt)
     EXPECT_NEAR(along.unseen.length[kEdge], 9 * pi, 1e-9);
     EXPECT_EQ(along.unseen.arcs, 2);
 
+    CVek_Solid half; // a face with an arc hides what is behind it and no more
+    ASSERT_TRUE(half.extrude({shapes::path({shapes::line(-5, 0, 5, 0), shapes::line(5, 0, -5, 0, 1)})}, {}, 5, 6, 1) &&
+                half.extrude(rectangle(10, 2), at(0, -1, 0), 0, 1, 2));
+    EXPECT_NEAR(projected(half, from(0, 0, 1)).unseen.length[kEdge], std::sqrt(24.0) + 1, 1e-9);
+
     CVek_Solid rounded; // a plane that goes over into a torus and that into a cylinder
     Region soft;
     soft.append(shapes::path({shapes::line(0, 0, 3, 0), shapes::line(3, 0, 4, 1, std::tan(pi / 8)),
