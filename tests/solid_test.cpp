@@ -127,10 +127,15 @@ TEST(Solid, RoundBodiesHaveTrueArcsAlongTheirAxisAndSilhouettesAcrossIt)
     EXPECT_NEAR(along.unseen.length[kEdge], 9 * pi, 1e-9);
     EXPECT_EQ(along.unseen.arcs, 2);
 
-    CVek_Solid half; // a face with an arc hides what is behind it and no more
-    ASSERT_TRUE(half.extrude({shapes::path({shapes::line(-5, 0, 5, 0), shapes::line(5, 0, -5, 0, 1)})}, {}, 5, 6, 1) &&
-                half.extrude(rectangle(10, 2), at(0, -1, 0), 0, 1, 2));
+    CVek_Solid half, pair; // a face with an arc hides what is behind it and no more
+    const Region disc{shapes::path({shapes::line(-5, 0, 5, 0), shapes::line(5, 0, -5, 0, 1)})};
+    ASSERT_TRUE(half.extrude(disc, {}, 5, 6, 1) && half.extrude(rectangle(10, 2), at(0, -1, 0), 0, 1, 2));
     EXPECT_NEAR(projected(half, from(0, 0, 1)).unseen.length[kEdge], std::sqrt(24.0) + 1, 1e-9);
+    const CVekMatrix3d turned = CVekMatrix3d().setToRotation(pi / 2, {0, 0, 1}, {}); // a quarter of an arc on another
+    ASSERT_TRUE(pair.extrude(disc, {}, 0, 1, 1) && pair.extrude(disc, turned, 5, 6, 2));
+    const View both = projected(pair, from(0, 0, 1));
+    EXPECT_NEAR(both.seen.length.at(kEdge), 15 + 7.5 * pi, 1e-9);
+    EXPECT_NEAR(both.unseen.length.at(kEdge), 5, 1e-9);
 
     CVek_Solid rounded; // a plane that goes over into a torus and that into a cylinder
     Region soft;
