@@ -131,10 +131,10 @@ TEST(Solid, RoundBodiesHaveTrueArcsAlongTheirAxisAndSilhouettesAcrossIt)
     const Region disc{shapes::path({shapes::line(-5, 0, 5, 0), shapes::line(5, 0, -5, 0, 1)})};
     ASSERT_TRUE(half.extrude(disc, {}, 5, 6, 1) && half.extrude(rectangle(10, 2), at(0, -1, 0), 0, 1, 2));
     EXPECT_NEAR(projected(half, from(0, 0, 1)).unseen.length[kEdge], std::sqrt(24.0) + 1, 1e-9);
-    const CVekMatrix3d turned = CVekMatrix3d().setToRotation(pi / 2, {0, 0, 1}, {}); // a quarter of an arc on another
+    const CVekMatrix3d turned = CVekMatrix3d().setToRotation(pi / 3, {0, 0, 1}, {}); // a part of an arc on another
     ASSERT_TRUE(pair.extrude(disc, {}, 0, 1, 1) && pair.extrude(disc, turned, 5, 6, 2));
     const View both = projected(pair, from(0, 0, 1));
-    EXPECT_NEAR(both.seen.length.at(kEdge), 15 + 7.5 * pi, 1e-9);
+    EXPECT_NEAR(both.seen.length.at(kEdge), 15 + 20 * pi / 3, 1e-9);
     EXPECT_NEAR(both.unseen.length.at(kEdge), 5, 1e-9);
 
     CVek_Solid rounded; // a plane that goes over into a torus and that into a cylinder
@@ -299,7 +299,7 @@ TEST(Solid, DrillsAPatternLikeItsHolesOneByOne)
         const double lean = round % 3 == 0 ? any(-0.1, 0.1) : 0.0;
         for (CVek_Solid* solid : {&one, &many}) {
             Region plate = rectangle(40, 30);
-            plate.append(circle(20, 15, 4));
+            plate.append(shapes::circle(20, 15, 4));
             ASSERT_TRUE(
                 solid->extrude(plate, place, CVekPlane({0, 0, 0}, {0, 0, 1}), CVekPlane({0, 0, 6}, {lean, 0, 1}), 1));
         }
