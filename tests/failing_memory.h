@@ -7,6 +7,7 @@
 
 #include <vek/values/memory.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <new>
@@ -30,7 +31,8 @@ public:
     /// Whether an allocation was refused so far.
     bool failed() const { return m_failed; }
 
-    /// Runs a check with every allocation failing in turn, until none is left to fail.
+    /// Runs a check with every allocation failing in turn, until none is left to fail; behind the first few hundred, in
+    /// which a job does its work for the first time, ever fewer of them.
     /// @param check gets a `FailingMemory&` and calls its `during` once
     /// @return how many allocations failed that were alone in it
     template <class Check>
@@ -39,9 +41,10 @@ public:
         int alone = 0;
         for (const bool lasting : {false, true}) {
             int rounds = 0;
-            for (bool more = true; more; ++rounds) {
-                SCOPED_TRACE(testing::Message() << "allocation " << rounds << (lasting ? " and all behind it" : ""));
-                FailingMemory memory(rounds, lasting);
+            long number = 0;
+            for (bool more = true; more; ++rounds, number += std::max(1L, number / 10 - 40)) {
+                SCOPED_TRACE(testing::Message() << "allocation " << number << (lasting ? " and all behind it" : ""));
+                FailingMemory memory(number, lasting);
                 check(memory);
                 more = memory.failed();
             }

@@ -1,17 +1,14 @@
 // The ready host with the library's own object services: what it draws and calls by itself, and whole assemblies.
 #include "object_pictures.h"
-
-#include <vek/json.h>
+#include "objects_data.h"
 
 #include <algorithm>
-#include <cmath>
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace
 {
 
-using VEK::dataSet;
+using objects_test::tree, VEK::dataSet;
 
 class LocalHost : public testing::Test
 {
@@ -42,15 +39,11 @@ TEST_F(LocalHost, DrawsDrillsAndStandardPartsAlongTheirAxis)
                            {L"DIN 976", 12, 2, 12, 12},
                            {nullptr, 0, 0, 0, 0},
                            {nullptr, -1, 0, 0, 0}}) {
-        CVekDataItem object, wish;
+        CVekDataItem object = tree("{'L': 30.0}"), wish = tree("{'CMODE': 2}");
         dataSet(&object, L"D", row.diameter);
-        dataSet(&object, L"L", 30.0);
         if (row.din)
             dataSet(&object, L"DIN", row.din);
-        CVekMatrix3d at;
-        at.setToTranslation({100, 50, 0});
-        dataSet(&wish, L"MTX", at);
-        dataSet(&wish, L"CMODE", 2);
+        dataSet(&wish, L"MTX", CVekMatrix3d().setToTranslation({100, 50, 0}));
         dataSet(&wish, L"STACK", CVekArrayTempl<int>{3, 1});
         gdx.clear();
         EXPECT_EQ(app.imageObject(&gdx, &object, &wish), row.segments > 0);
@@ -70,20 +63,21 @@ TEST_F(LocalHost, DrawsDrillsAndStandardPartsAlongTheirAxis)
     EXPECT_FALSE(app.imageObject(nullptr, nullptr, nullptr) || app.imageObject(&gdx, nullptr, nullptr));
 }
 
-/// Every key of a tree that draws everything is removed, and gets a value of another kind: the rest is drawn.
+/// Every key of a tree that draws everything is removed or gets another value: the rest is drawn.
 TEST_F(LocalHost, DrawsWhatIsLeftOfDamagedData)
 {
-    CVekDataItem tree;
+    CVekDataItem sound;
     CVekString error;
-    ASSERT_TRUE(VEK::jsonLoad(tree, VEK_SOURCE_DIR L"/fuzz/corpus/object/assembly.json", error)) << std::wstring(error);
+    ASSERT_TRUE(VEK::jsonLoad(sound, VEK_SOURCE_DIR L"/fuzz/corpus/object/assembly.json", error))
+        << std::wstring(error);
     const auto view = [](CVekDataItem& of, int i) {
         const wchar_t* const kViews[] = {L"P", L"E", L"NO"};
         VEK::dataSet(&of, L"PARAMS\\VIEW", kViews[i % 3]);
         VEK::dataSet(&of, L"PARAMS\\FULL", i % 4 == 3);
     };
     for (int i = 0; i < 4; ++i) {
-        view(tree, i);
-        const auto pictures = object_pictures::draw(tree);
+        view(sound, i);
+        const auto pictures = object_pictures::draw(sound);
         EXPECT_EQ(pictures.size(), 9u);
         for (const auto& picture : pictures)
             EXPECT_EQ(picture.good && picture.gdx.lenGet() > 0, std::string("wall") != picture.name) << picture.name;
@@ -98,33 +92,32 @@ TEST_F(LocalHost, DrawsWhatIsLeftOfDamagedData)
             walk(child, own);
         }
     };
-    walk(&tree, CVekDataKey());
+    walk(&sound, CVekDataKey());
+    const double numbers[] = {std::nan(""), 0.0, -1.0, 1e300};
     int drawn = 0, trees = 0;
-    for (const CVekDataKey& path : paths) {
-        for (int i = 0; i < 2; ++i) {
-            CVekDataItem damaged(tree);
-            view(damaged, ++trees);
-            CVekDataItem* item = damaged.getItem(&path);
-            const int kind = trees / 2 % 3;
-            if (i == 0)
-                damaged.getDir()->remove(&path);
-            else if (kind == 0)
-                *item = CVekDataItem(CVekDataItem::directory);
-            else
-                VEK::dataSet(item, nullptr, kind == 1 ? std::nan("") : 0.0);
-            for (const auto& picture : object_pictures::draw(damaged))
-                drawn += picture.gdx.lenGet() > 0;
-        }
+    for (std::size_t i = 0; i < 3 * paths.size() / 2; ++i) { // half of them twice
+        const CVekDataKey& path = paths[i % paths.size()];
+        CVekDataItem damaged(sound);
+        view(damaged, ++trees);
+        const int kind = trees % 7;
+        if (kind < 4)
+            VEK::dataSet(damaged.getItem(&path), nullptr, numbers[kind]);
+        else if (kind == 4)
+            VEK::dataSet(damaged.getItem(&path), nullptr, L"?");
+        else if (kind == 5)
+            *damaged.getItem(&path) = CVekDataItem(CVekDataItem::directory);
+        else
+            damaged.getDir()->remove(&path);
+        for (const auto& picture : object_pictures::draw(damaged))
+            drawn += picture.gdx.lenGet() > 0;
     }
-    EXPECT_GT(trees, 500);
+    EXPECT_GT(trees, 380);
     EXPECT_GT(drawn, trees * 7); // a key matters to few pictures
 }
 
 TEST_F(LocalHost, BringsTextsAndExtrusionsAlong)
 {
-    CVekDataItem text;
-    dataSet(&text, L"TEXT", L"XH");
-    dataSet(&text, L"HEIGHT", 0.5);
+    CVekDataItem text = tree("{'TEXT': 'XH', 'HEIGHT': 0.5}");
     for (const wchar_t* align : {L"BL", L"BC", L"BR", L"CL", L"CC", L"CR", L"TL", L"TC", L"TR", L""}) {
         dataSet(&text, L"ALIGN", align);
         gdx.clear();
@@ -137,14 +130,8 @@ TEST_F(LocalHost, BringsTextsAndExtrusionsAlong)
         EXPECT_NEAR(isLeft ? std::min(low[0], 0.0) : align[1] == L'R' ? high[0] : high[0] + low[0], 0.0, 1e-9);
     }
     // A definition alone is an extrusion: a rectangle seen from its side.
-    CVekDataItem object, params;
-    const CVekDataKey width(5005, L"OUTLINE", 5005, L"PARMS", 5003, 1, 0);
-    const CVekDataKey height(5005, L"OUTLINE", 5005, L"PARMS", 5003, 2, 0);
-    dataSet(&object, L"OUTLINE\\CODE", 2);
-    VEK::dataItemSet(&object, &width, 50.0);
-    VEK::dataItemSet(&object, &height, 120.0);
-    dataSet(&object, L"LEN", 300.0);
-    dataSet(&params, L"VIEW", L"E");
+    const CVekDataItem object = tree("{'OUTLINE': {'CODE': 2, 'PARMS': {'#1': 50.0, '#2': 120.0}}, 'LEN': 300.0}");
+    const CVekDataItem params = tree("{'VIEW': 'E'}");
     gdx.clear();
     const object_pictures::File file(VEK::dtaOpen(vekDtaMemory, 3, nullptr, &object));
     const object_pictures::File wish(VEK::dtaOpen(vekDtaMemory, 3, nullptr, &params));

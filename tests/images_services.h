@@ -144,7 +144,8 @@ bool CVek_Solid::project(const CVekMatrix3d& view, bool together, CVekArrayTempl
 {
     std::ostringstream axes;
     for (int i = 0; i < 3; ++i)
-        axes << std::lround(view.axis(2)[i] * 100) << ',' << std::lround(view.axis(0)[i] * 100) << ';';
+        axes << std::lround(view.axis(2)[i] * 100) << ',' << std::lround(view.axis(0)[i] * 100) << ','
+             << std::lround(view.axis(1)[i] * 100) << ';';
     called("project", axes.str(), together, modeler);
     fill(visible, 1, 0);
     fill(hidden, 2, 0);

@@ -1,6 +1,7 @@
 // The generators by their rules: what they ask of the object services and of the host, and what they make of it.
 #include "images_services.h"
 
+#include "objects_data.h"
 #include "shapes.h"
 
 #include <vek/images.h>
@@ -10,9 +11,17 @@
 namespace
 {
 
-using VEK::dataSet;
+using objects_test::tree, VEK::dataSet;
 
 constexpr int kModes[] = {-1, 0, 1, 2, 3, 15, 16, 17};
+
+template <class... Part>
+std::string text(const Part&... parts)
+{
+    std::ostringstream out;
+    (out << ... << parts);
+    return out.str();
+}
 
 double num(double x)
 {
@@ -21,63 +30,70 @@ double num(double x)
 
 std::string lineText(double x0, double y0, double x1, double y1)
 {
-    std::ostringstream text;
-    text << '(' << num(x0) << ',' << num(y0) << '>' << num(x1) << ',' << num(y1) << ')';
-    return text.str();
+    return text('(', num(x0), ',', num(y0), '>', num(x1), ',', num(y1), ')');
+}
+
+/// As a line of `lineAt` is told, moved or mirrored.
+std::string at(double x, double y, double way = 1.0)
+{
+    return lineText(x, y, x + way, y);
 }
 
 std::string places(const CVekVertexArray& vl, const CVekMatrix3d& m)
 {
-    std::string text;
+    std::string all;
     for (const CVekVertex& v : vl) {
         const CVekPoint3d a = v.start * m, b = v.end * m;
-        text += lineText(a[0], a[1], b[0], b[1]);
+        all += lineText(a[0], a[1], b[0], b[1]);
     }
-    return text;
+    return all;
+}
+
+template <class... Rest>
+std::string shown(int type, unsigned flag, int color, const Rest&... rest)
+{
+    return text(type, ':', flag, ':', color, ':', rest..., ' ');
 }
 
 /// An item by all that is not as for every item of a generator.
 std::string told(const CVekDisplayItem& item)
 {
-    std::ostringstream text;
     const bool isPoint = item.type == dispPoint;
-    text << item.type << ':' << item.flag << ':' << item.color.colorIndex() << ':';
-    if (isPoint)
-        text << '(' << num(item.point[0]) << ',' << num(item.point[1]) << ')';
-    text << (item.type == dispPolyline ? places(item.vl, item.mtx) : "");
+    std::string rest = isPoint ? text('(', num(item.point[0]), ',', num(item.point[1]), ')') : "";
+    rest += item.type == dispPolyline ? places(item.vl, item.mtx) : "";
     for (const CVekVertexArray& contour : item.reg)
-        text << places(contour, item.mtx);
+        rest += places(contour, item.mtx);
     if (item.type == dispRegion)
-        text << item.fcolor.colorIndex() << narrow(item.hatch.name) << num(item.hatch.scale) << num(item.hatch.angle);
+        rest += text(item.fcolor.colorIndex(), narrow(item.hatch.name), num(item.hatch.scale), num(item.hatch.angle));
     if (item.type == dispText)
-        text << places(item.regl[0][0], item.mtx);
+        rest += places(item.regl[0][0], item.mtx);
     for (int i = 0; i < item.stack.len(); ++i)
-        text << 's' << item.stack[i];
+        rest += text('s', item.stack[i]);
     if (item.thickn != 0)
-        text << 't' << item.thickn;
+        rest += text('t', item.thickn);
     if (isPoint && (item.pdSize != 0.0 || item.pdMode != 0xFFFFFFFF))
-        text << 'p' << item.pdSize << ',' << item.pdMode;
+        rest += text('p', item.pdSize, ',', item.pdMode);
     const bool isPlain = item.linetype.len() == 1 && item.linetype[0] == 1.0 && item.ltscale == 1.0;
     if ((!isPlain && (item.type == dispPolyline || item.type == dispRegion)) ||
         (isPoint && !(item.mtx == CVekMatrix3d())))
-        text << "!";
-    return text.str() + ' ';
+        rest += '!';
+    return shown(item.type, item.flag, item.color.colorIndex(), rest);
 }
 
 std::string itemsOf(const CVekGDX& gdx)
 {
-    std::string text;
+    std::string all;
     for (const CVekDisplayItem& item : gdx.getDisplayList())
-        text += told(item);
-    return text;
+        all += told(item);
+    return all;
 }
 
-std::string lines(unsigned flag, int color, double x, double y)
+std::string lines(unsigned flag, int color, double x, double y, const std::string& path = "")
 {
-    std::ostringstream text;
+    std::string all;
     for (int i = 0; i < script.lines; ++i)
-        text << "1:" << flag << ':' << color << ":(" << x << ',' << y + i << '>' << x + 1 << ',' << y + i << ") ";
-    return text.str();
+        all += shown(1, flag, color, at(x, y + i), path);
+    return all;
 }
 
 unsigned flagOf(int mode)
@@ -156,12 +172,8 @@ protected:
 
     static CVekDataItem element(const wchar_t* type, double x = 0.0)
     {
-        CVekDataItem item;
+        CVekDataItem item = tree("{'LAYER': '11', 'LAYER_H': '12', 'BT': {'LAYER': '13', 'LAYER_H': '14'}}");
         dataSet(&item, L"TYPE", type);
-        dataSet(&item, L"LAYER", L"11");
-        dataSet(&item, L"LAYER_H", L"12");
-        dataSet(&item, L"BT\\LAYER", L"13");
-        dataSet(&item, L"BT\\LAYER_H", L"14");
         dataSet(&item, L"X", x);
         return item;
     }
@@ -190,27 +202,16 @@ TEST_F(Images, NothingIsDrawnOfNothing)
     CVekMatrix3d m;
     CVekDataItem leaf, dir(CVekDataItem::directory);
     const File empty = file(dir), none;
-    for (const ElementGenerator generator : kElements) {
-        for (int bad = 0; bad < 5; ++bad)
-            EXPECT_FALSE(generator(bad == 0 ? nullptr : &gdx,
-                                   bad == 1   ? nullptr
-                                   : bad == 2 ? &leaf
-                                              : &dir,
-                                   m, m,
-                                   bad == 3   ? nullptr
-                                   : bad == 4 ? &leaf
-                                              : &dir));
+    for (int bad = 0; bad < 5; ++bad) {
+        CVekGDX* const to = bad == 0 ? nullptr : &gdx;
+        CVekDataItem* const parm = bad == 3 ? nullptr : bad == 4 ? &leaf : &dir;
+        for (const ElementGenerator generator : kElements)
+            EXPECT_FALSE(generator(to, bad == 1 ? nullptr : bad == 2 ? &leaf : &dir, m, m, parm)) << bad;
+        EXPECT_FALSE(vek_gdx_image_bgr(to, bad == 1 ? nullptr : &dir, bad == 2 ? nullptr : &leaf, m, m, parm, 1, 0));
+        EXPECT_FALSE(vek_gdx_image_bgr_slice(to, m, m, to ? parm : &dir) && (bad == 0 || bad > 2));
     }
-    EXPECT_FALSE(vek_gdx_image_bgr_slice(nullptr, m, m, &dir) || vek_gdx_image_bgr_slice(&gdx, m, m, nullptr) ||
-                 vek_gdx_image_bgr_slice(&gdx, m, m, &leaf));
-    for (int bad = 0; bad < 5; ++bad)
-        EXPECT_FALSE(vek_gdx_image_bgr(bad == 0 ? nullptr : &gdx, bad == 1 ? nullptr : &dir, bad == 2 ? nullptr : &leaf,
-                                       m, m,
-                                       bad == 3   ? nullptr
-                                       : bad == 4 ? &leaf
-                                                  : &dir,
-                                       1.0, 0.0));
     EXPECT_FALSE(vek_gdx_image_ucs(nullptr, m) || vek_wall_edit_image(nullptr, empty));
+    gdx.clear();
     struct Row {
         FileGenerator generator;
         bool noObject, empty, noParams; ///< what comes of it
@@ -219,12 +220,9 @@ TEST_F(Images, NothingIsDrawnOfNothing)
                            {vek_gdx_image_bar_surface, false, false, false},
                            {vek_gdx_image_fsheet, false, false, false},
                            {vek_gdx_image_hole, true, true, true},
-                           {vek_gdx_image_drill, true, true, true}}) {
-        EXPECT_FALSE(row.generator(nullptr, empty, empty));
-        EXPECT_EQ(row.generator(&gdx, none, empty), row.noObject);
-        EXPECT_EQ(row.generator(&gdx, empty, empty), row.empty);
-        EXPECT_EQ(row.generator(&gdx, empty, none), row.noParams);
-    }
+                           {vek_gdx_image_drill, true, true, true}})
+        EXPECT_TRUE(!row.generator(nullptr, empty, empty) && row.generator(&gdx, none, empty) == row.noObject &&
+                    row.generator(&gdx, empty, empty) == row.empty && row.generator(&gdx, empty, none) == row.noParams);
     EXPECT_EQ(gdx.lenGet(), 0);
 }
 
@@ -237,15 +235,13 @@ TEST_F(Images, AssemblyDrawsEachElementInItsMode)
         script.names = {"b"};
         if (several)
             script.names = {"a", "b", "bare", "lost"};
-        CVekDataItem object, params;
+        CVekDataItem object, params = tree("{'BGR_STAT': -2, 'GEN_STAT': -1}");
         for (const wchar_t* name : {L"a", L"b", L"bare"})
             *object.makeItem(CVekString(L"BT\\") + name) =
                 element(name[1] ? L"UNKNOWN" : L"ROT", name[0] == L'a' ? 10 : 20);
         dataSet(&params, L"CMODE", mode);
         dataSet(&params, L"COORD", coord);
         dataSet(&params, L"MTX", moved(500));
-        dataSet(&params, L"BGR_STAT", -2);
-        dataSet(&params, L"GEN_STAT", -1);
         if (hasActive)
             dataSet(&params, L"ACT", L"b");
         std::string expected = coord ? "2:1024:-1:(0,0) " : "";
@@ -255,12 +251,12 @@ TEST_F(Images, AssemblyDrawsEachElementInItsMode)
             if (name == "bare" || name == "lost")
                 continue;
             if (coord && mode == 1 && (!several || (hasActive && name == "b")))
-                expected += "2:256:-1:(" + std::to_string(static_cast<int>(x)) + ",5) ";
+                expected += shown(2, 256, -1, '(', x, ",5)");
             expected += lines(flagOf(mode), 11, x, 0) + (mode == 1 ? lines(1280, -1, x, 100) : "");
         }
         EXPECT_EQ(drawn(kAssembly, file(object), file(params)), expected);
         EXPECT_TRUE(result);
-        const std::string m = mode ? ",CMODE=" + std::to_string(mode) : "", act = hasActive ? ",ACT=b" : "";
+        const std::string m = mode ? text(",CMODE=", mode) : "", act = hasActive ? ",ACT=b" : "";
         const std::string parm = (act + m + (coord ? ",COORD=1" : "") + ",MTX=500}").substr(1);
         EXPECT_EQ(script.calls.rfind("strong1{BGR_STAT=-2}{" + parm, 0), 0u) << script.calls;
         const std::string own = (act + m + ",DEFUNIT=6,INSUNIT=2,MTX=" + (several ? "1510" : "1520") + "} ").substr(1);
@@ -277,10 +273,7 @@ TEST_F(Images, AssemblyAsOneSolidHasNoHiddenLinesAndNoAxes)
         const int mode = kModes[bits / 8];
         script.hasSolid = bits & 1;
         script.projects = bits & 2;
-        CVekDataItem object(CVekDataItem::directory), params;
-        dataSet(&params, L"FULL", true);
-        dataSet(&params, L"UCS", 1);
-        dataSet(&params, L"VIEW", L"E");
+        CVekDataItem object(CVekDataItem::directory), params = tree("{'FULL': true, 'UCS': 1, 'VIEW': 'E'}");
         dataSet(&params, L"CMODE", mode);
         dataSet(&params, L"COORD", (bits & 4) != 0);
         const std::string expected = (bits & 4 ? "2:1024:-1:(0,0) " : "") +
@@ -289,7 +282,7 @@ TEST_F(Images, AssemblyAsOneSolidHasNoHiddenLinesAndNoAxes)
         EXPECT_EQ(result, script.hasSolid && script.projects);
         // From the side of +x, world z up: the view's z is x, its x is y.
         EXPECT_EQ(script.calls,
-                  std::string("slx{}1101 ") + (script.hasSolid ? "solid project100,0;0,100;0,0;11 " : ""));
+                  std::string("slx{}1101 ") + (script.hasSolid ? "solid project100,0,0;0,100,0;0,0,100;11 " : ""));
     }
 }
 
@@ -325,11 +318,9 @@ TEST_F(Images, ElementsAreDrawnByTheirType)
             script.projects = bits & 4;
             script.hasDrills = bits & 8;
             script.isAngle = host.draws = bits & 16;
-            CVekDataItem item = element(row.type), parm;
+            CVekDataItem item = element(row.type), parm = tree("{'CUT': 'c', 'INSUNIT': {'@unit': 2}}");
             dataSet(&item, L"SCONS", row.construction);
             dataSet(&parm, L"CMODE", mode);
-            dataSet(&parm, L"CUT", L"c");
-            dataSet(&parm, L"INSUNIT", Vek::unitFoot);
             CVekMatrix3d at = moved(7);
             const bool isAngle = CVekString(row.type) == L"ANGLE", isGood = !isAngle || script.isAngle;
             const auto projection = [&](double x, int color, int hidden) {
@@ -351,8 +342,7 @@ TEST_F(Images, ElementsAreDrawnByTheirType)
             EXPECT_EQ(calls("MTX_PR=30"), row.when == always);
             EXPECT_EQ(calls("CUT=c"), !byHost && isGood && CVekString(row.type) != L"COMPOUND") << script.calls;
             EXPECT_EQ(calls("host{"), byHost || (drills && script.hasDrills && script.isAlong));
-            EXPECT_TRUE(!byHost ||
-                        calls("host{GENERATED=0,LAYER=13,LAYER_H=14}{CMODE=" + std::to_string(mode) + ",MTX=3007}"));
+            EXPECT_TRUE(!byHost || calls(text("host{GENERATED=0,LAYER=13,LAYER_H=14}{CMODE=", mode, ",MTX=3007}")));
             EXPECT_TRUE(!isAngle || calls("angle{BT=-99,DEFUNIT=0,GENERATED=0,INSUNIT=2,"));
         }
     }
@@ -367,12 +357,8 @@ TEST_F(Images, ElementsAreDrawnByTheirType)
 
 TEST_F(Images, ListsOfPartsAreDrawnByTheHost)
 {
-    CVekDataItem item = element(L"SCORD"), parm;
-    for (const wchar_t* name : {L"PART", L"CUT", L"BGR"})
-        dataSet(&item, name, name);
-    item.remove(L"BT");
-    item.makeDir(L"BT");
-    dataSet(&parm, L"CMODE", 2);
+    CVekDataItem parm = tree("{'CMODE': 2}");
+    CVekDataItem item = tree("{'TYPE': 'SCORD', 'LAYER': '11', 'PART': 'PART', 'CUT': 'CUT', 'BGR': 'BGR', 'BT': {}}");
     CVekMatrix3d at = mirrored(7);
     EXPECT_EQ(drawn(vek_gdx_image_bgr_bt, &item, at, at, &parm), "");
     EXPECT_TRUE(result);
@@ -405,18 +391,17 @@ TEST_F(Images, SectionMarkIsAHalfDiscWithItsAxis)
     for (const int mode : kModes) {
         CVekDataItem item = element(L"SLICE"), parm;
         dataSet(&parm, L"CMODE", mode);
-        CVekMatrix3d at = moved(7), view; // from the side of +y: the view's x is -x, its y is z
-        view.setCoordSystem({}, {-1, 0, 0}, {0, 0, 1}, {0, 1, 0});
+        CVekMatrix3d at = CVekMatrix3d().setToTranslation({7, 4, 0}), view; // from +x: the view's x is y, its y is z
+        view.setCoordSystem({}, {0, 1, 0}, {0, 0, 1}, {1, 0, 0});
         drawn(vek_gdx_image_bgr_bt, &item, at, view, &parm);
         ASSERT_EQ(gdx.lenGet(), 2);
         const unsigned flag = flagOf(mode == 0 ? 3 : mode);
-        EXPECT_EQ(told(gdx.getDisplayList()[1]), "1:" + std::to_string(flag) + ":-1:(-7,0>-7,10) ");
+        EXPECT_EQ(told(gdx.getDisplayList()[1]), shown(1, flag, -1, "(4,0>4,10)"));
         EXPECT_EQ(gdx.flagGet(0), flag);
-        CVekPoint3d low, high; // the half disc of diameter 10 in the plane of the drawing, seen from its edge
+        CVekPoint3d low, high; // of the half disc of diameter 10, its straight side across the line of sight
         EXPECT_TRUE(gdx.getDisplayList()[0].vl.extents(low, high));
-        EXPECT_NEAR(low[0], -12, 1e-9);
-        EXPECT_NEAR(high[0], -2, 1e-9);
-        EXPECT_NEAR(high[1] - low[1], 0, 1e-9);
+        EXPECT_NEAR(high[0] - low[0], 5, 1e-9);
+        EXPECT_NEAR(std::min(std::fabs(low[0] - 4), std::fabs(high[0] - 4)) + high[1] - low[1], 0, 1e-9);
         EXPECT_EQ(script.calls, "layerACHSE ");
     }
 }
@@ -471,36 +456,29 @@ TEST_F(Images, SheetsFollowTheirDefinition)
         if (read(outer, L"\\COAT", false))
             skin[1] = skin[0];
         const auto at = [&](double x, double y) {
-            const bool mirrored = read(outer, L"HORIZONTAL", 1) == -1;
-            const double a = mirrored ? width - x : x, b = mirrored ? a - 1 : a + 1;
-            return lineText(a, y, b, y);
-        };
-        const auto item = [&](const char* kind, int c, const std::string& rest) {
-            return kind + std::to_string(c) + ':' + rest + ' ';
+            return read(outer, L"HORIZONTAL", 1) == -1 ? ::at(width - x, y, -1) : ::at(x, y);
         };
         const auto shapes = [&](double s) {
-            std::string text;
+            std::string all;
             for (int i = 0; i < script.lines; ++i)
-                text += *draw == L'L'   ? item("3:17:", color, at(s, i) + std::to_string(fill) + "10")
-                        : *draw == L'S' ? item("3:18:", color, at(s, i) + std::to_string(fill) + hatch)
-                                        : item("1:0:", color, at(s, i));
-            return text;
+                all += *draw == L'L'   ? shown(3, 17, color, at(s, i), fill, "10")
+                       : *draw == L'S' ? shown(3, 18, color, at(s, i), fill, hatch)
+                                       : shown(1, 0, color, at(s, i));
+            return all;
         };
         const auto axes = [&](double s) {
-            std::string text;
+            std::string all;
             const bool has = script.lines > 0 && read(o, L"AXIS", false) && read(outer, L"\\AXIS", true);
             for (int i = 0; has && n + 1 > i; ++i)
-                text += item("1:0:", axisColor, at(segment * i, 70 + s));
-            return text;
+                all += shown(1, 0, axisColor, at(segment * i, 70 + s));
+            return all;
         };
         const auto coat = [&](int i, const std::string& line) {
-            return read(o, L"COATLINE", false) && skin[i] ? item("1:0:", skin[i], line) : "";
+            return read(o, L"COATLINE", false) && skin[i] ? shown(1, 0, skin[i], line) : "";
         };
         const auto mark = [&] { return script.lines > 0 && params.getItem(L"COORD") ? "2:1024:-1:(0,0) " : ""; };
         const auto ask = [&](const char* service, const std::string& name, double s, double x) {
-            std::ostringstream text;
-            text << service << name << ':' << width << ',' << s << ',' << x << ' ';
-            return text.str();
+            return text(service, name, ':', width, ',', s, ',', x, ' ');
         };
         std::string expected, calls;
         if (r.coin()) {
@@ -516,7 +494,7 @@ TEST_F(Images, SheetsFollowTheirDefinition)
             double top = -1, bottom = -1;
             int regions = 0;
             for (int i = r.whole(12); i > 0; --i) {
-                const std::string name = "layer" + std::to_string(i);
+                const std::string name = text("layer", i);
                 const std::wstring wide(name.begin(), name.end());
                 CVekDataItem* child = outer->makeDir((L"SANDWICH\\" + wide).c_str());
                 const bool isTop = r.coin(), isBottom = !isTop && r.coin();
@@ -536,8 +514,7 @@ TEST_F(Images, SheetsFollowTheirDefinition)
                 const double s = isBottom ? 2 : 1;
                 const bool isBetween = geometry == 0 && calc == 2 && top >= 0 && bottom >= 0;
                 if (isBetween)
-                    calls += "between" + std::to_string(int(top)) + '-' + std::to_string(int(bottom)) + 'r' +
-                             std::to_string(regions) + ' ';
+                    calls += text("between", top, '-', bottom, 'r', regions, ' ');
                 if (geometry > 0 || isBetween)
                     calls += ask(isBetween ? "outline" : geometry == 1 ? "region" : "fillet", name, s, i);
                 between += isBetween;
@@ -554,14 +531,13 @@ TEST_F(Images, SheetsFollowTheirDefinition)
                                              : isBottom ? coat(1, first)
                                                         : "");
                 if (calc > 0 && script.lines > 0) { // a gasket has a hatch, insulation none, others that of the object
-                    const std::string own =
-                        type == 1 ? "32GUM2.50.5" : std::to_string(layer(L"PART_FILL", color)) + "ANSI10";
+                    const std::string own = type == 1 ? "32GUM2.50.5" : text(layer(L"PART_FILL", color), "ANSI10");
                     const bool hatched = read(o, L"IS_HATCH2", false) && (type == 1 || (type == 0 && hatch != "10"));
                     std::string all;
                     for (int k = 0; k < script.lines; ++k)
                         all += at(s, k);
                     calls += type == 1 ? "DICHT " : type == 2 ? "DM " : "";
-                    expected += item(hatched ? "3:18:" : "3:16:", type ? 31 : color, all + (hatched ? own : "-110"));
+                    expected += shown(3, hatched ? 18 : 16, type ? 31 : color, all, hatched ? own : "-110");
                 }
                 script.lines = lineCount;
             }
@@ -581,16 +557,17 @@ TEST_F(Images, BarsShowTheirSurfacesAndSubElements)
     for (int bits = 0; bits < 64; ++bits) {
         const bool coated = bits & 1, hasFirst = bits & 2, hasSecond = bits & 4, total = bits & 8, picks = bits & 16;
         const bool hasRegion = bits & 32;
-        CVekDataItem root, params;
-        CVekDataItem* group = root.makeDir(L"LOBJ\\group");
-        CVekDataItem* main = group->makeDir(L"main");
+        CVekDataItem root = tree(R"({'LOBJ': {'group': {'main': {'SURFACE': {'1': {}, '2': {}, 'TOTAL': {}}},
+            'sub': {'X': 104.0, 'XREF': {'X': 33.0}}, 'line': {}, 'bare': {}}}})");
+        CVekDataItem params = tree("{'GRP': 'group', 'BT': 'main'}"), *group = root.getItem(L"LOBJ\\group");
+        CVekDataItem* main = group->getItem(L"main");
         if (hasRegion)
             dataSet(main, L"REGL", VEK::Regions{{lineAt(1, 0), lineAt(1, 1)}, {lineAt(2, 0)}});
         dataSet(main, L"MTX", mirrored(100));
         CVekColor color;
         color.setColorIndex(6);
         for (const wchar_t* name : {L"1", L"2", L"TOTAL"}) {
-            CVekDataItem* surface = main->makeDir((std::wstring(L"SURFACE\\") + name).c_str());
+            CVekDataItem* surface = main->getItem(L"SURFACE")->getItem(name);
             if (name[0] == L'1' ? hasFirst : hasSecond)
                 dataSet(surface, L"VL", lineAt(name[0] == L'1' ? 11 : 12, 0));
             if (coated)
@@ -598,22 +575,12 @@ TEST_F(Images, BarsShowTheirSurfacesAndSubElements)
         }
         if (!total)
             main->remove(L"SURFACE\\TOTAL");
-        dataSet(group, L"sub\\XREF\\X", 33.0);
-        dataSet(group, L"sub\\X", 104.0);
         dataSet(group, L"line\\VL", shapes::list({shapes::rectangle(0, 0, 1, 1)}));
         dataSet(group, L"line\\MTX", moved(100));
-        group->makeDir(L"bare");
-        dataSet(&params, L"GRP", L"group");
-        dataSet(&params, L"BT", L"main");
         if (picks)
             dataSet(&params, L"PICK\\P2", CVekPoint3d(5, 6, 0));
 
-        const std::string c = coated ? "6" : "3";
-        const auto thick = [&](double x) {
-            std::ostringstream text;
-            text << "1:0:" << c << ":(" << x << ",0>" << x + 1 << ",0)t3 ";
-            return text.str();
-        };
+        const auto thick = [&](double x) { return shown(1, 0, coated ? 6 : 3, at(x, 0), "t3"); };
         std::string expected = hasRegion ? "3:16:-1:(1,0>2,0)(1,1>2,1)-110 3:16:-1:(2,0>3,0)-110 " : "";
         expected += hasFirst ? thick(11) : "";
         expected += hasSecond ? thick(12) : hasFirst ? thick(11) : "";
@@ -638,23 +605,21 @@ TEST_F(Images, DrillsGoToTheHostOrShowTheirSolid)
         const bool solid = bits & 1, coord = bits & 2, stacked = bits & 4;
         script.hasModel = bits & 8;
         host.draws = bits & 16;
-        CVekDataItem root, params;
+        CVekDataItem root = tree("{'PART_SOLID': '8'}"), params = tree("{'CMODE': 17}");
         dataSet(&root, L"VIEW", solid ? 3 : 2);
-        dataSet(&root, L"PART_SOLID", L"8");
         dataSet(&params, L"COORD", coord);
-        dataSet(&params, L"CMODE", 17);
         dataSet(&params, L"MTX", moved(3));
         if (stacked)
             dataSet(&params, L"STACK", CVekArrayTempl<int>{4, 5});
         const std::string path = stacked ? "s4s5" : "";
         std::string expected;
-        for (int i = 0; i < (solid && script.hasModel ? script.lines : 0); ++i)
-            expected += "1:0:8:(1," + std::to_string(i) + ">2," + std::to_string(i) + ")" + path + "s1 ";
+        if (solid && script.hasModel)
+            expected = lines(0, 8, 1, 0, path + "s1");
         if (!solid && coord)
-            expected += "2:1024:-1:(0,0)" + path + "s2 ";
+            expected = shown(2, 1024, -1, "(0,0)", path, "s2");
         EXPECT_EQ(drawn(vek_gdx_image_drill, file(root), file(params)), expected);
         EXPECT_EQ(result, !solid || script.hasModel);
-        EXPECT_EQ(script.calls, solid ? script.hasModel ? "solid project58,71;-58,71;58,0;01 " : ""
+        EXPECT_EQ(script.calls, solid ? script.hasModel ? "solid project58,71,-41;-58,71,41;58,0,82;01 " : ""
                                       : "host{PART_SOLID=8,VIEW=2}{CMODE=17,MTX=3,STACK=-99}1 ");
     }
     EXPECT_EQ(drawn(vek_gdx_image_drill, nullptr, nullptr), "");
@@ -664,21 +629,12 @@ TEST_F(Images, DrillsGoToTheHostOrShowTheirSolid)
 
 TEST_F(Images, HolePatternsMarkTheirActiveElement)
 {
-    CVekDataItem holes;
-    dataSet(&holes, L"\\PART_CON", L"21");
-    dataSet(&holes, L"\\PART_FILL", L"22");
-    dataSet(&holes, L"\\HPNAME", L"ANSI");
-    dataSet(&holes, L"\\HPSCALE", 2.0);
-    dataSet(&holes, L"BT\\outline\\GEN\\TYPE", L"OUTLINE");
-    dataSet(&holes, L"BT\\outline\\GEN\\W", 3.0);
+    CVekDataItem holes = tree(R"({'': {'PART_CON': '21', 'PART_FILL': '22', 'HPNAME': 'ANSI', 'HPSCALE': 2.0},
+        'BT': {'outline': {'GEN': {'TYPE': 'OUTLINE', 'W': 3.0}}, 'lines': {'GEN': {'@polylines': [[[1, 0, 0, 2, 0, 0, 0]],
+        [[2, 0, 0, 3, 0, 0, 0]]]}, 'X': 20.0}, 'drill': {'GEN': {'TYPE': 'DRILL'}},
+        'no outline': {'GEN': {'TYPE': 'OUTLINE'}}, 'other': {'GEN': {'TYPE': 'OTHER'}}, 'nothing': {}}})");
     dataSet(&holes, L"BT\\outline\\MTX", moved(10));
-    dataSet(&holes, L"BT\\lines\\GEN", shapes::list({lineAt(1, 0), lineAt(2, 0)}));
-    dataSet(&holes, L"BT\\lines\\X", 20.0); // placed otherwise
-    dataSet(&holes, L"BT\\drill\\GEN\\TYPE", L"DRILL");
-    dataSet(&holes, L"BT\\drill\\MTX", moved(30));
-    dataSet(&holes, L"BT\\no outline\\GEN\\TYPE", L"OUTLINE");
-    dataSet(&holes, L"BT\\other\\GEN\\TYPE", L"OTHER");
-    holes.makeDir(L"BT\\nothing");
+    dataSet(&holes, L"BT\\drill\\MTX", moved(30)); // the lines are placed otherwise
     const CVekDataKey number(5003, 4, 0);
     dataSet(holes.getItem(L"BT")->makeItem(&number), L"GEN", shapes::list({lineAt(1, 0)}));
     const std::string kNames[] = {"outline", "lines", "drill", "no outline", "other", "nothing"};
@@ -697,23 +653,22 @@ TEST_F(Images, HolePatternsMarkTheirActiveElement)
             std::string expected, calls;
             for (const std::string& name : kNames) {
                 const bool isActive = name == active;
-                const int at = name == "outline" ? 90 : name == "lines" ? 80 : name == "drill" ? 70 : 100;
+                const int origin = name == "outline" ? 90 : name == "lines" ? 80 : name == "drill" ? 70 : 100;
                 const unsigned flag = isActive ? 256 : static_cast<unsigned>(mode & 15) * 256;
                 const auto one = [&](int x, int y) {
-                    const std::string place = ":21:" + lineText(at - x, y, at - x - 1, y);
-                    const std::string line = "1:" + std::to_string(flag) + place + ' ';
-                    return line + (*draw == L'F'   ? "3:17" + place + "2210 "
-                                   : *draw == L'S' ? "3:18" + place + "22ANSI20 "
-                                                   : "");
+                    const std::string place = at(origin - x, y, -1);
+                    return shown(1, flag, 21, place) + (*draw == L'F'   ? shown(3, 17, 21, place, "2210")
+                                                        : *draw == L'S' ? shown(3, 18, 21, place, "22ANSI20")
+                                                                        : "");
                 };
                 if (coord && isActive)
-                    expected += "2:256:7:(" + std::to_string(at) + ",0) ";
+                    expected += shown(2, 256, 7, '(', origin, ",0)");
                 if (name == "outline")
                     expected += one(3, -1);
                 if (name == "lines")
                     expected += one(1, 0) + one(2, 0);
                 if (name == "drill")
-                    calls = "host{GENERATED=0,TYPE=DRILL}{CMODE=" + std::to_string(isActive ? 1 : mode) + ",MTX=70}0 ";
+                    calls = text("host{GENERATED=0,TYPE=DRILL}{CMODE=", isActive ? 1 : mode, ",MTX=70}0 ");
                 expected += coord ? "2:1024:-1:(100,0) " : "";
             }
             const File given = file(holes);
@@ -734,8 +689,8 @@ TEST_F(Images, AxesLeaveOutTheOneThatPointsAtTheViewer)
 {
     constexpr struct {
         const wchar_t* view;
-        const char* shown; ///< an axis that points away from the viewer is there, without length
-        int ends[3][2];    ///< where it points in the view
+        const char* axes; ///< an axis that points away from the viewer is there, without length
+        int ends[3][2];   ///< where it points in the view
     } kRows[] = {{L"P", "XY", {{1, 0}, {0, 1}}},
                  {L"E", "YZ", {{1, 0}, {0, 1}}},
                  {L"O", "XYZ", {{0, 0}, {-1, 0}, {0, 1}}},
@@ -743,15 +698,15 @@ TEST_F(Images, AxesLeaveOutTheOneThatPointsAtTheViewer)
                  {L"S", "XYZ", {{1, 0}, {0, 0}, {0, 1}}}};
     for (const auto& row : kRows) {
         drawn(vek_gdx_image_ucs, VEK::g_mtx_view_dir(row.view, {}));
-        std::ostringstream expected, calls;
-        for (int i = 0; row.shown[i]; ++i) {
-            const int* end = row.ends[i];
-            expected << "1:1408:-1:(0,0>" << 0.15 * end[0] << ',' << 0.15 * end[1] << ") 5:1408:-1:(" << 0.19 * end[0]
-                     << ',' << 0.19 * end[1] << '>' << 0.19 * end[0] + 1 << ',' << 0.19 * end[1] << ") ";
-            calls << "text{ALIGN=CC,HEIGHT=0.04,TEXT=" << row.shown[i] << "}20 ";
+        std::string expected, calls;
+        for (int i = 0; row.axes[i]; ++i) {
+            const double x = row.ends[i][0], y = row.ends[i][1];
+            expected += shown(1, 1408, -1, lineText(0, 0, 0.15 * x, 0.15 * y));
+            expected += shown(5, 1408, -1, at(0.19 * x, 0.19 * y));
+            calls += text("text{ALIGN=CC,HEIGHT=0.04,TEXT=", row.axes[i], "}20 ");
         }
-        EXPECT_EQ(itemsOf(gdx), expected.str());
-        EXPECT_EQ(script.calls, calls.str());
+        EXPECT_EQ(itemsOf(gdx), expected);
+        EXPECT_EQ(script.calls, calls);
     }
     EXPECT_EQ(CVekVector3d::tol, 0.001);
     CVekDataItem object(CVekDataItem::directory), params;
@@ -765,9 +720,7 @@ TEST_F(Images, AxesLeaveOutTheOneThatPointsAtTheViewer)
 
 TEST_F(Images, ExtrusionsComeFromTheHost)
 {
-    CVekDataItem object, params;
-    dataSet(&object, L"A", 1);
-    dataSet(&params, L"B", 2);
+    const CVekDataItem object = tree("{'A': 1}"), params = tree("{'B': 2}");
     gdx.projMtxSet(moved(9));
     EXPECT_EQ(drawn(vek_gdx_image_extr, file(object), file(params)), "1:0:-1:(4,0>5,0) ");
     EXPECT_TRUE(result && gdx.projMtxGet() == CVekMatrix3d());

@@ -7,9 +7,8 @@
 #include <vek/objects/attribute.h>
 #include <vek/objects/bar.h>
 
+#include "objects_data.h"
 #include "shapes.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -22,6 +21,7 @@ namespace
 {
 
 using namespace shapes;
+using objects_test::tree;
 
 /// An empty configuration, and afterwards as it was.
 class ObjectsAttribute : public testing::Test
@@ -40,14 +40,8 @@ private:
 TEST_F(ObjectsAttribute, ComeFromTheConfigurationOrTheModel)
 {
     CVekDataItem* gasket = VEK::cfg_dir_make(VEK::getCfgKey(L"DICHT"));
-    VEK::CHatchProp hatch;
-    hatch.name = L"EPDM";
-    hatch.angle = 0.5;
-    hatch.scale = 2.0;
-    VEK::dataSet(gasket, L"HATCH", hatch);
-    VEK::dataSet(gasket, L"HPANG", 0.25);
-    VEK::dataSet(gasket, L"PART_CON", CVekString(L"SEALS"));
-    VEK::dataSet(gasket, L"CORNER\\PART_CON", CVekString(L"CORNERS"));
+    *gasket = tree("{'HPANG': 0.25, 'PART_CON': 'SEALS', 'CORNER': {'PART_CON': 'CORNERS'}}");
+    VEK::dataSet(gasket, L"HATCH", VEK::CHatchProp(L"EPDM", 0.5, 2.0, false));
     CVekAttributeMgr manager(L"DICHT", L""), corner(L"DICHT", L"CORNER"), none(L"DM", L""), nothing(L"", L"");
     EXPECT_TRUE(!manager.has_att(L"PART_CON", false) && manager.init() && corner.init());
     EXPECT_FALSE(none.init() || nothing.init());
@@ -89,12 +83,7 @@ TEST(ObjectsBar, HasItsSectionInEitherForm)
     CVekMatrix3d move;
     move.setToTranslation({5, 6, 0});
     EXPECT_EQ(VEK::bar_regl(nullptr, move).len() + section(move).len(), 0);
-    VEK::dataSet(&bar, L"OUTLINE\\CODE", 24);
-    const CVekDataKey first(5005, L"OUTLINE", 5005, L"PARMS", 5003, 1, 0),
-        wall(5005, L"OUTLINE", 5005, L"PARMS", 5003, 2, 0);
-    VEK::dataItemSet(&bar, &first, 10.0);
-    VEK::dataItemSet(&bar, &wall, 1.0);
-    VEK::dataSet(&bar, L"UNIT", Vek::unitCentimetre);
+    bar = tree("{'OUTLINE': {'CODE': 24, 'PARMS': {'#1': 10.0, '#2': 1.0}}, 'UNIT': {'@unit': 5}}");
     VEK::Regions regions = section(move);
     ASSERT_TRUE(regions.len() == 1 && regions[0].len() == 2) << "a tube and its hole";
     EXPECT_NEAR(areaOf(regions[0][0]) - areaOf(regions[0][1]), 900 * pi, 1e-2);
@@ -106,9 +95,7 @@ TEST(ObjectsBar, HasItsSectionInEitherForm)
     regions = section(CVekMatrix3d());
     ASSERT_TRUE(regions.len() == 2 && regions[0].len() == 2 && regions[1].len() == 1);
     EXPECT_NEAR(std::fabs(areaOf(regions[0][1])), 200, 1e-9) << "the hole of three loose sides";
-    VEK::Regions stored;
-    stored.append(list({rectangle(0, 0, 1, 2)}));
-    VEK::dataSet(&bar, L"REGL", stored);
+    VEK::dataSet(&bar, L"REGL", VEK::Regions{list({rectangle(0, 0, 1, 2)})});
     EXPECT_NEAR(areaOf(section(move.setToMirroring(CVekPlane(CVekPoint3d::kOrigin, CVekVector3d::kXAxis)))[0][0]), -200,
                 1e-9);
     for (const wchar_t* key : {L"REGL", L"VL", L"OUTLINE", L"UNIT"})
@@ -121,18 +108,18 @@ TEST(ObjectsBar, SubElementsFollowTheirParents)
     Random random(5);
     int judged = 0;
     for (int round = 0; round < 40; ++round) {
-        CVekDataItem root(CVekDataItem::directory);
         const int count = 1 + random.whole(30);
         std::vector<int> parents;
-        const std::wstring group = round % 2 ? L"LOBJ\\G\\" : L"G\\";
+        std::string elements;
         for (int i = 0; i < count; ++i) {
             parents.push_back(random.whole(count + 2) - 1); // some of none, some unknown, some in a circle
-            const std::wstring at = group + L"E" + std::to_wstring(i) + L"\\";
-            VEK::dataSet(&root, (at + L"X").c_str(), i);
-            if (parents.back() >= 0)
-                VEK::dataSet(&root, (at + L"PARENT").c_str(),
-                             CVekString((L"E" + std::to_wstring(parents.back())).c_str()));
+            const std::string name = std::to_string(i), parent = std::to_string(parents.back());
+            elements += (i ? ", 'E" : "'E") + name + "': {'X': " + name +
+                        (parent[0] == '-' ? "}" : ", 'PARENT': 'E" + parent + "'}");
         }
+        CVekDataItem root = tree("{'G': {" + elements + "}}");
+        if (round % 2)
+            root = tree("{'LOBJ': {'G': {" + elements + "}}}");
         const int asked = random.whole(count);
         std::vector<int> wanted;
         for (int i = 0; i < count; ++i) {
@@ -155,23 +142,6 @@ TEST(ObjectsBar, SubElementsFollowTheirParents)
     EXPECT_GT(judged, 100);
 }
 
-/// Judges a material and those below it; their levels below it, or a number beyond all if they go in a circle.
-int levelsOf(const VEK::CMatMgr& materials, const CVekString& key, std::set<std::wstring>& seen, int depth = 0)
-{
-    VEK::CMatProp prop, from;
-    EXPECT_TRUE(materials.propGet(key, prop)) << depth;
-    seen.insert(static_cast<const wchar_t*>(key));
-    EXPECT_TRUE(prop.physKind != VEK::matReference || materials.propGet(prop.physRef, from));
-    EXPECT_TRUE(prop.physKind != VEK::matReference || from.physKind != VEK::matNone);
-    EXPECT_TRUE(prop.edgeKind != VEK::matReference || materials.propGet(prop.edgeRef, from));
-    EXPECT_TRUE(prop.edgeKind != VEK::matReference || from.edgeKind == VEK::matOwn);
-    EXPECT_TRUE(prop.physKind != VEK::matOwn || prop.phys[L"RHO"] > 0.0);
-    int levels = 0;
-    for (const CVekString& sub : prop.subKeys)
-        levels = std::max(levels, depth > 9 ? 99 : 1 + levelsOf(materials, sub, seen, depth + 1));
-    return levels;
-}
-
 TEST_F(ObjectsAttribute, ExampleMaterialsAreComplete)
 {
     const auto folder = std::filesystem::path(VEK_SOURCE_DIR) / "examples";
@@ -183,16 +153,22 @@ TEST_F(ObjectsAttribute, ExampleMaterialsAreComplete)
     const VEK::CMatMgr materials;
     CVekArrayTempl<CVekString> groups;
     materials.matDrawAll(groups, false);
-    std::set<std::wstring> seen;
-    int levels = 0, hatches = 0;
-    for (const CVekString& key : groups)
-        levels = std::max(levels, levelsOf(materials, key, seen));
     EXPECT_EQ(groups.len(), 6);
-    EXPECT_EQ(levels, 3);
-    int count = 0;
+    std::set<std::wstring> named; // as a group, or below another one
+    for (const CVekString& key : groups)
+        named.insert(std::wstring(key));
+    int count = 0, hatches = 0;
     for (VEK::CDataIterator material(VEK::cfg_get(L"*MAT*")); !material.done(); material.next(), ++count) {
         const CVekString key(*material->getKey());
-        EXPECT_TRUE(seen.count(std::wstring(key))) << "in no group: " << count;
+        VEK::CMatProp prop, from;
+        EXPECT_TRUE(materials.propGet(key, prop)) << count;
+        for (const CVekString& sub : prop.subKeys)
+            EXPECT_TRUE(named.insert(std::wstring(sub)).second && materials.propGet(sub, from)) << count;
+        EXPECT_TRUE(prop.physKind != VEK::matReference ||
+                    (materials.propGet(prop.physRef, from) && from.physKind != VEK::matNone));
+        EXPECT_TRUE(prop.edgeKind != VEK::matReference ||
+                    (materials.propGet(prop.edgeRef, from) && from.edgeKind == VEK::matOwn));
+        EXPECT_TRUE(prop.physKind != VEK::matOwn || prop.phys[L"RHO"] > 0.0);
         CVekString label, text;
         VEK::CHatchProp hatch;
         for (const wchar_t* language : {L"de", L"en", L"fr", L"pl", L"cs"})
@@ -204,7 +180,7 @@ TEST_F(ObjectsAttribute, ExampleMaterialsAreComplete)
         const std::string name = "\n*" + std::filesystem::path(std::wstring(hatch.name)).string() + ",";
         EXPECT_TRUE(!stored || (++hatches && patterns.str().find(name) != std::string::npos)) << name;
     }
-    EXPECT_EQ(count, static_cast<int>(seen.size()));
+    EXPECT_EQ(count, static_cast<int>(named.size())) << "each in one place";
     EXPECT_GE(count, 60);
     EXPECT_GE(hatches, 60);
     VEK::CMatProp prop;

@@ -18,20 +18,15 @@ using Region = CVek_Solid::Region;
 Region rectangle(double width, double height)
 {
     Region region;
-    region.append(polygon({{0, 0}, {width, 0}, {width, height}, {0, height}}));
+    region.append(shapes::rectangle(0, 0, width, height));
     return region;
-}
-
-CVekVertexArray circle(double x, double y, double r)
-{
-    return shapes::path({shapes::line(x + r, y, x - r, y, 1), shapes::line(x - r, y, x + r, y, 1)});
 }
 
 Region tube(double outer, double inner)
 {
     Region region;
-    region.append(circle(0, 0, outer));
-    region.append(circle(0, 0, inner));
+    region.append(shapes::circle(0, 0, outer));
+    region.append(shapes::circle(0, 0, inner));
     return region;
 }
 
@@ -114,13 +109,6 @@ TEST(Solid, OfACubeNineEdgesAreSeenFromItsCornerAndOneContourFromAbove)
     EXPECT_EQ(stack.visible[0].element, 2);
     // Alone each is a cube of its own.
     EXPECT_NEAR(projected(solid, from(1, 1, 1), false).seen.length[kEdge], 180 * std::sqrt(2.0 / 3), 1e-9);
-    // One that stands across both in part: of its lower edges 5 run on upper edges of the others.
-    CVek_Solid shifted;
-    ASSERT_TRUE(shifted.extrude(rectangle(10, 10), {}, 0, 10, 1) &&
-                shifted.extrude(rectangle(10, 10), at(5, 0, 10), 0, 10, 2));
-    View front = projected(shifted, from(0, -1, 0));
-    EXPECT_NEAR(front.seen.length[kEdge], 75, 1e-9);
-    EXPECT_EQ(front.hidden.len(), 0);
 }
 
 TEST(Solid, RoundBodiesHaveTrueArcsAlongTheirAxisAndSilhouettesAcrossIt)
@@ -133,28 +121,29 @@ TEST(Solid, RoundBodiesHaveTrueArcsAlongTheirAxisAndSilhouettesAcrossIt)
     EXPECT_NEAR(along.seen.length[kEdge], 18 * pi, 1e-9);
     EXPECT_NEAR(projected(solid, from(0, 0, -1)).seen.length[kEdge], 18 * pi, 1e-9);
 
-    View across = projected(solid, from(0.3, -1, 0));
-    EXPECT_EQ(across.seen.segments[kSilhouette], 2);
-    EXPECT_EQ(across.seen.segments[kEdge], 2);
-    EXPECT_NEAR(across.seen.length[kEdge], 20, 1e-9);
-    EXPECT_NEAR(across.unseen.length[kSilhouette], 20, 1e-9);
-
     // Half of it covered by a plate: arcs are cut exactly and stay arcs.
     ASSERT_TRUE(solid.extrude(rectangle(20, 5), at(90, -50, 20), 0, 1, 2));
     along = projected(solid, from(0, 0, 1));
     EXPECT_NEAR(along.unseen.length[kEdge], 9 * pi, 1e-9);
     EXPECT_EQ(along.unseen.arcs, 2);
 
+    CVek_Solid half, pair; // a face with an arc hides what is behind it and no more
+    const Region disc{shapes::path({shapes::line(-5, 0, 5, 0), shapes::line(5, 0, -5, 0, 1)})};
+    ASSERT_TRUE(half.extrude(disc, {}, 5, 6, 1) && half.extrude(rectangle(10, 2), at(0, -1, 0), 0, 1, 2));
+    EXPECT_NEAR(projected(half, from(0, 0, 1)).unseen.length[kEdge], std::sqrt(24.0) + 1, 1e-9);
+    const CVekMatrix3d turned = CVekMatrix3d().setToRotation(pi / 3, {0, 0, 1}, {}); // a part of an arc on another
+    ASSERT_TRUE(pair.extrude(disc, {}, 0, 1, 1) && pair.extrude(disc, turned, 5, 6, 2));
+    const View both = projected(pair, from(0, 0, 1));
+    EXPECT_NEAR(both.seen.length.at(kEdge), 15 + 20 * pi / 3, 1e-9);
+    EXPECT_NEAR(both.unseen.length.at(kEdge), 5, 1e-9);
+
     CVek_Solid rounded; // a plane that goes over into a torus and that into a cylinder
     Region soft;
     soft.append(shapes::path({shapes::line(0, 0, 3, 0), shapes::line(3, 0, 4, 1, std::tan(pi / 8)),
                               shapes::line(4, 1, 4, 5), shapes::line(4, 5, 0, 5), shapes::line(0, 5, 0, 0)}));
     ASSERT_TRUE(rounded.revolve(soft, {}, 0, 7, 1));
-    View inclined = projected(rounded, from(0.2, 0.1, -1));
-    double rim = 0; // the upper one is the only edge
-    for (int i = 0; i < 1000; ++i)
-        rim += pi / 500 * 4 * std::sqrt(1 - 0.05 / 1.05 * std::pow(std::sin(pi * i / 500), 2));
-    EXPECT_NEAR(inclined.seen.length[kEdge] + inclined.unseen.length[kEdge], rim, 0.02);
+    View inclined = projected(rounded, from(0.2, 0.1, -1)); // the upper rim is the only edge
+    EXPECT_NEAR(inclined.seen.length[kEdge] + inclined.unseen.length[kEdge], 7.9 * pi, 0.1 * pi);
     EXPECT_EQ(projected(rounded, from(0, 0, -1)).seen.arcs, 2);
 
     CVek_Solid cone; // a ball on a cone, from below and from the side
@@ -200,12 +189,6 @@ TEST(Solid, SheetsHaveFoldsAndPrismsNone)
     View view = projected(prism, from(1, 1, 1));
     EXPECT_EQ(view.seen.segments.count(kFold) + view.unseen.segments.count(kFold), 0u);
     EXPECT_FALSE(prism.plate(line, 20, 1, {}, 0, 1, 1)); // the thickness consumes the bend
-    // Seen exactly along the flat part its outline is still closed: the bend's side towards the flat.
-    CVek_Solid flat;
-    ASSERT_TRUE(flat.plate(line, 2, 0, {}, 0, 40, 1));
-    EXPECT_NEAR(projected(flat, from(0, 1, 0)).seen.length[kEdge] +
-                    projected(flat, from(0, 1, 0)).seen.length[kSilhouette],
-                2 * 31 + 40 * 3, 1e-6);
 }
 
 TEST(Solid, HolesMeetFacesEdgesAndOneAnother)
@@ -220,16 +203,6 @@ TEST(Solid, HolesMeetFacesEdgesAndOneAnother)
     View above = projected(solid, from(0, 0, 1));
     EXPECT_NEAR(above.seen.length[kHole], 8 * pi, 1e-9);
     EXPECT_EQ(std::tuple(above.seen.arcs, above.hidden.len()), std::tuple(2, 0));
-    // At 45 degrees the far rim is seen through the hole where the two ellipses overlap.
-    View slanting = projected(solid, from(0, -1, 1));
-    const double rim = slanting.seen.length[kHole] + slanting.unseen.length[kHole];
-    double ellipse = 0;
-    for (int i = 0; i < 1000; ++i)
-        ellipse += 2 * pi / 1000 * 4 * std::sqrt(1 - 0.5 * std::pow(std::cos(2 * pi * i / 1000), 2));
-    EXPECT_NEAR(rim, 2 * ellipse, 0.02);
-    EXPECT_EQ(slanting.seen.segments[kSilhouette] + slanting.unseen.segments[kSilhouette], 2);
-    EXPECT_EQ(slanting.seen.segments[kSilhouette], 0);
-
     // Half over the edge, and over the first hole: chord lengths 6 and 2 sqrt(16 - 9).
     ASSERT_TRUE(solid.drill(1, at(0, 10, 0), 6) && solid.drill(1, at(16, 10, 0), 8));
     above = projected(solid, from(0, 0, 1));
@@ -238,16 +211,10 @@ TEST(Solid, HolesMeetFacesEdgesAndOneAnother)
     View side = projected(solid, from(0, -1, 0)); // the corners of hole and hole are in line
     EXPECT_NEAR(side.unseen.length[kHole], 5, 1e-6);
 
-    // Blind ones keep the lower face whole.
-    CVek_Solid block;
-    ASSERT_TRUE(block.extrude(rectangle(20, 20), {}, 0, 10, 1));
-    const CVekMatrix3d down = CVekMatrix3d().setCoordSystem({10, 10, 10}, {1, 0, 0}, {0, -1, 0}, {0, 0, -1});
-    ASSERT_TRUE(block.drill(1, down, 6, 4));
-    EXPECT_EQ(projected(block, from(0, 0, -1)).seen.length.count(kHole), 0u);
-    EXPECT_NEAR(projected(block, from(0, 0, 1)).seen.length[kHole], 6 * pi, 1e-9);
-    View front = projected(block, from(0, -1, 0));
-    EXPECT_NEAR(front.unseen.length[kHole], 6, 1e-6);           // the bottom
-    EXPECT_NEAR(front.unseen.length[kSilhouette], 2 * 4, 1e-6); // the wall
+    // A blind one keeps the lower face whole.
+    ASSERT_TRUE(solid.drill(1, CVekMatrix3d().setCoordSystem({32, 10, 5}, {1, 0, 0}, {0, -1, 0}, {0, 0, -1}), 6, 4));
+    EXPECT_NEAR(projected(solid, from(0, 0, -1)).seen.length[kHole], above.seen.length[kHole], 1e-9);
+    EXPECT_NEAR(projected(solid, from(0, 0, 1)).seen.length[kHole], above.seen.length[kHole] + 6 * pi, 1e-9);
     // Round faces across the hole cannot be cut.
     CVek_Solid round;
     ASSERT_TRUE(round.extrude(tube(5, 4), {}, 0, 10, 1));
@@ -332,7 +299,7 @@ TEST(Solid, DrillsAPatternLikeItsHolesOneByOne)
         const double lean = round % 3 == 0 ? any(-0.1, 0.1) : 0.0;
         for (CVek_Solid* solid : {&one, &many}) {
             Region plate = rectangle(40, 30);
-            plate.append(circle(20, 15, 4));
+            plate.append(shapes::circle(20, 15, 4));
             ASSERT_TRUE(
                 solid->extrude(plate, place, CVekPlane({0, 0, 0}, {0, 0, 1}), CVekPlane({0, 0, 6}, {lean, 0, 1}), 1));
         }
