@@ -195,9 +195,9 @@ TEST(Solid, HolesMeetFacesEdgesAndOneAnother)
 {
     CVek_Solid solid;
     ASSERT_TRUE(solid.extrude(rectangle(40, 20), {}, 0, 5, 1));
-    EXPECT_FALSE(solid.drill(1, at(60, 10, 0), 8));    // passes by
-    EXPECT_FALSE(solid.drill(2, at(10, 10, 0), 8));    // no such element
-    EXPECT_FALSE(solid.drill(1, at(10, 10, 6), 8, 5)); // begins behind the plate
+    EXPECT_FALSE(solid.drill(1, at(60, 10, 0), 8));                                     // passes by
+    EXPECT_FALSE(solid.drill(0, at(10, 10, 0), 8) || solid.drill(2, at(10, 10, 0), 8)); // no such element
+    EXPECT_FALSE(solid.drill(1, at(10, 10, 6), 8, 5));                                  // begins behind the plate
     ASSERT_TRUE(solid.drill(1, at(10, 10, 0), 8));
     EXPECT_FALSE(solid.drill(1, at(10, 10, 0), 8)); // there is nothing left
     View above = projected(solid, from(0, 0, 1));
