@@ -22,11 +22,12 @@ inline void pumpWaiting()
 class Template
 {
 public:
-    explicit Template(DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU, short x = 10, short y = 10)
+    explicit Template(DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU, short x = 10, short y = 10,
+                      const wchar_t* title = L"test")
     {
         const DLGTEMPLATE head = {style, 0, 0, x, y, 120, 80};
         put(&head, sizeof head);
-        text(L""), text(L""), text(L"test");
+        text(L""), text(L""), text(title);
     }
     Template& item(WORD id, const wchar_t* cls, DWORD style = 0, const wchar_t* caption = L"")
     {

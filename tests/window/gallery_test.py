@@ -309,7 +309,8 @@ class Gallery(unittest.TestCase):
         wait("the dialog of a slide that cannot be a file's name", lambda: windows("Save As"))
         self.key("Escape")
         wait("the end of the dialog", lambda: not windows("Save As"))
-        self.still()  # the focus comes back
+        wait("the focus", lambda: set(xdotool("getwindowfocus")) & set(windows("VEK Gallery")))
+        self.still()
         self.key("Left")  # the heading stands for the first picture
         self.assertEqual(self.changed(second), first)
         self.key("Tab", "alt+p", "Down", "Down")  # to the picture and back

@@ -54,12 +54,16 @@ public:
     }
     void file(const std::function<bool(OPENFILENAMEW&, bool save)>& choose) { m_expected.emplace_back().file = choose; }
 
+    /// The dialog for folders; what comes back belongs to its caller.
+    void folder(const std::function<LPITEMIDLIST(BROWSEINFOW&)>& choose) { m_expected.emplace_back().folder = choose; }
+
     std::wstring lastBox, lastCaption;
 
 private:
     struct Expected {
         std::function<int(LPCWSTR)> box;
         std::function<bool(OPENFILENAMEW&, bool)> file;
+        std::function<LPITEMIDLIST(BROWSEINFOW&)> folder;
         std::function<bool(CDialog&)> isIt;
         std::function<void(CDialog&)> act;
     };
@@ -87,10 +91,10 @@ private:
         const Expected next = take("file dialog", !m_expected.empty() && m_expected.front().file);
         return next.file && next.file(request, save);
     }
-    LPITEMIDLIST chooseFolder(BROWSEINFOW&) override
+    LPITEMIDLIST chooseFolder(BROWSEINFOW& request) override
     {
-        ADD_FAILURE() << "unexpected folder dialog";
-        return nullptr;
+        const Expected next = take("folder dialog", !m_expected.empty() && m_expected.front().folder);
+        return next.folder ? next.folder(request) : nullptr;
     }
     bool dialogOpens(CDialog& dialog) override
     {

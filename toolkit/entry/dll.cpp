@@ -3,6 +3,9 @@
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID)
 {
+    // A thread of the host costs nothing; what one has used here is freed with its thread-local objects.
+    if (reason != DLL_PROCESS_ATTACH && reason != DLL_PROCESS_DETACH)
+        return TRUE;
     AFX_MANAGE_STATE(AfxGetStaticModuleState());
     CWinApp* app = AfxGetApp();
     if (app == nullptr)

@@ -1,6 +1,7 @@
 #include "gallery_window.h"
 
 #include "resource.h"
+#include "sample_dialog.h"
 #include "shared/failure.h"
 #include "shared/input.h"
 
@@ -56,6 +57,7 @@ ON_COMMAND(ID_VIEW_EXTENTS, &GalleryWindow::OnExtents)
 ON_COMMAND(ID_VIEW_ZOOM_IN, &GalleryWindow::OnZoomIn)
 ON_COMMAND(ID_VIEW_ZOOM_OUT, &GalleryWindow::OnZoomOut)
 ON_COMMAND_RANGE(ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, &GalleryWindow::OnBackground)
+ON_COMMAND(ID_DIALOGS_SAMPLE, &GalleryWindow::OnSampleDialog)
 END_MESSAGE_MAP()
 
 void GalleryPicture::pan(int x, int y)
@@ -513,4 +515,13 @@ void GalleryWindow::OnBackground(UINT id)
     m_scene.setBackground(id == ID_BACKGROUND_OWN ? nullptr : &color);
     ::CheckMenuRadioItem(::GetMenu(m_hWnd), ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, id, MF_BYCOMMAND);
     m_picture.Invalidate();
+}
+
+void GalleryWindow::OnSampleDialog()
+{
+    const VEK::DlgEnv_st environment;
+    SampleDialog dialog(environment.parentWnd());
+    dialog.SetCountry(environment.country);
+    dialog.DoModal();
+    m_picture.SetFocus();
 }

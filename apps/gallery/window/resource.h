@@ -15,8 +15,22 @@
 #define ID_BACKGROUND_WHITE 110
 #define ID_BACKGROUND_GREY 111
 #define ID_BACKGROUND_BLACK 112
+#define ID_DIALOGS_SAMPLE 113
 
 #define IDC_LIST_LABEL 201
 #define IDC_LIST 202
 #define IDC_STATUS 203
 #define IDC_PICTURE 0x8001 // also the number of the message that reports a pick, so in the range for applications
+
+#define IDD_SAMPLE 2001
+#define IDC_GROUP 301
+#define IDC_RANGE_LABEL 302
+#define IDC_RANGE 303
+#define IDC_POINT_LABEL 304
+#define IDC_POINT 305
+#define IDC_PARAMETER_LABEL 306
+#define IDC_PARAMETER 307
+#define IDC_LANGUAGE 308
+#define IDC_DRAG 309
+#define IDC_ABOUT 310
+#define IDC_ANOTHER 311

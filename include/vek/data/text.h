@@ -19,6 +19,11 @@ namespace VEK
 /// @return the previous language; the text is valid until the second change from now
 VEK_API const wchar_t* msgLangSet(const wchar_t* language);
 
+/// Title of a message box: the program's name, followed by the text if there is one. The name is the text "TITLE" of
+/// the application prefix "VEK_", or "VEK".
+/// @return empty when memory runs out
+VEK_API CVekString msgBoxTitle(const wchar_t* text);
+
 /// The location of a help book: the text in the configuration at "*HELP*" \ book, or else the file of that name with
 /// the extension ".chm", searched as with `fileFind`.
 /// @param file receives the location; unchanged if there is none

@@ -110,8 +110,4 @@ VEK_API CVekMatrix3d g_mtx_local(const CVekDataItem* item);
 /// @return false, with the rows unchanged, for null
 VEK_API bool g_mtx_local(const CVekDataItem* item, double (*rows)[4], Vek::lUnit from, Vek::lUnit to);
 
-/// Title of a message box: the program's name, followed by the text if there is one. The name is the text "TITLE" of
-/// the application prefix "VEK_", or "VEK".
-VEK_API CVekString msgBoxTitle(const wchar_t* text);
-
 } // namespace VEK

@@ -77,6 +77,14 @@ bool help_find(CVekString book, CVekString& file)
     return isNamed && fileFind(file, book);
 }
 
+CVekString msgBoxTitle(const wchar_t* text)
+{
+    return whole(CVekString(), [&] {
+        const CVekString program = vek_msg_get(L"VEK_", L"TITLE", L"VEK", nullptr);
+        return text && *text ? program + L" - " + text : program;
+    });
+}
+
 void filePathSet(const CVekArrayTempl<CVekString>& list)
 {
     folders() = list;

@@ -1,5 +1,4 @@
 #include <vek/data/config.h>
-#include <vek/data/text.h>
 #include <vek/objects/element.h>
 
 #include "core/values/whole.h"
@@ -58,14 +57,6 @@ bool layer_color(CVekColor& color, const CVekString& layer)
 bool phys_layer(CVekString& layer, const wchar_t* logical, const wchar_t* second)
 {
     return mapped(layer, logical) || mapped(layer, second);
-}
-
-CVekString msgBoxTitle(const wchar_t* text)
-{
-    return whole(CVekString(), [&] {
-        const CVekString program = vek_msg_get(L"VEK_", L"TITLE", L"VEK", nullptr);
-        return text && *text ? program + L" - " + text : program;
-    });
 }
 
 } // namespace VEK

@@ -1,4 +1,6 @@
 // The application object of the DLL; it exists as long as the module is loaded.
+#include <vek/dialogframe.h>
+
 #include <afxwin.h>
 
 namespace
@@ -7,9 +9,10 @@ namespace
 class CVekDialApp : public CWinApp
 {
 public:
-    /// Makes the library's resources available to all modules of the process.
+    /// Gives all dialogs the texts of the configuration, and all modules of the process the library's resources.
     BOOL InitInstance() override
     {
+        CVekDlg::SetMsgCallBack(&VEK::msgCallBack);
         if (!CWinApp::InitInstance() || !AfxInitExtensionModule(m_module, AfxGetInstanceHandle()))
             return FALSE;
         new CDynLinkLibrary(m_module); // freed with the module

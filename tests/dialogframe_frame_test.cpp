@@ -1,0 +1,254 @@
+// What dialogs do without a window: places, texts, fields, language, paths, icon, stack.
+#include <vek/data/config.h>
+#include <vek/data/text.h>
+#include <vek/dialogframe.h>
+#include <vek/values/system.h>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace
+{
+
+using VEK::DlgPosition;
+using VEK::DlgRect;
+
+int draw(std::mt19937& random, int from, int to)
+{
+    return std::uniform_int_distribution<int>(from, to)(random);
+}
+
+TEST(DlgPlace, IsPulledBackByWhatHangsOver)
+{
+    EXPECT_EQ(VEK::dlgPositionOf({-50, 900, 150, 1100}, 1000, 1000), (DlgPosition{800ul << 16, 200 | 200ul << 16}));
+    EXPECT_EQ(VEK::dlgRectOf({0xFFFF8000, 0x0001FFFF}), (DlgRect{0x8000, 0xFFFF, 0x8000 + 0xFFFF, 0x10000}));
+    std::mt19937 random(1);
+    int judged = 0, seen[2][2] = {};
+    const auto expected = [&](int from, int to, int edge) { // the same by cases
+        ++judged;
+        ++seen[from < 0][to > edge];
+        const int over = to > edge ? to - edge : 0;
+        return static_cast<std::uint16_t>((from < 0 ? 0 : from) - over);
+    };
+    for (int i = 0; i < 20000; ++i) {
+        const int extent = i % 3 == 0 ? 70000 : 2000;
+        DlgRect rect = {draw(random, -extent, extent), draw(random, -extent, extent), 0, 0};
+        rect.right = rect.left + draw(random, 0, extent);
+        rect.bottom = rect.top + draw(random, 0, extent);
+        const int right = draw(random, 1, extent), bottom = draw(random, 1, extent);
+        const DlgPosition stored = VEK::dlgPositionOf(rect, right, bottom);
+        const DlgRect back = VEK::dlgRectOf(stored);
+        ASSERT_EQ(back.left, expected(rect.left, rect.right, right));
+        ASSERT_EQ(back.top, expected(rect.top, rect.bottom, bottom));
+        ASSERT_EQ(back.right - back.left, static_cast<std::uint16_t>(rect.right - rect.left));
+        ASSERT_EQ(back.bottom - back.top, static_cast<std::uint16_t>(rect.bottom - rect.top));
+    }
+    EXPECT_EQ(judged, 40000);
+    EXPECT_GT(std::min({seen[0][0], seen[0][1], seen[1][0], seen[1][1]}), 1000);
+    const int least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
+    EXPECT_EQ(VEK::dlgPositionOf({least, most, most, most}, least, least).pos & 0xFFFF, 1u) << "no overflow";
+}
+
+TEST(DlgPlace, IsStoredUnderTheTitle)
+{
+    EXPECT_STREQ(VEK::dlgPositionKey(L"Title"), L"Software\\OSTWERK\\VEK\\Dialogs\\Title");
+    EXPECT_STREQ(VEK::dlgPositionKey(nullptr), L"Software\\OSTWERK\\VEK\\Dialogs\\");
+    const wchar_t* half = L"VekTest half";
+    ASSERT_TRUE(VEK::regWrite(VEK::dlgPositionKey(half), L"Pos", 0x00070005ul));
+    DlgRect rect = {1, 2, 3, 4};
+    EXPECT_FALSE(VEK::dlgPositionRead(rect, half));
+    EXPECT_EQ(rect, (DlgRect{5, 7, 3, 4})) << "the place without the size";
+    EXPECT_FALSE(VEK::dlgPositionRead(rect, L"VekTest nowhere"));
+    ASSERT_TRUE(VEK::dlgPositionWrite({0xFFFFFFFF, 0x00020001}, L"VekTest whole"));
+    EXPECT_TRUE(VEK::dlgPositionRead(rect, L"VekTest whole"));
+    EXPECT_EQ(rect, (DlgRect{65535, 65535, 65536, 65537}));
+}
+
+/// A dialog with some controls, which writes down what is done to it.
+class Notebook : public VEK::TextControls
+{
+public:
+    std::wstring log;
+    int left = 1000; ///< how many texts are set before the dialog ends
+
+    bool exists() override { return left > 0; }
+    bool has(unsigned id) override { return id != 7; }
+    const wchar_t* message(const wchar_t* key, const wchar_t* builtIn) override
+    {
+        log += std::wstring(L"?") + key + L"," + (builtIn ? builtIn : L"none") + L" ";
+        return std::wcscmp(key, L"NULL") == 0 ? nullptr : builtIn ? L"text" : L"first";
+    }
+    void setText(unsigned id, const wchar_t* text) override
+    {
+        log += std::to_wstring(id) + L"=" + text + L" ";
+        --left;
+    }
+    void showMissing(const wchar_t* text) override { log += std::wstring(L"missing") + text + L" "; }
+};
+
+TEST(DlgTexts, AreReplacedInOrder)
+{
+    const CVekArrayTempl<VEK::ControlText> texts = {{3, L"A", true, L"a"},
+                                                    {7, L"GONE", true, L"x"},
+                                                    {2, L"B", false, L""},
+                                                    {4, L"NULL", true, L"n"},
+                                                    {5, L"C", true, L""}};
+    const auto logOf = [&](bool isDebugged, int left) {
+        Notebook controls;
+        controls.left = left;
+        VEK::replaceTexts(texts, controls, isDebugged);
+        return controls.log;
+    };
+    EXPECT_EQ(logOf(false, 9), L"?A,a 3=text ?B,none ?B,first 2=text ?NULL,n ?C, 5=text ");
+    EXPECT_EQ(logOf(true, 9), L"?A,[a] 3=text missing\nSetDlgItemText failed:\nDlgID = 7\nKEY = 'GONE' "
+                              L"?B,none ?B,[first] 2=text ?NULL,[n] ?C,[] 5=text ");
+    EXPECT_EQ(logOf(true, 1), L"?A,[a] 3=text ") << "the dialog ends with its first text";
+}
+
+/// Siblings numbered from 1.
+class Row : public VEK::Siblings
+{
+public:
+    std::vector<bool> fields;
+    mutable std::size_t steps = 0;
+
+    static const void* at(std::size_t index) { return reinterpret_cast<const void*>(index + 1); }
+    std::size_t of(const void* window) const { return ++steps, reinterpret_cast<std::size_t>(window) - 1; }
+    const void* next(const void* w) const override { return of(w) + 1 < fields.size() ? at(of(w) + 1) : nullptr; }
+    const void* previous(const void* w) const override { return of(w) > 0 ? at(of(w) - 1) : nullptr; }
+    bool isField(const void* w) const override { return fields[of(w)]; }
+};
+
+TEST(FieldChain, LeadsToTheNextAndTheFirstField)
+{
+    std::mt19937 random(2);
+    int judged = 0, found = 0, wrapped = 0;
+    for (int i = 0; i < 3000; ++i) {
+        Row row;
+        row.fields.resize(static_cast<std::size_t>(draw(random, 1, 9)));
+        for (std::size_t k = 0; k < row.fields.size(); ++k)
+            row.fields[k] = draw(random, 0, 2) == 0;
+        const std::size_t count = row.fields.size();
+        for (std::size_t from = 0; from < count; ++from, ++judged) {
+            const void* next = nullptr; // around the ring, which the last one does not enter
+            for (std::size_t step = 1; step < count && from + 1 < count && !next; ++step) {
+                if (row.fields[(from + step) % count])
+                    next = Row::at((from + step) % count);
+            }
+            const auto first = std::find(row.fields.begin(), row.fields.end(), true);
+            const bool hasFirst = from > 0 && first != row.fields.end();
+            ASSERT_EQ(VEK::nextField(row, Row::at(from)), next);
+            ASSERT_EQ(VEK::firstField(row, Row::at(from)),
+                      hasFirst ? Row::at(static_cast<std::size_t>(first - row.fields.begin())) : nullptr);
+            found += next != nullptr;
+            wrapped += next && next < Row::at(from);
+        }
+    }
+    EXPECT_GT(judged, 10000);
+    EXPECT_GT(found, 5000);
+    EXPECT_GT(wrapped, 1000);
+    Row many;
+    many.fields.resize(100000);
+    EXPECT_EQ(VEK::nextField(many, Row::at(99998)), nullptr);
+    EXPECT_LT(many.steps, 1000000u) << "each sibling a few times";
+}
+
+TEST(FieldChain, KnowsFields)
+{
+    for (unsigned bits = 0; bits < 64; ++bits) {
+        const bool visible = bits & 1, enabled = bits & 2, edit = bits & 4, box = bits & 8;
+        const unsigned long style = bits >> 4; // 1 simple, 2 drop down, 3 drop down list
+        const bool expected = visible && enabled && (edit || (box && (style == 0 || style == 2)));
+        EXPECT_EQ(VEK::isField({visible, enabled, edit, box, style | 0x50010000}), expected) << bits;
+    }
+}
+
+/// Parents with their languages, null for one of another class.
+class Above : public VEK::DlgParents
+{
+public:
+    std::vector<const wchar_t*> languages;
+    int asked = -1;
+
+    bool up() override { return ++asked < static_cast<int>(languages.size()); }
+    const wchar_t* language() override { return languages[static_cast<std::size_t>(asked)]; }
+};
+
+TEST(DlgLanguage, IsOwnElseOfTheSameClassElseOfTheProcess)
+{
+    const auto of = [](const wchar_t* own, std::vector<const wchar_t*> languages) {
+        Above above;
+        above.languages = std::move(languages);
+        return VEK::dlgLanguage(own, above);
+    };
+    EXPECT_STREQ(of(L"pl", {L"fr"}), L"pl");
+    EXPECT_STREQ(of(L"", {nullptr, L"fr", L"en"}), L"fr");
+    EXPECT_STREQ(of(nullptr, {nullptr, L"", L"en"}), L"") << "whatever the nearest one has";
+    const CVekString before = VEK::msgLangSet(L"cs");
+    EXPECT_STREQ(of(nullptr, {nullptr, nullptr}), L"cs");
+    EXPECT_STREQ(of(L"", {}), L"cs");
+    VEK::msgLangSet(before);
+}
+
+TEST(DlgPaths, AreCleanedAndSplit)
+{
+    const wchar_t* const cleaned[][2] = {{L"C:/Projekt/Fassade/", L"C:\\Projekt\\Fassade"},
+                                         {L"C:\\Projekt", L"C:\\Projekt"},
+                                         {L"C:", L"C:\\"},
+                                         {L"C:/", L"C:\\"},
+                                         {L"//server/share/", L"\\\\server\\share"},
+                                         {L"a\\\\", L"a\\"},
+                                         {L"/", L"\\"},
+                                         {L":", L":"},
+                                         {L"", L""},
+                                         {nullptr, L""}};
+    for (const auto& [path, clean] : cleaned)
+        EXPECT_STREQ(VEK::folderStart(path), clean);
+    const wchar_t* const split[][3] = {{L"C:\\help/vek.chm", L"C:\\help/", L"vek.chm"},
+                                       {L"C:vek.chm", L"C:", L"vek.chm"},
+                                       {L"vek", L"", L"vek"},
+                                       {L"https://a.b/<topic>.html", L"https://a.b/", L"<topic>.html"},
+                                       {L"a\\", L"a\\", L""},
+                                       {L"x", L"", L"x"},
+                                       {nullptr, L"", L""}};
+    CVekString folder, name;
+    for (const auto& [path, before, behind] : split) {
+        VEK::pathSplit(path, folder, name);
+        EXPECT_STREQ(folder, before);
+        EXPECT_STREQ(name, behind);
+    }
+    const CVekString endless = CVekString(std::wstring(100000, L'd').c_str()) + L"/x";
+    folder = endless;
+    VEK::pathSplit(folder, name, folder);
+    EXPECT_TRUE(name + folder == endless && folder == L"x") << "the source is a target";
+}
+
+TEST(AppIcon, GoesByTheApplication)
+{
+    VEK::CCfgBackup backup(true);
+    backup.attach(L"*APPL*");
+    VEK::cfgMgrPtr()->tree()->remove(L"*APPL*");
+    EXPECT_EQ(VEK::appIconId(), 2000);
+    const CVekDataKey key(CVekDataKey::keyText, L"*APPL*", 0);
+    const std::pair<const wchar_t*, int> rows[] = {
+        {L"nrd", 2007}, {L"NRD", 2007}, {L"mra", 2000}, {L"NRD2", 2000}, {L"", 2000}};
+    for (const auto& [application, icon] : rows) {
+        ASSERT_TRUE(VEK::cfgSet(&key, application));
+        EXPECT_EQ(VEK::appIconId(), icon);
+    }
+}
+
+TEST(DlgStack, GivesTheLastAndNullWhenEmpty)
+{
+    const auto window = [](std::size_t number) { return reinterpret_cast<HWND__*>(number); };
+    EXPECT_EQ(VEK::dlgStackPop(), nullptr);
+    EXPECT_EQ(VEK::dlgStackPop(), nullptr);
+    for (std::size_t i = 1; i < 100; ++i)
+        VEK::dlgStackPush(window(i));
+    for (std::size_t i = 99; i > 0; --i)
+        EXPECT_EQ(VEK::dlgStackPop(), window(i));
+    EXPECT_EQ(VEK::dlgStackPop(), nullptr);
+}
+
+} // namespace
