@@ -1,6 +1,7 @@
 #include "objects_data.h"
 
 #include <vek/data/config.h>
+#include <vek/data/text.h>
 
 #include <algorithm>
 #include <map>

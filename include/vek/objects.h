@@ -5,6 +5,7 @@
 /// or an empty result and leaves what it was to fill empty or as it was. Null items are allowed everywhere.
 #pragma once
 
+#include <vek/data/text.h> // msgBoxTitle
 #include <vek/objects/attribute.h>
 #include <vek/objects/bar.h>
 #include <vek/objects/element.h>
