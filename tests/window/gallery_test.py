@@ -309,7 +309,7 @@ class Gallery(unittest.TestCase):
         wait("the dialog of a slide that cannot be a file's name", lambda: windows("Save As"))
         self.key("Escape")
         wait("the end of the dialog", lambda: not windows("Save As"))
-        wait("the focus", lambda: set(xdotool("getwindowfocus")) & set(windows("VEK Gallery")))
+        xdotool("windowfocus", *windows("VEK Gallery"))  # no window manager is there to give the focus back
         self.still()
         self.key("Left")  # the heading stands for the first picture
         self.assertEqual(self.changed(second), first)
