@@ -135,7 +135,7 @@ void Cover::forEachPierced(Vec a, double za, Vec b, double zb, Id body, Each&& e
 {
     Box box{a, a};
     box.add(b);
-    const auto [low, high] = std::minmax(za, zb);
+    const double low = std::min(za, zb), high = std::max(za, zb);
     m_tree.visit([&](const Box& other) { return box.meets(other); },
                  [&](std::uint32_t i, const Box&) {
                      const Facet& facet = m_picture.facets[i];
