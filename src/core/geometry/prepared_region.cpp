@@ -10,14 +10,6 @@ namespace
 /// Sweep above which the centre of an arc is near enough to classify points by their distance from it.
 constexpr double kBent = 0.5;
 
-/// Whether the whole line of a straight segment passes through a box.
-bool lineMeets(const Box& box, const Arc& line, const Carrier& carrier, double tolerance)
-{
-    const Vec e = box.extent(), chord = line.chord();
-    return std::fabs(carrier(box.centre())) <=
-           std::fabs(chord.y) * e.x + std::fabs(chord.x) * e.y + tolerance * line.chordLength();
-}
-
 /// Whether a circle passes through a box.
 bool circleMeets(const Box& box, Vec middle, double radius, double tolerance)
 {
@@ -76,9 +68,8 @@ void PreparedRegion::goTo(Vec p, Walk walk)
     }
     const Arc way(from, p, 0.0);
     const Carrier carrier(way);
-    Box around = way.box();
-    around.grow(tolerance);
-    m_contours.visit([&](const Box& box) { return box.meets(around) && lineMeets(box, way, carrier, tolerance); },
+    const SegmentReach reach(from, p, tolerance);
+    m_contours.visit([&](const Box& box) { return reach.meets(box); },
                      [&](const ContourTree::Leaf& leaf, const Box&) {
                          if (!takesPart(leaf.contour, walk))
                              return;
@@ -154,6 +145,7 @@ void PreparedRegion::gather(const Arc& segment)
     const Carrier carrier(segment);
     Box around = segment.box();
     around.grow(tolerance);
+    const SegmentReach chord(segment.start(), segment.end(), tolerance);
     const bool line = !segment.isArc();
     const bool bent = std::fabs(segment.sweep()) > kBent;
     const Vec middle = bent ? segment.centre() : Vec();
@@ -161,7 +153,7 @@ void PreparedRegion::gather(const Arc& segment)
     const double near = tolerance * segment.chordLength();
     m_contours.visit(
         [&](const Box& box) {
-            return box.meets(around) && (!line || lineMeets(box, segment, carrier, tolerance)) &&
+            return box.meets(around) && (!line || chord.lineMeets(box)) &&
                    (!bent || circleMeets(box, middle, radius, tolerance));
         },
         [&](const ContourTree::Leaf& leaf, Box box) {

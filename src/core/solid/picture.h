@@ -125,6 +125,7 @@ private:
 
     const Picture& m_picture;
     plane::BoxTree m_tree;
+    std::vector<plane::Range> m_heights; ///< of the boxes of the tree
     std::vector<Slices> m_slices;
     std::vector<std::uint32_t> m_begins, m_members;
     Id m_last = kNone;
@@ -133,22 +134,23 @@ private:
 template <class Each>
 void Cover::forEachPierced(Vec a, double za, Vec b, double zb, Id body, Each&& each) const
 {
-    Box box{a, a};
-    box.add(b);
+    const plane::SegmentReach reach(a, b, m_picture.tolerance);
     const double low = std::min(za, zb), high = std::max(za, zb);
-    m_tree.visit([&](const Box& other) { return box.meets(other); },
-                 [&](std::uint32_t i, const Box&) {
-                     const Facet& facet = m_picture.facets[i];
-                     if (facet.body == body || facet.bottom > high || facet.top < low)
-                         return;
-                     const double atA = height(facet, a, za), atB = height(facet, b, zb);
-                     const double tolerance = m_picture.tolerance;
-                     if (!(std::min(atA, atB) < -tolerance && std::max(atA, atB) > tolerance))
-                         return;
-                     const double t = atA / (atA - atB);
-                     if (holds(facet, a + (b - a) * t))
-                         each(t);
-                 });
+    const auto meets = [&](const Box& box, std::uint32_t number) {
+        return m_heights[number].low <= high && m_heights[number].high >= low && reach.meets(box);
+    };
+    m_tree.visit(meets, [&](std::uint32_t i, const Box&) {
+        const Facet& facet = m_picture.facets[i];
+        if (facet.body == body)
+            return;
+        const double atA = height(facet, a, za), atB = height(facet, b, zb);
+        const double tolerance = m_picture.tolerance;
+        if (!(std::min(atA, atB) < -tolerance && std::max(atA, atB) > tolerance))
+            return;
+        const double t = atA / (atA - atB);
+        if (holds(facet, a + (b - a) * t))
+            each(t);
+    });
 }
 
 /// Joins pieces to polylines.

@@ -95,13 +95,14 @@ private:
     {
         for (Id i = 0; i < m_strands.size(); ++i) {
             const Strand& strand = m_strands[i];
+            const plane::SegmentReach reach(strand.start, strand.end, 0.0); // the boxes in the tree have grown
             Box box{strand.start, strand.start};
             box.add(strand.end);
-            m_tree.visit([&](const Box& other) { return box.meets(other); },
-                         [&](std::uint32_t k, const Box&) {
-                             if (k > i)
-                                 meet(i, k);
-                         });
+            const auto each = [&](std::uint32_t k, const Box&) { meet(i, k); };
+            if (strand.bulge == 0.0)
+                m_tree.visit([&](const Box& other) { return reach.meets(other); }, each, i + 1);
+            else
+                m_tree.visit([&](const Box& other) { return box.meets(other); }, each, i + 1);
         }
     }
 

@@ -46,6 +46,10 @@ Cover::Cover(Picture& picture) : m_picture(picture)
     ordered.reserve(order.size());
     for (const std::uint32_t i : order)
         ordered.push_back(picture.facets[i]);
+    m_heights.reserve(2 * order.size());
+    for (const Facet& facet : ordered)
+        m_heights.push_back({facet.bottom, facet.top});
+    m_tree.addRangesAbove(m_heights);
     picture.facets = std::move(ordered);
 }
 
@@ -117,13 +121,14 @@ bool Cover::hides(Vec p, double z)
     if (m_last != kNone && isHidden(m_last)) // what hides one point often hides the next one
         return true;
     bool hidden = false;
-    m_tree.visit([&](const Box& box) { return !hidden && box.holds(p); },
-                 [&](std::uint32_t i, const Box&) {
-                     if (!hidden && isHidden(i)) {
-                         hidden = true;
-                         m_last = i;
-                     }
-                 });
+    m_tree.visit(
+        [&](const Box& box, std::uint32_t number) { return !hidden && m_heights[number].high > z && box.holds(p); },
+        [&](std::uint32_t i, const Box&) {
+            if (!hidden && isHidden(i)) {
+                hidden = true;
+                m_last = i;
+            }
+        });
     return hidden;
 }
 

@@ -61,6 +61,33 @@ struct Box {
     Vec extent() const { return (max - min) * 0.5; } ///< from the centre to the corner
 };
 
+/// Which boxes a straight segment passes through or comes near to.
+class SegmentReach
+{
+public:
+    /// @param tolerance boxes nearer than this are reached too
+    SegmentReach(Vec start, Vec end, double tolerance)
+        : m_around{start, start}, m_across((end - start).left()), m_size{std::fabs(m_across.x), std::fabs(m_across.y)},
+          m_twice(2.0 * m_across.dot(start)), m_slack(2.0 * tolerance * m_across.abs())
+    {
+        m_around.add(end);
+        m_around.grow(tolerance);
+    }
+
+    bool meets(const Box& box) const { return box.meets(m_around) && lineMeets(box); }
+
+    /// Whether the whole line of the segment does.
+    bool lineMeets(const Box& box) const
+    {
+        return std::fabs(m_across.dot(box.min + box.max) - m_twice) <= m_size.dot(box.max - box.min) + m_slack;
+    }
+
+private:
+    Box m_around;
+    Vec m_across, m_size;
+    double m_twice, m_slack;
+};
+
 /// What a bulge says about an arc, whatever its chord. A straight segment has sweep 0, sine 0 and cosine 1.
 struct Bend {
     double sweep = 0.0;  ///< included angle, positive counter-clockwise; within one turn either way

@@ -73,4 +73,16 @@ std::vector<std::uint32_t> BoxTree::build(std::vector<Box> boxes)
     return order;
 }
 
+void BoxTree::addRangesAbove(std::vector<Range>& ranges) const
+{
+    for (std::size_t level = 0; level + 2 < m_levels.size(); ++level) {
+        for (std::uint32_t i = m_levels[level]; i < m_levels[level + 1]; i += kFanOut) {
+            Range all = ranges[i];
+            for (std::uint32_t k = i + 1; k < std::min(i + kFanOut, m_levels[level + 1]); ++k)
+                all = {std::min(all.low, ranges[k].low), std::max(all.high, ranges[k].high)};
+            ranges.push_back(all);
+        }
+    }
+}
+
 } // namespace VEK::plane

@@ -5,10 +5,15 @@
 #include "core/values/arc.h"
 
 #include <cstdint>
+#include <type_traits>
 #include <vector>
 
 namespace VEK::plane
 {
+
+struct Range {
+    double low, high;
+};
 
 /// Boxes that are close together are stored next to one another, and every few of them have a common box above them.
 /// The tree is a plain list of boxes: no pointers, one block of memory.
@@ -25,14 +30,26 @@ public:
     /// The box around all of them; there must be one.
     const Box& all() const { return m_boxes.back(); }
 
-    /// Calls `found(place, box)` for every box that passes `meets(box)` together with those above it.
+    /// Appends to ranges of a third coordinate, one for each box in the order of the tree, those of the boxes above
+    /// them: then `visit` finds the range of each box under its number.
+    void addRangesAbove(std::vector<Range>& ranges) const;
+
+    /// Calls `found(place, box)` for every box that passes `meets(box)`, or `meets(box, number)`, together with those
+    /// above it.
+    /// @param first the place from which on boxes are visited
     template <class Meets, class Found>
-    void visit(Meets&& meets, Found&& found) const
+    void visit(Meets&& meets, Found&& found, std::uint32_t first = 0) const
     {
         struct Node {
             std::uint32_t level, index;
         };
-        if (isEmpty() || !meets(all()))
+        const auto passes = [&](std::uint32_t number) {
+            if constexpr (std::is_invocable_v<Meets&, const Box&, std::uint32_t>)
+                return meets(m_boxes[number], number);
+            else
+                return meets(m_boxes[number]);
+        };
+        if (isEmpty() || !passes(static_cast<std::uint32_t>(m_boxes.size()) - 1))
             return;
         const std::uint32_t top = static_cast<std::uint32_t>(m_levels.size()) - 2;
         if (top == 0) {
@@ -45,25 +62,27 @@ public:
         while (depth > 0) {
             const Node node = stack[--depth];
             const std::uint32_t level = node.level - 1;
-            const Box* const boxes = &m_boxes[m_levels[level]];
-            const std::uint32_t begin = node.index * kFanOut;
-            const std::uint32_t end = std::min(begin + kFanOut, m_levels[node.level] - m_levels[level]);
+            const std::uint32_t base = m_levels[level];
+            std::uint32_t begin = node.index * kFanOut;
+            const std::uint32_t end = std::min(begin + kFanOut, m_levels[node.level] - base);
+            begin = std::max(begin, first >> level * kFanOutBits);
             if (level == 0) {
                 for (std::uint32_t i = begin; i < end; ++i) {
-                    if (meets(boxes[i]))
-                        found(i, boxes[i]);
+                    if (passes(i))
+                        found(i, m_boxes[i]);
                 }
                 continue;
             }
             for (std::uint32_t i = end; i-- > begin;) { // so that boxes are found in the order of the tree
-                if (meets(boxes[i]))
+                if (passes(base + i))
                     stack[depth++] = {level, i};
             }
         }
     }
 
 private:
-    static constexpr std::uint32_t kFanOut = 4;
+    static constexpr std::uint32_t kFanOutBits = 2;
+    static constexpr std::uint32_t kFanOut = 1 << kFanOutBits;
 
     std::vector<Box> m_boxes;            ///< the given ones in their order, then those of each level above them
     std::vector<std::uint32_t> m_levels; ///< where each level begins in the boxes
