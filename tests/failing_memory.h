@@ -92,11 +92,11 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     return std::malloc(size ? size : 1);
 }
-void operator delete(void* block) noexcept
+[[gnu::noinline]] void operator delete(void* block) noexcept // inlined, g++ takes it for a mismatch
 {
     std::free(block);
 }
-void operator delete(void* block, std::size_t) noexcept
+[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept
 {
     std::free(block);
 }
