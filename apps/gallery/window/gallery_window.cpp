@@ -20,8 +20,7 @@ namespace
 {
 
 // At 96 dots per inch.
-constexpr int kWidth = 1000, kHeight = 700;
-constexpr int kSmallestWidth = 480, kSmallestHeight = 320;
+constexpr SIZE kStart = {1000, 700}, kSmallest = {480, 320};
 constexpr int kGap = 6; // around the controls; between list and picture it is the splitter bar
 constexpr int kSmallestPart = 120;
 constexpr int kCountWidth = 110; // of the status bar's second pane
@@ -33,19 +32,13 @@ constexpr unsigned kWhite = 0xFFFFFF;
 
 } // namespace
 
-BEGIN_MESSAGE_MAP(GalleryWindow, CWnd)
+BEGIN_MESSAGE_MAP(GalleryWindow, MainWindow)
 ON_WM_CREATE()
-ON_WM_DESTROY()
 ON_WM_SIZE()
-ON_WM_GETMINMAXINFO()
-ON_WM_SETFOCUS()
-ON_WM_ACTIVATE()
 ON_WM_SETCURSOR()
 ON_WM_LBUTTONDOWN()
 ON_WM_MOUSEMOVE()
 ON_WM_LBUTTONUP()
-ON_MESSAGE(WM_NEXTDLGCTL, &GalleryWindow::OnNextControl)
-ON_MESSAGE(WM_DPICHANGED, &GalleryWindow::OnDpiChanged)
 ON_MESSAGE(IDC_PICTURE, &GalleryWindow::OnPick)
 ON_NOTIFY(TVN_SELCHANGEDW, IDC_LIST, &GalleryWindow::OnSelect)
 ON_COMMAND(ID_FILE_EXPORT_METAFILE, &GalleryWindow::OnExportMetafile)
@@ -79,21 +72,15 @@ bool GalleryPicture::showsExtents() const
     return true;
 }
 
-GalleryWindow::GalleryWindow(std::vector<CataloguePicture> pictures) : m_pictures(std::move(pictures)) {}
+GalleryWindow::GalleryWindow(std::vector<CataloguePicture> pictures)
+    : MainWindow(kStart, kSmallest), m_pictures(std::move(pictures))
+{
+}
 
 bool GalleryWindow::open(const CVekString& name, const std::vector<std::string>& problems)
 {
-    const LPCWSTR resources = MAKEINTRESOURCEW(IDR_GALLERY);
-    const HINSTANCE module = AfxGetInstanceHandle();
-    const HMENU menu = LoadMenuW(module, resources);
-    m_accelerators = LoadAcceleratorsW(module, resources);
-    const LPCWSTR kind = AfxRegisterWndClass(0, LoadCursorW(nullptr, IDC_ARROW),
-                                             reinterpret_cast<HBRUSH>(COLOR_3DFACE + 1), LoadIconW(module, resources));
-    if (!CreateEx(0, kind, L"VEK Gallery", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, kWidth,
-                  kHeight, nullptr, menu))
+    if (!create(L"VEK Gallery", IDR_GALLERY))
         return false;
-    takeSize();
-    layOut();
     const HTREEITEM item = find(name);
     if (item == nullptr)
         return false;
@@ -107,26 +94,10 @@ bool GalleryWindow::open(const CVekString& name, const std::vector<std::string>&
     return true;
 }
 
-/// Sets the size for the monitor's resolution, at most that of the monitor.
-void GalleryWindow::takeSize()
-{
-    MONITORINFO monitor = {};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTONEAREST), &monitor);
-    const CRect whole(monitor.rcWork);
-    CRect area;
-    GetWindowRect(&area);
-    const int width = std::min(scaled(kWidth), whole.Width()), height = std::min(scaled(kHeight), whole.Height());
-    SetWindowPos(nullptr, std::min(static_cast<int>(area.left), static_cast<int>(whole.right) - width),
-                 std::min(static_cast<int>(area.top), static_cast<int>(whole.bottom) - height), width, height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 int GalleryWindow::OnCreate(LPCREATESTRUCT create)
 {
-    if (CWnd::OnCreate(create) == -1)
+    if (MainWindow::OnCreate(create) == -1)
         return -1;
-    m_dpi = static_cast<int>(GetDpiForWindow(m_hWnd));
     const CRect none(0, 0, 0, 0);
     const DWORD child = WS_CHILD | WS_VISIBLE;
     const bool made =
@@ -139,16 +110,9 @@ int GalleryWindow::OnCreate(LPCREATESTRUCT create)
         m_status.Create(child | SBARS_SIZEGRIP, none, this, IDC_STATUS);
     if (!made)
         return -1;
-    setFonts();
     fillList();
     OnBackground(ID_BACKGROUND_OWN);
     return 0;
-}
-
-void GalleryWindow::OnDestroy()
-{
-    CWnd::OnDestroy();
-    PostQuitMessage(0);
 }
 
 /// The wheel goes to the window beneath the pointer, wherever the focus is. A click on the picture removes the
@@ -167,22 +131,10 @@ BOOL GalleryWindow::PreTranslateMessage(MSG* message)
         else if (message->message == WM_KEYDOWN && panByKey(message->wParam))
             return TRUE;
     }
-    return TranslateAcceleratorW(m_hWnd, m_accelerators, message) || IsDialogMessage(message);
+    return MainWindow::PreTranslateMessage(message);
 }
 
 // Layout
-
-void GalleryWindow::setFonts()
-{
-    NONCLIENTMETRICSW metrics = {};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(m_dpi));
-    const HFONT font = CreateFontIndirectW(&metrics.lfMessageFont);
-    for (const HWND window : {m_label.m_hWnd, m_list.m_hWnd, m_status.m_hWnd})
-        ::SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    m_font.DeleteObject();
-    m_font.Attach(font);
-}
 
 void GalleryWindow::layOut()
 {
@@ -196,9 +148,7 @@ void GalleryWindow::layOut()
     const int gap = scaled(kGap), bottom = area.bottom - status.Height();
     const int largest = area.Width() - scaled(kSmallestPart) - gap;
     const int width = std::max(std::min(scaled(m_listWidth), largest), 0);
-    LOGFONTW font = {};
-    GetObjectW(m_font, sizeof font, &font);
-    const int line = std::abs(font.lfHeight) * 3 / 2;
+    const int line = lineHeight();
     const int top = gap / 2 + line;
     m_label.MoveWindow(gap, gap / 2, width - gap, line);
     m_list.MoveWindow(0, top, width, std::max(bottom - top, 0));
@@ -207,51 +157,9 @@ void GalleryWindow::layOut()
 
 void GalleryWindow::OnSize(UINT type, int width, int height)
 {
-    CWnd::OnSize(type, width, height);
-    if (type == SIZE_MINIMIZED || m_status.m_hWnd == nullptr)
-        return;
-    layOut();
-    if (m_picture.showsExtents()) // a zoomed picture keeps its position
+    MainWindow::OnSize(type, width, height);
+    if (type != SIZE_MINIMIZED && m_picture.showsExtents()) // a zoomed picture keeps its position
         fit();
-}
-
-void GalleryWindow::OnGetMinMaxInfo(MINMAXINFO* info)
-{
-    info->ptMinTrackSize = {scaled(kSmallestWidth), scaled(kSmallestHeight)};
-}
-
-void GalleryWindow::OnSetFocus(CWnd*)
-{
-    ::SetFocus(m_focus != nullptr ? m_focus : m_list.m_hWnd);
-}
-
-/// As in a dialog: for the mnemonic of a label IsDialogMessage sends it twice, for the label and then for the control
-/// after it.
-LRESULT GalleryWindow::OnNextControl(WPARAM which, LPARAM isWindow)
-{
-    const HWND next =
-        LOWORD(isWindow) != 0 ? reinterpret_cast<HWND>(which) : ::GetNextDlgTabItem(m_hWnd, ::GetFocus(), which != 0);
-    ::SetFocus(next);
-    return 0;
-}
-
-void GalleryWindow::OnActivate(UINT state, CWnd* other, BOOL minimised)
-{
-    const HWND focus = ::GetFocus();
-    if (state == WA_INACTIVE && ::IsChild(m_hWnd, focus))
-        m_focus = focus;
-    CWnd::OnActivate(state, other, minimised);
-}
-
-LRESULT GalleryWindow::OnDpiChanged(WPARAM dpi, LPARAM suggested)
-{
-    m_dpi = LOWORD(dpi);
-    setFonts();
-    const RECT* area = reinterpret_cast<const RECT*>(suggested);
-    SetWindowPos(nullptr, area->left, area->top, area->right - area->left, area->bottom - area->top,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-    layOut();
-    return 0;
 }
 
 /// The splitter bar between list and picture.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../scene.h"
+#include "shared/window/main_window.h"
 
 #include <vek/pictures.h>
 
@@ -24,7 +25,7 @@ public:
 
 /// A list of pictures on the left, the selected one on the right, a status bar beneath; the bar between list and
 /// picture can be dragged.
-class GalleryWindow : public CWnd
+class GalleryWindow : public MainWindow
 {
 public:
     explicit GalleryWindow(std::vector<CataloguePicture> pictures);
@@ -34,15 +35,11 @@ public:
     bool open(const CVekString& name, const std::vector<std::string>& problems);
 
 protected:
+    void layOut() override;
     BOOL PreTranslateMessage(MSG* message) override;
 
     afx_msg int OnCreate(LPCREATESTRUCT create);
-    afx_msg void OnDestroy();
     afx_msg void OnSize(UINT type, int width, int height);
-    afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
-    afx_msg void OnSetFocus(CWnd* before);
-    afx_msg void OnActivate(UINT state, CWnd* other, BOOL minimised);
-    afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM suggested);
     afx_msg BOOL OnSetCursor(CWnd* window, UINT hit, UINT message);
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnMouseMove(UINT flags, CPoint point);
@@ -59,14 +56,9 @@ protected:
     afx_msg void OnZoomOut();
     afx_msg void OnBackground(UINT id);
     afx_msg void OnSampleDialog();
-    afx_msg LRESULT OnNextControl(WPARAM which, LPARAM isWindow);
     DECLARE_MESSAGE_MAP()
 
 private:
-    int scaled(int pixels) const { return MulDiv(pixels, m_dpi, 96); }
-    void takeSize();
-    void setFonts();
-    void layOut();
     void fillList();
     HTREEITEM find(const CVekString& name) const;
     void show(std::size_t number);
@@ -86,10 +78,6 @@ private:
     CTreeCtrl m_list;
     GalleryPicture m_picture;
     CStatusBarCtrl m_status;
-    CFont m_font;
-    HACCEL m_accelerators = nullptr;
-    HWND m_focus = nullptr; ///< the child that gets the focus back
-    int m_dpi = 96;
     int m_listWidth = 230; ///< at 96 dots per inch
     bool m_isFilled = false;
 };

@@ -5,6 +5,7 @@
 #include "shared/input.h"
 #include "shared/texts.h"
 #include "shared/window/report.h"
+#include "shared/window/window_program.h"
 
 #include <vek/data/text.h>
 #include <vek/json.h>
@@ -71,33 +72,17 @@ void loadTexts(const std::string& language, std::vector<std::string>& problems)
     VEK::msgLangSet(wide(language));
 }
 
-class GalleryApp : public CWinApp
+class GalleryApp : public WindowProgram
 {
 public:
-    GalleryApp() : CWinApp(kTitle) {}
+    GalleryApp() : WindowProgram("gallery", kTitle) {}
 
-    BOOL InitInstance() override
-    {
-        try {
-            return start();
-        } catch (const std::exception& error) {
-            report("gallery: " + std::string(error.what()) + "\n", MB_ICONERROR, kTitle);
-            m_status = 2;
-            return FALSE;
-        }
-    }
-    int ExitInstance() override
-    {
-        const int status = CWinApp::ExitInstance();
-        return m_status != 0 ? m_status : status;
-    }
-
-private:
-    BOOL start()
+protected:
+    bool start() override
     {
         Options options;
         if (!parse(options))
-            return FALSE;
+            return false;
         std::vector<std::string> problems;
         loadTexts(options.language, problems);
         m_window = std::make_unique<GalleryWindow>(catalogue(options.examples, problems));
@@ -106,11 +91,11 @@ private:
         m_pMainWnd = m_window.get();
         m_window->ShowWindow(m_nCmdShow);
         m_window->UpdateWindow();
-        return TRUE;
+        return true;
     }
 
+private:
     std::unique_ptr<GalleryWindow> m_window;
-    int m_status = 0;
 };
 
 GalleryApp gallery;

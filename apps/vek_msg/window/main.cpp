@@ -6,6 +6,7 @@
 #include "shared/input.h"
 #include "shared/texts.h"
 #include "shared/window/report.h"
+#include "shared/window/window_program.h"
 
 #include <vek/dialogframe.h>
 #include <vek/values/system.h>
@@ -116,44 +117,33 @@ bool handOver(const Options& options)
     return true;
 }
 
-class MsgApp : public CWinApp
+class MsgApp : public WindowProgram
 {
 public:
-    MsgApp() : CWinApp(kTitle) {}
+    MsgApp() : WindowProgram("vek_msg", kTitle) {}
 
-    BOOL InitInstance() override
-    {
-        try {
-            return start();
-        } catch (const std::exception& error) {
-            report("vek_msg: " + std::string(error.what()) + "\n", MB_ICONERROR, kTitle);
-            m_status = 2;
-            return FALSE;
-        }
-    }
     int ExitInstance() override
     {
         m_server.reset();
-        const int status = CWinApp::ExitInstance();
-        return m_status != 0 ? m_status : status;
+        return WindowProgram::ExitInstance();
     }
 
-private:
-    BOOL start()
+protected:
+    bool start() override
     {
         Options options;
         if (!parse(options))
-            return FALSE;
+            return false;
         if (options.registers)
             registerServer();
         if (options.unregisters)
             unregisterServer();
         if (options.registers || options.unregisters)
-            return FALSE;
+            return false;
         if (!AfxOleInit())
             throw Failure("OLE cannot be initialised");
         if (!options.isServer && handOver(options))
-            return FALSE;
+            return false;
         m_window = std::make_unique<MsgWindow>();
         if (!m_window->open())
             throw Failure("the window cannot be opened");
@@ -163,9 +153,10 @@ private:
         m_server = std::make_unique<MsgServer>(*m_window);
         if (!m_server->start(!options.isServer))
             throw Failure("the system does not accept it as an automation server");
-        return TRUE;
+        return true;
     }
 
+private:
     /// Without a catalogue of its own the program waits for one.
     void openFile(const Options& options)
     {
@@ -177,7 +168,6 @@ private:
 
     std::unique_ptr<MsgWindow> m_window;
     std::unique_ptr<MsgServer> m_server;
-    int m_status = 0;
 };
 
 MsgApp app;

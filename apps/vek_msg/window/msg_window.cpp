@@ -14,8 +14,7 @@ namespace
 {
 
 // At 96 dots per inch.
-constexpr int kWidth = 760, kHeight = 540;
-constexpr int kSmallestWidth = 420, kSmallestHeight = 320;
+constexpr SIZE kStart = {760, 540}, kSmallest = {420, 320};
 constexpr int kGap = 8;
 constexpr int kControl = 24; // height of a box or button
 constexpr int kLanguageWidth = 170, kButtonWidth = 90, kKeyWidth = 170;
@@ -30,15 +29,8 @@ std::wstring lower(std::wstring text)
 
 } // namespace
 
-BEGIN_MESSAGE_MAP(MsgWindow, CWnd)
+BEGIN_MESSAGE_MAP(MsgWindow, MainWindow)
 ON_WM_CREATE()
-ON_WM_DESTROY()
-ON_WM_SIZE()
-ON_WM_GETMINMAXINFO()
-ON_WM_SETFOCUS()
-ON_WM_ACTIVATE()
-ON_MESSAGE(WM_DPICHANGED, &MsgWindow::OnDpiChanged)
-ON_MESSAGE(WM_NEXTDLGCTL, &MsgWindow::OnNextControl)
 ON_EN_CHANGE(IDC_SEARCH, &MsgWindow::OnSearchChanged)
 ON_CBN_SELCHANGE(IDC_LANGUAGE, &MsgWindow::OnLanguageChanged)
 ON_NOTIFY(LVN_GETDISPINFOW, IDC_LIST, &MsgWindow::OnItemText)
@@ -52,27 +44,20 @@ ON_COMMAND(IDOK, &MsgWindow::OnEnter)
 ON_COMMAND(IDCANCEL, &MsgWindow::OnEscape)
 END_MESSAGE_MAP()
 
+MsgWindow::MsgWindow() : MainWindow(kStart, kSmallest) {}
+
 bool MsgWindow::open()
 {
-    const LPCWSTR resources = MAKEINTRESOURCEW(IDR_VEK_MSG);
-    const HINSTANCE module = AfxGetInstanceHandle();
-    m_accelerators = LoadAcceleratorsW(module, resources);
-    const LPCWSTR kind = AfxRegisterWndClass(0, LoadCursorW(nullptr, IDC_ARROW),
-                                             reinterpret_cast<HBRUSH>(COLOR_3DFACE + 1), LoadIconW(module, resources));
-    if (!CreateEx(0, kind, L"VEK Texts", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, kWidth,
-                  kHeight, nullptr, nullptr))
+    if (!create(L"VEK Texts", IDR_VEK_MSG))
         return false;
-    SetWindowPos(nullptr, 0, 0, scaled(kWidth), scaled(kHeight), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    layOut();
     setLanguage(VEK::msgLangSet(nullptr));
     return true;
 }
 
 int MsgWindow::OnCreate(LPCREATESTRUCT create)
 {
-    if (CWnd::OnCreate(create) == -1)
+    if (MainWindow::OnCreate(create) == -1)
         return -1;
-    m_dpi = static_cast<int>(GetDpiForWindow(m_hWnd));
     const CRect none(0, 0, 0, 0);
     // In the order of the tab key; a screen reader takes the label before a control as its name.
     const DWORD child = WS_CHILD | WS_VISIBLE, stop = child | WS_TABSTOP;
@@ -96,33 +81,14 @@ int MsgWindow::OnCreate(LPCREATESTRUCT create)
     m_list.InsertColumn(1, L"Text");
     for (const vek_country_st* country = VEK::dlCountries(); country->id != nullptr; ++country)
         m_languages.AddString((std::wstring(country->name) + L" (" + country->id + L")").c_str());
-    setFonts();
     return 0;
-}
-
-void MsgWindow::OnDestroy()
-{
-    CWnd::OnDestroy();
-    PostQuitMessage(0);
-}
-
-BOOL MsgWindow::PreTranslateMessage(MSG* message)
-{
-    return TranslateAcceleratorW(m_hWnd, m_accelerators, message) || IsDialogMessage(message);
 }
 
 // Layout
 
-void MsgWindow::setFonts()
+void MsgWindow::followDpi(int before)
 {
-    NONCLIENTMETRICSW metrics = {};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(m_dpi));
-    const HFONT font = CreateFontIndirectW(&metrics.lfMessageFont);
-    for (HWND child = ::GetTopWindow(m_hWnd); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT))
-        ::SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    m_font.DeleteObject();
-    m_font.Attach(font);
+    m_list.SetColumnWidth(0, MulDiv(m_list.GetColumnWidth(0), m_dpi, before));
 }
 
 void MsgWindow::layOut()
@@ -131,9 +97,7 @@ void MsgWindow::layOut()
     CRect area, status;
     GetClientRect(&area);
     m_status.GetWindowRect(&status);
-    LOGFONTW font = {};
-    GetObjectW(m_font, sizeof font, &font);
-    const int gap = scaled(kGap), control = scaled(kControl), line = std::abs(font.lfHeight) * 3 / 2;
+    const int gap = scaled(kGap), control = scaled(kControl), line = lineHeight();
     const int right = area.right - gap, button = right - scaled(kButtonWidth);
     const int language = button - gap - scaled(kLanguageWidth);
     const auto place = [](CWnd& label, CWnd& box, const CRect& where, int lineHeight) {
@@ -150,52 +114,6 @@ void MsgWindow::layOut()
     CRect inside;
     m_list.GetClientRect(&inside);
     m_list.SetColumnWidth(1, std::max(inside.Width() - m_list.GetColumnWidth(0), scaled(kKeyWidth)));
-}
-
-void MsgWindow::OnSize(UINT type, int width, int height)
-{
-    CWnd::OnSize(type, width, height);
-    if (type != SIZE_MINIMIZED && m_status.m_hWnd != nullptr)
-        layOut();
-}
-
-void MsgWindow::OnGetMinMaxInfo(MINMAXINFO* info)
-{
-    info->ptMinTrackSize = {scaled(kSmallestWidth), scaled(kSmallestHeight)};
-}
-
-void MsgWindow::OnSetFocus(CWnd*)
-{
-    ::SetFocus(m_focus != nullptr ? m_focus : m_search.m_hWnd);
-}
-
-void MsgWindow::OnActivate(UINT state, CWnd* other, BOOL isMinimised)
-{
-    const HWND focus = ::GetFocus();
-    if (state == WA_INACTIVE && ::IsChild(m_hWnd, focus))
-        m_focus = focus;
-    CWnd::OnActivate(state, other, isMinimised);
-}
-
-LRESULT MsgWindow::OnDpiChanged(WPARAM dpi, LPARAM suggested)
-{
-    m_list.SetColumnWidth(0, MulDiv(m_list.GetColumnWidth(0), LOWORD(dpi), m_dpi));
-    m_dpi = LOWORD(dpi);
-    setFonts();
-    const RECT* area = reinterpret_cast<const RECT*>(suggested);
-    SetWindowPos(nullptr, area->left, area->top, area->right - area->left, area->bottom - area->top,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-    layOut();
-    return 0;
-}
-
-/// As in a dialog: for the mnemonic of a label IsDialogMessage sends it for the control after the label.
-LRESULT MsgWindow::OnNextControl(WPARAM which, LPARAM isWindow)
-{
-    const HWND next =
-        LOWORD(isWindow) != 0 ? reinterpret_cast<HWND>(which) : ::GetNextDlgTabItem(m_hWnd, ::GetFocus(), which != 0);
-    ::SetFocus(next);
-    return 0;
 }
 
 void MsgWindow::showToUser(bool isShown)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../catalogue.h"
+#include "shared/window/main_window.h"
 
 #include <afxcmn.h>
 
@@ -11,9 +12,11 @@
 
 /// A search box and a language box on top, the keys with their texts beneath, the whole text of the selected key at the
 /// bottom.
-class MsgWindow : public CWnd
+class MsgWindow : public MainWindow
 {
 public:
+    MsgWindow();
+
     /// Creates the window, hidden.
     bool open();
 
@@ -38,16 +41,10 @@ public:
     void showToUser(bool isShown);
 
 protected:
-    BOOL PreTranslateMessage(MSG* message) override;
+    void layOut() override;
+    void followDpi(int before) override;
 
     afx_msg int OnCreate(LPCREATESTRUCT create);
-    afx_msg void OnDestroy();
-    afx_msg void OnSize(UINT type, int width, int height);
-    afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
-    afx_msg void OnSetFocus(CWnd* before);
-    afx_msg void OnActivate(UINT state, CWnd* other, BOOL isMinimised);
-    afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM suggested);
-    afx_msg LRESULT OnNextControl(WPARAM which, LPARAM isWindow);
     afx_msg void OnSearchChanged();
     afx_msg void OnLanguageChanged();
     afx_msg void OnItemText(NMHDR* header, LRESULT* result);
@@ -61,9 +58,6 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    int scaled(int pixels) const { return MulDiv(pixels, m_dpi, 96); }
-    void setFonts();
-    void layOut();
     void fillList();
     void select(int row);
     void showText();
@@ -79,8 +73,4 @@ private:
     CButton m_openButton;
     CListCtrl m_list;
     CStatusBarCtrl m_status;
-    CFont m_font;
-    HACCEL m_accelerators = nullptr;
-    HWND m_focus = nullptr; ///< the child that gets the focus back
-    int m_dpi = 96;
 };
