@@ -1,8 +1,9 @@
 // What surrounds dialogs in real windows: stack, environment, files, the information box, ends at any time.
+#include "dialogframe/window/exchange_text.h"
 #include "window/dialog_fixture.h"
 #include "window/modal_queue.h"
 
-#include <vek/data/text.h>
+#include <vek/data.h>
 #include <vek/dialogframe.h>
 #include <vek/host.h>
 
@@ -358,6 +359,23 @@ TEST_F(DialogSurroundings, HaveTheLibrarysIconAndInformationBox)
         it.PostMessage(WM_COMMAND, IDOK);
     });
     EXPECT_EQ(box.DoModal(), IDOK);
+}
+
+TEST_F(DialogSurroundings, TellOfInvalidValuesInTheUsersLanguage)
+{
+    VEK::CCfgBackup backup(true);
+    backup.attach(L"*MSG*");
+    VEK::dataSet(VEK::cfg_dir_make(L"*MSG*\\VEK_\\pl"), L"VEK_DDX_0003", L"Wpisz od %1 do %2");
+    const CVekString language = VEK::msgLangSet(L"pl");
+    EXPECT_STREQ(VEK::exchangeText(AFX_IDP_PARSE_INT_RANGE, L""), L"Wpisz od %1 do %2.");
+    EXPECT_STREQ(VEK::exchangeText(AFX_IDP_PARSE_INT, L""), L"Bitte geben Sie eine ganze Zahl ein.");
+    int known = 0;
+    for (UINT id = AFX_IDP_PARSE_INT - 1; id <= AFX_IDP_PARSE_UINT + 1; ++id)
+        known += VEK::exchangeText(id, L"") != nullptr;
+    EXPECT_EQ(known, 7);
+    CVekDlg::SetMsgCallBack(nullptr);
+    EXPECT_EQ(VEK::exchangeText(AFX_IDP_PARSE_INT, L""), nullptr);
+    VEK::msgLangSet(language);
 }
 
 } // namespace

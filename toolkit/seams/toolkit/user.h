@@ -85,6 +85,12 @@ inline LPITEMIDLIST chooseFolder(BROWSEINFOW& request)
     return ::SHBrowseForFolderW(&request);
 }
 
+using TextSource = LPCWSTR (*)(UINT id, LPCWSTR builtIn);
+inline TextSource textSourceSet(TextSource) // its own texts come from its string tables
+{
+    return nullptr;
+}
+
 } // namespace toolkit
 
 #endif
