@@ -176,6 +176,18 @@ void forEachPlace(const std::vector<double>& stops, double from, double to, Each
     each(to);
 }
 
+/// Calls `each(t)` for the ends of the chords of a part of a curve, which is not cut further.
+template <class Each>
+void forEachEnd(const Curve& curve, double from, double to, Each&& each)
+{
+    if (curve.straight) {
+        each(from);
+        each(to);
+    } else {
+        forEachPlace({}, from, to, each);
+    }
+}
+
 /// Whether all numbers are usable and the matrix has an inverse.
 bool isUsable(const CVekMatrix3d& m);
 

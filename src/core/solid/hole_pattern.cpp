@@ -204,12 +204,7 @@ private:
             last = next;
             isFirst = false;
         };
-        if (edge.curve.straight) {
-            pass(edge.from);
-            pass(edge.to);
-        } else {
-            forEachPlace({}, edge.from, edge.to, pass);
-        }
+        forEachEnd(edge.curve, edge.from, edge.to, pass);
     }
 
     /// Finds the planes through which an axis passes.
