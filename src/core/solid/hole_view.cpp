@@ -7,7 +7,6 @@ namespace VEK::solids
 
 constexpr double kTol = kPointTol;
 
-/// The parameter at which a curve is nearest to a point of its plane.
 double parameterOn(const Curve& curve, Vec3 p)
 {
     const Vec3 d = p - curve.centre;
