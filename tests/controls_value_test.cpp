@@ -99,7 +99,7 @@ TEST(Value, IsReadBackAsItWasWritten)
 {
     std::mt19937 random(7);
     const auto pick = [&](unsigned below) { return static_cast<int>(random() % below); };
-    int judged = 0, exact = 0;
+    int exact = 0, fallen = 0;
     for (int i = 0; i < 40000; ++i) {
         ValueRules rules = rulesOf(static_cast<ValueType>(1 + pick(3)), pick(2) * 32u);
         rules.style = pick(2) ? editStyle : comboStyle;
@@ -113,26 +113,26 @@ TEST(Value, IsReadBackAsItWasWritten)
                              : isAngle             ? shown * kPi / 180.0
                                                    : shown / rules.factor;
 
-        // Half of the last place that is shown.
-        double step = std::pow(0.1, rules.precision);
-        if (rules.type == typeInt)
-            step = 0.0;
-        else if (!isAngle && rules.format == Vek::formatScientific)
+        // The last place that is shown.
+        double step = rules.type == typeInt ? 0.0 : std::pow(0.1, rules.precision);
+        bool fallsBack = false; // to decimals
+        if (rules.type == typeLength && rules.format == Vek::formatScientific) {
             step *= std::pow(10.0, std::ceil(std::log10(std::fabs(shown) + 1e-30)));
-        else if (!isAngle && rules.format >= Vek::formatArchitectural &&
-                 !(rules.style.fallsBack && std::fabs(shown) < std::pow(0.5, rules.precision)))
-            step = std::pow(0.5, rules.precision);
-
+        } else if (rules.type == typeLength && rules.format >= Vek::formatArchitectural) {
+            const double fraction = std::pow(0.5, rules.precision);
+            fallsBack = rules.style.fallsBack && shown != 0.0 && std::fabs(shown) < fraction;
+            step = fallsBack ? step : fraction;
+        }
         const CVekString text = valueText(value, rules);
         const double read = valueParse(text, rules);
         const double back = isAngle ? read * 180.0 / kPi : read * rules.factor;
         EXPECT_LE(std::fabs(back - (rules.type == typeInt ? value : shown)), step / 2.0 + 1e-12 * size) << shown;
-        if (read != 0.0) { // what is too small for its fallback becomes a plain zero
+        if (!fallsBack) { // the decimals may make a fraction
             EXPECT_STREQ(valueText(read, rules), text) << shown;
         }
-        judged += 1;
+        fallen += fallsBack;
         exact += read == value;
     }
-    EXPECT_EQ(judged, 40000);
     EXPECT_GT(exact, 10000);
+    EXPECT_GT(fallen, 500);
 }

@@ -12,6 +12,7 @@ namespace
 
 constexpr double kDegrees = 180.0;
 constexpr double kPi = 3.141592653589793;
+constexpr double kRounding = 1e-12;
 constexpr int kFinestFraction = 8; ///< power of two of its denominator
 
 bool isBlank(wchar_t c)
@@ -36,7 +37,8 @@ std::pair<Vek::lFormat, int> lengthForm(double value, const ValueRules& rules)
     if (!rules.style.fallsBack || (!isFeet && rules.format != Vek::formatFractional))
         return {rules.format, precision};
     const int power = std::min(precision, kFinestFraction);
-    if (value == 0.0 || !(std::ldexp(1.0, -power) > std::fabs(value)))
+    // A value read from that fraction may come out a little smaller by the factor.
+    if (value == 0.0 || !(std::ldexp(1.0, -power) > std::fabs(value) * (1.0 + kRounding)))
         return {rules.format, power};
     return {isFeet ? Vek::formatEngineering : Vek::formatDecimal,
             autoPrec(rules.precision, Vek::unitCurrent, Vek::formatDecimal)};
