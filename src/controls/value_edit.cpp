@@ -45,7 +45,8 @@ public:
                 return m_check;
             refuse(L"VEK022", L"Eintragung notwendig");
         } else {
-            m_value = *readText(m_field, m_text);
+            if (!m_field.isAsShown)
+                m_value = *readText(m_field, m_text);
             if (takeWord())
                 return m_check;
         }
@@ -115,6 +116,16 @@ private:
 };
 
 } // namespace
+
+const wchar_t* ValueWords::wordOf(double) const
+{
+    return nullptr;
+}
+
+bool ValueWords::valueOf(const wchar_t*, double&) const
+{
+    return false;
+}
 
 CVekString editText(const EditField& field, double value)
 {

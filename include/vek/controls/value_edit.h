@@ -7,17 +7,17 @@
 namespace VEK
 {
 
-/// The words that a field shows, and takes, in place of values.
+/// The words that a field shows, and takes, in place of values; this base class has none.
 class VEK_API ValueWords
 {
 public:
     virtual ~ValueWords() = default;
 
     /// The word of exactly this value; null for none.
-    virtual const wchar_t* wordOf(double value) const = 0;
+    virtual const wchar_t* wordOf(double value) const;
     /// The value of a word, compared without case.
-    /// @return false if it is none of the words
-    virtual bool valueOf(const wchar_t* word, double& value) const = 0;
+    /// @return false, with `value` unchanged, if it is none of the words
+    virtual bool valueOf(const wchar_t* word, double& value) const;
 };
 
 /// An edit control with a value.
@@ -25,6 +25,7 @@ struct EditField {
     ValueRules rules;
     double stored = nan(); ///< the value in the internal unit; NaN for none yet
     const ValueWords& words;
+    bool isAsShown = false; ///< the text is that of the stored value: reading it would only lose decimals
 };
 
 /// The text for a value that the program sets: its word, else the formatted value. A value that is set as an integer is

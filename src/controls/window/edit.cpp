@@ -6,6 +6,7 @@
 #include "core/values/whole.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <tuple>
 
@@ -22,7 +23,7 @@ class CVekEdit::Words : public VEK::ValueWords
 public:
     explicit Words(const CVekEdit& edit) : field{edit.rules(), edit.m_val, *this}, m_edit(edit) {}
 
-    const VEK::EditField field;
+    VEK::EditField field;
 
 private:
     const wchar_t* wordOf(double value) const override
@@ -145,19 +146,29 @@ void CVekEdit::show(const CVekString& text)
 {
     if (!m_hWnd)
         return;
+    const HWND window = m_hWnd; // its dialog may end the control now
     const BOOL isModified = GetModify();
     SetWindowText(text);
-    if (m_hWnd) // unless its dialog has destroyed it
-        SetModify(isModified);
+    ::SendMessageW(window, EM_SETMODIFY, isModified, 0);
 }
 
 /// A field has changed when something is typed from now on.
 void CVekEdit::OnSetFocus(CWnd* before)
 {
+    m_hasBeenEntered = true;
     const HWND window = m_hWnd;
     CEdit::OnSetFocus(before);
     ::SendMessageW(window, EM_SETSEL, 0, -1);
     ::SendMessageW(window, EM_SETMODIFY, FALSE, 0);
+}
+
+/// A field that takes the focus back from another one makes that one lose it a second time, without a word typed.
+VEK::EditCheck CVekEdit::check() const
+{
+    Words own(*this);
+    const CVekString entry = text();
+    own.field.isAsShown = !m_hasBeenEntered && std::isfinite(m_val) && VEK::editText(own.field, m_val) == entry;
+    return VEK::editCheck(own.field, entry);
 }
 
 /// The message box and the dialog may end the control, so that afterwards only its window is asked.
@@ -169,24 +180,25 @@ void CVekEdit::OnKillFocus(CWnd* next)
     const HWND window = m_hWnd;
     const auto isGone = [window, this] { return CWnd::FromHandlePermanent(window) != this; };
     m_flags |= VEK::valueTextCounts;
-    const VEK::EditCheck check = VEK::editCheck(Words(*this).field, text());
-    if (check.isRefused) {
-        const CVekString message = check.message();
+    const VEK::EditCheck result = check();
+    m_hasBeenEntered = false;
+    if (result.isRefused) {
+        const CVekString message = result.message();
         MessageBox(message, VEK::msgCallBack(L"VEK001", L"Fehler", nullptr), MB_TASKMODAL | MB_ICONHAND);
         if (isGone())
             return;
     }
-    if (check.action != VEK::EditCheck::keep) {
-        if (check.action == VEK::EditCheck::set)
+    if (result.action != VEK::EditCheck::keep) {
+        if (result.action == VEK::EditCheck::set)
             m_flags &= static_cast<unsigned short>(~VEK::valueTextCounts);
-        if (check.storesValue)
-            m_val = check.value;
-        SetModify(check.isModified);
-        show(check.text);
+        if (result.storesValue)
+            m_val = result.value;
+        SetModify(result.isModified);
+        show(result.text);
         if (isGone())
             return;
     }
     CEdit::OnKillFocus(next);
-    if (check.isRefused)
+    if (result.isRefused)
         ::SetFocus(window);
 }

@@ -82,6 +82,9 @@ private:
     VEK::ValueRules rules() const;
     CVekString text() const;
     void show(const CVekString& text);
+    VEK::EditCheck check() const;
+
+    bool m_hasBeenEntered = false; ///< had the focus since its text was last judged
 };
 
 #endif
