@@ -92,9 +92,9 @@ TEST(ValueControls, TellOfEditsByTheUserOnly)
     EXPECT_EQ(precision, 2);
     EXPECT_EQ(textOf(a), L"25.4");
     a.SetFocus(), b.SetFocus();
-    EXPECT_TRUE(form.left[0] == 1 && form.changed == 0) << "neither creating nor setting is an edit";
+    EXPECT_TRUE(form.left[0] == 2 && form.changed == 0) << "neither creating nor setting is an edit";
     a.SetFocus(), type(L"30.123456"), b.SetFocus();
-    EXPECT_TRUE(form.left[0] == 2 && form.changed == 1 && form.seen == L"30.12" && textOf(a) == L"30.12");
+    EXPECT_TRUE(form.left[0] == 3 && form.changed == 1 && form.seen == L"30.12" && textOf(a) == L"30.12");
     EXPECT_TRUE(a.getVal(value) && value == 30.123456 / 25.4);
 
     type(L"5");

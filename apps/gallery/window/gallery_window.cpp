@@ -4,6 +4,7 @@
 #include "sample_dialog.h"
 #include "shared/failure.h"
 #include "shared/input.h"
+#include "value_page.h"
 
 #include <vek/surfaces.h>
 
@@ -58,6 +59,7 @@ ON_COMMAND(ID_VIEW_ZOOM_IN, &GalleryWindow::OnZoomIn)
 ON_COMMAND(ID_VIEW_ZOOM_OUT, &GalleryWindow::OnZoomOut)
 ON_COMMAND_RANGE(ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, &GalleryWindow::OnBackground)
 ON_COMMAND(ID_DIALOGS_SAMPLE, &GalleryWindow::OnSampleDialog)
+ON_COMMAND(ID_DIALOGS_VALUES, &GalleryWindow::OnValuePage)
 END_MESSAGE_MAP()
 
 void GalleryPicture::pan(int x, int y)
@@ -523,5 +525,11 @@ void GalleryWindow::OnSampleDialog()
     SampleDialog dialog(environment.parentWnd());
     dialog.SetCountry(environment.country);
     dialog.DoModal();
+    m_picture.SetFocus();
+}
+
+void GalleryWindow::OnValuePage()
+{
+    ValuePage(this).DoModal();
     m_picture.SetFocus();
 }

@@ -59,6 +59,7 @@ protected:
     afx_msg void OnZoomOut();
     afx_msg void OnBackground(UINT id);
     afx_msg void OnSampleDialog();
+    afx_msg void OnValuePage();
     afx_msg LRESULT OnNextControl(WPARAM which, LPARAM isWindow);
     DECLARE_MESSAGE_MAP()
 

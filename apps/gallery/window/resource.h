@@ -34,3 +34,28 @@
 #define IDC_DRAG 309
 #define IDC_ABOUT 310
 #define IDC_ANOTHER 311
+
+#define ID_DIALOGS_VALUES 120
+
+#define IDD_VALUES 2010
+#define IDC_VALUE_EDIT 400
+#define IDC_VALUE_OTHER 401
+#define IDC_VALUE_BOX 402
+#define IDC_VALUE_EDIT_GIVES 403
+#define IDC_VALUE_OTHER_GIVES 404
+#define IDC_VALUE_BOX_GIVES 405
+#define IDC_VALUE_LANGUAGE 406
+#define IDC_VALUE_SET 407
+#define IDC_VALUE_KIND 410
+#define IDC_VALUE_FORMAT 411
+#define IDC_VALUE_UNIT 412
+#define IDC_VALUE_PRECISION 413 // up to the word in a row
+#define IDC_VALUE_MIN 414
+#define IDC_VALUE_MAX 415
+#define IDC_VALUE_WORD 416
+#define IDC_VALUE_REQUIRED 420 // up to the last flag in a row, in the order of their bits
+#define IDC_VALUE_NOT_ZERO 421
+#define IDC_VALUE_NOT_NEGATIVE 422
+#define IDC_VALUE_BOUNDED 423
+#define IDC_VALUE_ZEROS 424
+#define IDC_VALUE_DRAWING 425
