@@ -547,3 +547,22 @@ TEST(Memory, TextsAndHelpAreWholeOrBuiltIn)
         EXPECT_STREQ(plan.fallback, good ? L"file:///" + text + L"index" : CVekString());
     });
 }
+
+TEST(Memory, AFieldKeepsItsTextOrIsJudgedWhole)
+{
+    const VEK::ValueWords none;
+    const VEK::EditField field = {
+        {.type = VEK::typeLength, .flags = VEK::valueBounded | VEK::valueSuppressZeros, .min = 20.0}, 1.0, none};
+    const CVekString entry = CVekString(L"  ") + std::wstring(80, L'0').c_str() + L"7 ";
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        double value = -1.0;
+        const auto [check, combo, good] = memory.during([&] {
+            return std::tuple(VEK::editCheck(field, entry), VEK::comboCheck(field.rules, entry),
+                              VEK::comboValue(field.rules, entry, value));
+        });
+        EXPECT_TRUE(check.isRefused ? check.value == 20.0 && check.text == L"20" && check.bound == L"20"
+                                    : check.action == VEK::EditCheck::keep && memory.failed());
+        EXPECT_TRUE(combo.isSet ? combo.value == 20.0 : memory.failed());
+        EXPECT_EQ(value, good ? 7.0 : -1.0);
+    });
+}

@@ -12,8 +12,7 @@ bool comboValue(const ValueRules& rules, const wchar_t* text, double& value)
     if (!isJudged(rules.type))
         return false;
     const std::optional<double> found = whole(std::optional<double>(), [&] {
-        const double read = vekAtoF(text);
-        return std::optional(rules.type == typeLength ? read / rules.factor : read);
+        return std::optional(rules.type == typeLength ? valueParse(text, rules) : vekAtoF(text));
     });
     value = found.value_or(value);
     return found.has_value();
