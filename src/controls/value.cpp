@@ -94,7 +94,7 @@ double valueParse(const wchar_t* text, const ValueRules& rules)
 {
     switch (rules.type) {
     case typeLength: return withinRange(vekAtoF(text) / rules.factor);
-    case typeAngle: return VEK::atof(text) * kPi / kDegrees;
+    case typeAngle: return withinRange(VEK::atof(text) * kPi / kDegrees);
     default: return vekAtoF(text);
     }
 }
