@@ -5,6 +5,7 @@
 #include <vek/bitmaps.h>
 #include <vek/data.h>
 #include <vek/dialogframe.h>
+#include <vek/dialogs.h>
 #include <vek/display.h>
 #include <vek/draw.h>
 #include <vek/geometry.h>
