@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vek/bitmaps.h>
+#include <vek/controls.h>
 #include <vek/data.h>
 #include <vek/dialogframe.h>
 #include <vek/dialogs.h>

@@ -1,0 +1,5 @@
+/// @file
+/// The controls.
+#pragma once
+
+#include <vek/controls/material_tree.h>

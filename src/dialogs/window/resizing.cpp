@@ -1,0 +1,39 @@
+#include "resizing.h"
+
+#include "../button_row.h"
+
+namespace VEK
+{
+
+namespace
+{
+
+void place(HWND control, const DlgRect& rect)
+{
+    ::MoveWindow(control, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, TRUE);
+}
+
+} // namespace
+
+void layOutRow(CWnd& dialog, const std::vector<int>& buttons, int rest)
+{
+    const HWND window = dialog.m_hWnd;
+    CRect area;
+    ::GetClientRect(window, &area);
+    const ButtonRow row = buttonRow(buttons, area.Width(), area.Height(), [&](int id, int& width, int& height) {
+        CRect button;
+        if (!::GetWindowRect(::GetDlgItem(window, id), &button))
+            return false;
+        width = button.Width();
+        height = button.Height();
+        return true;
+    });
+    for (const PlacedButton& button : row.buttons) {
+        const HWND control = ::GetDlgItem(window, button.id);
+        place(control, button.rect);
+        ::InvalidateRect(control, nullptr, TRUE);
+    }
+    place(::GetDlgItem(window, rest), row.rest);
+}
+
+} // namespace VEK
