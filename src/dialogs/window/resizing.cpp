@@ -2,11 +2,15 @@
 
 #include "../button_row.h"
 
+#include <vek/dialogframe/window/about_box.h>
+
 namespace VEK
 {
 
 namespace
 {
+
+constexpr UINT kInfo = 0x10;
 
 void place(HWND control, const DlgRect& rect)
 {
@@ -34,6 +38,21 @@ void layOutRow(CWnd& dialog, const std::vector<int>& buttons, int rest)
         ::InvalidateRect(control, nullptr, TRUE);
     }
     place(::GetDlgItem(window, rest), row.rest);
+}
+
+void addInfoCommand(CVekDlg& dialog)
+{
+    const HMENU menu = ::GetSystemMenu(dialog.m_hWnd, FALSE);
+    ::AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    ::AppendMenuW(menu, MF_STRING, kInfo, dialog.GetMsg(L"\\VEK_MFC_0018\\...", L"Info über VEK", nullptr));
+}
+
+bool infoCommand(CVekDlg& dialog, UINT id)
+{
+    const bool isInfo = (id & 0xFFF0) == kInfo;
+    if (isInfo)
+        CAboutboxDlg(&dialog).DoModal();
+    return isInfo;
 }
 
 } // namespace VEK
