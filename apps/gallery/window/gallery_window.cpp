@@ -1,10 +1,12 @@
 #include "gallery_window.h"
 
+#include "material_tree_page.h"
 #include "resource.h"
 #include "sample_dialog.h"
 #include "shared/failure.h"
 #include "shared/input.h"
 
+#include <vek/dialogs.h>
 #include <vek/surfaces.h>
 
 #include <afxdlgs.h>
@@ -58,6 +60,8 @@ ON_COMMAND(ID_VIEW_ZOOM_IN, &GalleryWindow::OnZoomIn)
 ON_COMMAND(ID_VIEW_ZOOM_OUT, &GalleryWindow::OnZoomOut)
 ON_COMMAND_RANGE(ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, &GalleryWindow::OnBackground)
 ON_COMMAND(ID_DIALOGS_SAMPLE, &GalleryWindow::OnSampleDialog)
+ON_COMMAND(ID_DIALOGS_MATERIAL_TREE, &GalleryWindow::OnMaterialTree)
+ON_COMMAND(ID_DIALOGS_MATERIAL, &GalleryWindow::OnMaterialDialog)
 END_MESSAGE_MAP()
 
 void GalleryPicture::pan(int x, int y)
@@ -523,5 +527,21 @@ void GalleryWindow::OnSampleDialog()
     SampleDialog dialog(environment.parentWnd());
     dialog.SetCountry(environment.country);
     dialog.DoModal();
+    m_picture.SetFocus();
+}
+
+void GalleryWindow::OnMaterialTree()
+{
+    MaterialTreePage(VEK::DlgEnv_st().parentWnd()).DoModal();
+    m_picture.SetFocus();
+}
+
+/// Opens the dialog with the last choice.
+void GalleryWindow::OnMaterialDialog()
+{
+    VEK::DlgEnvMatTree_st environment;
+    environment.options = {L"SYSTEM"};
+    const int result = VEK::dlgMatTree(environment, m_material);
+    showStatus(result == 1 ? L"Material " + m_material : CVekString(L"No material"));
     m_picture.SetFocus();
 }
