@@ -23,23 +23,15 @@ protected:
     }
     ~MaterialDialog() override { CVekDlg::SetMsgCallBack(m_before); }
 
-    /// Opens the dialog as a program does.
-    /// @return what the function gave; `key` is what it left there
-    int open(const std::function<void(CVekMatTreeDlg&)>& act)
-    {
-        user.dialog<CVekMatTreeDlg>(act);
-        return VEK::dlgMatTree(env, key);
-    }
     static bool canConfirm(CVekMatTreeDlg& dialog, const wchar_t* material)
     {
-        EXPECT_TRUE(dialog.m_tree.selectMat(material)) << CVekString(material).len();
+        EXPECT_TRUE(!material || dialog.m_tree.selectMat(material));
         return dialog.GetDlgItem(IDOK)->IsWindowEnabled();
     }
-    static void doubleClick(CVekMatTreeDlg& dialog, HTREEITEM item)
+    static void doubleClick(CVekMatTreeDlg& dialog)
     {
         CRect rect;
-        dialog.m_tree.EnsureVisible(item);
-        dialog.m_tree.GetItemRect(item, &rect, TRUE);
+        dialog.m_tree.GetItemRect(dialog.m_tree.GetSelectedItem(), &rect, TRUE);
         for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP})
             dialog.m_tree.PostMessage(message, 0, MAKELPARAM(rect.left + 5, rect.CenterPoint().y));
         control_test::pump();
@@ -56,39 +48,35 @@ private:
 
 TEST_F(MaterialDialog, ConfirmsWhatMeetsTheDemands)
 {
-    struct Row {
+    const struct {
         CVekArrayTempl<CVekString> options;
-        const wchar_t* bad;
-        const wchar_t* good;
-    };
-    for (const Row& row : {Row{{L"EDGE", L"PHYS", L"SYSTEM"}, L"METAL", L"AW-5754-H22"},
-                           {{L"PHYS", L"SYSTEM"}, L"METAL", L"ALU-EXTRUDED"},
-                           {{L"SYSTEM"}, nullptr, L"METAL"}}) {
+        const wchar_t *bad, *good, *text;
+    } rows[] = {{{L"EDGE", L"PHYS", L"SYSTEM"}, L"METAL", L"AW-5754-H22", L"Aluminium sheet EN AW-5754 H22"},
+                {{L"PHYS", L"SYSTEM"}, L"METAL", L"ALU-EXTRUDED", L"Extruded sections"},
+                {{L"SYSTEM"}, nullptr, L"METAL", L"METAL   Metals"}};
+    for (const auto& row : rows) {
         env.options = row.options;
         env.physKeys = {L"rho", L"Lambda"};
-        env.showKeys = row.bad == nullptr;
+        env.showKeys = !row.bad;
         key = L"before";
-        for (const int answer : {IDCANCEL, IDOK}) {
-            EXPECT_EQ(open([&](CVekMatTreeDlg& dialog) {
-                          CString title;
-                          dialog.GetWindowText(title);
-                          const HTREEITEM root = dialog.m_tree.GetRootItem();
-                          EXPECT_EQ(title + dialog.m_tree.GetItemText(root), L"Material selectionLibrary");
-                          EXPECT_FALSE(dialog.GetDlgItem(IDOK)->IsWindowEnabled()) << "at the root";
-                          doubleClick(dialog, root);
-                          dialog.PostMessage(WM_COMMAND, IDOK);
-                          control_test::pump();
-                          EXPECT_FALSE(row.bad && canConfirm(dialog, row.bad));
-                          EXPECT_TRUE(canConfirm(dialog, L"SYSTEM") && canConfirm(dialog, row.good));
-                          EXPECT_EQ(dialog.m_tree.GetItemText(dialog.m_tree.GetSelectedItem()).Find(row.good) == 0,
-                                    env.showKeys);
-                          if (answer == IDCANCEL)
-                              dialog.PostMessage(WM_COMMAND, IDCANCEL);
-                          else
-                              doubleClick(dialog, dialog.m_tree.GetSelectedItem());
-                      }),
-                      answer == IDOK ? 1 : 0);
-            EXPECT_STREQ(key, answer == IDOK ? row.good : L"before");
+        for (const bool confirms : {false, true}) {
+            user.dialog<CVekMatTreeDlg>([&](CVekMatTreeDlg& dialog) {
+                CString title;
+                dialog.GetWindowText(title);
+                EXPECT_EQ(title + dialog.m_tree.GetItemText(dialog.m_tree.GetRootItem()), L"Material selectionLibrary");
+                EXPECT_FALSE(canConfirm(dialog, nullptr)) << "at the root";
+                doubleClick(dialog);
+                dialog.SendMessage(WM_COMMAND, IDOK);
+                EXPECT_FALSE(row.bad && canConfirm(dialog, row.bad));
+                EXPECT_TRUE(canConfirm(dialog, L"SYSTEM") && canConfirm(dialog, row.good));
+                EXPECT_STREQ(dialog.m_tree.GetItemText(dialog.m_tree.GetSelectedItem()), row.text);
+                if (confirms)
+                    doubleClick(dialog);
+                else
+                    dialog.SendMessage(WM_COMMAND, IDCANCEL);
+            });
+            EXPECT_EQ(VEK::dlgMatTree(env, key), confirms);
+            EXPECT_STREQ(key, confirms ? row.good : L"before");
         }
     }
 }
@@ -97,13 +85,14 @@ TEST_F(MaterialDialog, IsLaidOutWithinItsLimits)
 {
     key = L"s235jr";
     user.dialog<CVekMatTreeDlg>([&](CVekMatTreeDlg& dialog) {
-        EXPECT_TRUE(dialog.GetDlgItem(IDOK)->IsWindowEnabled()) << "the key given is selected";
+        EXPECT_TRUE(canConfirm(dialog, nullptr)) << "what is given is selected";
+        EXPECT_FALSE(dialog.GetDlgItem(IDHELP)->IsWindowEnabled());
         for (const CSize& size : {CSize(2000, 2000), CSize(10, 10), CSize(420, 333)}) {
             dialog.SetWindowPos(nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
-            CRect window, area, tree;
+            CRect window, area;
             dialog.GetWindowRect(&window);
-            EXPECT_EQ(window.Size(), CSize(std::clamp(size.cx, 300l, 700l), std::clamp(size.cy, 150l, 900l)));
             dialog.GetClientRect(&area);
+            EXPECT_EQ(window.Size(), CSize(std::clamp(size.cx, 300l, 700l), std::clamp(size.cy, 150l, 900l)));
             const auto place = [&](int id) {
                 CRect rect;
                 dialog.GetDlgItem(id)->GetWindowRect(&rect);

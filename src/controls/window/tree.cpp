@@ -53,6 +53,7 @@ bool CVekMatTreeCtrl::init(unsigned flags, const wchar_t* key, const CVekArrayTe
     const bool isRead = VEK::matTree(tree, m_matMgr, {flags, m_selMat, m_physKeys, country(), order});
 
     SetRedraw(FALSE);
+    SetImageList(&m_images, TVSIL_NORMAL); // again: a window that is being created does not take it yet
     DeleteAllItems();
     m_items.removeAll();
     const HTREEITEM library = insert(GetMsg(L"VEK_LIB_027", L"Bibliothek", nullptr), VEK::matImageNone, TVI_ROOT);
