@@ -60,6 +60,8 @@ protected:
     afx_msg void OnBackground(UINT id);
     afx_msg void OnSampleDialog();
     afx_msg void OnValuePage();
+    afx_msg void OnMaterialTree();
+    afx_msg void OnMaterialDialog();
     afx_msg LRESULT OnNextControl(WPARAM which, LPARAM isWindow);
     DECLARE_MESSAGE_MAP()
 
@@ -93,4 +95,5 @@ private:
     int m_dpi = 96;
     int m_listWidth = 230; ///< at 96 dots per inch
     bool m_isFilled = false;
+    CVekString m_material; ///< that was selected last
 };
