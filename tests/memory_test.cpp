@@ -565,6 +565,8 @@ TEST(Memory, AFieldKeepsItsTextOrIsJudgedWhole)
         EXPECT_TRUE(combo.isSet ? combo.value == 20.0 : memory.failed());
         EXPECT_EQ(value, good ? 7.0 : -1.0);
     });
+}
+
 TEST(Memory, MaterialsAndHolesAreWholeOrAsTheyWere)
 {
     VEK::CCfgBackup backup(true);

@@ -535,6 +535,9 @@ void GalleryWindow::OnSampleDialog()
 void GalleryWindow::OnValuePage()
 {
     ValuePage(this).DoModal();
+    m_picture.SetFocus();
+}
+
 void GalleryWindow::OnMaterialTree()
 {
     MaterialTreePage(VEK::DlgEnv_st().parentWnd()).DoModal();
