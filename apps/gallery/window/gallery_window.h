@@ -62,6 +62,8 @@ protected:
     afx_msg void OnValuePage();
     afx_msg void OnMaterialTree();
     afx_msg void OnMaterialDialog();
+    afx_msg void OnOutlineDialog();
+    afx_msg void OnLabelDialog(UINT id);
     afx_msg LRESULT OnNextControl(WPARAM which, LPARAM isWindow);
     DECLARE_MESSAGE_MAP()
 
