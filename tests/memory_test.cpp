@@ -515,6 +515,53 @@ TEST(Memory, FilesAreWrittenAsAWhole)
     });
 }
 
+TEST(Memory, OutlinesAndLabelsInDialogsAreWholeOrAsBefore)
+{
+    CVekDataItem library;
+    ASSERT_TRUE(VEK::outlineInit(&library));
+    VEK::outlineData data;
+    data.code = 12; // its third parameter may be negative
+    data.parms = {1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0};
+    using Choice = VEK::OutlineChoice;
+    const std::function<bool(Choice&, Choice::Rows&)> jobs[] = {
+        [](Choice& choice, Choice::Rows& rows) { return choice.load(7, rows); },
+        [](Choice& choice, Choice::Rows&) { return choice.rangeSet(0); },
+        [](Choice& choice, Choice::Rows& rows) { return choice.toggle(2, rows[0].label); },
+    };
+    for (const auto& job : jobs) {
+        std::vector<double> state[2];
+        const auto check = [&](FailingMemory& memory) {
+            VEK::outlineMemory() = {};
+            VEK::outlineMemory()[0][12] = {7.0, 8.0};
+            Choice choice;
+            Choice::Rows rows, none;
+            choice.library = &library;
+            ASSERT_TRUE(choice.take(data) && choice.load(12, none) && rows.reserve(1));
+            const bool done = memory.during([&] { return job(choice, rows); });
+            std::vector<double> now(choice.parms.begin(), choice.parms.end());
+            now.insert(now.end(), choice.signs.begin(), choice.signs.end());
+            now.insert(now.end(), {double(choice.code), double(choice.rangeIndex)});
+            for (const Choice::Row& row : rows)
+                now.insert(now.end(), {double(row.label.len()), double(row.words.len()), row.value});
+            EXPECT_TRUE(done || memory.failed());
+            state[done] = state[done].empty() ? now : state[done];
+            EXPECT_EQ(now, state[done]) << done;
+        };
+        EXPECT_GT(FailingMemory::forEveryAllocation(check), 0);
+    }
+    const CVekString label(L"\\de:eins\nzwei\\en:a text of some length");
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        VEK::LabelRows rows = memory.during([&] { return VEK::labelRows(label, nullptr, true); });
+        EXPECT_TRUE(rows.len() == 0 ? memory.failed() : rows[1].text == L"a text of some length");
+    });
+    const VEK::LabelRows rows = VEK::labelRows(label, nullptr, true);
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        CVekString made(L"before");
+        const bool done = memory.during([&] { return VEK::labelOfRows(made, rows); });
+        EXPECT_TRUE(done ? made == label : made == L"before" && memory.failed());
+    });
+}
+
 TEST(Memory, TextsAndHelpAreWholeOrBuiltIn)
 {
     VEK::CCfgBackup backup(true);
@@ -546,4 +593,64 @@ TEST(Memory, TextsAndHelpAreWholeOrBuiltIn)
         EXPECT_TRUE(good || memory.failed());
         EXPECT_STREQ(plan.fallback, good ? L"file:///" + text + L"index" : CVekString());
     });
+}
+
+TEST(Memory, AFieldKeepsItsTextOrIsJudgedWhole)
+{
+    const VEK::ValueWords none;
+    const VEK::EditField field = {
+        {.type = VEK::typeLength, .flags = VEK::valueBounded | VEK::valueSuppressZeros, .min = 20.0}, 1.0, none};
+    const CVekString entry = CVekString(L"  ") + std::wstring(80, L'0').c_str() + L"7 ";
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        double value = -1.0;
+        const auto [check, combo, good] = memory.during([&] {
+            return std::tuple(VEK::editCheck(field, entry), VEK::comboCheck(field.rules, entry),
+                              VEK::comboValue(field.rules, entry, value));
+        });
+        EXPECT_TRUE(check.isRefused ? check.value == 20.0 && check.text == L"20" && check.bound == L"20"
+                                    : check.action == VEK::EditCheck::keep && memory.failed());
+        EXPECT_TRUE(combo.isSet ? combo.value == 20.0 : memory.failed());
+        EXPECT_EQ(value, good ? 7.0 : -1.0);
+    });
+}
+
+TEST(Memory, MaterialsAndHolesAreWholeOrAsTheyWere)
+{
+    VEK::CCfgBackup backup(true);
+    backup.attach(nullptr);
+    VEK::dataSet(VEK::cfg_dir_make(L"*MAT*"), L"ALU\\SUBS", CVekArrayTempl<CVekString>{L"SHEET", L"PROFILE"});
+    const auto order = [](const wchar_t* a, const wchar_t* b) { return std::wcscmp(a, b); };
+    const int failures = FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        VEK::MatTree tree;
+        const bool made = memory.during([&] { return VEK::matTree(tree, {}, {0, L"SHEET", {}, nullptr, order}); });
+        EXPECT_TRUE(made || memory.failed());
+        EXPECT_EQ(tree.nodes.len(), made ? 3 : 0);
+        EXPECT_EQ(tree.selected, made ? 2 : VEK::MatTreeNode::library);
+    });
+    EXPECT_GT(failures, 20);
+
+    CVekLocalApp host;
+    host.functionSet(L"mra_hole_dial", [](resbuf*, VEK::CUniqResbuf& result) {
+        result = VEK::CUniqResbuf(VEK::mkResbuf(1, VEK::rbShort));
+        return VEK::kHostNormal;
+    });
+    CVekApp* const before = vekAppSet(&host);
+    CVekDataItem given;
+    VEK::dataSet(&given, L"HOLE\\A\\GEN", kPlate);
+    VEK::dataSet(&given, L"LABEL", L"a label that fits into no buffer of its own");
+    CVekString active(L"A");
+    CVekDataItem edited = given;
+    ASSERT_EQ(VEK::holeDialog(active, &edited), 1);
+    EXPECT_NE(jsonOf(edited), jsonOf(given));
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        CVekDataItem data = given;
+        VEK::cfgMgrPtr()->tree()->remove(L"*VEK_OUTLINE*");
+        const int result = memory.during([&] { return VEK::holeDialog(active, &data); });
+        EXPECT_TRUE(result == 1 || memory.failed());
+        EXPECT_EQ(jsonOf(data), jsonOf(result == 1 ? edited : given));
+        EXPECT_STREQ(active, L"A");
+        const CVekDataItem* const outlines = VEK::cfg_get(L"*VEK_OUTLINE*");
+        EXPECT_TRUE(!outlines || outlines->getDir()->len() == VEK::outlineKinds);
+    });
+    vekAppSet(before);
 }

@@ -177,7 +177,7 @@ TEST(LengthReading, TakesWhatUsersType)
         {1.0, {L"1/0"}},
         {0.0, {L"", L"abc", L"'", L"--5", L".", L"inf", L"nan", L"0x10", L"1e-999"}},
         {45.5, {L"45.5\u00B0"}},
-        {DBL_MAX, {L"1e999"}},
+        {DBL_MAX, {L"1e999", L"1e308'", L"9e307/1e-9"}},
         {-DBL_MAX, {L"-1e999"}},
     };
     for (const auto& [value, texts] : cases) {

@@ -1,10 +1,14 @@
 #include "gallery_window.h"
 
+#include "chosen.h"
+#include "material_tree_page.h"
 #include "resource.h"
 #include "sample_dialog.h"
 #include "shared/failure.h"
 #include "shared/input.h"
+#include "value_page.h"
 
+#include <vek/dialogs.h>
 #include <vek/surfaces.h>
 
 #include <afxdlgs.h>
@@ -51,6 +55,11 @@ ON_COMMAND(ID_VIEW_ZOOM_IN, &GalleryWindow::OnZoomIn)
 ON_COMMAND(ID_VIEW_ZOOM_OUT, &GalleryWindow::OnZoomOut)
 ON_COMMAND_RANGE(ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, &GalleryWindow::OnBackground)
 ON_COMMAND(ID_DIALOGS_SAMPLE, &GalleryWindow::OnSampleDialog)
+ON_COMMAND(ID_DIALOGS_VALUES, &GalleryWindow::OnValuePage)
+ON_COMMAND(ID_DIALOGS_MATERIAL_TREE, &GalleryWindow::OnMaterialTree)
+ON_COMMAND(ID_DIALOGS_MATERIAL, &GalleryWindow::OnMaterialDialog)
+ON_COMMAND(ID_DIALOGS_OUTLINE, &GalleryWindow::OnOutlineDialog)
+ON_COMMAND_RANGE(ID_DIALOGS_LABEL, ID_DIALOGS_LABEL_LINES, &GalleryWindow::OnLabelDialog)
 END_MESSAGE_MAP()
 
 void GalleryPicture::pan(int x, int y)
@@ -431,5 +440,39 @@ void GalleryWindow::OnSampleDialog()
     SampleDialog dialog(environment.parentWnd());
     dialog.SetCountry(environment.country);
     dialog.DoModal();
+    m_picture.SetFocus();
+}
+
+void GalleryWindow::OnValuePage()
+{
+    ValuePage(this).DoModal();
+    m_picture.SetFocus();
+}
+
+void GalleryWindow::OnMaterialTree()
+{
+    MaterialTreePage(VEK::DlgEnv_st().parentWnd()).DoModal();
+    m_picture.SetFocus();
+}
+
+/// Opens the dialog with the last choice.
+void GalleryWindow::OnMaterialDialog()
+{
+    VEK::DlgEnvMatTree_st environment;
+    environment.options = {L"SYSTEM"};
+    const int result = VEK::dlgMatTree(environment, m_material);
+    showStatus(result == 1 ? L"Material " + m_material : CVekString(L"No material"));
+    m_picture.SetFocus();
+}
+
+void GalleryWindow::OnOutlineDialog()
+{
+    showStatus(chooseOutline());
+    m_picture.SetFocus();
+}
+
+void GalleryWindow::OnLabelDialog(UINT id)
+{
+    showStatus(editLabel(id == ID_DIALOGS_LABEL_LINES));
     m_picture.SetFocus();
 }

@@ -56,6 +56,11 @@ protected:
     afx_msg void OnZoomOut();
     afx_msg void OnBackground(UINT id);
     afx_msg void OnSampleDialog();
+    afx_msg void OnValuePage();
+    afx_msg void OnMaterialTree();
+    afx_msg void OnMaterialDialog();
+    afx_msg void OnOutlineDialog();
+    afx_msg void OnLabelDialog(UINT id);
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -80,4 +85,5 @@ private:
     CStatusBarCtrl m_status;
     int m_listWidth = 230; ///< at 96 dots per inch
     bool m_isFilled = false;
+    CVekString m_material; ///< that was selected last
 };

@@ -7,6 +7,7 @@
 #include "shared/window/report.h"
 #include "shared/window/window_program.h"
 
+#include <vek/data/config.h>
 #include <vek/data/text.h>
 #include <vek/json.h>
 
@@ -72,6 +73,21 @@ void loadTexts(const std::string& language, std::vector<std::string>& problems)
     VEK::msgLangSet(wide(language));
 }
 
+void loadMaterials(const std::string& examples, std::vector<std::string>& problems)
+{
+    const CVekString path = wide(examples + "/materials.json");
+    std::error_code error;
+    if (!std::filesystem::exists(VEK::platform::pathOf(static_cast<const wchar_t*>(path)),
+                                 error)) // a folder of pictures alone
+        return;
+    CVekDataItem file;
+    CVekString problem;
+    if (VEK::jsonLoad(file, path, problem))
+        *VEK::cfg_dir_make(L"*MAT*") = CVekDataItem(file.getItem(L"*MAT*"));
+    else
+        problems.push_back(utf8(problem));
+}
+
 class GalleryApp : public WindowProgram
 {
 public:
@@ -85,6 +101,7 @@ protected:
             return false;
         std::vector<std::string> problems;
         loadTexts(options.language, problems);
+        loadMaterials(options.examples, problems);
         m_window = std::make_unique<GalleryWindow>(catalogue(options.examples, problems));
         if (!m_window->open(wide(options.picture), problems))
             throw Failure("--show " + options.picture + ": no such picture");

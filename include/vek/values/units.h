@@ -89,7 +89,7 @@ VEK_API CVekArrayTempl<CVekString>& acad_units(const wchar_t* language);
 /// "15 1/2", "15-1/2", with a sign. Feet and inches give inches. Both point and comma are decimal separators; if both
 /// occur, or several groups of three digits follow, the first one is a thousands separator, and so is a blank before
 /// three digits: "1.234,5", "1 234.5" and "1,234,567". Anything after the number is ignored, and a text without a
-/// number gives 0. The locale has no influence.
+/// number gives 0, one too large the largest double. The locale has no influence.
 VEK_API double vekAtoF(const wchar_t* text);
 
 /// Writes a length; `vekAtoF` reads it back. The value is in inches in formats 3 and 4. Its shortest decimal form is

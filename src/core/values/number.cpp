@@ -200,17 +200,18 @@ double typedNumber(const wchar_t* text)
     if (!reader.mixedNumber(value))
         return 0.0;
     reader.skipBlanks();
-    if (!isPrime(reader.ahead()) || isPrime(reader.ahead(1))) // two primes mean inches
-        return sign * value;
-    reader.skip();
-    reader.skipBlanks();
-    if (isMinus(reader.ahead()))
+    if (isPrime(reader.ahead()) && !isPrime(reader.ahead(1))) { // two primes mean inches
         reader.skip();
-    reader.skipBlanks();
-    double inches = 0.0;
-    reader.mixedNumber(inches);
-    constexpr double kInchesPerFoot = 12.0;
-    return sign * (value * kInchesPerFoot + inches);
+        reader.skipBlanks();
+        if (isMinus(reader.ahead()))
+            reader.skip();
+        reader.skipBlanks();
+        double inches = 0.0;
+        reader.mixedNumber(inches);
+        constexpr double kInchesPerFoot = 12.0;
+        value = value * kInchesPerFoot + inches;
+    }
+    return sign * std::min(value, std::numeric_limits<double>::max());
 }
 
 } // namespace
