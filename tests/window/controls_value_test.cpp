@@ -5,6 +5,7 @@
 #include <vek/controls.h>
 #include <vek/values/country.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -24,6 +25,14 @@ void type(const wchar_t* text)
     for (; *text; ++text)
         ::SendMessageW(::GetFocus(), WM_CHAR, *text, 0);
 }
+
+struct Bury { // so that nobody takes a dead control for a living one
+    void operator()(CVekEdit* edit) const
+    {
+        std::destroy_at(edit);
+        std::memset(static_cast<void*>(edit), 0xDD, sizeof *edit);
+    }
+};
 
 /// Two edit controls and a combo box, which tell when they are left.
 class Form : public Dialog
@@ -45,12 +54,14 @@ public:
     CVekComboBox box;
     int left = 0, changed = 0;
     std::wstring seen; ///< the text of the field that was left last
-    std::unique_ptr<CVekEdit> mortal;
+    alignas(CVekEdit) unsigned char grave[sizeof(CVekEdit)];
+    std::unique_ptr<CVekEdit, Bury> mortal;
 
 protected:
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override
     {
-        Dialog::OnCommand(wParam, lParam); // first by the control itself
+        if (Dialog::OnCommand(wParam, lParam)) // by the control itself
+            return TRUE;
         const HWND field = reinterpret_cast<HWND>(lParam);
         if (HIWORD(wParam) == (field == box.m_hWnd ? +CBN_KILLFOCUS : +EN_KILLFOCUS)) {
             ++left;
@@ -59,7 +70,7 @@ protected:
             if (mortal && *mortal == field)
                 mortal.reset();
         }
-        return TRUE;
+        return FALSE;
     }
 
 private:
@@ -85,6 +96,8 @@ TEST(ValueControls, TellOfEditsByTheUserOnly)
     EXPECT_TRUE(form.left == 2 && form.changed == 0) << "neither creating nor setting is an edit";
     a.SetFocus(), type(L"30.123456"), b.SetFocus();
     EXPECT_TRUE(form.left == 4 && form.changed == 1 && form.seen == L"30.12" && textOf(a) == L"30.12");
+    a.SetFocus(), type(L"30.123456"), b.SetFocus();
+    EXPECT_TRUE(form.left == 6 && form.changed == 1) << "the same value again";
     user.box(L"Wert darf nicht kleiner sein als 10");
     type(L"5"), a.SetFocus();
     EXPECT_EQ(user.lastCaption, L"Fehler");
@@ -96,11 +109,11 @@ TEST(ValueControls, TellOfEditsByTheUserOnly)
     b.SetFocus();
     EXPECT_TRUE(a.getVal(value) && value == -0.5 && textOf(a) == L"-12.7" && CWnd::GetFocus() == &a);
 
-    EXPECT_TRUE(a.setKey(L"None", 0.0) && a.setKey(L"Auto", 0.0) && a.setKey(L"Half", 0.5) && a.setVal(0.5));
-    EXPECT_TRUE(a.setVal(0) && textOf(a) == L"Auto" && a.getVal(value) && value == 0.5) << "its word is not stored";
+    EXPECT_TRUE(a.setKey(L"None", 0.0) && a.setKey(L"Auto", 0.0) && a.setKey(L"Half", 3.5) && a.setVal(3.5));
+    EXPECT_TRUE(a.setVal(0) && textOf(a) == L"Auto" && a.getVal(value) && value == 3.5) << "its word is not stored";
     b.SetFocus(), a.SetFocus(), type(L" hALF "), b.SetFocus();
-    EXPECT_TRUE(textOf(a) == L"Half" && a.GetModify() && a.getVal(value) && value == 0.5);
-    EXPECT_TRUE(a.getVal(whole) && whole == 0) << "no words for integers";
+    EXPECT_TRUE(textOf(a) == L"Half" && a.GetModify() && a.getVal(value) && value == 3.5);
+    EXPECT_TRUE(a.getVal(whole) && whole == 0) << "the text counts, and no words for integers";
     EXPECT_TRUE(a.removeKeys() && !a.setFormat(Vek::lFormat{}) && a.setFormat(Vek::formatFractional));
     EXPECT_TRUE(a.setLUnits(4, 4) && a.setVal(0.1) && textOf(a) == L"0.1" && a.setVal(0.5) && textOf(a) == L"1/2");
     EXPECT_TRUE(a.setFormat(Vek::formatCurrent) && a.setVal(1.0 / 3.0) && textOf(a) == L"0.33");
@@ -121,11 +134,12 @@ TEST(ValueControls, MayDieWhenTheFocusLeaves)
             }
         } user;
         user.form = &form;
-        form.mortal = std::make_unique<CVekEdit>();
+        form.mortal.reset(new (form.grave) CVekEdit);
         ASSERT_TRUE(form.mortal->Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 50, 20), &form, 3));
         form.mortal->setEditFlags(kLength, flags, 3, 0.0, 0.0);
         form.mortal->SetFocus(), type(L"-1"), form.a.SetFocus();
         EXPECT_TRUE(!form.mortal && CWnd::GetFocus() == &form.a);
+        EXPECT_EQ(std::ranges::count(form.grave, 0xDD), std::ssize(form.grave)) << "nothing is written to it";
     }
 }
 
@@ -152,8 +166,8 @@ TEST(ValueControls, CorrectInAComboBoxInSilence)
     EXPECT_TRUE(!box.setVal(1.0) && box.setVal(7) && textOf(box) == L"7" && box.getVal(whole) && whole == 7);
 
     CVekArrayTempl<int> rows;
-    rows.append(2), rows.append(0);
-    box.setAltBackgr(rows), box.getAltBackgr(rows);
+    rows.append(1), box.setAltBackgr(rows);
+    rows[0] = 2, rows.append(0), box.setAltBackgr(rows), box.getAltBackgr(rows);
     EXPECT_TRUE(rows.len() == 2 && rows[0] == 0 && rows[1] == 2);
     CClientDC dc(&form);
     const COLORREF back = RGB(200, 100, 50), tint = RGB(190, 95, 47), marked = ::GetSysColor(COLOR_HIGHLIGHT);
