@@ -24,9 +24,9 @@ enum ValueType : int {
 
 /// Flags of a field.
 enum ValueFlag : unsigned short {
-    valueRequired = 0x0001,      ///< may not be left empty
-    valueNotZero = 0x0002,       ///
-    valueNotNegative = 0x0004,   ///
+    valueRequired = 0x0001, ///< may not be left empty
+    valueNotZero = 0x0002,
+    valueNotNegative = 0x0004,
     valueBounded = 0x0008,       ///< has a minimum and a maximum
     valueSuppressZeros = 0x0020, ///< the last argument of `vekRtoS`
     valueDrawingUnit = 0x0040,   ///< the precision follows the drawing's unit; without it, it is that for millimetres
