@@ -113,7 +113,7 @@ std::string listOf(const VEK::MatTree& tree, bool hasDrawing)
 TEST(MaterialTree, IsFilteredSortedAndSelectedByTheRules)
 {
     std::mt19937 random(5);
-    const Keys names = {"B", "a", "A", "SPACE", "SYSTEM", "c", "System"};
+    const Keys names = {"B", "a", "A", "SPACE", "SYSTEM", "Space", "System"};
     std::map<std::string, int> seen;
     for (int round = 0; round < 2000; ++round) {
         const Models models = randomModels(random, names);
@@ -144,6 +144,8 @@ TEST(MaterialTree, EndsWhateverTheLibrary)
         const Keys next = {"L" + std::to_string(i / 2 * 2 + 2), "L" + std::to_string(i / 2 * 2 + 3)};
         layers["L" + std::to_string(i)] = {"", i < 58 ? next : Keys(), 0, i == 59 ? 2 : 0, i > 0};
     }
+    layers["L0"].subs.push_back("Z");
+    layers["Z"] = {"", {"ZZ"}, 0, 0, true};
     for (const auto* models : {&ring, &layers}) {
         const Library library(*models);
         VEK::MatTree tree;
@@ -151,10 +153,10 @@ TEST(MaterialTree, EndsWhateverTheLibrary)
         std::set<int> shown;
         for (const VEK::MatTreeNode& node : tree.nodes)
             shown.insert(node.material);
-        EXPECT_EQ(shown.size(), models == &ring ? 256u : 59u) << "levels, and all below one of the top layer";
+        EXPECT_EQ(shown.size(), models == &ring ? 256u : 61u) << "levels, and all that is below the first";
         EXPECT_EQ(tree.selected, models == &ring ? 2 : VEK::MatTreeNode::library);
         EXPECT_TRUE(models == &ring ? tree.nodes.len() == 256
-                                    : tree.nodes.len() >= 65536 && tree.nodes.len() < 65536 + 120);
+                                    : tree.nodes.len() >= 65536 && tree.nodes.len() < 65536 + 122);
     }
 }
 

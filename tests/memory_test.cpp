@@ -642,15 +642,17 @@ TEST(Memory, MaterialsAndHolesAreWholeOrAsTheyWere)
     CVekDataItem edited = given;
     ASSERT_EQ(VEK::holeDialog(active, &edited), 1);
     EXPECT_NE(jsonOf(edited), jsonOf(given));
-    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
-        CVekDataItem data = given;
-        VEK::cfgMgrPtr()->tree()->remove(L"*VEK_OUTLINE*");
-        const int result = memory.during([&] { return VEK::holeDialog(active, &data); });
-        EXPECT_TRUE(result == 1 || memory.failed());
-        EXPECT_EQ(jsonOf(data), jsonOf(result == 1 ? edited : given));
-        EXPECT_STREQ(active, L"A");
-        const CVekDataItem* const outlines = VEK::cfg_get(L"*VEK_OUTLINE*");
-        EXPECT_TRUE(!outlines || outlines->getDir()->len() == VEK::outlineKinds);
-    });
+    for (const wchar_t* missing : {L"nothing", L"*VEK_OUTLINE*"}) {
+        FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+            CVekDataItem data = given;
+            VEK::cfgMgrPtr()->tree()->remove(missing);
+            const int result = memory.during([&] { return VEK::holeDialog(active, &data); });
+            EXPECT_TRUE(result == 1 || memory.failed());
+            EXPECT_EQ(jsonOf(data), jsonOf(result == 1 ? edited : given));
+            EXPECT_STREQ(active, L"A");
+            const CVekDataItem* const outlines = VEK::cfg_get(L"*VEK_OUTLINE*");
+            EXPECT_TRUE(!outlines || outlines->getDir()->len() == VEK::outlineKinds);
+        });
+    }
     vekAppSet(before);
 }

@@ -87,6 +87,8 @@ bool fetch(const CAdsName& name, CVekString& bt, CVekDataItem* data)
         const CVekDataItem* root = fileItem(file.get(), kRoot);
         const CVekDataItem* header = childOf(root, L"");
         CVekDataDir* const dir = data->mkDir();
+        if (!dir)
+            return false;
         const CVekDataKey headerKey(L""), elementsKey(L"HOLE");
         dir->insertCopy(&headerKey, header, true);
         copyTexts(*data, header);

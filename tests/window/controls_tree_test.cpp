@@ -27,9 +27,9 @@ TEST(MaterialTreeWindow, ShowsAndSelectsThousandsOfMaterials)
     const Library library(threeLevels());
     control_test::Parent parent;
     parent.CreateEx(0, AfxRegisterWndClass(0), L"test", WS_POPUP | WS_VISIBLE, CRect(0, 0, 300, 300), nullptr, 0);
+    CVekMatTreeCtrl tree;
     int handles = 0;
     for (int round = 0; round < 3; ++round) {
-        CVekMatTreeCtrl tree;
         ASSERT_TRUE(tree.Create(WS_CHILD | WS_VISIBLE | TVS_HASLINES, CRect(0, 0, 300, 300), &parent, 1));
         EXPECT_FALSE(tree.country());
         CVekString key(L"none");

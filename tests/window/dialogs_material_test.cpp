@@ -67,6 +67,7 @@ TEST_F(MaterialDialog, ConfirmsWhatMeetsTheDemands)
                 EXPECT_FALSE(canConfirm(dialog, nullptr)) << "at the root";
                 doubleClick(dialog);
                 dialog.SendMessage(WM_COMMAND, IDOK);
+                EXPECT_TRUE(dialog.IsWindowVisible());
                 EXPECT_FALSE(row.bad && canConfirm(dialog, row.bad));
                 EXPECT_TRUE(canConfirm(dialog, L"SYSTEM") && canConfirm(dialog, row.good));
                 EXPECT_STREQ(dialog.m_tree.GetItemText(dialog.m_tree.GetSelectedItem()), row.text);
@@ -100,6 +101,9 @@ TEST_F(MaterialDialog, IsLaidOutWithinItsLimits)
                 return rect;
             };
             const CRect help = place(IDHELP);
+            CRect button(0, 0, 50, 14);
+            dialog.MapDialogRect(&button);
+            EXPECT_EQ(help.Size(), button.Size());
             EXPECT_EQ(help.BottomRight(), CPoint(area.right - 12, area.bottom - 12));
             EXPECT_EQ(place(IDOK), help - CPoint(2 * (help.Width() + 6), 0));
             EXPECT_EQ(place(1090), CRect(12, 12, area.right - 12, area.bottom - help.Height() - 24));

@@ -74,10 +74,9 @@ bool CVekMatTreeCtrl::insertMaterials(const VEK::MatTree& tree, HTREEITEM librar
         items.reserve(static_cast<std::size_t>(tree.nodes.len()));
         for (const VEK::MatTreeNode& node : tree.nodes) {
             const VEK::MatTreeMaterial& material = tree.materials[node.material];
-            const HTREEITEM parent = node.parent == VEK::MatTreeNode::library ? library
-                                     : node.parent == VEK::MatTreeNode::drawing
-                                         ? drawing
-                                         : items[static_cast<std::size_t>(node.parent)];
+            const bool isOfLibrary = node.parent == VEK::MatTreeNode::library;
+            const HTREEITEM root = isOfLibrary ? library : drawing;
+            const HTREEITEM parent = node.parent < 0 ? root : items[static_cast<std::size_t>(node.parent)];
             const HTREEITEM item = insert(material.text, material.image, parent);
             if (!item)
                 return false;
@@ -99,8 +98,10 @@ HTREEITEM CVekMatTreeCtrl::insert(const wchar_t* text, int image, HTREEITEM pare
 bool CVekMatTreeCtrl::selectMat(const wchar_t* key)
 {
     for (const auto& [item, itemKey] : m_items) {
-        if (itemKey == key)
-            return Select(item, TVGN_CARET) != FALSE;
+        if (itemKey == key) {
+            Select(item, TVGN_CARET);
+            return true;
+        }
     }
     return false;
 }

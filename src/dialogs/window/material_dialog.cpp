@@ -56,7 +56,7 @@ void CVekMatTreeDlg::addLangRsc()
     m_mapLangDef[IDCANCEL] = L"Abbrechen";
 }
 
-/// An empty text under the id of no control, which keeps F1 from opening any.
+/// No control has a help text of its own; the entry is for none of them.
 void CVekMatTreeDlg::addHlpRsc()
 {
     m_mapHlpKey[0] = L"";
