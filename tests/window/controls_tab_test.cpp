@@ -18,6 +18,7 @@ public:
     enum class Creation { works, fails, throws } creation = Creation::works;
     bool isEnabled = true;
     int saved = 0, closed = 0;
+    using CVekTabPage::m_parentDlg;
     CString helpAtStart, topicAtStart;
     CVekString languageAtStart;
 
@@ -60,6 +61,12 @@ protected:
         closed += message == WM_CLOSE;
         return message == WM_CLOSE ? 0 : CVekDlg::WindowProc(message, wParam, lParam);
     }
+};
+
+class Tabs : public CVekTabCtrl
+{
+public:
+    using CVekTabCtrl::m_curSel, CVekTabCtrl::m_tabs;
 };
 
 class ControlsTabCtrl : public testing::Test
@@ -113,7 +120,7 @@ protected:
 
     std::deque<Page> pages; // before the tabs, which must end first
     Owner owner;
-    CVekTabCtrl tabs;
+    Tabs tabs;
 };
 
 /// Whatever is done, the tab that should be is marked, and its page alone is seen.

@@ -25,7 +25,7 @@ int CVekTabCtrl::InsertItem(int position, const wchar_t* text, CDialog* page, un
     if (!page)
         return 0;
     constexpr int behindAll = 65535;
-    if (!m_tabs.reserve(m_tabs.len() + 1))
+    if (!m_hWnd || !m_tabs.reserve(m_tabs.len() + 1))
         return -1;
     const int tab = CTabCtrl::InsertItem(position < 0 ? behindAll : position, text ? text : L"");
     if (tab < 0)
