@@ -1,5 +1,4 @@
-// What tabs and lists decide without their windows.
-#include <vek/controls/cell_editor.h>
+// What tabs decide without their window.
 #include <vek/controls/tab_order.h>
 
 #include <gtest/gtest.h>
@@ -25,13 +24,4 @@ TEST(ControlsTabs, LeadInACirclePastDisabledOnes)
     EXPECT_EQ(VEK::nextEnabledTab({}, -1, false), -1);
     EXPECT_EQ(VEK::tabPageRect({10, 20, 310, 220}, 21), (VEK::DlgRect{2, 25, 2 + 294, 25 + 171}));
     EXPECT_EQ(VEK::tabPageRect({0, 0, 5, 10}, 21), (VEK::DlgRect{2, 25, 2, 25}));
-}
-
-TEST(ControlsLists, OpenTheirEditorAtTheSecondClickOnAText)
-{
-    for (int test = 0; test < 16; ++test) {
-        const int selected = test / 4 - 1, clicked = test % 4 - 1;
-        EXPECT_FALSE(VEK::clickOpensEditor(selected, clicked, false));
-        EXPECT_EQ(VEK::clickOpensEditor(selected, clicked, true), test == 1 || (test > 4 && test % 5 == 0)) << test;
-    }
 }

@@ -162,7 +162,7 @@ TEST_F(ControlsTabCtrl, CreatePagesWhenTheyAreShown)
     pumpWaiting();
     EXPECT_FALSE(owner.IsWindowVisible());
     DestroyWindow();
-    EXPECT_EQ(first.m_hWnd, nullptr);
+    EXPECT_TRUE(!first.m_hWnd && m_tabs.len() == 0 && m_curSel == -1);
 }
 
 } // namespace
