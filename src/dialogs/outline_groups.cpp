@@ -3,7 +3,7 @@
 namespace VEK
 {
 
-const OutlineGroup outlineGroups[4] = {
+const OutlineGroupText outlineGroups[4] = {
     {1, L"VEK_OUTL_0101", L"*Grundformen"},
     {2, L"VEK_OUTL_0102", L"Formen erweitert"},
     {4, L"VEK_OUTL_0103", L"Sonderformen"},
@@ -13,7 +13,7 @@ const OutlineGroup outlineGroups[4] = {
 int outlineFilter(const CVekArrayTempl<bool>& selected)
 {
     int filter = 0, row = 0;
-    for (const OutlineGroup& group : outlineGroups)
+    for (const OutlineGroupText& group : outlineGroups)
         filter |= row < selected.len() && selected[row] ? group.bit : 0, ++row;
     return filter;
 }

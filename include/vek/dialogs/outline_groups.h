@@ -8,14 +8,14 @@ namespace VEK
 {
 
 /// A group of outlines and its name.
-struct OutlineGroup {
+struct OutlineGroupText {
     int bit;                ///< in the "CODE" of the outlines that belong to it, and in filters
     const wchar_t* key;     ///< text key of the name
     const wchar_t* builtIn; ///< German name
 };
 
 /// The groups, in the order in which they are listed.
-VEK_API extern const OutlineGroup outlineGroups[4];
+VEK_API extern const OutlineGroupText outlineGroups[4];
 
 /// The filter that shows some of the groups.
 /// @param selected whether a group is shown, in the order of `outlineGroups`; what comes after these is ignored

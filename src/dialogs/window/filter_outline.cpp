@@ -45,7 +45,7 @@ bool CDlgFilterOutline::updLang()
     SetWindowText(GetMsg(L"VEK_OUTL_0100", L"Filter Konturen", nullptr));
     const int filter = m_list.GetCount() > 0 ? filterOf(m_list) : m_mask;
     m_list.ResetContent();
-    for (const VEK::OutlineGroup& group : VEK::outlineGroups) {
+    for (const VEK::OutlineGroupText& group : VEK::outlineGroups) {
         const int row = m_list.AddString(GetMsg(group.key, group.builtIn, nullptr));
         m_list.SetSel(row, (filter & group.bit) != 0);
     }
