@@ -1,126 +1,78 @@
 // Tabs and their pages in real windows.
-#include "window/control_fixture.h"
 #include "window/dialog_fixture.h"
 
 #include <vek/controls.h>
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <deque>
 #include <random>
 
 namespace
 {
 
-class Page : public CVekTabPage
-{
-public:
+struct Page : CVekTabPage {
     Page() : CVekTabPage(0, nullptr) {}
 
-    enum class Creation { works, fails, throws } creation = Creation::works;
+    enum Creation { works, fails, throws } creation = works;
     bool isEnabled = true;
     int saved = 0, closed = 0;
+    Template source = Template(WS_CHILD, 0, 0, L"").item(1, L"EDIT", WS_TABSTOP);
     using CVekTabPage::m_parentDlg;
-    CString helpAtStart, topicAtStart;
-    CVekString languageAtStart;
 
-    BOOL Create(LPCTSTR, CWnd* parent) override
+    BOOL Create(UINT, CWnd* parent) override
     {
-        if (creation == Creation::throws)
-            throw 5u;
-        return creation == Creation::works && CreateIndirect(m_source.get(), parent);
+        return creation == throws ? throw 5u : creation == works && CreateIndirect(source.get(), parent);
     }
-    BOOL Create(UINT id, CWnd* parent) override { return Create(MAKEINTRESOURCE(id), parent); }
-    void addLangRsc() override
-    {
-        GetHelpFile(helpAtStart);
-        GetHelpTopic(topicAtStart);
-        languageAtStart = country();
-    }
-
-protected:
     void DoDataExchange(CDataExchange* exchange) override { saved += exchange->m_bSaveAndValidate; }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         closed += message == WM_CLOSE;
         return CVekTabPage::WindowProc(message, wParam, lParam);
     }
-
-private:
-    Template m_source = Template(WS_CHILD, 0, 0, L"").item(1, L"EDIT", WS_TABSTOP);
 };
 
-class Owner : public CVekDlg
-{
-public:
-    Owner() : CVekDlg(0, nullptr) {}
-
-    int closed = 0;
-
-protected:
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
-    {
-        closed += message == WM_CLOSE;
-        return message == WM_CLOSE ? 0 : CVekDlg::WindowProc(message, wParam, lParam);
-    }
-};
-
-class Tabs : public CVekTabCtrl
-{
-public:
-    using CVekTabCtrl::m_curSel, CVekTabCtrl::m_tabs;
-};
-
-class ControlsTabCtrl : public testing::Test
+class ControlsTabCtrl : public testing::Test, protected CVekTabCtrl
 {
 protected:
     void SetUp() override
     {
         owner.SetHelpFile(L"C:\\help\\facade.chm");
-        owner.SetHelpTopic(L"glass");
         owner.SetCountry(L"fr");
         ASSERT_TRUE(owner.CreateIndirect(Template().get(), nullptr));
         owner.SetWindowPos(nullptr, 0, 0, 700, 400, SWP_SHOWWINDOW);
-        ASSERT_TRUE(tabs.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 600, 300), &owner, 9));
+        ASSERT_TRUE(Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 600, 300), &owner, 9));
     }
     void TearDown() override { owner.DestroyWindow(); }
 
-    Page& add(int position = -1, Page::Creation creation = Page::Creation::works)
+    Page& add(int position, Page::Creation creation = Page::works)
     {
-        Page& page = pages.emplace_back();
-        page.creation = creation;
-        const auto name = L"Tab " + std::to_wstring(pages.size());
-        tabs.InsertItem(position, name.c_str(), &page, static_cast<unsigned>(pages.size()));
-        return page;
-    }
-    CPoint middleOf(int tab)
-    {
-        CRect rect;
-        tabs.GetItemRect(tab, &rect);
-        return rect.CenterPoint();
+        pages.emplace_back().creation = creation;
+        InsertItem(position, L"tab", &pages.back(), static_cast<unsigned>(pages.size()));
+        return pages.back();
     }
     void click(int tab)
     {
-        const CPoint at = middleOf(tab);
-        tabs.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
-        tabs.SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+        CRect rect;
+        GetItemRect(tab, &rect);
+        SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(rect.CenterPoint().x, rect.CenterPoint().y));
+        SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(rect.CenterPoint().x, rect.CenterPoint().y));
     }
-    /// Presses a key in the focus, as a message that the dialogs and the control see before the window.
-    void press(WPARAM key, bool ctrl = false, bool shift = false)
+    /// Presses a key, as a message that dialogs and control see before the window with the focus.
+    void press(WPARAM key, BYTE ctrl = 0, BYTE shift = 0)
     {
-        BYTE held[256] = {};
-        held[VK_CONTROL] = ctrl ? 0x80 : 0;
-        held[VK_SHIFT] = shift ? 0x80 : 0;
-        held[key] = 0x80;
+        BYTE held[256] = {}, none[256] = {};
+        held[key] = 0x80, held[VK_CONTROL] = ctrl, held[VK_SHIFT] = shift;
         ::SetKeyboardState(held);
         MSG message = {::GetFocus(), WM_KEYDOWN, key, 0, 0, {}};
-        if (!CWnd::WalkPreTranslateTree(owner, &message))
+        if (!WalkPreTranslateTree(owner, &message))
             ::DispatchMessageW(&message);
-        std::fill(held, held + 256, BYTE(0));
-        ::SetKeyboardState(held);
+        ::SetKeyboardState(none);
     }
 
-    std::deque<Page> pages; // before the tabs, which must end first
-    Owner owner;
-    Tabs tabs;
+    std::deque<Page> pages;
+    CVekDlg owner = CVekDlg(0, nullptr);
 };
 
 /// Whatever is done, the tab that should be is marked, and its page alone is seen.
@@ -128,126 +80,89 @@ TEST_F(ControlsTabCtrl, ShowThePageOfTheMarkedTab)
 {
     std::mt19937 random(5);
     const auto any = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
-    std::vector<Page*> order;
+    std::deque<Page*> order;
     Page* shown = nullptr;
     int refused = 0, failed = 0, changed = 0;
-    const auto select = [&](int at) {
-        Page& page = *order[static_cast<std::size_t>(at)];
-        refused += !page.isEnabled;
-        failed += page.isEnabled && page.creation != Page::Creation::works;
-        changed += page.isEnabled && page.creation == Page::Creation::works && shown != &page;
-        if (page.isEnabled && page.creation == Page::Creation::works)
-            shown = &page;
-    };
     for (int round = 0; round < 600; ++round) {
-        const int count = static_cast<int>(order.size());
+        const int count = GetItemCount(), action = count == 0 ? 0 : any(8), at = any(count + 1) % std::max(count, 1);
         const int now = static_cast<int>(std::find(order.begin(), order.end(), shown) - order.begin());
-        const int action = any(8);
-        if (count == 0 || (action == 0 && count < 6)) {
-            const int at = any(count + 2) - 1; // -1 is the end too
-            const auto creation = any(4) != 0 || !shown ? Page::Creation::works
-                                  : any(2) != 0         ? Page::Creation::fails
-                                                        : Page::Creation::throws;
-            Page& page = add(at, creation);
-            order.insert(at < 0 ? order.end() : order.begin() + at, &page);
+        int selected = now; // by the action
+        if (action == 0 && count < 6) {
+            Page& page =
+                add(at == 0 && count != 0 ? -1 : at, shown ? Page::Creation(std::max(any(6) - 3, 0)) : Page::works);
+            order.insert(at == 0 ? order.end() : order.begin() + at, &page);
             shown = shown ? shown : &page;
         } else if (action == 1 && count > 3) {
-            int at = any(count);
-            const std::size_t next = static_cast<std::size_t>(at < count - 1 ? at + 1 : at - 1);
-            if (at == now && order[next]->creation != Page::Creation::works)
-                at = (at + 1) % count; // a page that cannot take the place
-            Page* const gone = order[static_cast<std::size_t>(at)];
-            ASSERT_EQ(tabs.DeleteItem(at), 1);
-            ASSERT_EQ(gone->m_hWnd, nullptr);
-            order.erase(order.begin() + at);
-            if (gone == shown)
-                shown = order[static_cast<std::size_t>(std::min(at, count - 2))];
+            const auto page = order.erase(order.begin() + at);
+            if (at == now) // the next one follows, or the last one is left
+                shown = page == order.end() ? order.back() : *page;
+            shown->creation = Page::works;
+            EXPECT_EQ(DeleteItem(at), 1);
         } else if (action == 2) {
-            const int at = any(count);
-            Page& page = *order[static_cast<std::size_t>(at)];
-            page.isEnabled = any(3) != 0;
-            ASSERT_TRUE(tabs.EnableTab(at, page.isEnabled));
-            ASSERT_EQ(tabs.isTabEnabled(at), page.isEnabled);
+            order[at]->isEnabled = any(3) != 0;
+            ASSERT_TRUE(EnableTab(at, order[at]->isEnabled) && isTabEnabled(at) == order[at]->isEnabled);
         } else if (action == 3 || action == 4) {
-            const int at = any(count);
-            action == 3 ? click(at) : static_cast<void>(tabs.SetCurSel(at));
-            select(at);
+            selected = at;
+            action == 3 ? click(at) : static_cast<void>(SetCurSel(at));
         } else {
-            const bool isBackward = any(2) != 0, isArrow = action == 5;
-            int at = now, steps = 0;
+            const int step = any(2) != 0 ? 1 : -1, isArrow = action == 5;
             do // by Ctrl+Tab in a circle, by arrow key to the end
-                at = isBackward ? at - 1 : at + 1, at = isArrow ? at : (at + count) % count;
-            while (at >= 0 && at < count && !order[static_cast<std::size_t>(at)]->isEnabled && ++steps < count);
-            if (isArrow)
-                tabs.SendMessage(WM_KEYDOWN, isBackward ? VK_LEFT : VK_RIGHT, 0);
-            else
-                press(VK_TAB, true, isBackward);
-            if (at >= 0 && at < count && at != now)
-                select(at);
+                selected += isArrow || (selected + step >= 0 && selected + step < count) ? step : step - step * count;
+            while (selected >= 0 && selected < count && selected != now && !order[selected]->isEnabled);
+            isArrow ? static_cast<void>(SendMessage(WM_KEYDOWN, step < 0 ? VK_LEFT : VK_RIGHT, 0))
+                    : press(VK_TAB, 0x80, step < 0 ? 0x80 : 0);
         }
-        ASSERT_EQ(tabs.GetItemCount(), static_cast<int>(order.size()));
-        for (std::size_t i = 0; i < order.size(); ++i) {
-            ASSERT_EQ(tabs.m_tabs[static_cast<int>(i)].m_dlg, order[i]);
+        if (selected >= 0 && selected < count && selected != now) {
+            const bool isEnabled = order[selected]->isEnabled, works = order[selected]->creation == Page::works;
+            (!isEnabled ? refused : works ? changed : failed) += 1;
+            shown = isEnabled && works ? order[selected] : shown;
+        }
+        ASSERT_EQ(GetItemCount(), static_cast<int>(order.size()));
+        for (int i = 0; i < GetItemCount(); ++i) {
+            ASSERT_EQ(m_tabs[i].m_dlg, order[i]);
             ASSERT_EQ(order[i]->m_hWnd && order[i]->IsWindowVisible(), order[i] == shown) << round << " " << action;
-            ASSERT_EQ(tabs.GetCurSel() == static_cast<int>(i), order[i] == shown) << round << " " << action;
+            ASSERT_EQ(GetCurSel() == i && m_curSel == i, order[i] == shown) << round << " " << action;
         }
-        ASSERT_EQ(order[static_cast<std::size_t>(tabs.m_curSel)], shown);
     }
-    EXPECT_GT(refused, 20);
-    EXPECT_GT(failed, 10);
-    EXPECT_GT(changed, 100);
-    EXPECT_EQ(tabs.DeleteAllItems(), TRUE);
-    EXPECT_EQ(tabs.m_curSel, -1);
-    EXPECT_EQ(tabs.m_tabs.len() + tabs.GetItemCount(), 0);
-    for (const Page& page : pages)
-        EXPECT_EQ(page.m_hWnd, nullptr);
+    EXPECT_TRUE(refused > 20 && failed > 20 && changed > 100) << refused << " " << failed << " " << changed;
+    EXPECT_EQ(DeleteAllItems(), TRUE);
+    EXPECT_EQ(m_curSel + m_tabs.len() + GetItemCount(), -1);
+    EXPECT_TRUE(std::all_of(pages.begin(), pages.end(), [](const Page& page) { return !page.m_hWnd; }));
 }
 
 TEST_F(ControlsTabCtrl, CreatePagesWhenTheyAreShown)
 {
-    EXPECT_EQ(tabs.InsertItem(0, L"none", nullptr, 3), 0);
-    EXPECT_EQ(tabs.GetItemCount(), 0);
-    Page &first = add(), &second = add(), &third = add(0);
-    EXPECT_TRUE(first.m_hWnd && ::IsChild(first, ::GetFocus()));
-    EXPECT_FALSE(second.m_hWnd || third.m_hWnd);
-    EXPECT_EQ(first.m_parentDlg, &owner);
-    EXPECT_STREQ(first.helpAtStart, L"C:\\help\\facade.chm");
-    EXPECT_STREQ(first.topicAtStart, L"glass");
-    EXPECT_STREQ(first.languageAtStart, L"fr");
-    CRect tab, area, place;
-    tabs.GetItemRect(0, &tab);
-    tabs.GetClientRect(&area);
+    EXPECT_EQ(InsertItem(0, L"none", nullptr, 3) + GetItemCount(), 0);
+    Page &first = add(-1), &second = add(-1);
+    EXPECT_TRUE(add(0).m_hWnd == nullptr && second.m_hWnd == nullptr && ::IsChild(first, ::GetFocus()));
+    CString help;
+    first.GetHelpFile(help);
+    EXPECT_STREQ(help, L"C:\\help\\facade.chm");
+    EXPECT_TRUE(first.m_parentDlg == &owner && std::wcscmp(first.country(), L"fr") == 0);
+    CRect tab, place;
+    GetItemRect(0, &tab);
     first.GetWindowRect(&place);
-    tabs.ScreenToClient(&place);
-    EXPECT_EQ(place, CRect(2, tab.Height() + 4, area.right - 4, area.bottom - 4));
+    ScreenToClient(&place);
+    EXPECT_EQ(place, CRect(2, tab.Height() + 4, 596, 296));
     unsigned id = 99;
-    EXPECT_TRUE(tabs.GetDlgIDD(0, id));
-    EXPECT_EQ(id, 3u);
+    EXPECT_TRUE(GetDlgIDD(0, id) && id == 3);
     for (const int outside : {-1, 3}) {
-        EXPECT_FALSE(tabs.GetDlgIDD(outside, id) || tabs.EnableTab(outside, true) || tabs.isTabEnabled(outside));
-        EXPECT_EQ(tabs.DeleteItem(outside), 0);
-        EXPECT_EQ(tabs.SetCurSel(outside), 1);
+        EXPECT_FALSE(GetDlgIDD(outside, id) || EnableTab(outside, true) || isTabEnabled(outside));
+        EXPECT_EQ(DeleteItem(outside) + SetCurSel(outside), 1);
     }
-    EXPECT_EQ(id, 3u);
-
-    press(VK_ESCAPE); // would close the page, and then the dialog
+    EnableTab(0, false), EnableTab(1, false), EnableTab(2, false);
+    press(VK_TAB, 0x80); // ends although there is none to go to
+    press(VK_ESCAPE);    // would hide a page
     EXPECT_TRUE(first.IsWindowVisible() && owner.IsWindowVisible());
-    MSG empty = {tabs, WM_NULL, 0, 0, 0, {}};
-    EXPECT_TRUE(tabs.PreTranslateMessage(&empty));
-    control_test::pump();
-    EXPECT_EQ(owner.closed, 1);
-
-    for (int i = 0; i < 3; ++i)
-        tabs.EnableTab(i, false);
-    press(VK_TAB, true); // ends although there is none to go to
-    EXPECT_EQ(tabs.GetCurSel(), 1);
     first.saved = 0;
-    tabs.OnOk();
-    EXPECT_EQ(first.saved, 1);
-    EXPECT_EQ(first.closed, 1);
-    EXPECT_FALSE(second.saved || second.closed || second.m_hWnd);
-    tabs.DestroyWindow();
-    EXPECT_EQ(first.m_hWnd, nullptr);
+    OnOk();
+    EXPECT_TRUE(first.saved == 1 && first.closed == 1 && second.closed == 0);
+    MSG empty = {m_hWnd, WM_NULL, 0, 0, 0, {}};
+    EXPECT_TRUE(PreTranslateMessage(&empty)); // closes the owner, which only hides
+    pumpWaiting();
+    EXPECT_FALSE(owner.IsWindowVisible());
+    DestroyWindow();
+    EXPECT_TRUE(!first.m_hWnd && m_tabs.len() == 0 && m_curSel == -1);
 }
 
 } // namespace

@@ -2,10 +2,12 @@
 
 #include "chosen.h"
 #include "material_tree_page.h"
+#include "list_page.h"
 #include "resource.h"
 #include "sample_dialog.h"
 #include "shared/failure.h"
 #include "shared/input.h"
+#include "tab_page.h"
 #include "value_page.h"
 
 #include <vek/dialogs.h>
@@ -60,6 +62,10 @@ ON_COMMAND(ID_DIALOGS_MATERIAL_TREE, &GalleryWindow::OnMaterialTree)
 ON_COMMAND(ID_DIALOGS_MATERIAL, &GalleryWindow::OnMaterialDialog)
 ON_COMMAND(ID_DIALOGS_OUTLINE, &GalleryWindow::OnOutlineDialog)
 ON_COMMAND_RANGE(ID_DIALOGS_LABEL, ID_DIALOGS_LABEL_LINES, &GalleryWindow::OnLabelDialog)
+ON_COMMAND(ID_DIALOGS_LIST, &GalleryWindow::OnListPage)
+ON_COMMAND(ID_DIALOGS_TABS, &GalleryWindow::OnTabPage)
+ON_COMMAND(ID_DIALOGS_UNITS, &GalleryWindow::OnUnitsDialog)
+ON_COMMAND(ID_DIALOGS_FILTER, &GalleryWindow::OnFilterDialog)
 END_MESSAGE_MAP()
 
 void GalleryPicture::pan(int x, int y)
@@ -434,19 +440,57 @@ void GalleryWindow::OnBackground(UINT id)
     m_picture.Invalidate();
 }
 
+/// Shows a dialog in the language of the process.
+/// @return whether it was confirmed
+bool GalleryWindow::confirms(CVekDlg& dialog)
+{
+    dialog.SetCountry(VEK::DlgEnv_st().country);
+    const bool isConfirmed = dialog.DoModal() == IDOK;
+    m_picture.SetFocus();
+    return isConfirmed;
+}
+
 void GalleryWindow::OnSampleDialog()
 {
+    SampleDialog dialog(this);
+    confirms(dialog);
+}
+
+void GalleryWindow::OnListPage()
+{
+    ListPage dialog(this);
+    confirms(dialog);
+}
+
+void GalleryWindow::OnTabPage()
+{
+    TabPage dialog(this);
+    confirms(dialog);
+}
+
+void GalleryWindow::OnUnitsDialog()
+{
     const VEK::DlgEnv_st environment;
-    SampleDialog dialog(environment.parentWnd());
-    dialog.SetCountry(environment.country);
-    dialog.DoModal();
+    const Vek::lUnit unit = VEK::dlgUnits(environment, VEK::acad_unit_get());
+    VEK::acad_unit_set(unit);
+    showStatus(CVekString(L"Unit: ") + VEK::acad_units(environment.country)[unit]);
     m_picture.SetFocus();
 }
 
 void GalleryWindow::OnValuePage()
 {
-    ValuePage(this).DoModal();
-    m_picture.SetFocus();
+    ValuePage dialog(this);
+    confirms(dialog);
+}
+
+void GalleryWindow::OnFilterDialog()
+{
+    CDlgFilterOutline dialog(this);
+    dialog.m_mask = m_outlineFilter;
+    if (!confirms(dialog))
+        return;
+    m_outlineFilter = dialog.m_mask;
+    showStatus((L"Outline filter: " + std::to_wstring(m_outlineFilter)).c_str());
 }
 
 void GalleryWindow::OnMaterialTree()

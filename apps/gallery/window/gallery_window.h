@@ -5,6 +5,7 @@
 #include "../scene.h"
 #include "shared/window/main_window.h"
 
+#include <vek/dialogframe.h>
 #include <vek/pictures.h>
 
 #include <afxcmn.h>
@@ -57,6 +58,10 @@ protected:
     afx_msg void OnBackground(UINT id);
     afx_msg void OnSampleDialog();
     afx_msg void OnValuePage();
+    afx_msg void OnListPage();
+    afx_msg void OnTabPage();
+    afx_msg void OnUnitsDialog();
+    afx_msg void OnFilterDialog();
     afx_msg void OnMaterialTree();
     afx_msg void OnMaterialDialog();
     afx_msg void OnOutlineDialog();
@@ -75,6 +80,7 @@ private:
     bool askPath(CString& path, LPCWSTR extension, LPCWSTR filter);
     void showExported(const CString& path, bool isWritten);
     bool writeMetafile(const CString& path);
+    bool confirms(CVekDlg& dialog);
 
     std::vector<CataloguePicture> m_pictures;
     Scene m_scene;
@@ -83,7 +89,8 @@ private:
     CTreeCtrl m_list;
     GalleryPicture m_picture;
     CStatusBarCtrl m_status;
-    int m_listWidth = 230; ///< at 96 dots per inch
+    int m_listWidth = 230;    ///< at 96 dots per inch
+    int m_outlineFilter = 15; ///< all groups
     bool m_isFilled = false;
     CVekString m_material; ///< that was selected last
 };
