@@ -65,8 +65,8 @@ struct MatTreeRequest {
 ///
 /// A tree ends even if the library does not: a material is left out below itself, and there are at most 256 levels.
 /// Where materials are below several others over many levels, the number of nodes can double with each level; from
-/// 65,536 nodes on, the materials below one that occurred before are not shown again. Each material of
-/// these levels is thus in the tree, with no more further nodes than there are entries in lists of sub-materials.
+/// 65,536 nodes on, the materials below one that occurred before are not shown again. Each material of these levels is
+/// thus in the tree, with no more further nodes than there are entries in lists of sub-materials.
 /// @return false, with the tree unchanged, when memory runs out
 VEK_API bool matTree(MatTree& tree, const CMatMgr& library, const MatTreeRequest& request);
 
