@@ -59,14 +59,14 @@ struct MatTreeRequest {
 
 /// Works out a tree of the material library; each material is read once.
 ///
-/// Materials are sorted by their text, those directly under a root by their label alone, in the order of characters,
-/// which differs where the text begins with the key; ties keep the library's order. "SYSTEM" is left out except by its
-/// flag. Of several nodes of the key to select it is the last one, in the library's order.
+/// Materials are sorted by their texts; directly under a root by their labels, in the order of characters, where texts
+/// decide only among equal labels. "SYSTEM" comes first there, and is left out without its flag. Ties keep the
+/// library's order. Of several nodes of the key to select it is the last one, in the library's order.
 ///
 /// A tree ends even if the library does not: a material is left out below itself, and there are at most 256 levels.
 /// Where materials are below several others over many levels, the number of nodes can double with each level; from
-/// 65,536 nodes on, the materials below one that occurred before are not shown again. Each material is thus in the
-/// tree, and there are no more further nodes than entries in the lists of sub-materials.
+/// 65,536 nodes on, the materials below one that occurred before are not shown again. Each material of these levels is
+/// thus in the tree, with no more further nodes than there are entries in lists of sub-materials.
 /// @return false, with the tree unchanged, when memory runs out
 VEK_API bool matTree(MatTree& tree, const CMatMgr& library, const MatTreeRequest& request);
 
