@@ -6,6 +6,7 @@
 #include <vek/controls.h>
 #include <vek/data.h>
 #include <vek/dialogframe.h>
+#include <vek/dialogs.h>
 #include <vek/display.h>
 #include <vek/draw.h>
 #include <vek/geometry.h>

@@ -1,11 +1,14 @@
 #include "gallery_window.h"
 
+#include "list_page.h"
 #include "resource.h"
 #include "sample_dialog.h"
 #include "shared/failure.h"
 #include "shared/input.h"
+#include "tab_page.h"
 #include "value_page.h"
 
+#include <vek/dialogs.h>
 #include <vek/surfaces.h>
 
 #include <afxdlgs.h>
@@ -60,6 +63,10 @@ ON_COMMAND(ID_VIEW_ZOOM_OUT, &GalleryWindow::OnZoomOut)
 ON_COMMAND_RANGE(ID_BACKGROUND_OWN, ID_BACKGROUND_BLACK, &GalleryWindow::OnBackground)
 ON_COMMAND(ID_DIALOGS_SAMPLE, &GalleryWindow::OnSampleDialog)
 ON_COMMAND(ID_DIALOGS_VALUES, &GalleryWindow::OnValuePage)
+ON_COMMAND(ID_DIALOGS_LIST, &GalleryWindow::OnListPage)
+ON_COMMAND(ID_DIALOGS_TABS, &GalleryWindow::OnTabPage)
+ON_COMMAND(ID_DIALOGS_UNITS, &GalleryWindow::OnUnitsDialog)
+ON_COMMAND(ID_DIALOGS_FILTER, &GalleryWindow::OnFilterDialog)
 END_MESSAGE_MAP()
 
 void GalleryPicture::pan(int x, int y)
@@ -519,17 +526,55 @@ void GalleryWindow::OnBackground(UINT id)
     m_picture.Invalidate();
 }
 
+/// Shows a dialog in the language of the process.
+/// @return whether it was confirmed
+bool GalleryWindow::confirms(CVekDlg& dialog)
+{
+    dialog.SetCountry(VEK::DlgEnv_st().country);
+    const bool isConfirmed = dialog.DoModal() == IDOK;
+    m_picture.SetFocus();
+    return isConfirmed;
+}
+
 void GalleryWindow::OnSampleDialog()
 {
+    SampleDialog dialog(this);
+    confirms(dialog);
+}
+
+void GalleryWindow::OnListPage()
+{
+    ListPage dialog(this);
+    confirms(dialog);
+}
+
+void GalleryWindow::OnTabPage()
+{
+    TabPage dialog(this);
+    confirms(dialog);
+}
+
+void GalleryWindow::OnUnitsDialog()
+{
     const VEK::DlgEnv_st environment;
-    SampleDialog dialog(environment.parentWnd());
-    dialog.SetCountry(environment.country);
-    dialog.DoModal();
+    const Vek::lUnit unit = VEK::dlgUnits(environment, VEK::acad_unit_get());
+    VEK::acad_unit_set(unit);
+    showStatus(CVekString(L"Unit: ") + VEK::acad_units(environment.country)[unit]);
     m_picture.SetFocus();
 }
 
 void GalleryWindow::OnValuePage()
 {
-    ValuePage(this).DoModal();
-    m_picture.SetFocus();
+    ValuePage dialog(this);
+    confirms(dialog);
+}
+
+void GalleryWindow::OnFilterDialog()
+{
+    CDlgFilterOutline dialog(this);
+    dialog.m_mask = m_outlineFilter;
+    if (!confirms(dialog))
+        return;
+    m_outlineFilter = dialog.m_mask;
+    showStatus((L"Outline filter: " + std::to_wstring(m_outlineFilter)).c_str());
 }

@@ -4,6 +4,7 @@
 
 #include "../scene.h"
 
+#include <vek/dialogframe.h>
 #include <vek/pictures.h>
 
 #include <afxcmn.h>
@@ -60,6 +61,10 @@ protected:
     afx_msg void OnBackground(UINT id);
     afx_msg void OnSampleDialog();
     afx_msg void OnValuePage();
+    afx_msg void OnListPage();
+    afx_msg void OnTabPage();
+    afx_msg void OnUnitsDialog();
+    afx_msg void OnFilterDialog();
     afx_msg LRESULT OnNextControl(WPARAM which, LPARAM isWindow);
     DECLARE_MESSAGE_MAP()
 
@@ -79,6 +84,7 @@ private:
     bool askPath(CString& path, LPCWSTR extension, LPCWSTR filter);
     void showExported(const CString& path, bool isWritten);
     bool writeMetafile(const CString& path);
+    bool confirms(CVekDlg& dialog);
 
     std::vector<CataloguePicture> m_pictures;
     Scene m_scene;
@@ -91,6 +97,7 @@ private:
     HACCEL m_accelerators = nullptr;
     HWND m_focus = nullptr; ///< the child that gets the focus back
     int m_dpi = 96;
-    int m_listWidth = 230; ///< at 96 dots per inch
+    int m_listWidth = 230;    ///< at 96 dots per inch
+    int m_outlineFilter = 15; ///< all groups
     bool m_isFilled = false;
 };

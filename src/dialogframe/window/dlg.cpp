@@ -8,6 +8,7 @@
 
 #include "core/platform/outside.h"
 #include "dpi_layout.h"
+#include "lives.h"
 
 #include <afxcmn.h>
 
@@ -29,11 +30,7 @@ CVekDlg::MsgFcn CVekDlg::m_pMsgFcn = nullptr;
 namespace
 {
 
-/// Whether a window still exists and belongs to an object, which may have been deleted.
-bool lives(HWND window, const CWnd* object)
-{
-    return CWnd::FromHandlePermanent(window) == object && ::IsWindow(window);
-}
+using VEK::lives;
 
 VEK::DlgRect rectOf(const RECT& rect)
 {

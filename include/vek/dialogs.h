@@ -1,0 +1,10 @@
+/// @file
+/// The ready-made dialogs.
+#pragma once
+
+#include <vek/dialogs/outline_groups.h>
+
+#ifdef _WIN32
+#include <vek/dialogs/window/filter_outline.h>
+#include <vek/dialogs/window/units_dlg.h>
+#endif
