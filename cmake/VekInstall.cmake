@@ -8,7 +8,7 @@ install(TARGETS ${installed} EXPORT vek ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBD
 install(EXPORT vek NAMESPACE vek:: FILE vekTargets.cmake DESTINATION ${package})
 if(WIN32) # beside the gallery, which expects them there
   file(GLOB slides CONFIGURE_DEPENDS examples/*.sl[bd])
-  install(FILES ${slides} DESTINATION ${CMAKE_INSTALL_BINDIR}/examples)
+  install(FILES ${slides} examples/materials.json DESTINATION ${CMAKE_INSTALL_BINDIR}/examples)
   install(DIRECTORY examples/patterns examples/pictures examples/sheets DESTINATION ${CMAKE_INSTALL_BINDIR}/examples
           PATTERN "*.cpp" EXCLUDE)
 endif()

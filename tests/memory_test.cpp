@@ -566,3 +566,46 @@ TEST(Memory, AFieldKeepsItsTextOrIsJudgedWhole)
         EXPECT_EQ(value, good ? 7.0 : -1.0);
     });
 }
+
+TEST(Memory, MaterialsAndHolesAreWholeOrAsTheyWere)
+{
+    VEK::CCfgBackup backup(true);
+    backup.attach(nullptr);
+    VEK::dataSet(VEK::cfg_dir_make(L"*MAT*"), L"ALU\\SUBS", CVekArrayTempl<CVekString>{L"SHEET", L"PROFILE"});
+    const auto order = [](const wchar_t* a, const wchar_t* b) { return std::wcscmp(a, b); };
+    const int failures = FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        VEK::MatTree tree;
+        const bool made = memory.during([&] { return VEK::matTree(tree, {}, {0, L"SHEET", {}, nullptr, order}); });
+        EXPECT_TRUE(made || memory.failed());
+        EXPECT_EQ(tree.nodes.len(), made ? 3 : 0);
+        EXPECT_EQ(tree.selected, made ? 2 : VEK::MatTreeNode::library);
+    });
+    EXPECT_GT(failures, 20);
+
+    CVekLocalApp host;
+    host.functionSet(L"mra_hole_dial", [](resbuf*, VEK::CUniqResbuf& result) {
+        result = VEK::CUniqResbuf(VEK::mkResbuf(1, VEK::rbShort));
+        return VEK::kHostNormal;
+    });
+    CVekApp* const before = vekAppSet(&host);
+    CVekDataItem given;
+    VEK::dataSet(&given, L"HOLE\\A\\GEN", kPlate);
+    VEK::dataSet(&given, L"LABEL", L"a label that fits into no buffer of its own");
+    CVekString active(L"A");
+    CVekDataItem edited = given;
+    ASSERT_EQ(VEK::holeDialog(active, &edited), 1);
+    EXPECT_NE(jsonOf(edited), jsonOf(given));
+    for (const wchar_t* missing : {L"nothing", L"*VEK_OUTLINE*"}) {
+        FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+            CVekDataItem data = given;
+            VEK::cfgMgrPtr()->tree()->remove(missing);
+            const int result = memory.during([&] { return VEK::holeDialog(active, &data); });
+            EXPECT_TRUE(result == 1 || memory.failed());
+            EXPECT_EQ(jsonOf(data), jsonOf(result == 1 ? edited : given));
+            EXPECT_STREQ(active, L"A");
+            const CVekDataItem* const outlines = VEK::cfg_get(L"*VEK_OUTLINE*");
+            EXPECT_TRUE(!outlines || outlines->getDir()->len() == VEK::outlineKinds);
+        });
+    }
+    vekAppSet(before);
+}

@@ -4,6 +4,7 @@
 
 #include <vek/controls/cell_editor.h>
 #include <vek/controls/combo.h>
+#include <vek/controls/material_tree.h>
 #include <vek/controls/tab_order.h>
 #include <vek/controls/value.h>
 #include <vek/controls/value_edit.h>
@@ -13,4 +14,5 @@
 #include <vek/controls/window/edit.h>
 #include <vek/controls/window/list_ctrl.h>
 #include <vek/controls/window/tab_ctrl.h>
+#include <vek/controls/window/tree.h>
 #endif

@@ -1,6 +1,7 @@
 #include "gallery_window.h"
 
 #include "list_page.h"
+#include "material_tree_page.h"
 #include "resource.h"
 #include "sample_dialog.h"
 #include "shared/failure.h"
@@ -67,6 +68,8 @@ ON_COMMAND(ID_DIALOGS_LIST, &GalleryWindow::OnListPage)
 ON_COMMAND(ID_DIALOGS_TABS, &GalleryWindow::OnTabPage)
 ON_COMMAND(ID_DIALOGS_UNITS, &GalleryWindow::OnUnitsDialog)
 ON_COMMAND(ID_DIALOGS_FILTER, &GalleryWindow::OnFilterDialog)
+ON_COMMAND(ID_DIALOGS_MATERIAL_TREE, &GalleryWindow::OnMaterialTree)
+ON_COMMAND(ID_DIALOGS_MATERIAL, &GalleryWindow::OnMaterialDialog)
 END_MESSAGE_MAP()
 
 void GalleryPicture::pan(int x, int y)
@@ -577,4 +580,20 @@ void GalleryWindow::OnFilterDialog()
         return;
     m_outlineFilter = dialog.m_mask;
     showStatus((L"Outline filter: " + std::to_wstring(m_outlineFilter)).c_str());
+}
+
+void GalleryWindow::OnMaterialTree()
+{
+    MaterialTreePage(VEK::DlgEnv_st().parentWnd()).DoModal();
+    m_picture.SetFocus();
+}
+
+/// Opens the dialog with the last choice.
+void GalleryWindow::OnMaterialDialog()
+{
+    VEK::DlgEnvMatTree_st environment;
+    environment.options = {L"SYSTEM"};
+    const int result = VEK::dlgMatTree(environment, m_material);
+    showStatus(result == 1 ? L"Material " + m_material : CVekString(L"No material"));
+    m_picture.SetFocus();
 }

@@ -65,6 +65,8 @@ protected:
     afx_msg void OnTabPage();
     afx_msg void OnUnitsDialog();
     afx_msg void OnFilterDialog();
+    afx_msg void OnMaterialTree();
+    afx_msg void OnMaterialDialog();
     afx_msg LRESULT OnNextControl(WPARAM which, LPARAM isWindow);
     DECLARE_MESSAGE_MAP()
 
@@ -100,4 +102,5 @@ private:
     int m_listWidth = 230;    ///< at 96 dots per inch
     int m_outlineFilter = 15; ///< all groups
     bool m_isFilled = false;
+    CVekString m_material; ///< that was selected last
 };

@@ -6,6 +6,7 @@
 #include "shared/texts.h"
 #include "shared/window/report.h"
 
+#include <vek/data/config.h>
 #include <vek/data/text.h>
 #include <vek/json.h>
 
@@ -71,6 +72,21 @@ void loadTexts(const std::string& language, std::vector<std::string>& problems)
     VEK::msgLangSet(wide(language));
 }
 
+void loadMaterials(const std::string& examples, std::vector<std::string>& problems)
+{
+    const CVekString path = wide(examples + "/materials.json");
+    std::error_code error;
+    if (!std::filesystem::exists(VEK::platform::pathOf(static_cast<const wchar_t*>(path)),
+                                 error)) // a folder of pictures alone
+        return;
+    CVekDataItem file;
+    CVekString problem;
+    if (VEK::jsonLoad(file, path, problem))
+        *VEK::cfg_dir_make(L"*MAT*") = CVekDataItem(file.getItem(L"*MAT*"));
+    else
+        problems.push_back(utf8(problem));
+}
+
 class GalleryApp : public CWinApp
 {
 public:
@@ -100,6 +116,7 @@ private:
             return FALSE;
         std::vector<std::string> problems;
         loadTexts(options.language, problems);
+        loadMaterials(options.examples, problems);
         m_window = std::make_unique<GalleryWindow>(catalogue(options.examples, problems));
         if (!m_window->open(wide(options.picture), problems))
             throw Failure("--show " + options.picture + ": no such picture");

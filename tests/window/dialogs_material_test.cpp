@@ -1,0 +1,119 @@
+// The material dialog, with the example's materials and texts.
+#include "objects_data.h"
+#include "window/control_fixture.h"
+#include "window/modal_queue.h"
+
+#include <vek/data.h>
+#include <vek/dialogframe.h>
+#include <vek/dialogs.h>
+
+namespace
+{
+
+class MaterialDialog : public testing::Test
+{
+protected:
+    MaterialDialog() : m_before(CVekDlg::SetMsgCallBack(&VEK::msgCallBack))
+    {
+        m_backup.attach(nullptr);
+        CVekString error;
+        EXPECT_TRUE(VEK::jsonLoad(*VEK::cfgMgrPtr()->tree(), VEK_SOURCE_DIR L"/examples/materials.json", error));
+        EXPECT_TRUE(VEK::textsLoad(VEK_SOURCE_DIR L"/examples/texts.json", error));
+        env.country = L"en";
+    }
+    ~MaterialDialog() override { CVekDlg::SetMsgCallBack(m_before); }
+
+    static bool canConfirm(CVekMatTreeDlg& dialog, const wchar_t* material)
+    {
+        EXPECT_TRUE(!material || dialog.m_tree.selectMat(material));
+        return dialog.GetDlgItem(IDOK)->IsWindowEnabled();
+    }
+    static void doubleClick(CVekMatTreeDlg& dialog)
+    {
+        CRect rect;
+        dialog.m_tree.GetItemRect(dialog.m_tree.GetSelectedItem(), &rect, TRUE);
+        for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP})
+            dialog.m_tree.PostMessage(message, 0, MAKELPARAM(rect.left + 5, rect.CenterPoint().y));
+        control_test::pump();
+    }
+
+    ModalQueue user;
+    VEK::DlgEnvMatTree_st env;
+    CVekString key;
+
+private:
+    VEK::CCfgBackup m_backup{true};
+    CVekDlg::MsgFcn m_before;
+};
+
+TEST_F(MaterialDialog, ConfirmsWhatMeetsTheDemands)
+{
+    const struct {
+        CVekArrayTempl<CVekString> options;
+        const wchar_t *bad, *good, *text;
+    } rows[] = {{{L"EDGE", L"PHYS", L"SYSTEM"}, L"METAL", L"AW-5754-H22", L"Aluminium sheet EN AW-5754 H22"},
+                {{L"PHYS", L"SYSTEM"}, L"METAL", L"ALU-EXTRUDED", L"Extruded sections"},
+                {{L"SYSTEM"}, nullptr, L"METAL", L"METAL   Metals"}};
+    for (const auto& row : rows) {
+        env.options = row.options;
+        env.physKeys = {L"rho", L"Lambda"};
+        env.showKeys = !row.bad;
+        key = L"before";
+        for (const bool confirms : {false, true}) {
+            user.dialog<CVekMatTreeDlg>([&](CVekMatTreeDlg& dialog) {
+                CString title;
+                dialog.GetWindowText(title);
+                EXPECT_EQ(title + dialog.m_tree.GetItemText(dialog.m_tree.GetRootItem()), L"Material selectionLibrary");
+                EXPECT_FALSE(canConfirm(dialog, nullptr)) << "at the root";
+                doubleClick(dialog);
+                dialog.SendMessage(WM_COMMAND, IDOK);
+                EXPECT_TRUE(dialog.IsWindowVisible());
+                EXPECT_FALSE(row.bad && canConfirm(dialog, row.bad));
+                EXPECT_TRUE(canConfirm(dialog, L"SYSTEM") && canConfirm(dialog, row.good));
+                EXPECT_STREQ(dialog.m_tree.GetItemText(dialog.m_tree.GetSelectedItem()), row.text);
+                if (confirms)
+                    doubleClick(dialog);
+                else
+                    dialog.SendMessage(WM_COMMAND, IDCANCEL);
+            });
+            EXPECT_EQ(VEK::dlgMatTree(env, key), confirms);
+            EXPECT_STREQ(key, confirms ? row.good : L"before");
+        }
+    }
+}
+
+TEST_F(MaterialDialog, IsLaidOutWithinItsLimits)
+{
+    key = L"s235jr";
+    user.dialog<CVekMatTreeDlg>([&](CVekMatTreeDlg& dialog) {
+        EXPECT_TRUE(canConfirm(dialog, nullptr)) << "what is given is selected";
+        EXPECT_FALSE(dialog.GetDlgItem(IDHELP)->IsWindowEnabled());
+        for (const CSize& size : {CSize(2000, 2000), CSize(10, 10), CSize(420, 333)}) {
+            dialog.SetWindowPos(nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
+            CRect window, area;
+            dialog.GetWindowRect(&window);
+            dialog.GetClientRect(&area);
+            EXPECT_EQ(window.Size(), CSize(std::clamp(size.cx, 300l, 700l), std::clamp(size.cy, 150l, 900l)));
+            const auto place = [&](int id) {
+                CRect rect;
+                dialog.GetDlgItem(id)->GetWindowRect(&rect);
+                dialog.ScreenToClient(&rect);
+                return rect;
+            };
+            const CRect help = place(IDHELP);
+            CRect button(0, 0, 50, 14);
+            dialog.MapDialogRect(&button);
+            EXPECT_EQ(help.Size(), button.Size());
+            EXPECT_EQ(help.BottomRight(), CPoint(area.right - 12, area.bottom - 12));
+            EXPECT_EQ(place(IDOK), help - CPoint(2 * (help.Width() + 6), 0));
+            EXPECT_EQ(place(1090), CRect(12, 12, area.right - 12, area.bottom - help.Height() - 24));
+        }
+        user.dialog<CAboutboxDlg>([](CAboutboxDlg& box) { box.EndDialog(IDOK); });
+        dialog.SendMessage(WM_SYSCOMMAND, 0x12);
+        dialog.EndDialog(77);
+    });
+    EXPECT_EQ(VEK::dlgMatTree(env, key), 77);
+    EXPECT_STREQ(key, L"s235jr");
+}
+
+} // namespace
