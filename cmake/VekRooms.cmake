@@ -88,6 +88,13 @@ function(vek_room name folder)
   endif()
 endfunction()
 
+# Compiles the resources of a target in this folder again when a dialog changes: the resource compiler does not tell what
+# it has included.
+function(vek_follow_dialogs)
+  file(GLOB dialogs CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/dialogs/res/*)
+  set_property(SOURCE ${CMAKE_SOURCE_DIR}/src/module/vek.rc PROPERTY OBJECT_DEPENDS ${dialogs})
+endfunction()
+
 # The installed library: static, on Windows a DLL with the module's resources and entry point. Its name is the one that
 # VEK::appFileName gives for the family "Vek" and the module "Mfc".
 function(vek_library)
@@ -96,6 +103,7 @@ function(vek_library)
   set_property(GLOBAL APPEND PROPERTY VEK_ROOM_TABLE "module|src/module|module|pictures,dialogframe")
   if(WIN32)
     enable_language(RC)
+    vek_follow_dialogs()
     add_library(vek SHARED ${objects} src/module/window/dial_app.cpp src/module/vek.rc)
     set_target_properties(vek PROPERTIES PREFIX "" OUTPUT_NAME Vek_2018_20_64_Mfc RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
     target_include_directories(vek PRIVATE src)
