@@ -515,6 +515,53 @@ TEST(Memory, FilesAreWrittenAsAWhole)
     });
 }
 
+TEST(Memory, OutlinesAndLabelsInDialogsAreWholeOrAsBefore)
+{
+    CVekDataItem library;
+    ASSERT_TRUE(VEK::outlineInit(&library));
+    VEK::outlineData data;
+    data.code = 12; // its third parameter may be negative
+    data.parms = {1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0};
+    using Choice = VEK::OutlineChoice;
+    const std::function<bool(Choice&, Choice::Rows&)> jobs[] = {
+        [](Choice& choice, Choice::Rows& rows) { return choice.load(7, rows); },
+        [](Choice& choice, Choice::Rows&) { return choice.rangeSet(0); },
+        [](Choice& choice, Choice::Rows& rows) { return choice.toggle(2, rows[0].label); },
+    };
+    for (const auto& job : jobs) {
+        std::vector<double> state[2];
+        const auto check = [&](FailingMemory& memory) {
+            VEK::outlineMemory() = {};
+            VEK::outlineMemory()[0][12] = {7.0, 8.0};
+            Choice choice;
+            Choice::Rows rows, none;
+            choice.library = &library;
+            ASSERT_TRUE(choice.take(data) && choice.load(12, none) && rows.reserve(1));
+            const bool done = memory.during([&] { return job(choice, rows); });
+            std::vector<double> now(choice.parms.begin(), choice.parms.end());
+            now.insert(now.end(), choice.signs.begin(), choice.signs.end());
+            now.insert(now.end(), {double(choice.code), double(choice.rangeIndex)});
+            for (const Choice::Row& row : rows)
+                now.insert(now.end(), {double(row.label.len()), double(row.words.len()), row.value});
+            EXPECT_TRUE(done || memory.failed());
+            state[done] = state[done].empty() ? now : state[done];
+            EXPECT_EQ(now, state[done]) << done;
+        };
+        EXPECT_GT(FailingMemory::forEveryAllocation(check), 0);
+    }
+    const CVekString label(L"\\de:eins\nzwei\\en:a text of some length");
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        VEK::LabelRows rows = memory.during([&] { return VEK::labelRows(label, nullptr, true); });
+        EXPECT_TRUE(rows.len() == 0 ? memory.failed() : rows[1].text == L"a text of some length");
+    });
+    const VEK::LabelRows rows = VEK::labelRows(label, nullptr, true);
+    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
+        CVekString made(L"before");
+        const bool done = memory.during([&] { return VEK::labelOfRows(made, rows); });
+        EXPECT_TRUE(done ? made == label : made == L"before" && memory.failed());
+    });
+}
+
 TEST(Memory, TextsAndHelpAreWholeOrBuiltIn)
 {
     VEK::CCfgBackup backup(true);

@@ -1,9 +1,11 @@
 /// @file
-/// The ready-made dialogs.
+/// The ready-made dialogs, and what they do without their windows.
 #pragma once
 
 #include <vek/dialogs/hole.h>
+#include <vek/dialogs/label_rows.h>
 #include <vek/dialogs/material.h>
+#include <vek/dialogs/outline.h>
 #include <vek/dialogs/outline_groups.h>
 
 #ifdef _WIN32
