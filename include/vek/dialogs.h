@@ -11,6 +11,7 @@
 #ifdef _WIN32
 #include <vek/dialogs/window/filter_outline.h>
 #include <vek/dialogs/window/hole_dialog.h>
+#include <vek/dialogs/window/label_edit.h>
 #include <vek/dialogs/window/material_dialog.h>
 #include <vek/dialogs/window/outline_dlg.h>
 #include <vek/dialogs/window/units_dlg.h>
