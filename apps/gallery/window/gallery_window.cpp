@@ -1,5 +1,6 @@
 #include "gallery_window.h"
 
+#include "chosen.h"
 #include "list_page.h"
 #include "material_tree_page.h"
 #include "resource.h"
@@ -70,6 +71,8 @@ ON_COMMAND(ID_DIALOGS_UNITS, &GalleryWindow::OnUnitsDialog)
 ON_COMMAND(ID_DIALOGS_FILTER, &GalleryWindow::OnFilterDialog)
 ON_COMMAND(ID_DIALOGS_MATERIAL_TREE, &GalleryWindow::OnMaterialTree)
 ON_COMMAND(ID_DIALOGS_MATERIAL, &GalleryWindow::OnMaterialDialog)
+ON_COMMAND(ID_DIALOGS_OUTLINE, &GalleryWindow::OnOutlineDialog)
+ON_COMMAND_RANGE(ID_DIALOGS_LABEL, ID_DIALOGS_LABEL_LINES, &GalleryWindow::OnLabelDialog)
 END_MESSAGE_MAP()
 
 void GalleryPicture::pan(int x, int y)
@@ -595,5 +598,17 @@ void GalleryWindow::OnMaterialDialog()
     environment.options = {L"SYSTEM"};
     const int result = VEK::dlgMatTree(environment, m_material);
     showStatus(result == 1 ? L"Material " + m_material : CVekString(L"No material"));
+    m_picture.SetFocus();
+}
+
+void GalleryWindow::OnOutlineDialog()
+{
+    showStatus(chooseOutline());
+    m_picture.SetFocus();
+}
+
+void GalleryWindow::OnLabelDialog(UINT id)
+{
+    showStatus(editLabel(id == ID_DIALOGS_LABEL_LINES));
     m_picture.SetFocus();
 }

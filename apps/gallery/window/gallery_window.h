@@ -67,6 +67,8 @@ protected:
     afx_msg void OnFilterDialog();
     afx_msg void OnMaterialTree();
     afx_msg void OnMaterialDialog();
+    afx_msg void OnOutlineDialog();
+    afx_msg void OnLabelDialog(UINT id);
     afx_msg LRESULT OnNextControl(WPARAM which, LPARAM isWindow);
     DECLARE_MESSAGE_MAP()
 
