@@ -86,13 +86,14 @@ TEST_F(LabelDialog, EditsTheTextsOfAllLanguages)
         type(kEnglish, L"Door¶Gate\\n3", L"Door");
         EXPECT_EQ(text(kEnglish), L"Door\nGate\n3");
         EXPECT_EQ(look(kEnglish), Look(50, 1));
+        EXPECT_TRUE(VEK::regWrite(kStore, L"de", L"before"));
         list->SendMessage(WM_COMMAND, 1029); // copies all
         EXPECT_EQ(menu(), L"Einzeilig Einfügen Kopieren ");
         list->SendMessage(WM_COMMAND, 1027); // one line
         EXPECT_EQ(text(kEnglish), L"Door Gate 3");
         EXPECT_EQ(look(kEnglish), Look(18, 0));
         list->SendMessage(WM_COMMAND, 1028); // pastes
-        EXPECT_EQ(text(kEnglish), L"Door\nGate\n3");
+        EXPECT_EQ(text(kEnglish) + text(kGerman), L"Door\nGate\n3");
         type(kEnglish, L"Tor", L"Door¶Gate¶3");
         type(kGerman, L"Tür", L"");
         type(kEnglish, L"", L"Tor");
