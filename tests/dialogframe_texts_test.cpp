@@ -94,7 +94,7 @@ TEST(Catalogue, HasEveryKeyOfTheSources)
                 EXPECT_TRUE(german.contains(key[1])) << key[1] << " of " << entry.path();
         }
     };
-    for (const char* folder : {"src", "include", "apps"})
+    for (const char* folder : {"src", "include", "apps", "examples"})
         check(folder);
     EXPECT_GT(files, 200);
     int labels = 0;

@@ -1,6 +1,10 @@
 #include "chosen.h"
 
+#include <hole_dialog.h>
 #include <vek/dialogs.h>
+#include <vek/json.h>
+
+#include <string_view>
 
 CVekString chooseOutline()
 {
@@ -28,5 +32,33 @@ CVekString editLabel(bool multi)
         return L"Label unchanged";
     CVekString text = L"Label " + label;
     text.replace(L'\n', L' ');
+    return text;
+}
+
+CVekString editHoles()
+{
+    constexpr std::string_view kBasePlate = R"({
+ "": {"DRAW": "L"}, "LABEL": "\\de:Fußplatte\\en:Base plate", "ORDER": "FP-12",
+ "HOLE": {
+  "A": {"GEN": {"TYPE": "DRILL", "D": 14.0}, "ORG": {"@point": [-60, -60, 0]}},
+  "B": {"GEN": {"TYPE": "DRILL", "D": 14.0}, "ORG": {"@point": [60, -60, 0]}},
+  "slot": {"GEN": {"TYPE": "OUTLINE", "CODE": 6, "PARMS": {"#1": 50.0, "#2": 14.0}}, "ORG": {"@point": [0, 60, 0]}},
+  "edge": {"GEN": {"@polylines": [[[-90, -90, 0, 90, -90, 0, 0], [90, -90, 0, 90, 90, 0, 0],
+                                   [90, 90, 0, -90, 90, 0, 0], [-90, 90, 0, -90, -90, 0, 0]]]}}
+ }})";
+    static CVekDataItem data;
+    static CVekString active(L"slot");
+    CVekString text;
+    if (!data.isDir() && !VEK::jsonRead(data, kBasePlate.data(), kBasePlate.size(), L"base plate", text))
+        return text;
+    CVekLocalApp host;
+    holeDialogEnter(host);
+    CVekApp* const before = vekAppSet(&host);
+    const int result = VEK::dlgBgr(VEK::DlgEnv_st(), active, &data, nullptr);
+    vekAppSet(before);
+    if (result != IDOK)
+        return L"Hole pattern unchanged";
+    text.format(L"Hole pattern of %d holes, selected: %s", static_cast<int>(holesOf(data.getItem(L"HOLE")).size()),
+                static_cast<const wchar_t*>(active));
     return text;
 }

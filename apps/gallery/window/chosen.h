@@ -9,3 +9,6 @@ CVekString chooseOutline();
 
 /// @param multi whether texts may have several lines
 CVekString editLabel(bool multi);
+
+/// In a host that has the hole dialog of the examples.
+CVekString editHoles();

@@ -62,6 +62,7 @@ ON_COMMAND(ID_DIALOGS_MATERIAL_TREE, &GalleryWindow::OnMaterialTree)
 ON_COMMAND(ID_DIALOGS_MATERIAL, &GalleryWindow::OnMaterialDialog)
 ON_COMMAND(ID_DIALOGS_OUTLINE, &GalleryWindow::OnOutlineDialog)
 ON_COMMAND_RANGE(ID_DIALOGS_LABEL, ID_DIALOGS_LABEL_LINES, &GalleryWindow::OnLabelDialog)
+ON_COMMAND(ID_DIALOGS_HOLES, &GalleryWindow::OnHoleDialog)
 ON_COMMAND(ID_DIALOGS_LIST, &GalleryWindow::OnListPage)
 ON_COMMAND(ID_DIALOGS_TABS, &GalleryWindow::OnTabPage)
 ON_COMMAND(ID_DIALOGS_UNITS, &GalleryWindow::OnUnitsDialog)
@@ -518,5 +519,11 @@ void GalleryWindow::OnOutlineDialog()
 void GalleryWindow::OnLabelDialog(UINT id)
 {
     showStatus(editLabel(id == ID_DIALOGS_LABEL_LINES));
+    m_picture.SetFocus();
+}
+
+void GalleryWindow::OnHoleDialog()
+{
+    showStatus(editHoles());
     m_picture.SetFocus();
 }

@@ -66,6 +66,7 @@ protected:
     afx_msg void OnMaterialDialog();
     afx_msg void OnOutlineDialog();
     afx_msg void OnLabelDialog(UINT id);
+    afx_msg void OnHoleDialog();
     DECLARE_MESSAGE_MAP()
 
 private:
