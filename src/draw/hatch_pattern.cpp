@@ -109,7 +109,7 @@ public:
         const CVekPoint3d row = (m_toWorld.translation() + m_across * y).asPoint();
         CVekVertexArray& line = m_lines[m_lines.len()];
         line.setNormal(m_normal);
-        line.reserve(count);
+        line.reserveExactly(count);
         for (int i = 0; i < count; ++i) {
             const HatchRows::Stretch& piece = pieces[static_cast<std::size_t>(i)];
             line.append(CVekVertex(row + m_along * piece.from, row + m_along * piece.to));
