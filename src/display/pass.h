@@ -34,6 +34,30 @@ private:
     const CVekMatrix3d& m_m;
 };
 
+/// Whether points lie wholly on one side of a rectangle.
+class Beside
+{
+public:
+    Beside(double left, double top, double right, double bottom)
+        : m_left(left), m_top(top), m_right(right), m_bottom(bottom)
+    {
+    }
+
+    /// @return whether all points so far lie beyond one and the same edge; once false, further points change nothing
+    bool add(const SurfacePoint& p)
+    {
+        m_isLeft = m_isLeft && p.x < m_left;
+        m_isRight = m_isRight && p.x > m_right;
+        m_isAbove = m_isAbove && p.y < m_top;
+        m_isBelow = m_isBelow && p.y > m_bottom;
+        return m_isLeft || m_isRight || m_isAbove || m_isBelow;
+    }
+
+private:
+    double m_left, m_top, m_right, m_bottom;
+    bool m_isLeft = true, m_isRight = true, m_isAbove = true, m_isBelow = true;
+};
+
 /// The chord tolerance for arcs.
 struct Chords {
     double tolerance = 0.0; ///< in the arc's units; 0: those of `vek_gdx_image_vl_split`
@@ -75,8 +99,9 @@ private:
     void drawPicture(const CVekDisplayItem& item);
     void drawText(const CVekDisplayItem& item, unsigned color);
 
+    Beside besideArea() const;
     bool isOutside(std::span<const SurfacePoint> points) const;
-    bool isOutside(const Region& region, const CVekMatrix3d& m);
+    bool isOutside(const Region& region, const CVekMatrix3d& m) const;
     Chords chords(const CVekMatrix3d& m) const;
     Chords textChords(const CVekMatrix3d& m) const;
     void fillScanLines(Region region, const CVekMatrix3d& m);

@@ -136,28 +136,29 @@ bool DrawPass::hatchLines(Region region, const CVekMatrix3d& m, const CHatchProp
 
 /// Whether all contours of a region are outside the drawing area, by their corners and how far their arcs may bulge
 /// beyond them.
-bool DrawPass::isOutside(const Region& region, const CVekMatrix3d& m)
+bool DrawPass::isOutside(const Region& region, const CVekMatrix3d& m) const
 {
     if (!m_rules.skipsOutside)
         return false;
     const DeviceMap map(m);
-    m_contour.clear();
+    Beside area = besideArea();
+    bool any = false;
     for (const CVekVertexArray& contour : region) {
+        any = any || contour.len() > 0;
         for (const CVekVertex& vertex : contour) {
             const SurfacePoint start = map(vertex.start);
-            m_contour.push_back(start);
+            if (!area.add(start))
+                return false;
             if (vertex.bulge == 0.0)
                 continue;
             const double reach = vertex.start.distanceTo(vertex.end) * (1.0 + std::fabs(vertex.bulge)) / deviceUnit(m);
-            m_contour.push_back({start.x - reach, start.y - reach});
-            m_contour.push_back({start.x + reach, start.y + reach});
+            if (!area.add({start.x - reach, start.y - reach}) || !area.add({start.x + reach, start.y + reach}))
+                return false;
         }
-        if (contour.len() > 0)
-            m_contour.push_back(map((contour.end() - 1)->end));
+        if (contour.len() > 0 && !area.add(map((contour.end() - 1)->end)))
+            return false;
     }
-    const bool outside = isOutside(m_contour);
-    m_contour.clear();
-    return outside;
+    return any;
 }
 
 void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)

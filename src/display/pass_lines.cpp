@@ -4,6 +4,7 @@
 
 #include <vek/draw/split.h>
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 
@@ -34,19 +35,19 @@ int Chords::count(const plane::SpaceArc& arc) const
     return tolerance == 0.0 ? detail::splitCount(arc) : arc.chords(tolerance);
 }
 
+/// The drawing area with room for the pen of the current item.
+Beside DrawPass::besideArea() const
+{
+    return {m_area.left - m_margin, m_area.top - m_margin, m_right + m_margin, m_bottom + m_margin};
+}
+
 /// Whether points, including the width of the current item's pen, lie wholly on one side of the drawing area.
 bool DrawPass::isOutside(std::span<const SurfacePoint> points) const
 {
     if (!m_rules.skipsOutside || points.empty())
         return false;
-    bool left = true, right = true, above = true, below = true;
-    for (const SurfacePoint& p : points) {
-        left = left && p.x < m_area.left - m_margin;
-        right = right && p.x > m_right + m_margin;
-        above = above && p.y < m_area.top - m_margin;
-        below = below && p.y > m_bottom + m_margin;
-    }
-    return left || right || above || below;
+    Beside area = besideArea();
+    return std::all_of(points.begin(), points.end(), [&](const SurfacePoint& p) { return area.add(p); });
 }
 
 /// Draws all finished lines. Must be called before any other call to the surface.
