@@ -52,13 +52,14 @@ CVekMatrix3d screenMatrix(const CVekGDX& gdx, const DrawArea& area)
 constexpr int kFetchItem = 16;
 constexpr int kFetchGeometry = 8;
 
-void fetchAhead(const CVekDisplayItem* items, int i, int count)
+void fetchAhead(const CVekDisplayList& list, int i)
 {
-    if (i + kFetchItem < count)
-        fetch(items + i + kFetchItem, sizeof *items);
-    if (i + kFetchGeometry < count) {
-        fetchGeometry(items[i + kFetchGeometry]);
-        fetch(items[i + kFetchGeometry].linetype.begin(), sizeof(double));
+    if (i + kFetchItem < list.len())
+        fetch(&list[i + kFetchItem], sizeof(CVekDisplayItem));
+    if (i + kFetchGeometry < list.len()) {
+        const CVekDisplayItem& item = list[i + kFetchGeometry];
+        fetchGeometry(item);
+        fetch(item.linetype.begin(), sizeof(double));
     }
 }
 
@@ -86,10 +87,9 @@ void DrawPass::run()
     m_surface.background(m_back);
     m_pictures.begin();
     const CVekDisplayList& list = m_gdx.getDisplayList();
-    const CVekDisplayItem* const items = list.begin();
     for (int i = 0; i < list.len(); ++i) {
-        fetchAhead(items, i, list.len());
-        const CVekDisplayItem& item = items[i];
+        fetchAhead(list, i);
+        const CVekDisplayItem& item = list[i];
         if ((item.flag & itemHidden) != 0)
             continue;
         m_margin = std::max(penWidth(item), 1) + m_area.scale;
