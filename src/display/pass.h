@@ -3,7 +3,10 @@
 
 #include "core/values/stepping.h"
 #include "display/pass_rules.h"
+#include "draw/dashes.h"
 #include "draw/hatch_plane.h"
+
+#include <vek/values/map.h>
 
 #include <optional>
 #include <span>
@@ -108,16 +111,23 @@ private:
     void fillPolygon(const Region& region, const CVekMatrix3d& m, Chords chords);
     void collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Chords chords);
     std::optional<detail::HatchView> visiblePart(const CVekMatrix3d& m) const;
-    bool hatchLines(Region region, const CVekMatrix3d& m, const CHatchProp& prop, Region& lines) const;
+    const VekPatternLines& hatchLines(const CVekString& name);
+    bool hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop);
 
     void prepareDashes(const CVekDisplayItem& item);
     void drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color);
     void drawPieces(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, bool dots, unsigned color);
     bool isShort(const CVekPoint3d& start, const CVekPoint3d& end) const;
     bool hasDots(const CVekVertexArray& vl) const;
+    void drawDashes(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color);
+    bool haveDots(const CVekVertexArray& vl);
+    detail::Stations visiblePart(const CVekVertexArray& piece, const DeviceMap& map) const;
     void drawDot(const SurfacePoint& at, unsigned color);
     void drawArc(const plane::SpaceArc& arc, const DeviceMap& map);
 
+    template <class IsDot>
+    void drawSegment(const CVekVertex& vertex, const CVekVector3d& normal, const DeviceMap& map, Chords chords,
+                     unsigned color, IsDot&& isDot);
     template <class IsDot>
     void drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, unsigned color, IsDot isDot);
     void addToLine(const SurfacePoint& p);
@@ -145,8 +155,12 @@ private:
     std::vector<SurfacePoint> m_lines; ///< points of pending lines, the last one still open
     std::vector<int> m_counts;         ///< number of points of each finished line
     std::size_t m_lineStart = 0;       ///< of the open line
-    CVekArrayTempl<double> m_dashes;   ///< line pattern of the current item; empty: continuous
+    CVekArrayTempl<double> m_linetype; ///< line pattern of the current item; empty: continuous
+    detail::Dashes m_dashes;           ///< lays it
+    detail::Dashes m_probe;            ///< lays it a second time
     CVekVertexArray m_line;
+    CVekMapTempl<CVekString, VekPatternLines> m_patterns; ///< of hatches, as the host has them
+    detail::HatchStrokes m_strokes;                       ///< of the current hatch
 };
 
 } // namespace VEK
