@@ -126,8 +126,11 @@ private:
     void drawArc(const plane::SpaceArc& arc, const DeviceMap& map);
 
     template <class IsDot>
-    void drawSegment(const CVekVertex& vertex, const CVekVector3d& normal, const DeviceMap& map, Chords chords,
-                     unsigned color, IsDot&& isDot);
+    void drawStraight(const CVekPoint3d& start, const CVekPoint3d& end, const DeviceMap& map, unsigned color,
+                      IsDot&& isDot);
+    template <class IsDot>
+    void drawBent(const CVekVertex& vertex, const CVekVector3d& normal, const DeviceMap& map, Chords chords,
+                  unsigned color, IsDot&& isDot);
     template <class IsDot>
     void drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, unsigned color, IsDot isDot);
     void addToLine(const SurfacePoint& p);

@@ -85,23 +85,23 @@ void DrawPass::addToLine(const SurfacePoint& p)
 
 /// @param isDot by the ends of a straight segment or a chord, whether it is drawn as a dot
 template <class IsDot>
-void DrawPass::drawSegment(const CVekVertex& vertex, const CVekVector3d& normal, const DeviceMap& map, Chords chords,
-                           unsigned color, IsDot&& isDot)
+inline void DrawPass::drawStraight(const CVekPoint3d& start, const CVekPoint3d& end, const DeviceMap& map,
+                                   unsigned color, IsDot&& isDot)
 {
-    const auto draw = [&](const CVekPoint3d& start, const CVekPoint3d& end) {
-        if (isDot(start, end)) {
-            endLine();
-            drawDot(map(start), color);
-            return;
-        }
-        if (m_lines.size() == m_lineStart)
-            m_lines.push_back(map(start));
-        addToLine(map(end));
-    };
-    if (vertex.bulge == 0.0) {
-        draw(vertex.start, vertex.end);
+    if (isDot(start, end)) {
+        endLine();
+        drawDot(map(start), color);
         return;
     }
+    if (m_lines.size() == m_lineStart)
+        m_lines.push_back(map(start));
+    addToLine(map(end));
+}
+
+template <class IsDot>
+void DrawPass::drawBent(const CVekVertex& vertex, const CVekVector3d& normal, const DeviceMap& map, Chords chords,
+                        unsigned color, IsDot&& isDot)
+{
     const plane::SpaceArc arc(vertex, normal);
     if (m_trueArcs && arc.bend.isArc() && arc.rise == CVekVector3d()) {
         drawArc(arc, map);
@@ -109,7 +109,7 @@ void DrawPass::drawSegment(const CVekVertex& vertex, const CVekVector3d& normal,
     }
     CVekPoint3d start = vertex.start;
     arc.step(chords.count(arc), [&](const CVekPoint3d& end) {
-        draw(start, end);
+        drawStraight(start, end, map, color, isDot);
         start = end;
     });
 }
@@ -124,7 +124,10 @@ void DrawPass::drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Ch
         if (!before || *before != vertex.start)
             endLine();
         before = &vertex.end;
-        drawSegment(vertex, vl.normal(), map, chords, color, isDot);
+        if (vertex.bulge == 0.0)
+            drawStraight(vertex.start, vertex.end, map, color, isDot);
+        else
+            drawBent(vertex, vl.normal(), map, chords, color, isDot);
     }
     endLine();
 }
@@ -239,7 +242,10 @@ void DrawPass::drawDashes(const CVekVertexArray& vl, const CVekMatrix3d& m, unsi
                 if (before != dash.start)
                     endLine();
                 before = dash.end;
-                drawSegment(dash, vl.normal(), map, fine, color, isDot);
+                if (dash.bulge == 0.0)
+                    drawStraight(dash.start, dash.end, map, color, isDot);
+                else
+                    drawBent(dash, vl.normal(), map, fine, color, isDot);
             });
     }
     endLine();
