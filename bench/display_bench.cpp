@@ -77,6 +77,20 @@ BENCHMARK(emission<&Arguments::polyline>)->RangeMultiplier(10)->Range(1000, 1000
 BENCHMARK(emission<&Arguments::point>)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK(emission<&Arguments::fill>)->RangeMultiplier(10)->Range(1000, 1000000);
 
+/// Emission into a new list, with arguments made for it: most of it is memory that is taken.
+void freshEmission(benchmark::State& state)
+{
+    const Arguments arguments;
+    for (auto _ : state) {
+        CVekGDX gdx = plain();
+        for (int64_t i = 0; i < state.range(0); ++i)
+            gdx.imageVl(arguments.stack, 0, CVekVertexArray(arguments.line[0]), {}, arguments.mtx, {}, 1.0, 0, {});
+        benchmark::DoNotOptimize(gdx.lenGet());
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(freshEmission)->RangeMultiplier(10)->Range(1000, 1000000);
+
 /// The baseline of emission: copying a finished item into a list with room.
 void copyOfFinishedItem(benchmark::State& state)
 {

@@ -95,6 +95,22 @@ template <class List>
     return ::testing::AssertionSuccess();
 }
 
+/// The same by single looks, which leave the items where they are stored.
+::testing::AssertionResult agreesOneByOne(const Open& gdx, const Model& model, unsigned start)
+{
+    const int count = gdx.lenGet();
+    for (int k = 0; k < count; ++k) {
+        const int i = (k * 7 + static_cast<int>(start)) % count;
+        const Plain& wanted = model.list[static_cast<std::size_t>(i)];
+        CVekArrayTempl<int> stack, same;
+        gdx.itemStackGet(stack, i);
+        gdx.itemStackGet(same, i - count);
+        if ((stack.len() > 0 ? stack[0] : 0) != wanted.id || !(stack == same) || gdx.typeGet(i) != wanted.type)
+            return ::testing::AssertionFailure() << "item " << i << " is not " << wanted.id;
+    }
+    return ::testing::AssertionSuccess();
+}
+
 /// @param modes number of colour modes in use; with one and no regions or pictures there is one class only
 void play(unsigned seed, unsigned modes, unsigned kinds)
 {
@@ -114,7 +130,7 @@ void play(unsigned seed, unsigned modes, unsigned kinds)
         emitOne();
     for (int step = 0; step < 60; ++step) {
         SCOPED_TRACE(::testing::Message() << "seed " << seed << " step " << step);
-        switch (random(16)) {
+        switch (random(20)) {
         case 0: emitOne(); break;
         case 1:
             gdx.displListSort();
@@ -151,9 +167,20 @@ void play(unsigned seed, unsigned modes, unsigned kinds)
             break;
         }
         case 8:
-            if (random(8) == 0)
+            if (random(24) == 0)
                 held = &static_cast<const CVekArrayTempl<CVekDisplayItem>&>(gdx.getDisplayList());
             break;
+        case 10:
+        case 11: ASSERT_TRUE(agreesOneByOne(gdx, model, random(1000))); break;
+        case 12: {
+            if (model.list.empty())
+                break;
+            const std::size_t at = random(static_cast<unsigned>(model.list.size()));
+            model.list[at].mode = random(modes);
+            gdx.cFlagSet(static_cast<int>(at), model.list[at].mode);
+            gdx.flagSet(static_cast<int>(at), propHide);
+            break;
+        }
         case 9:
             if (random(8) == 0) {
                 gdx.clear();

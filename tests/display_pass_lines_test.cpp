@@ -3,6 +3,7 @@
 
 #include <vek/geometry.h>
 #include <vek/host.h>
+#include <vek/values/units.h>
 
 #include <cmath>
 #include <numbers>
@@ -179,6 +180,86 @@ TEST(PassDashes, RunAlongArcsAndOutlinesAndInTheView)
     EXPECT_EQ(dashes, 3); // two patterns, on what is seen of the line
 }
 
+/// A line pattern as the pass lays it: dots have their length.
+CVekArrayTempl<double> laid(const CVekArrayTempl<double>& linetype, double scale)
+{
+    CVekArrayTempl<double> dashes;
+    double dot = 0.21;
+    VEK::acadUnitCv(dot, Vek::unitMillimetre, Vek::unitCurrent);
+    for (const double dash : linetype)
+        dashes.append(dash == 0.0 ? dot : dash * scale);
+    return dashes;
+}
+
+TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
+{
+    shapes::Random random(31);
+    const auto picture = [](Gdx& gdx) {
+        VEK::CPixels pixels;
+        EXPECT_TRUE(VEK::rasterPixels(pixels, 200, 100, 0xFFFFFF));
+        VEK::gdxDraw(gdx, *VEK::rasterSurface(pixels), 100, 200, kScreen);
+        return std::move(pixels.data);
+    };
+    const auto blank = [&] {
+        Gdx gdx = grey();
+        return picture(gdx);
+    }();
+    const auto unit = VEK::acad_unit_get();
+    int shown = 0, dotted = 0, judged = 0;
+    for (int round = 0; round < 400; ++round) {
+        SCOPED_TRACE(round);
+        VEK::acad_unit_set(static_cast<Vek::lUnit>(random.pick({1, 4, 4, 5})));
+        CVekArrayTempl<double> linetype;
+        for (int i = 2 + random.whole(4); i > 0; --i)
+            linetype.append(random.coin() ? random.uniform(-9, 0) : random.pick({0.0, 0.1, 5.0, 12.0}));
+        if (linetype.len() == 3 && linetype[0] == 0.0 && linetype[1] == 0.0) // a short form of another pattern
+            continue;
+        const double scale = random.pick({1.0, 0.3, 4.0}), reach = random.pick({3.0, 60.0, 900.0, 9000.0});
+        CVekVertexArray vl = random.coin() ? random.star(0, 0, 0.3 * reach, reach, 3 + random.whole(5))
+                                           : random.walk(1 + random.whole(4), reach);
+        if (random.coin())
+            vl.transformBy(random.tilt());
+        if (random.coin())
+            shapes::turnNormal(vl);
+        CVekMatrix3d view, zoom, place, own, mirror;
+        if (random.coin())
+            view = random.motion();
+        if (random.coin())
+            own = mirror.setToMirroring({CVekPoint3d::kOrigin, random.direction()});
+        CVekVertexArray seen = vl;
+        seen.transformBy(view);
+        const CVekArrayTempl<double> dashes = laid(linetype, scale);
+        const CVekPoint3d at = seen[random.whole(seen.len())].mid() * own; // comes to lie in the picture
+        place.setToTranslation(CVekPoint3d(random.uniform(0, 200), random.uniform(0, 100), 0) - CVekPoint3d::kOrigin);
+        zoom = place * zoom.setToScaling(random.pick({0.5, 1.0, 7.0}), CVekPoint3d::kOrigin);
+        CVekMatrix3d centre;
+        zoom = zoom * centre.setToTranslation(CVekPoint3d::kOrigin - at);
+
+        Gdx quick = grey(), plain = grey();
+        quick.viewDirectionMtxSet(view);
+        quick.imageVl(path({}), itemNoExt, vl, kRed, own, linetype, scale, 1 + round % 4, {});
+        ASSERT_TRUE(vek_gdx_image_vl_measure(seen, dashes, 1)); // the dashes of all of it, drawn as a plain polyline
+        plain.imageVl(path({}), itemNoExt, seen, kRed, own, {}, 1.0, 1 + round % 4, {});
+        for (Gdx* gdx : {&quick, &plain})
+            gdx->zoomMtxSet(zoom);
+        EXPECT_EQ(calls(quick, kPaper), calls(plain, kPaper));
+        const auto pixels = picture(quick);
+        EXPECT_TRUE(pixels == picture(plain));
+        shown += pixels != blank;
+        dotted += draw(quick, kScreen).text().find("pixel") != std::string::npos;
+        ++judged;
+    }
+    VEK::acad_unit_set(unit);
+    EXPECT_GT(judged, 380);
+    EXPECT_GT(shown, 250);
+    EXPECT_GT(dotted, 60);
+
+    Gdx far = grey(); // 120 m of dots, of which the picture shows 200 mm
+    addDashed(far, {0, 0, 3}, 1, line(0, 5, 120000, 5));
+    const auto recorded = draw(far, kScreen);
+    EXPECT_NEAR(static_cast<double>(recorded.calls().size()), 200 / 4.21, 12);
+}
+
 /// A host with patterns, on while it lives.
 class PatternHost
 {
@@ -195,8 +276,20 @@ public:
     }
     ~PatternHost() { vekAppSet(m_before); }
 
+    int asked() const { return m_app.asked; }
+
 private:
-    CVekLocalApp m_app;
+    struct App : CVekLocalApp {
+        int asked = 0;
+
+        void hatchPatternGet(const wchar_t* name, VekPatternLines& lines) override
+        {
+            ++asked;
+            CVekLocalApp::hatchPatternGet(name, lines);
+        }
+    };
+
+    App m_app;
     CVekApp* m_before = vekAppSet(&m_app);
 };
 
@@ -244,6 +337,19 @@ TEST(PassHatch, LinesDotsOrSolid)
         }
         EXPECT_EQ(dots > 6, c.paper == 0);
     }
+}
+
+TEST(PassHatch, AsksTheHostOnceForAPattern)
+{
+    const PatternHost host;
+    Gdx gdx = grey();
+    for (const wchar_t* name : {L"TWO", L"DASHED", L"NONE", L"TWO", L"DASHED", L"NONE"})
+        gdx.imageReg(path({}), itemHatch, square(90), kRed, kNone, {}, 1.0, 1, kRed, VEK::CHatchProp(name, 0, 3, false),
+                     CVekPoint3d());
+    EXPECT_GT(countOf(calls(gdx, kScreen), "lineTo"), 20u);
+    EXPECT_EQ(host.asked(), 3);
+    calls(gdx, kScreen);
+    EXPECT_EQ(host.asked(), 6); // it may have changed
 }
 
 TEST(PassHatch, IsDrawnWhereItIsSeenAndSolidWhereItTakesTooManyLines)

@@ -12,8 +12,15 @@ inline void fetch([[maybe_unused]] const void* from, [[maybe_unused]] std::size_
 {
 #ifdef __GNUC__ // other compilers do without
     for (std::size_t at = 0; at < size; at += 64)
-        __builtin_prefetch(static_cast<const char*>(from) + at, 0, 0);
+        __builtin_prefetch(static_cast<const char*>(from) + at);
 #endif
+}
+
+/// Prefetches what a plain polyline is drawn from: all but what only hatches, texts and pictures have.
+inline void fetchPlain(const CVekDisplayItem& item)
+{
+    const char* const from = reinterpret_cast<const char*>(&item);
+    fetch(from, static_cast<std::size_t>(reinterpret_cast<const char*>(&item.hatch) - from));
 }
 
 /// Prefetches the geometry of a short polyline, which is stored apart from its item.

@@ -12,7 +12,7 @@ namespace
 void keepReference(CVekDisplayItem& item, const CVekPoint3d& refPoint)
 {
     if (item.flag & itemScreenFixed)
-        item.vl.append(CVekVertex(refPoint, CVekPoint3d::kOrigin, 0.0));
+        item.vl = CVekVertex(refPoint, CVekPoint3d::kOrigin);
 }
 
 void setPen(CVekDisplayItem& item, const CVekArrayTempl<double>& linetype, double ltscale, unsigned long thickn,
@@ -21,7 +21,7 @@ void setPen(CVekDisplayItem& item, const CVekArrayTempl<double>& linetype, doubl
     if (linetype.len() > 0)
         item.linetype = linetype;
     else
-        item.linetype.append(1.0);
+        item.linetype = {1.0};
     item.ltscale = ltscale;
     item.thickn = static_cast<int>(thickn);
     if (item.flag & itemScreenFixed)
@@ -125,7 +125,7 @@ void CVekGDX::imagePicture(const Stack& stack, unsigned long flag, const wchar_t
         item.txt = file;
         item.pdMode = static_cast<unsigned>(id);
         if (corner1 != corner2)
-            item.vl.append(CVekVertex(corner1, corner2, 0.0));
+            item.vl = CVekVertex(corner1, corner2);
         return true;
     });
 }
@@ -137,8 +137,7 @@ void CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const wchar_t* te
     emit(dispText, stack, flag, [&](CVekDisplayItem& item) {
         item.color = color;
         item.mtx = mtx;
-        for (const double value : {1.0, 0.0, 0.0})
-            item.linetype.append(value);
+        item.linetype = {1.0, 0.0, 0.0};
         item.point = point;
         item.txtAlign = align;
         item.txt = text;

@@ -10,7 +10,7 @@ bool CVekGDX::forGroup(const Stack& stack, Change change)
 {
     bool any = false;
     for (int i = 0; i < displayList.len(); ++i) {
-        if (VEK::inGroup(displayList[i], stack)) {
+        if (VEK::inGroup(displayList.keepingClass(i), stack)) {
             change(i);
             any = true;
         }
@@ -20,8 +20,11 @@ bool CVekGDX::forGroup(const Stack& stack, Change change)
 
 bool CVekGDX::inAny(const Stack& stack) const
 {
-    return std::any_of(displayList.begin(), displayList.end(),
-                       [&](const CVekDisplayItem& item) { return VEK::inGroup(item, stack); });
+    for (int i = 0; i < displayList.len(); ++i) {
+        if (VEK::inGroup(displayList[i], stack))
+            return true;
+    }
+    return false;
 }
 
 CVekArrayTempl<int> CVekGDX::StackToItemNr(const Stack& stack) const
@@ -137,7 +140,8 @@ bool CVekGDX::flagsSet(int code, IsIn isIn)
     };
     if (!measure(corners, projMtx * viewDirectionMtx, look))
         return false;
-    for (CVekDisplayItem& item : displayList) {
+    for (int i = 0; i < displayList.len(); ++i) {
+        CVekDisplayItem& item = displayList.keepingClass(i);
         if (isIn(item))
             item.flag = changedFlag(item.flag, code);
     }
@@ -271,7 +275,7 @@ bool CVekGDX::removeItemStack(const Stack& stack)
         return false;
     int kept = 0;
     for (int i = 0; i < displayList.len(); ++i) {
-        if (VEK::inGroup(displayList[i], path))
+        if (VEK::inGroup(displayList.keepingClass(i), path))
             continue;
         if (kept < i)
             displayList[kept] = std::move(displayList[i]);

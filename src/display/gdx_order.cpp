@@ -1,7 +1,9 @@
 // Draw order and picking.
 #include "core/values/stepping.h"
+#include "display/fetch.h"
 
 #include <vek/display/gdx.h>
+#include <vek/values/memory.h>
 
 namespace
 {
@@ -92,13 +94,23 @@ CVekPoint3d CVekGDX::imagePtWc(const CVekPoint3d& devicePoint) const
 
 int CVekGDX::imageItemGet(const CVekPoint3d& devicePoint)
 {
+    constexpr int kAhead = 8;
+    const unsigned long shortages = VEK::memoryShortages();
     Picker picker(imagePtWc(devicePoint));
+    if (!displayList.sort())
+        return -1;
     int number = -1;
-    const bool complete = displayList.pick([&](CVekDisplayItem& item) {
-        const bool hit = picker.hits(item);
-        if (hit)
+    for (int i = displayList.len() - 1; i >= 0; --i) {
+        if (i >= kAhead)
+            VEK::fetchGeometry(displayList.keepingClass(i - kAhead));
+        CVekDisplayItem& item = displayList.keepingClass(i);
+        if (picker.hits(item)) {
             number = item.stack[0];
-        return hit;
-    });
-    return complete ? number : -1;
+            break;
+        }
+    }
+    if (VEK::memoryShortages() != shortages)
+        return -1;
+    displayList.reverse();
+    return number;
 }

@@ -13,7 +13,8 @@ template <class Look>
 bool CVekGDX::measure(Corners& corners, const CVekMatrix3d& view, Look&& look)
 {
     return VEK::whole(false, [&] {
-        for (CVekDisplayItem& item : displayList) {
+        for (int i = 0; i < displayList.len(); ++i) {
+            CVekDisplayItem& item = displayList.keepingClass(i);
             Seen seen{item.hasExtents(), &item.mtx, &item.regl};
             look(item, seen);
             if (!seen.counts)

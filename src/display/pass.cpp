@@ -48,19 +48,21 @@ CVekMatrix3d screenMatrix(const CVekGDX& gdx, const DrawArea& area)
     return moved(move * flip * unit * gdx.projMtxGet(), area);
 }
 
+/// Whether a matrix changes nothing. Most items have no other, so there is no branch, and no call.
+inline bool isIdentity(const CVekMatrix3d& m)
+{
+    const CVekMatrix3d::Rows& rows = m;
+    bool is = true;
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 4; ++column)
+            is &= rows[row][column] == (row == column ? 1.0 : 0.0);
+    }
+    return is;
+}
+
 /// Prefetch distances: first the item, and once that has arrived, the data stored apart from it.
 constexpr int kFetchItem = 16;
 constexpr int kFetchGeometry = 8;
-
-void fetchAhead(const CVekDisplayItem* items, int i, int count)
-{
-    if (i + kFetchItem < count)
-        fetch(items + i + kFetchItem, sizeof *items);
-    if (i + kFetchGeometry < count) {
-        fetchGeometry(items[i + kFetchGeometry]);
-        fetch(items[i + kFetchGeometry].linetype.begin(), sizeof(double));
-    }
-}
 
 } // namespace
 
@@ -70,7 +72,7 @@ DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, const DrawArea& area, 
       m_right(area.left + area.width), m_bottom(area.top + area.height),
       m_back(static_cast<unsigned>(gdx.backColorGet().oleColor() & 0xFFFFFF)),
       m_total(moved(gdx.zoomMtxGet() * gdx.viewMtxGet() * gdx.projMtxGet(), area)),
-      m_viewTurns(!(gdx.viewDirectionMtxGet() == CVekMatrix3d::kIdentity)), m_base(m_total * gdx.viewDirectionMtxGet()),
+      m_viewTurns(!isIdentity(gdx.viewDirectionMtxGet())), m_base(m_total * gdx.viewDirectionMtxGet()),
       m_dotLength(inDrawingUnits(kDotLength)), m_shortLength(inDrawingUnits(kShortLength)),
       m_trueArcs(surface.hasArcs())
 {
@@ -86,10 +88,22 @@ void DrawPass::run()
     m_surface.background(m_back);
     m_pictures.begin();
     const CVekDisplayList& list = m_gdx.getDisplayList();
-    const CVekDisplayItem* const items = list.begin();
-    for (int i = 0; i < list.len(); ++i) {
-        fetchAhead(items, i, list.len());
-        const CVekDisplayItem& item = items[i];
+    const int count = list.len();
+    const CVekDisplayItem* ahead[kFetchItem] = {}; // the next items, each looked up once
+    for (int i = 0; i < std::min(count, kFetchItem); ++i)
+        ahead[i] = &list[i];
+    for (int i = 0; i < count; ++i) {
+        const CVekDisplayItem& item = *ahead[i % kFetchItem];
+        if (i + kFetchItem < count) {
+            const CVekDisplayItem& later = list[i + kFetchItem];
+            fetchPlain(later);
+            ahead[i % kFetchItem] = &later;
+        }
+        if (i + kFetchGeometry < count) {
+            const CVekDisplayItem& next = *ahead[(i + kFetchGeometry) % kFetchItem];
+            fetchGeometry(next);
+            fetch(next.linetype.begin(), sizeof(double));
+        }
         if ((item.flag & itemHidden) != 0)
             continue;
         m_margin = std::max(penWidth(item), 1) + m_area.scale;
@@ -156,7 +170,7 @@ CVekMatrix3d DrawPass::fixedMatrix(const CVekDisplayItem& item)
 const CVekMatrix3d& DrawPass::matrix(const CVekDisplayItem& item, From from)
 {
     const bool screenFixed = (item.flag & itemScreenFixed) != 0;
-    const bool own = !(item.mtx == CVekMatrix3d::kIdentity);
+    const bool own = !isIdentity(item.mtx);
     if (!screenFixed && !own)
         return from == From::stored ? m_base : m_total;
     m_matrix = screenFixed ? fixedMatrix(item) : m_total;

@@ -3,7 +3,10 @@
 
 #include "core/values/stepping.h"
 #include "display/pass_rules.h"
+#include "draw/dashes.h"
 #include "draw/hatch_plane.h"
+
+#include <vek/values/map.h>
 
 #include <optional>
 #include <span>
@@ -32,6 +35,30 @@ public:
 private:
     // No copy: reading it back right after the store would wait for all pixel stores of the item before.
     const CVekMatrix3d& m_m;
+};
+
+/// Whether points lie wholly on one side of a rectangle.
+class Beside
+{
+public:
+    Beside(double left, double top, double right, double bottom)
+        : m_left(left), m_top(top), m_right(right), m_bottom(bottom)
+    {
+    }
+
+    /// @return whether all points so far lie beyond one and the same edge; once false, further points change nothing
+    bool add(const SurfacePoint& p)
+    {
+        m_isLeft = m_isLeft && p.x < m_left;
+        m_isRight = m_isRight && p.x > m_right;
+        m_isAbove = m_isAbove && p.y < m_top;
+        m_isBelow = m_isBelow && p.y > m_bottom;
+        return m_isLeft || m_isRight || m_isAbove || m_isBelow;
+    }
+
+private:
+    double m_left, m_top, m_right, m_bottom;
+    bool m_isLeft = true, m_isRight = true, m_isAbove = true, m_isBelow = true;
 };
 
 /// The chord tolerance for arcs.
@@ -75,24 +102,35 @@ private:
     void drawPicture(const CVekDisplayItem& item);
     void drawText(const CVekDisplayItem& item, unsigned color);
 
+    Beside besideArea() const;
     bool isOutside(std::span<const SurfacePoint> points) const;
-    bool isOutside(const Region& region, const CVekMatrix3d& m);
+    bool isOutside(const Region& region, const CVekMatrix3d& m) const;
     Chords chords(const CVekMatrix3d& m) const;
     Chords textChords(const CVekMatrix3d& m) const;
     void fillScanLines(Region region, const CVekMatrix3d& m);
     void fillPolygon(const Region& region, const CVekMatrix3d& m, Chords chords);
     void collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Chords chords);
     std::optional<detail::HatchView> visiblePart(const CVekMatrix3d& m) const;
-    bool hatchLines(Region region, const CVekMatrix3d& m, const CHatchProp& prop, Region& lines) const;
+    const VekPatternLines& hatchLines(const CVekString& name);
+    bool hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop);
 
     void prepareDashes(const CVekDisplayItem& item);
     void drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color);
     void drawPieces(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, bool dots, unsigned color);
     bool isShort(const CVekPoint3d& start, const CVekPoint3d& end) const;
     bool hasDots(const CVekVertexArray& vl) const;
+    void drawDashes(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color);
+    bool haveDots(const CVekVertexArray& vl);
+    detail::Stations visiblePart(const CVekVertexArray& piece, const DeviceMap& map) const;
     void drawDot(const SurfacePoint& at, unsigned color);
     void drawArc(const plane::SpaceArc& arc, const DeviceMap& map);
 
+    template <class IsDot>
+    void drawStraight(const CVekPoint3d& start, const CVekPoint3d& end, const DeviceMap& map, unsigned color,
+                      IsDot&& isDot);
+    template <class IsDot>
+    void drawBent(const CVekVertex& vertex, const CVekVector3d& normal, const DeviceMap& map, Chords chords,
+                  unsigned color, IsDot&& isDot);
     template <class IsDot>
     void drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, unsigned color, IsDot isDot);
     void addToLine(const SurfacePoint& p);
@@ -120,8 +158,12 @@ private:
     std::vector<SurfacePoint> m_lines; ///< points of pending lines, the last one still open
     std::vector<int> m_counts;         ///< number of points of each finished line
     std::size_t m_lineStart = 0;       ///< of the open line
-    CVekArrayTempl<double> m_dashes;   ///< line pattern of the current item; empty: continuous
+    CVekArrayTempl<double> m_linetype; ///< line pattern of the current item; empty: continuous
+    detail::Dashes m_dashes;           ///< lays it
+    detail::Dashes m_probe;            ///< lays it a second time
     CVekVertexArray m_line;
+    CVekMapTempl<CVekString, VekPatternLines> m_patterns; ///< of hatches, as the host has them
+    detail::HatchStrokes m_strokes;                       ///< of the current hatch
 };
 
 } // namespace VEK

@@ -2,6 +2,7 @@
 #include "core/geometry/prepared_region.h"
 #include "display/pass.h"
 
+#include <vek/data/app.h>
 #include <vek/draw/split.h>
 
 #include <algorithm>
@@ -124,40 +125,50 @@ std::optional<detail::HatchView> DrawPass::visiblePart(const CVekMatrix3d& m) co
     return view;
 }
 
-/// The visible lines of a hatch.
+/// The lines of a pattern, asked for once in a pass.
+const VekPatternLines& DrawPass::hatchLines(const CVekString& name)
+{
+    if (const VekPatternLines* known = m_patterns.get(name))
+        return *known;
+    VekPatternLines& lines = m_patterns[name];
+    vekAppPtr()->hatchPatternGet(name, lines);
+    return lines;
+}
+
+/// Collects the visible lines of a hatch.
 /// @return false if they are too many to draw
-bool DrawPass::hatchLines(Region region, const CVekMatrix3d& m, const CHatchProp& prop, Region& lines) const
+bool DrawPass::hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop)
 {
     const std::optional<detail::HatchView> view = visiblePart(m);
-    bool cutShort = false;
-    lines = detail::hatchPattern(std::move(region), CVekMatrix3d(), prop, view ? &*view : nullptr, cutShort);
-    return !cutShort;
+    return detail::hatchPattern(std::move(region), CVekMatrix3d(), prop, hatchLines(prop.name), view ? &*view : nullptr,
+                                m_strokes);
 }
 
 /// Whether all contours of a region are outside the drawing area, by their corners and how far their arcs may bulge
 /// beyond them.
-bool DrawPass::isOutside(const Region& region, const CVekMatrix3d& m)
+bool DrawPass::isOutside(const Region& region, const CVekMatrix3d& m) const
 {
     if (!m_rules.skipsOutside)
         return false;
     const DeviceMap map(m);
-    m_contour.clear();
+    Beside area = besideArea();
+    bool any = false;
     for (const CVekVertexArray& contour : region) {
+        any = any || contour.len() > 0;
         for (const CVekVertex& vertex : contour) {
             const SurfacePoint start = map(vertex.start);
-            m_contour.push_back(start);
+            if (!area.add(start))
+                return false;
             if (vertex.bulge == 0.0)
                 continue;
             const double reach = vertex.start.distanceTo(vertex.end) * (1.0 + std::fabs(vertex.bulge)) / deviceUnit(m);
-            m_contour.push_back({start.x - reach, start.y - reach});
-            m_contour.push_back({start.x + reach, start.y + reach});
+            if (!area.add({start.x - reach, start.y - reach}) || !area.add({start.x + reach, start.y + reach}))
+                return false;
         }
-        if (contour.len() > 0)
-            m_contour.push_back(map((contour.end() - 1)->end));
+        if (contour.len() > 0 && !area.add(map((contour.end() - 1)->end)))
+            return false;
     }
-    const bool outside = isOutside(m_contour);
-    m_contour.clear();
-    return outside;
+    return any;
 }
 
 void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
@@ -167,16 +178,16 @@ void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
     const CVekMatrix3d& stored = matrix(item, From::stored);
     if ((fills || hatches) && item.reg.len() > 0 && !isOutside(item.reg, stored)) {
         const bool inRows = m_rules.fill == PassRules::Fill::scanLines;
-        Region split, lines;
+        Region split;
         if (hatches || inRows)
             split = vek_gdx_image_reg_split(item.reg);
         if (hatches) {
             const Region& tested = m_rules.splitsBeforeTest ? split : item.reg;
-            hatches = detail::patternTest(tested, item.hatch, testMatrix(item));
+            hatches = detail::patternTest(tested, item.hatch, hatchLines(item.hatch.name), testMatrix(item));
             fills = fills || !hatches;
         }
         if (hatches && (!fills || m_rules.fillAndHatch)) {
-            hatches = hatchLines(inRows ? split : std::move(split), stored, item.hatch, lines);
+            hatches = hatch(inRows ? split : std::move(split), stored, item.hatch);
             fills = fills || !hatches;
         } else {
             hatches = false;
@@ -194,8 +205,10 @@ void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
             if (fills && inRows && width != 1)
                 m_surface.pen(width, inside);
             const bool alwaysDots = item.hatch.name == L"DOTS";
-            for (const CVekVertexArray& line : lines)
-                drawPieces(line, stored, Chords{}, alwaysDots || hasDots(line), inside);
+            for (int i = 0; i < m_strokes.len(); ++i) {
+                m_strokes.get(i, m_line);
+                drawPieces(m_line, stored, Chords{}, alwaysDots || hasDots(m_line), inside);
+            }
             flushLines();
         }
     }

@@ -2,8 +2,7 @@
 #include "display/pass.h"
 #include "draw/split_arc.h"
 
-#include <vek/draw/split.h>
-
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 
@@ -34,19 +33,19 @@ int Chords::count(const plane::SpaceArc& arc) const
     return tolerance == 0.0 ? detail::splitCount(arc) : arc.chords(tolerance);
 }
 
+/// The drawing area with room for the pen of the current item.
+Beside DrawPass::besideArea() const
+{
+    return {m_area.left - m_margin, m_area.top - m_margin, m_right + m_margin, m_bottom + m_margin};
+}
+
 /// Whether points, including the width of the current item's pen, lie wholly on one side of the drawing area.
 bool DrawPass::isOutside(std::span<const SurfacePoint> points) const
 {
     if (!m_rules.skipsOutside || points.empty())
         return false;
-    bool left = true, right = true, above = true, below = true;
-    for (const SurfacePoint& p : points) {
-        left = left && p.x < m_area.left - m_margin;
-        right = right && p.x > m_right + m_margin;
-        above = above && p.y < m_area.top - m_margin;
-        below = below && p.y > m_bottom + m_margin;
-    }
-    return left || right || above || below;
+    Beside area = besideArea();
+    return std::all_of(points.begin(), points.end(), [&](const SurfacePoint& p) { return area.add(p); });
 }
 
 /// Draws all finished lines. Must be called before any other call to the surface.
@@ -84,6 +83,37 @@ void DrawPass::addToLine(const SurfacePoint& p)
     }
 }
 
+/// @param isDot by the ends of a straight segment or a chord, whether it is drawn as a dot
+template <class IsDot>
+inline void DrawPass::drawStraight(const CVekPoint3d& start, const CVekPoint3d& end, const DeviceMap& map,
+                                   unsigned color, IsDot&& isDot)
+{
+    if (isDot(start, end)) {
+        endLine();
+        drawDot(map(start), color);
+        return;
+    }
+    if (m_lines.size() == m_lineStart)
+        m_lines.push_back(map(start));
+    addToLine(map(end));
+}
+
+template <class IsDot>
+void DrawPass::drawBent(const CVekVertex& vertex, const CVekVector3d& normal, const DeviceMap& map, Chords chords,
+                        unsigned color, IsDot&& isDot)
+{
+    const plane::SpaceArc arc(vertex, normal);
+    if (m_trueArcs && arc.bend.isArc() && arc.rise == CVekVector3d()) {
+        drawArc(arc, map);
+        return;
+    }
+    CVekPoint3d start = vertex.start;
+    arc.step(chords.count(arc), [&](const CVekPoint3d& end) {
+        drawStraight(start, end, map, color, isDot);
+        start = end;
+    });
+}
+
 template <class IsDot>
 void DrawPass::drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, unsigned color,
                             IsDot isDot)
@@ -91,33 +121,13 @@ void DrawPass::drawSegments(const CVekVertexArray& vl, const CVekMatrix3d& m, Ch
     const DeviceMap map(m);
     const CVekPoint3d* before = nullptr;
     for (const CVekVertex& vertex : vl) {
-        const auto draw = [&](const CVekPoint3d& start, const CVekPoint3d& end) {
-            if (isDot(start, end)) {
-                endLine();
-                drawDot(map(start), color);
-                return;
-            }
-            if (m_lines.size() == m_lineStart)
-                m_lines.push_back(map(start));
-            addToLine(map(end));
-        };
         if (!before || *before != vertex.start)
             endLine();
         before = &vertex.end;
-        if (vertex.bulge == 0.0) {
-            draw(vertex.start, vertex.end);
-            continue;
-        }
-        const plane::SpaceArc arc(vertex, vl.normal());
-        if (m_trueArcs && arc.bend.isArc() && arc.rise == CVekVector3d()) {
-            drawArc(arc, map);
-            continue;
-        }
-        CVekPoint3d start = vertex.start;
-        arc.step(chords.count(arc), [&](const CVekPoint3d& end) {
-            draw(start, end);
-            start = end;
-        });
+        if (vertex.bulge == 0.0)
+            drawStraight(vertex.start, vertex.end, map, color, isDot);
+        else
+            drawBent(vertex, vl.normal(), map, chords, color, isDot);
     }
     endLine();
 }
@@ -169,19 +179,21 @@ void DrawPass::prepareDashes(const CVekDisplayItem& item)
 {
     const CVekArrayTempl<double>& type = item.linetype;
     if (isPattern(type, {1.0}) || isPattern(type, {1.0, 0.0, 0.0})) {
-        m_dashes.setLogicalLength(0);
+        m_linetype.setLogicalLength(0);
         return;
     }
     if (isPattern(type, {1.0, 1.0, 0.0}))
-        assign(m_dashes, {10.0, -4.0});
+        assign(m_linetype, {10.0, -4.0});
     else if (isPattern(type, {1.0, 1.0, 1.0}))
-        assign(m_dashes, {11.0, -5.0, 0.0, -5.0});
+        assign(m_linetype, {11.0, -5.0, 0.0, -5.0});
     else if (type.len() == 3 && type[0] == 0.0 && type[1] == 0.0 && type[2] != 0.0)
-        assign(m_dashes, {0.0, -4.0});
+        assign(m_linetype, {0.0, -4.0});
     else
-        m_dashes = type;
-    for (double& dash : m_dashes)
+        m_linetype = type;
+    for (double& dash : m_linetype)
         dash = dash == 0.0 ? m_dotLength : dash * item.ltscale;
+    if (m_linetype.len() > 1)
+        m_dashes.assign(m_linetype, true);
 }
 
 /// Draws a stored polyline with the line pattern of the item.
@@ -189,12 +201,14 @@ void DrawPass::prepareDashes(const CVekDisplayItem& item)
 void DrawPass::drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color)
 {
     const CVekVertexArray* line = &vl;
-    if (m_viewTurns || m_dashes.len() > 1) {
+    if (m_viewTurns) {
         m_line = vl;
-        if (m_viewTurns)
-            m_line.transformBy(m_gdx.viewDirectionMtxGet());
-        vek_gdx_image_vl_measure(m_line, m_dashes, 1);
+        m_line.transformBy(m_gdx.viewDirectionMtxGet());
         line = &m_line;
+    }
+    if (m_linetype.len() > 1) {
+        drawDashes(*line, m, color);
+        return;
     }
     std::optional<bool> dots; // determined only when there is a short segment
     drawSegments(*line, m, chords(m), color, [&](const CVekPoint3d& start, const CVekPoint3d& end) {
@@ -204,6 +218,111 @@ void DrawPass::drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsign
             dots = hasDots(*line);
         return *dots;
     });
+}
+
+/// Draws the dashes of a polyline as they are laid, on the screen only those of its visible part.
+void DrawPass::drawDashes(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color)
+{
+    const DeviceMap map(m);
+    const Chords fine = chords(m);
+    std::optional<bool> dots;
+    const auto isDot = [&](const CVekPoint3d& start, const CVekPoint3d& end) {
+        if (!isShort(start, end))
+            return false;
+        if (!dots)
+            dots = haveDots(vl);
+        return *dots;
+    };
+    CVekPoint3d before;
+    m_dashes.begin(vl.normal());
+    for (const CVekVertex& vertex : vl) {
+        m_dashes.laySegment(
+            vertex, [&](const CVekVertexArray& piece) { return visiblePart(piece, map); },
+            [&](const CVekVertex& dash) {
+                if (before != dash.start)
+                    endLine();
+                before = dash.end;
+                if (dash.bulge == 0.0)
+                    drawStraight(dash.start, dash.end, map, color, isDot);
+                else
+                    drawBent(dash, vl.normal(), map, fine, color, isDot);
+            });
+    }
+    endLine();
+}
+
+/// Whether short dashes of a polyline are dots, as `hasDots` tells it of all its dashes. What lies between the first
+/// two patterns and the last two of a segment repeats them and is not looked at.
+bool DrawPass::haveDots(const CVekVertexArray& vl)
+{
+    bool gap = false, repeats = false;
+    std::optional<CVekPoint3d> first, last;
+    const auto look = [&](const CVekVertex& dash) {
+        gap = gap || (last && !repeats && !plane::meets(*last, dash.start));
+        first = first ? first : dash.start;
+        last = dash.end;
+        repeats = false;
+    };
+    m_probe.assign(m_linetype, true);
+    const double some = 2.0 * m_probe.total();
+    const auto head = [&](const CVekVertexArray&) { return detail::Stations{0.0, some}; };
+    const auto tail = [&](const CVekVertexArray& piece) {
+        double length = 0.0;
+        for (const CVekVertex& vertex : piece)
+            length += vertex.start.distanceTo(vertex.end);
+        return detail::Stations{std::max(length - some, 0.0), HUGE_VAL};
+    };
+    for (const CVekVertex* vertex = vl.begin(); vertex != vl.end() && !gap; ++vertex) {
+        m_probe.begin(vl.normal());
+        repeats = false;
+        int laid = 0;
+        m_probe.laySegment(*vertex, head, [&](const CVekVertex& dash) {
+            look(dash);
+            ++laid;
+        });
+        repeats = laid > 0;
+        m_probe.laySegment(*vertex, tail, look);
+    }
+    if (!gap || !m_rules.closedIsContinuous)
+        return gap;
+    last.reset();
+    for (const CVekVertex* vertex = vl.end(); vertex-- != vl.begin() && !last;) {
+        m_probe.begin(vl.normal());
+        m_probe.laySegment(*vertex, tail, look);
+    }
+    return !plane::meets(*last, *first);
+}
+
+/// The stretch of a straight-sided piece in which a pen may draw into the area.
+detail::Stations DrawPass::visiblePart(const CVekVertexArray& piece, const DeviceMap& map) const
+{
+    if (!m_rules.skipsOutside)
+        return {};
+    detail::Stations seen{HUGE_VAL, -HUGE_VAL};
+    double along = 0.0;
+    for (const CVekVertex& vertex : piece) {
+        const SurfacePoint start = map(vertex.start), end = map(vertex.end);
+        double from = 0.0, to = 1.0;
+        const auto clip = [&](double at, double by, double low, double high) {
+            if (by == 0.0) {
+                if (at < low || at > high)
+                    to = -1.0;
+                return;
+            }
+            const double a = (low - at) / by, b = (high - at) / by;
+            from = std::max(from, std::min(a, b));
+            to = std::min(to, std::max(a, b));
+        };
+        clip(start.x, end.x - start.x, m_area.left - m_margin, m_right + m_margin);
+        clip(start.y, end.y - start.y, m_area.top - m_margin, m_bottom + m_margin);
+        const double length = vertex.start.distanceTo(vertex.end);
+        if (from <= to) {
+            seen.from = std::min(seen.from, along + from * length);
+            seen.to = std::max(seen.to, along + to * length);
+        }
+        along += length;
+    }
+    return std::isfinite(along) ? seen : detail::Stations();
 }
 
 void DrawPass::drawPieces(const CVekVertexArray& vl, const CVekMatrix3d& m, Chords chords, bool dots, unsigned color)

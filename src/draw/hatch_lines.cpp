@@ -34,6 +34,7 @@ public:
         }
         CVekVertexArray& piece = m_pieces[m_pieces.len()];
         piece.setNormal(m_normal);
+        piece.reserveExactly(1);
         piece.append(CVekVertex(start * m_toWorld, end * m_toWorld));
     }
 

@@ -20,6 +20,7 @@ namespace
 using VEK::detail::cutToInt;
 using VEK::detail::HatchDashes;
 using VEK::detail::HatchRows;
+using VEK::detail::HatchStrokes;
 using VEK::detail::HatchView;
 using VEK::plane::Box;
 using VEK::plane::Vec;
@@ -77,7 +78,10 @@ Box turnedBox(const CVekVertexArray& contour, double angle)
 class Collector
 {
 public:
-    explicit Collector(const CVekMatrix3d& toWorld) : m_toWorld(toWorld), m_normal(CVekVector3d::kZAxis * toWorld) {}
+    Collector(HatchStrokes& strokes, const CVekMatrix3d& toWorld) : m_strokes(strokes), m_toWorld(toWorld)
+    {
+        strokes.clear(CVekVector3d::kZAxis * toWorld);
+    }
 
     bool isCutShort() const { return m_isCutShort; }
     void cutShort() { m_isCutShort = true; }
@@ -106,27 +110,17 @@ public:
         if (count <= 0)
             return;
         m_count += count;
-        const CVekPoint3d row = (m_toWorld.translation() + m_across * y).asPoint();
-        CVekVertexArray& line = m_lines[m_lines.len()];
-        line.setNormal(m_normal);
-        line.reserve(count);
-        for (int i = 0; i < count; ++i) {
-            const HatchRows::Stretch& piece = pieces[static_cast<std::size_t>(i)];
-            line.append(CVekVertex(row + m_along * piece.from, row + m_along * piece.to));
-        }
+        m_strokes.add((m_toWorld.translation() + m_across * y).asPoint(), m_along, pieces.data(), count);
     }
 
-    CVekArrayTempl<CVekVertexArray> lines() { return std::move(m_lines); }
-
 private:
+    HatchStrokes& m_strokes;
     const CVekMatrix3d& m_toWorld;
-    CVekVector3d m_normal;
     CVekVector3d m_along;
     CVekVector3d m_across;
     int m_count = 0; ///< pieces
     int m_dashes = 0;
     bool m_isCutShort = false;
-    CVekArrayTempl<CVekVertexArray> m_lines;
 };
 
 /// A family of lines, in the frame in which they are level. Line number m lies m steps from the pattern's first point.
@@ -357,27 +351,21 @@ void Family::clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch
     });
 }
 
-/// The lines of a pattern; none for an unknown name.
-VekPatternLines patternLines(const CVekString& name)
+/// The lines that the host has for a pattern; none for an unknown name.
+VekPatternLines hostLines(const CVekString& name)
 {
     VekPatternLines lines;
-    if (isUserPattern(name)) {
-        for (const double number : {0.0, 0.0, 0.0, 0.0, 1.0})
-            lines[0].append(number);
-    } else {
-        vekAppPtr()->hatchPatternGet(name, lines);
-    }
+    vekAppPtr()->hatchPatternGet(name, lines);
     return lines;
 }
 
-void drawPattern(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatchProp& hatch, const HatchView* view,
-                 Collector& collector)
+void drawPattern(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatchProp& hatch,
+                 const VekPatternLines& lines, const HatchView* view, Collector& collector)
 {
     CVekPoint3d min, max;
     if (!region[0].extents(min, max))
         return;
     const double dot = VEK::acadUnitCv(kDotLength, Vek::unitMillimetre, Vek::unitCurrent);
-    const VekPatternLines lines = patternLines(hatch.name);
     for (const CVekArrayTempl<double>& numbers : lines) {
         Family family(region, hatch, numbers, dot);
         if (!std::isfinite(family.turn()))
@@ -392,31 +380,69 @@ void drawPattern(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatc
 
 } // namespace
 
-CVekArrayTempl<CVekVertexArray> VEK::detail::hatchPattern(CVekArrayTempl<CVekVertexArray> region,
-                                                          const CVekMatrix3d& mtx, const CHatchProp& hatch,
-                                                          const HatchView* view, bool& cutShort)
+void HatchStrokes::clear(const CVekVector3d& normal)
 {
-    cutShort = true;
-    return whole(CVekArrayTempl<CVekVertexArray>(), [&] {
-        Collector collector(mtx);
-        const unsigned long shortages = memoryShortages();
+    m_normal = normal;
+    m_lines.clear();
+    m_pieces.clear();
+}
+
+void HatchStrokes::add(const CVekPoint3d& origin, const CVekVector3d& along, const HatchRows::Stretch* pieces,
+                       int count)
+{
+    m_pieces.insert(m_pieces.end(), pieces, pieces + count);
+    m_lines.push_back({origin, along, m_pieces.size()});
+}
+
+void HatchStrokes::get(int line, CVekVertexArray& pieces) const
+{
+    const auto at = static_cast<std::size_t>(line);
+    const Line& own = m_lines[at];
+    const std::size_t begin = at == 0 ? 0 : m_lines[at - 1].end;
+    pieces.setLogicalLength(0);
+    pieces.setNormal(m_normal);
+    pieces.reserveExactly(static_cast<int>(own.end - begin));
+    for (std::size_t i = begin; i < own.end; ++i)
+        pieces.append(CVekVertex(own.origin + own.along * m_pieces[i].from, own.origin + own.along * m_pieces[i].to));
+}
+
+bool VEK::detail::hatchPattern(CVekArrayTempl<CVekVertexArray> region, const CVekMatrix3d& mtx, const CHatchProp& hatch,
+                               const VekPatternLines& lines, const HatchView* view, HatchStrokes& strokes)
+{
+    return whole(false, [&] {
+        Collector collector(strokes, mtx);
         if (std::isfinite(hatch.angle) && toHatchPlane(region, mtx)) {
-            if (isUserPattern(hatch.name) && hatch.crossed) {
+            const bool isUser = isUserPattern(hatch.name);
+            const VekPatternLines solid{{0.0, 0.0, 0.0, 0.0, 1.0}};
+            if (isUser && hatch.crossed) {
                 CHatchProp across = hatch;
                 across.angle = g_ang(hatch.angle + std::numbers::pi / 2);
-                drawPattern(region, across, view, collector);
+                drawPattern(region, across, solid, view, collector);
             }
-            drawPattern(region, hatch, view, collector);
+            drawPattern(region, hatch, isUser ? solid : lines, view, collector);
         }
-        cutShort = collector.isCutShort() || memoryShortages() != shortages;
-        return collector.lines();
+        return !collector.isCutShort();
     });
 }
 
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
                                                          const VEK::CHatchProp& hatch, bool& cutShort)
 {
-    return VEK::detail::hatchPattern(std::move(regl), mtx, hatch, nullptr, cutShort);
+    cutShort = true;
+    return VEK::whole(CVekArrayTempl<CVekVertexArray>(), [&] {
+        const unsigned long shortages = VEK::memoryShortages();
+        const VekPatternLines lines = isUserPattern(hatch.name) ? VekPatternLines() : hostLines(hatch.name);
+        HatchStrokes strokes;
+        const bool complete = VEK::detail::hatchPattern(std::move(regl), mtx, hatch, lines, nullptr, strokes);
+        CVekArrayTempl<CVekVertexArray> result;
+        if (strokes.len() > 0 && result.reserveExactly(strokes.len())) {
+            result.setLogicalLength(strokes.len());
+            for (int i = 0; i < strokes.len(); ++i)
+                strokes.get(i, result[i]);
+        }
+        cutShort = !complete || VEK::memoryShortages() != shortages;
+        return result;
+    });
 }
 
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVertexArray> regl, const CVekMatrix3d& mtx,
@@ -427,10 +453,8 @@ CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVert
 }
 
 bool VEK::detail::patternTest(const CVekArrayTempl<CVekVertexArray>& region, const CHatchProp& hatch,
-                              const CVekMatrix3d& mtx)
+                              const VekPatternLines& lines, const CVekMatrix3d& mtx)
 {
-    VekPatternLines lines;
-    vekAppPtr()->hatchPatternGet(hatch.name, lines);
     if (lines.len() == 0)
         return true;
     const plane::Levelled outer(region[0]);
@@ -455,5 +479,5 @@ bool VEK::detail::patternTest(const CVekArrayTempl<CVekVertexArray>& region, con
 // NOLINTNEXTLINE(performance-unnecessary-value-param): callers hand the region over by value
 bool vek_gdx_pattern_test(CVekArrayTempl<CVekVertexArray> regl, const VEK::CHatchProp& hatch, const CVekMatrix3d& mtx)
 {
-    return VEK::whole(false, [&] { return VEK::detail::patternTest(regl, hatch, mtx); });
+    return VEK::whole(false, [&] { return VEK::detail::patternTest(regl, hatch, hostLines(hatch.name), mtx); });
 }

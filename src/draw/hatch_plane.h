@@ -2,7 +2,9 @@
 #pragma once
 
 #include "core/values/stepping.h"
+#include "draw/hatch_rows.h"
 
+#include <vek/data/pattern.h>
 #include <vek/values/linetype.h>
 #include <vek/values/matrix.h>
 #include <vek/values/polyline.h>
@@ -11,6 +13,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <vector>
 
 namespace VEK::detail
 {
@@ -68,14 +71,41 @@ inline bool toHatchPlane(CVekArrayTempl<CVekVertexArray>& region, const CVekMatr
 /// The part of the hatch plane that can be seen, as the corners of a parallelogram.
 using HatchView = std::array<plane::Vec, 4>;
 
-/// `vek_gdx_image_reg_hatch2` for a caller that knows what is visible: lines and dashes wholly outside are left out,
-/// and all others are the same as without it.
-/// @param view null for all
-/// @param cutShort whether lines or pieces are missing
-CVekArrayTempl<CVekVertexArray> hatchPattern(CVekArrayTempl<CVekVertexArray> region, const CVekMatrix3d& mtx,
-                                             const CHatchProp& hatch, const HatchView* view, bool& cutShort);
+/// The lines of a hatch, all their pieces in one block.
+class HatchStrokes
+{
+public:
+    int len() const { return static_cast<int>(m_lines.size()); }
 
-/// `vek_gdx_pattern_test` without a copy of the region.
-bool patternTest(const CVekArrayTempl<CVekVertexArray>& region, const CHatchProp& hatch, const CVekMatrix3d& mtx);
+    /// Replaces a polyline by a hatch line: its pieces as separate segments.
+    void get(int line, CVekVertexArray& pieces) const;
+
+    /// @param normal of the hatch plane
+    void clear(const CVekVector3d& normal);
+    void add(const CVekPoint3d& origin, const CVekVector3d& along, const HatchRows::Stretch* pieces, int count);
+
+private:
+    struct Line {
+        CVekPoint3d origin;
+        CVekVector3d along;
+        std::size_t end; ///< of its pieces
+    };
+
+    CVekVector3d m_normal;
+    std::vector<Line> m_lines;
+    std::vector<HatchRows::Stretch> m_pieces;
+};
+
+/// `vek_gdx_image_reg_hatch2` for a caller that knows the pattern and what is visible: lines and dashes wholly outside
+/// are left out, and all others are the same as without it.
+/// @param lines those that the host has for the name
+/// @param view null for all
+/// @return false if lines or pieces are missing
+bool hatchPattern(CVekArrayTempl<CVekVertexArray> region, const CVekMatrix3d& mtx, const CHatchProp& hatch,
+                  const VekPatternLines& lines, const HatchView* view, HatchStrokes& strokes);
+
+/// `vek_gdx_pattern_test` without a copy of the region and for a caller that knows the pattern.
+bool patternTest(const CVekArrayTempl<CVekVertexArray>& region, const CHatchProp& hatch, const VekPatternLines& lines,
+                 const CVekMatrix3d& mtx);
 
 } // namespace VEK::detail

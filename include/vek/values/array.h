@@ -119,6 +119,9 @@ public:
     /// @return false when memory runs out
     bool reserve(int capacity) { return capacity <= 0 || ensure(static_cast<std::size_t>(capacity)); }
 
+    /// The same without spare room, for an array whose final length is known.
+    bool reserveExactly(int capacity) { return capacity <= 0 || room(static_cast<unsigned>(capacity)); }
+
     /// Adds a copy at the end. The value may be an element of this very array.
     void append(const T& value)
     {
@@ -319,7 +322,7 @@ private:
 
     bool ensure(std::size_t wanted) { return wanted <= m_capacity || relocate(grownCapacity(m_capacity, wanted)); }
 
-    /// Makes room for a copy, without spare capacity.
+    /// Makes room without spare capacity.
     bool room(unsigned count) { return count <= m_capacity || relocate(count); }
 
     bool relocate(unsigned capacity)

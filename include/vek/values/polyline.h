@@ -81,7 +81,7 @@ public:
     using MovesAsBytes = CVekVertexArray; ///< see `kVekMovesAsBytes`
 
     CVekVertexArray() = default;
-    CVekVertexArray(const CVekVertex& vertex) { append(vertex); }
+    CVekVertexArray(const CVekVertex& vertex) : CVekVertexArray({vertex}) {}
     CVekVertexArray(std::initializer_list<CVekVertex> vertices) : CVekArrayTempl<CVekVertex>(vertices) {}
 
     CVekVertexArray(const CVekVertexArray&) = default;

@@ -119,8 +119,9 @@ public:
     /// Lays the pattern along a continuous run from its start: `pieces` is told where a dash begins and gets its parts
     /// (`begin()`, `part(const CVekVertex&)`), and gets dots (`dot(const CVekPoint3d&)`). A pattern without extent is
     /// one dot at the start.
+    /// @param low, high stations outside of which dashes may be left out; what is handed on is the same as without
     template <class Pieces>
-    void lay(const CVekVertexArray& run, Pieces&& pieces) const
+    void lay(const CVekVertexArray& run, Pieces&& pieces, double low = 0.0, double high = HUGE_VAL) const
     {
         if (run.len() == 0) // where memory ends
             return;
@@ -131,11 +132,12 @@ public:
         RunWalker walker(run);
         const double total = walker.total();
         const double tol = std::min(kPointTol, 1e-6 * m_period);
-        for (double cycle = 0.0;; cycle += 1.0) {
+        const double last = std::min(total + tol, high + m_period);
+        for (double cycle = std::max(std::floor(low / m_period) - 1.0, 0.0);; cycle += 1.0) {
             for (std::size_t i = 0; i < m_entries.size(); ++i) {
                 const double from = cycle * m_period + m_begins[i];
                 const double length = m_entries[i];
-                if (from > total + tol)
+                if (from > last)
                     return;
                 if (length == 0.0) {
                     pieces.dot(walker.at(std::min(from, total)));
