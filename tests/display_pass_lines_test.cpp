@@ -180,17 +180,6 @@ TEST(PassDashes, RunAlongArcsAndOutlinesAndInTheView)
     EXPECT_EQ(dashes, 3); // two patterns, on what is seen of the line
 }
 
-/// A line pattern as the pass lays it: dots have their length.
-CVekArrayTempl<double> laid(const CVekArrayTempl<double>& linetype, double scale)
-{
-    CVekArrayTempl<double> dashes;
-    double dot = 0.21;
-    VEK::acadUnitCv(dot, Vek::unitMillimetre, Vek::unitCurrent);
-    for (const double dash : linetype)
-        dashes.append(dash == 0.0 ? dot : dash * scale);
-    return dashes;
-}
-
 TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
 {
     shapes::Random random(31);
@@ -200,41 +189,38 @@ TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
         VEK::gdxDraw(gdx, *VEK::rasterSurface(pixels), 100, 200, kScreen);
         return std::move(pixels.data);
     };
-    const auto blank = [&] {
-        Gdx gdx = grey();
-        return picture(gdx);
-    }();
+    Gdx empty = grey();
+    const auto blank = picture(empty);
     const auto unit = VEK::acad_unit_get();
     int shown = 0, dotted = 0, judged = 0;
-    for (int round = 0; round < 400; ++round) {
+    for (int round = 0; round < 200; ++round) {
         SCOPED_TRACE(round);
         VEK::acad_unit_set(static_cast<Vek::lUnit>(random.pick({1, 4, 4, 5})));
-        CVekArrayTempl<double> linetype;
-        for (int i = 2 + random.whole(4); i > 0; --i)
+        double dot = 0.21;
+        VEK::acadUnitCv(dot, Vek::unitMillimetre, Vek::unitCurrent);
+        const double scale = random.pick({1.0, 0.3, 4.0}), reach = random.pick({3.0, 60.0, 900.0, 3000.0});
+        CVekArrayTempl<double> linetype, dashes; // and as it is laid, where dots have a length
+        for (int i = 2 + random.whole(4); i > 0; --i) {
             linetype.append(random.coin() ? random.uniform(-9, 0) : random.pick({0.0, 0.1, 5.0, 12.0}));
+            dashes.append(linetype[-1] == 0.0 ? dot : linetype[-1] * scale);
+        }
         if (linetype.len() == 3 && linetype[0] == 0.0 && linetype[1] == 0.0) // a short form of another pattern
             continue;
-        const double scale = random.pick({1.0, 0.3, 4.0}), reach = random.pick({3.0, 60.0, 900.0, 9000.0});
         CVekVertexArray vl = random.coin() ? random.star(0, 0, 0.3 * reach, reach, 3 + random.whole(5))
                                            : random.walk(1 + random.whole(4), reach);
         if (random.coin())
             vl.transformBy(random.tilt());
         if (random.coin())
             shapes::turnNormal(vl);
-        CVekMatrix3d view, zoom, place, own, mirror;
+        CVekMatrix3d own, place, scaled, centre;
+        const CVekMatrix3d view = random.coin() ? random.motion() : CVekMatrix3d();
         if (random.coin())
-            view = random.motion();
-        if (random.coin())
-            own = mirror.setToMirroring({CVekPoint3d::kOrigin, random.direction()});
-        CVekVertexArray seen = vl;
-        seen.transformBy(view);
-        const CVekArrayTempl<double> dashes = laid(linetype, scale);
+            own.setToMirroring({CVekPoint3d::kOrigin, random.direction()});
+        CVekVertexArray seen = vl.getTransformedCopy(view);
         const CVekPoint3d at = seen[random.whole(seen.len())].mid() * own; // comes to lie in the picture
-        place.setToTranslation(CVekPoint3d(random.uniform(0, 200), random.uniform(0, 100), 0) - CVekPoint3d::kOrigin);
-        zoom = place * zoom.setToScaling(random.pick({0.5, 1.0, 7.0}), CVekPoint3d::kOrigin);
-        CVekMatrix3d centre;
-        zoom = zoom * centre.setToTranslation(CVekPoint3d::kOrigin - at);
-
+        place.setToTranslation({random.uniform(0, 200), random.uniform(0, 100), 0});
+        scaled.setToScaling(random.pick({0.5, 1.0, 7.0}), CVekPoint3d::kOrigin);
+        const CVekMatrix3d zoom = place * scaled * centre.setToTranslation(CVekPoint3d::kOrigin - at);
         Gdx quick = grey(), plain = grey();
         quick.viewDirectionMtxSet(view);
         quick.imageVl(path({}), itemNoExt, vl, kRed, own, linetype, scale, 1 + round % 4, {});
@@ -250,9 +236,9 @@ TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
         ++judged;
     }
     VEK::acad_unit_set(unit);
-    EXPECT_GT(judged, 380);
-    EXPECT_GT(shown, 250);
-    EXPECT_GT(dotted, 60);
+    EXPECT_GT(judged, 190);
+    EXPECT_GT(shown, 120);
+    EXPECT_GT(dotted, 30);
 
     Gdx far = grey(); // 120 m of dots, of which the picture shows 200 mm
     addDashed(far, {0, 0, 3}, 1, line(0, 5, 120000, 5));
