@@ -146,11 +146,8 @@ TEST(Chain, BringsEveryLeafBack)
 TEST(Chain, IsToldByItsShape)
 {
     using VEK::DataKind;
-    EXPECT_EQ(kindOf(""), DataKind::directory);
-    EXPECT_EQ(kindOf("()"), DataKind::directory);
-    EXPECT_EQ(kindOf("((t.r))"), DataKind::directory);
-    EXPECT_EQ(kindOf("(t.r)(s.((t.n)))"), DataKind::directory);
-    EXPECT_EQ(kindOf("(t.())"), DataKind::directory);
+    for (const char* directory : {"", "()", "((t.r))", "(t.r)(s.((t.n)))", "(t.())"})
+        EXPECT_EQ(kindOf(directory), DataKind::directory) << directory;
     EXPECT_EQ(kindOf("n"), DataKind::empty);
     EXPECT_EQ(kindOf("(tt)"), DataKind::texts);
     EXPECT_EQ(kindOf("((pps))"), DataKind::polyline);

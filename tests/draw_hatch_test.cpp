@@ -338,24 +338,6 @@ TEST(DrawHatch, AgreesWithPunchingRowByRow)
     EXPECT_GT(count, 8000u);
 }
 
-TEST(DrawHatch, LinesByHand)
-{
-    const auto hatch = [](const Polylines& region, double pitch, double angle) {
-        return piecesOf(vek_gdx_image_reg_hatch(region, {}, L"", pitch, angle));
-    };
-    static constexpr struct {
-        double x, y0, y1, pitch; // of a rectangle from 0.1 to x and from y0 to y1
-        std::size_t count;
-    } kSpreads[] = {{0.5, 0.1, 0.9, 0.01, 0}, {0.9, 0.1, 0.2, 0.01, 0}, {0.5, -0.5, 5.5, 1, 5},
-                    {0.5, 0, 6, 1, 6},        {0.5, 0, 6, 0.5, 6}, // stops short
-                    {0.5, 0, 6, 2.0, 4}};                          // 0, 2, 4, 6; the other two lie past the region
-    for (const auto& row : kSpreads)
-        EXPECT_EQ(hatch(list({rectangle(0.1, row.y0, row.x, row.y1)}), row.pitch, 0).size(), row.count);
-    // A positive angle tilts clockwise. Of the four lines the first one touches a corner.
-    expectPieces(hatch(list({rectangle(0, 0, 4, 4)}), std::sqrt(2.0), kPi / 4),
-                 {line(0, 2, 2, 0), line(0, 4, 4, 0), line(2, 4, 4, 2)});
-}
-
 // --- Patterns.
 
 TEST(DrawPattern, AgreesWithFollowingTheLineStepByStep)

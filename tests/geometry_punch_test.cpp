@@ -39,16 +39,6 @@ TEST(GeometryPunch, TheBoundaryBelongsToTheRegion)
     expectLengths(path({line(2, -1, 2, 0), line(2, 0, 0, 2, std::tan(pi / 8)), line(0, 2, 0, 3)}), disc, {pi}, {1, 1});
 }
 
-TEST(GeometryPunch, ATouchDoesNotCut)
-{
-    const Polylines disc = list({circle(0, 0, 2)});
-    expectLengths(line(-3, 2, 3, 2), disc, {}, {6});
-    expectLengths(line(-3, 1e-3, 3, 1e-3), list({circle(0, 0, 2), circle(0, 1.001, 1)}), {4}, {1, 1});
-    expectLengths(circle(1, 0, 1), disc, {2 * pi}, {});
-    expectLengths(circle(3, 0, 1), disc, {}, {2 * pi});
-    expectLengths(circle(0, 0, 3), list({rectangle(-3, -3, 3, 3)}), {6 * pi}, {});
-}
-
 TEST(GeometryPunch, PolylinesKeepTheirRunsTagsAndDots)
 {
     CVekVertexArray vl = path({line(1, 1, 5, 1), line(5, 1, 15, 1), line(3, 3, 3, 3), line(4, 4, 4, 4.5),

@@ -285,22 +285,6 @@ TEST(GeometryMeasure, DashesGapsAndDots)
     EXPECT_EQ(VEK::vl_measure(there, 1.0, CVekLineParm(most / 8, -most / 8)).len(), 1); // too long to be added up
 }
 
-TEST(GeometryMeasure, DashesTurnCornersAndBendWithArcs)
-{
-    // A straight of 2, a half circle of radius 1, a break, and a straight of 3.
-    const CVekVertexArray vl = path({line(0, 0, 2, 0), line(2, 0, 2, 2, 1.0), line(9, 0, 12, 0)});
-    const Polylines pieces = VEK::vl_measure(vl, 1.0, CVekLineParm(2.0 + pi / 2, -0.5));
-    ASSERT_EQ(pieces.len(), 3);
-    ASSERT_EQ(pieces[0].len(), 2);
-    EXPECT_EQ(pieces[0][0], vl[0]);
-    expectAt(pieces[0][1].end, 3, 1);
-    EXPECT_NEAR(pieces[0][1].bulge, std::tan(pi / 8), kTol);
-    ASSERT_EQ(pieces[1].len(), 1);
-    EXPECT_EQ(pieces[1][0].end, vl[1].end);
-    EXPECT_NEAR(lengthOf(pieces[1]), pi / 2 - 0.5, kTol);
-    EXPECT_EQ(pieces[2][0], vl[2]); // the pattern starts anew
-}
-
 TEST(GeometryMeasure, AddsUpOnLongRunsWithoutDrift)
 {
     CVekVertexArray vl;
@@ -313,70 +297,50 @@ TEST(GeometryMeasure, AddsUpOnLongRunsWithoutDrift)
     EXPECT_NEAR(lengthOf(pieces), whole * 0.7 + std::min(0.7, total - whole), 1e3 * kTol);
 }
 
+/// An outline from its kind and its parameters.
+CVekVertexArray outlineOf(const std::string& numbersOfIt)
+{
+    std::istringstream text(numbersOfIt);
+    int kind = 0;
+    text >> kind;
+    return VEK::g_outline(kind, CVekVector3d(), numbers({std::istream_iterator<double>(text), {}}));
+}
+
 TEST(GeometryOutline, EveryKindIsClosedAndOfItsArea)
 {
     const double kSegment = 25 * (std::asin(0.8) - 0.48); // of a disc with radius 5, 2 high
-    struct {
-        int kind;
-        std::vector<double> parameters;
-        double area;
-    } const shapes[] = {
-        {1, {2}, pi},
-        {2, {4, 3}, 12},
-        {3, {3}, 9},
-        {4, {4, 3, 1}, 12 - (4 - pi)},
-        {4, {4, 2, 1}, 8 - (4 - pi)},
-        {5, {4, 3, 1}, 10},
-        {6, {5, 2}, 6 + pi},
-        {6, {2, 2}, pi},
-        {7, {2}, 2 * std::sqrt(3.0)},
-        {8, {2}, 8 * std::tan(pi / 8)},
-        {9, {4, 3}, 6},
-        {10, {-4, 3}, 6},
-        {11, {4, 2, 3}, 9},
-        {11, {0, 2, 3}, 3},
-        {12, {4, 3, -1}, 12},
-        {13, {5, 8, 1, 2, 1}, 8 + 10 - 2 + (1 - pi / 4)},
-        {14, {6, 8, 2, 1, 0.5}, 6 + 14 + 2 * 0.25 * (1 - pi / 4)},
-        {15, {6, 8, 2, 1, 0.5}, 12 + 12 + 4 * 0.25 * (1 - pi / 4)},
-        {16, {-6, 8, 2, 1, 0.5}, 12 + 12 + 2 * 0.25 * (1 - pi / 4)},
-        {17, {6, 8, 2, 1, 0.5}, 12 + 12 + 2 * 0.25 * (1 - pi / 4)},
-        {18, {6, 8, 1, 2}, 8 + 10 + 2},
-        {19, {6, 8, 2, 1}, 16 + 6 - 2},
-        {20, {2}, pi},
-        {21, {3, 1, 90}, 2 * pi},
-        {21, {3, 0, -270}, 6.75 * pi},
-        {22, {-10}, 12.5 * pi},
-        {23, {10, 6}, 15 * pi},
-        {24, {10, 1}, 9 * pi},
-        {25, {10, 20, 1, 2}, 200 - 144 - 3 * (4 - pi)},
-        {25, {10, 20, 1, 0}, 200 - 144},
-        {26, {-5, 8, 1, 1, 0.5}, 12 + (1 - 2 * 0.25) * (1 - pi / 4)},
-        // Bent from sheet: the thickness times the length of the middle line.
-        {27, {5, 8, 1, 2}, 7 + 1.25 * pi},
-        {28, {-5, 8, 1, 2}, 6 + 2.5 * pi},
-        {29, {5, 8, 1, 2}, 6 + 2.5 * pi},
-        {30, {-6, 10, 3.5, 1, 1.5}, 9 + 4 * pi},
-        {31, {6, 10, 3.5, 1, 1.5}, 9 + 4 * pi},
-        {32, {10, 12, 3.5, 1, 1.5}, 14 + 3 * pi},
-        {33, {10, 6, 5, 1, 1}, 18 + 3 * pi},
-        {34, {10, 10, 6, 5, 1, 1}, 18 + 3 * pi},
-        {35, {8, 2}, kSegment},
-        {36, {10, 8}, 25 * pi - kSegment},
-        {37, {10, 6}, 25 * pi - 2 * kSegment},
-        {38, {10, 6, 14}, 25 * pi - 25 * (std::asin(0.6) - 0.48) + 12 + 4.5 * pi},
-        {39, {4, 6}, 16 + 2 * pi},
-        {40, {8, 10, 2}, 64 + kSegment},
-        {41, {8, 10, 4}, 48 + 16},
-    };
-    for (const auto& shape : shapes) {
-        SCOPED_TRACE(shape.kind);
-        const CVekVertexArray vl = VEK::g_outline(shape.kind, CVekVector3d(), numbers(shape.parameters));
-        EXPECT_TRUE(vl.isClosed());
-        EXPECT_TRUE(vl.isContinuous());
+    std::vector<std::pair<std::string, double>> shapes = {{"7 2", 2 * std::sqrt(3.0)},
+                                                          {"8 2", 8 * std::tan(pi / 8)},
+                                                          {"35 8 2", kSegment},
+                                                          {"36 10 8", 25 * pi - kSegment},
+                                                          {"37 10 6", 25 * pi - 2 * kSegment},
+                                                          {"38 10 6 14", 29.5 * pi + 24 - 25 * std::asin(0.6)},
+                                                          {"40 8 10 2", 64 + kSegment}};
+    // Each with its area behind, a number and one that is times pi.
+    std::istringstream rows("1 2 = 0 1; 2 4 3 = 12 0; 3 3 = 9 0; 4 4 3 1 = 8 1; 4 4 2 1 = 4 1; 5 4 3 1 = 10 0; "
+                            "6 5 2 = 6 1; 6 2 2 = 0 1; 9 4 3 = 6 0; 10 -4 3 = 6 0; 11 4 2 3 = 9 0; "
+                            "11 0 2 3 = 3 0; 12 4 3 -1 = 12 0; 13 5 8 1 2 1 = 17 -0.25; "
+                            "14 6 8 2 1 0.5 = 20.5 -0.125; 15 6 8 2 1 0.5 = 25 -0.25; "
+                            "16 -6 8 2 1 0.5 = 24.5 -0.125; 17 6 8 2 1 0.5 = 24.5 -0.125; 18 6 8 1 2 = 20 0; "
+                            "19 6 8 2 1 = 20 0; 20 2 = 0 1; 21 3 1 90 = 0 2; 21 3 0 -270 = 0 6.75; "
+                            "22 -10 = 0 12.5; 23 10 6 = 0 15; 24 10 1 = 0 9; 25 10 20 1 2 = 44 3; "
+                            "25 10 20 1 0 = 56 0; 26 -5 8 1 1 0.5 = 12.5 -0.125; 27 5 8 1 2 = 7 1.25; "
+                            "28 -5 8 1 2 = 6 2.5; 29 5 8 1 2 = 6 2.5; 30 -6 10 3.5 1 1.5 = 9 4; "
+                            "31 6 10 3.5 1 1.5 = 9 4; 32 10 12 3.5 1 1.5 = 14 3; 33 10 6 5 1 1 = 18 3; "
+                            "34 10 10 6 5 1 1 = 18 3; 39 4 6 = 16 2; 41 8 10 4 = 64 0");
+    for (std::string row; std::getline(rows, row, ';');) {
+        double whole = 0, round = 0;
+        std::istringstream(row.substr(row.find('=') + 1)) >> whole >> round;
+        shapes.emplace_back(row.substr(0, row.find('=')), whole + round * pi);
+    }
+    ASSERT_EQ(shapes.size(), 46u);
+    for (const auto& [text, area] : shapes) {
+        SCOPED_TRACE(text);
+        const CVekVertexArray vl = outlineOf(text);
+        EXPECT_TRUE(vl.isClosed() && vl.isContinuous());
         for (const CVekVertex& vertex : vl)
             EXPECT_GT(vertex.bulgLen(), 0.1);
-        EXPECT_NEAR(areaOf(vl), shape.area, 1e-3);
+        EXPECT_NEAR(areaOf(vl), area, 1e-3);
     }
 }
 
@@ -406,11 +370,7 @@ TEST(GeometryOutline, ImpossibleParametersGiveNothing)
           "5 4 3 1.6",    "11 0 0 3", "21 3 3 90",    "21 3 1 360", "18 6 8 1 4",    "13 5 8 5 2 0", "13 5 8 1 2 5",
           "15 6 8 2 4 0", "24 10 5",  "25 10 20 5 0", "27 5 8 1 5", "30 6 10 5 1 1", "32 5 5 4 1 0", "34 2 10 6 5 1 1",
           "36 10 10",     "37 10 10", "38 10 10 14",  "38 10 6 10", "39 6 3",        "40 8 10 5",    "41 8 4 4"}) {
-        std::istringstream text(wrong);
-        int kind = 0;
-        text >> kind;
-        const std::vector<double> parameters{std::istream_iterator<double>(text), {}};
-        EXPECT_EQ(VEK::g_outline(kind, CVekVector3d(), numbers(parameters)).len(), 0) << wrong;
+        EXPECT_EQ(outlineOf(wrong).len(), 0) << wrong;
     }
     EXPECT_EQ(VEK::g_outline(1, CVekVector3d(), numbers({HUGE_VAL})).len(), 0);
 }

@@ -114,6 +114,15 @@ inline bool profile(const char* kind, const CVekDataItem* item, VEK::VertexArray
     return fill(lines, read(item, L"S", 0.0), 0);
 }
 
+/// One with skins.
+inline bool profile(const char* kind, const CVekDataItem* item, VEK::VertexArrays& lines, CVekVertexArray& top,
+                    CVekVertexArray& bottom)
+{
+    top = lineAt(0, 50);
+    bottom = lineAt(0, 60);
+    return profile(kind, item, lines);
+}
+
 } // namespace images_test
 
 using namespace images_test;
@@ -233,17 +242,9 @@ CVekDataItem* fsheet_get(const CVekArrayTempl<CVekString>& stack)
 bool fsheet_sid(CDtaFilePointer* file, CVekString& id)
 { id = read(fileItem(file, L"ID"), nullptr, CVekString(L"none")); return true; }
 bool fsheet_vll_fnc(const CVekDataItem* item, VertexArrays& lines, CVekVertexArray& top, CVekVertexArray& bottom)
-{
-    top = lineAt(0, 50);
-    bottom = lineAt(0, 60);
-    return profile("fnc", item, lines);
-}
+{ return profile("fnc", item, lines, top, bottom); }
 bool fsheet_vll_fillet(const CVekDataItem* item, VertexArrays& lines, CVekVertexArray& top, CVekVertexArray& bottom)
-{
-    top = lineAt(0, 50);
-    bottom = lineAt(0, 60);
-    return profile("fillet", item, lines);
-}
+{ return profile("fillet", item, lines, top, bottom); }
 bool fsheet_vll_region(const CVekDataItem* item, VertexArrays& lines) { return profile("region", item, lines); }
 bool fsheet_vll_outline(const CVekDataItem* item, const CVekVertexArray& top, const CVekVertexArray& bottom,
                         const CVekArrayTempl<VertexArrays>& regions, VertexArrays& lines)

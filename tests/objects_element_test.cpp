@@ -241,22 +241,9 @@ TEST(Elements, OfAngleSteelAreChecked)
     };
     EXPECT_TRUE(check("6", "6") && check("'R': 6, ", "") && check("4,", "-1,"));
     EXPECT_TRUE(check(", 'LEN': -80}", "}, 'AXIS': {'@points': [[0, 0, 0], [0, 3, 4]]}"));
-    const std::pair<const char*, const char*> kBad[] = {{"5", "0"},
-                                                        {"5", "-5"},
-                                                        {"5", "40"},
-                                                        {"60", "5"},
-                                                        {"40", "-40"},
-                                                        {"-80", "0"},
-                                                        {" 6,", " -1,"},
-                                                        {" 6,", " 36,"},
-                                                        {"60", "'x'"},
-                                                        {"-80", "null"},
-                                                        {"-80", "{'@double': 'nan'}"},
-                                                        {"4,", "21,"},
-                                                        {" 0}", " -2}"},
-                                                        {"'DEF", "'UNIT': 99, 'DEF"}};
-    for (const auto& [from, to] : kBad)
-        EXPECT_FALSE(check(from, to)) << from << to;
+    for (const std::string bad : {"5>0", "5>-5", "5>40", "60>5", "40>-40", "-80>0", " 6,> -1,", " 6,> 36,", "60>'x'",
+                                  "-80>null", "-80>{'@double': 'nan'}", "4,>21,", " 0}> -2}", "'DEF>'UNIT': 99, 'DEF"})
+        EXPECT_FALSE(check(bad.substr(0, bad.find('>')), bad.substr(bad.find('>') + 1))) << bad;
     EXPECT_FALSE(vek_bgr_bt_angle_check(nullptr));
 }
 

@@ -83,14 +83,8 @@ TEST(Solid, OfACubeNineEdgesAreSeenFromItsCornerAndOneContourFromAbove)
 {
     CVek_Solid solid;
     ASSERT_TRUE(solid.extrude(rectangle(10, 10), {}, 10, 0, 5));
-    View corner = projected(solid, from(1, 1, 1));
-    EXPECT_EQ(corner.seen.segments[kEdge], 9);
-    EXPECT_EQ(corner.unseen.segments[kEdge], 3);
-    EXPECT_NEAR(corner.seen.length[kEdge], 90 * std::sqrt(2.0 / 3), 1e-9);
-    EXPECT_NEAR(corner.unseen.length[kEdge], 30 * std::sqrt(2.0 / 3), 1e-9);
-    EXPECT_EQ(corner.visible[0].element, 5);
-
-    View above = projected(solid, from(0, 0, 1));
+    View corner = projected(solid, from(1, 1, 1)), above = projected(solid, from(0, 0, 1));
+    EXPECT_EQ(std::tuple(corner.seen.segments[kEdge], corner.unseen.segments[kEdge]), std::tuple(9, 3));
     EXPECT_EQ(std::tuple(above.seen.polylines, above.seen.closed, above.seen.segments[kEdge]), std::tuple(1, 1, 4));
     EXPECT_EQ(above.hidden.len(), 0);
 

@@ -69,6 +69,9 @@ const std::string kPlain = ": pen 1 #000000, brush #ffffff, clip all\n";
 const Calls kScene = [](CSurface& s) { drawScene(s); };
 using Quad = std::array<std::int32_t, 4>;
 
+const SurfacePoint kSquare[] = {{0, 0}, {50, 0}, {50, 50}, {0, 50}}, kHole[] = {{10, 10}, {20, 10}, {20, 20}, {10, 20}},
+                   kAcross[] = {{40, 10}, {60, 10}, {60, 20}}, kTriangle[] = {{0, 0}, {9, 0}, {0, 9}};
+
 TEST(Recorder, KeepsCallsAsTextAndAsValues)
 {
     VEK::CRecorder a, b(true);
@@ -97,16 +100,10 @@ TEST(Emf, EmptyPictureIsAValidFile)
     EXPECT_EQ(file.handles, 1u);
 }
 
-TEST(Emf, CutsCoordinatesTowardsZero)
-{
-    const EmfFile file = emf([](CSurface& s) { line(s, 1.99, -1.99, -0.5, 7.0); });
-    EXPECT_EQ(file.drawing, "line 1,-1 0,7" + kPlain);
-    EXPECT_EQ(file.bounds, (Quad{0, -1, 1, 7}));
-}
-
-TEST(Emf, JoinsConnectedLinesOfOnePen)
+TEST(Emf, CutsCoordinatesTowardsZeroAndJoinsConnectedLinesOfOnePen)
 {
     const EmfFile file = emf([](CSurface& s) {
+        line(s, 1.99, -1.99, -0.5, 7.0);
         line(s, 0, 0, 10, 0);
         s.pen(1, 0); // no change
         line(s, 10.7, 0, 10, 10);
@@ -116,9 +113,9 @@ TEST(Emf, JoinsConnectedLinesOfOnePen)
         s.pen(3, 0xFF);
         s.lineTo(6, 9);
     });
-    EXPECT_EQ(file.drawing, "line 0,0 10,0 10,10 0,10" + kPlain + "line 5,5 6,5" + kPlain +
+    EXPECT_EQ(file.drawing, "line 1,-1 0,7" + kPlain + "line 0,0 10,0 10,10 0,10" + kPlain + "line 5,5 6,5" + kPlain +
                                 "line 6,5 6,9: pen 3 #ff0000, brush #ffffff, clip all\n");
-    EXPECT_EQ(file.bounds, (Quad{0, 0, 10, 10}));
+    EXPECT_EQ(file.bounds, (Quad{0, -1, 10, 10}));
 }
 
 TEST(Emf, PicksTheSmallestRecord)
@@ -179,9 +176,8 @@ TEST(Emf, PolygonsBeyondReachKeepWhatLiesWithin)
 
 TEST(Emf, AreasTakePenAndBrush)
 {
-    const SurfacePoint triangle[] = {{0, 0}, {9, 0}, {0, 9}};
-    const EmfFile file = emf([&](CSurface& s) {
-        s.polygon(triangle, 3);
+    const EmfFile file = emf([](CSurface& s) {
+        s.polygon(kTriangle, 3);
         s.brush(0x0000FF);
         s.noPen();
         s.rectangle(5, 6, 1, 2);
@@ -195,7 +191,7 @@ TEST(Emf, AreasTakePenAndBrush)
         s.solidRect(10.5, 10, 4, 5, 0xFF0000);
         s.solidRect(14, 15, -4.9, -5, 0xFF0000);
         s.pixel(3.9, 4, 0x0000FF);
-        s.polygon(triangle, 1);
+        s.polygon(kTriangle, 1);
     });
     EXPECT_EQ(file.drawing, "polygon 0,0 9,0 0,9: pen 1 #000000, no brush, clip all\n"
                             "rectangle 1,2 4,5: no pen, brush #ff0000, clip all\n"
@@ -220,22 +216,19 @@ TEST(Emf, BoundsStayInTheClipAndTakeThePenAlong)
 
 TEST(Emf, HolesInsideAreOneFigureAndOthersAClipPath)
 {
-    const SurfacePoint outer[] = {{0, 0}, {50, 0}, {50, 50}, {0, 50}};
-    const SurfacePoint hole[] = {{10, 10}, {20, 10}, {20, 20}, {10, 20}};
     const SurfacePoint touching[] = {{50, 30}, {40, 40}, {40, 30}};
-    const SurfacePoint across[] = {{40, 10}, {60, 10}, {60, 20}};
     const EmfFile file = emf([&](CSurface& s) {
         s.clipTo(0, 0, 100, 100);
         s.brush(0xFF);
-        s.clipOut(hole, 4);
+        s.clipOut(kHole, 4);
         s.clipOut(touching, 3);
-        s.polygon(outer, 4);
+        s.polygon(kSquare, 4);
         s.clipRestore();
-        s.clipOut(across, 3);
-        s.polygon(outer, 4);
+        s.clipOut(kAcross, 3);
+        s.polygon(kSquare, 4);
         line(s, 1, 1, 2, 2);
         s.clipRestore();
-        s.clipOut(hole, 2);
+        s.clipOut(kHole, 2);
         line(s, 3, 3, 4, 4);
         s.clipTo(0, 0, 9, 9);
         line(s, 5, 5, 6, 6);
@@ -251,28 +244,25 @@ TEST(Emf, HolesInsideAreOneFigureAndOthersAClipPath)
 
 TEST(Emf, HolesThatOverlapOrRepeatAreClipped)
 {
-    const SurfacePoint outer[] = {{0, 0}, {50, 0}, {50, 50}, {0, 50}};
     const SurfacePoint a[] = {{10, 10}, {30, 10}, {30, 30}, {10, 30}};
     const SurfacePoint b[] = {{20, 20}, {40, 20}, {40, 40}, {20, 40}};
     const SurfacePoint within[] = {{12, 12}, {15, 12}, {15, 15}};
     const SurfacePoint notch[] = {{0, 0}, {50, 0}, {50, 50}, {25, 10}, {0, 50}};
     const SurfacePoint inNotch[] = {{24, 40}, {26, 40}, {25, 45}};
-    const auto clipPaths = [&](std::span<const SurfacePoint> polygon,
-                               std::vector<std::span<const SurfacePoint>> holes) {
+    using Points = std::span<const SurfacePoint>;
+    const auto clipPaths = [](Points polygon, std::initializer_list<Points> holes) {
         return emf([&](CSurface& s) {
                    s.brush(0xFF);
-                   for (const auto hole : holes)
+                   for (const Points hole : holes)
                        s.clipOut(hole.data(), static_cast<int>(hole.size()));
                    s.polygon(polygon.data(), static_cast<int>(polygon.size()));
                })
             .count(67);
     };
-    EXPECT_EQ(clipPaths(outer, {a}), 0);
-    EXPECT_EQ(clipPaths(outer, {outer}), 0);
-    EXPECT_EQ(clipPaths(outer, {a, b}), 2);
-    EXPECT_EQ(clipPaths(outer, {a, a}), 2);
-    EXPECT_EQ(clipPaths(outer, {a, within}), 2);
-    EXPECT_EQ(clipPaths(outer, {within, a}), 2);
+    for (const Points hole : {Points(a), Points(kSquare)})
+        EXPECT_EQ(clipPaths(kSquare, {hole}), 0);
+    for (const Points other : {Points(b), Points(a), Points(within)})
+        EXPECT_TRUE(clipPaths(kSquare, {a, other}) == 2 && clipPaths(kSquare, {other, a}) == 2);
     EXPECT_EQ(clipPaths(notch, {inNotch}), 1);
 }
 
@@ -388,13 +378,12 @@ TEST(Emf, ManyLinesOfOnePenShareARecord)
         for (int k = 0; k < i % 4; ++k)
             points.push_back({i % 97 * 3.0, i % 89 + k * 1.25});
     }
-    const auto many = [&](CSurface& s) {
-        s.polylines(points.data(), counts.data(), 9000);
-        s.lineTo(5, 5); // from the end of the last line
-    };
-    const auto one = [&](CSurface& s) {
-        s.CSurface::polylines(points.data(), counts.data(), 9000);
-        s.lineTo(5, 5);
+    const auto draw = [&](bool isMany) {
+        return [&, isMany](CSurface& s) {
+            isMany ? s.polylines(points.data(), counts.data(), 9000)
+                   : s.CSurface::polylines(points.data(), counts.data(), 9000);
+            s.lineTo(5, 5); // from the end of the last line
+        };
     };
     const auto lines = [](const std::string& drawing) { // one by one, whatever the records
         std::multiset<std::string> list;
@@ -410,10 +399,10 @@ TEST(Emf, ManyLinesOfOnePenShareARecord)
         }
         return list;
     };
-    const EmfFile together = emf(many);
-    EXPECT_EQ(lines(together.drawing), lines(emf(one).drawing));
+    const EmfFile together = emf(draw(true));
+    EXPECT_EQ(lines(together.drawing), lines(emf(draw(false)).drawing));
     EXPECT_EQ(together.count(90), 1);
-    EXPECT_EQ(svgBody(many), svgBody(one));
+    EXPECT_EQ(svgBody(draw(true)), svgBody(draw(false)));
 }
 
 TEST(Emf, LinesInTheColourOfTheBrushStandOnNone)
@@ -468,18 +457,15 @@ TEST(Svg, KeepsThousandthsAndOnePathForOnePen)
 
 TEST(Svg, ClipsAndHoles)
 {
-    const SurfacePoint outer[] = {{0, 0}, {50, 0}, {50, 50}, {0, 50}};
-    const SurfacePoint hole[] = {{10, 10}, {20, 10}, {20, 20}, {10, 20}};
-    const SurfacePoint across[] = {{40, 10}, {60, 10}, {60, 20}};
-    EXPECT_EQ(svgBody([&](CSurface& s) {
+    EXPECT_EQ(svgBody([](CSurface& s) {
                   s.clipTo(0, 0, 32, 24);
                   s.brush(0xFF);
-                  s.clipOut(hole, 4);
-                  s.polygon(outer, 4);
+                  s.clipOut(kHole, 4);
+                  s.polygon(kSquare, 4);
                   s.clipRestore();
                   s.noPen();
-                  s.clipOut(across, 3);
-                  s.polygon(outer, 4);
+                  s.clipOut(kAcross, 3);
+                  s.polygon(kSquare, 4);
                   s.clipRestore();
                   s.rectangle(9, 9, 1, 2);
               }),

@@ -29,27 +29,10 @@ private:
 
 TEST(Units, HaveTheirPublishedSizes)
 {
-    const double metres[] = {0,
-                             0.0254,
-                             0.3048,
-                             1609.344,
-                             1e-3,
-                             1e-2,
-                             1,
-                             1e3,
-                             2.54e-8,
-                             2.54e-5,
-                             0.9144, //
-                             1e-10,
-                             1e-9,
-                             1e-6,
-                             0.1,
-                             10,
-                             100,
-                             1e9,
-                             149597870700.0,
-                             9460730472580800.0, //
-                             149597870700.0 * 648000.0 / 3.14159265358979323846};
+    const double kAstronomical = 149597870700.0, kParsec = kAstronomical * 648000.0 / 3.14159265358979323846;
+    const double metres[] = {0,      0.0254, 0.3048, 1609.344, 1e-3, 1e-2, 1,   1e3, 2.54e-8,       2.54e-5,
+                             0.9144, 1e-10,  1e-9,   1e-6,     0.1,  10,   100, 1e9, kAstronomical, 9460730472580800.0,
+                             kParsec};
     ASSERT_EQ(std::size(metres), 21u);
     for (int unit = 1; unit <= 20; ++unit) {
         EXPECT_NEAR(acadUnitCv(1.0, unit, Vek::unitMetre), metres[unit], metres[unit] * kRelative) << unit;
@@ -106,27 +89,20 @@ TEST(Units, TakeMinusOneForTheDrawingsUnit)
 
 TEST(AutoPrecision, KeepsTheFinenessOfMillimetres)
 {
+    // For 0.01 mm 0.001 in, which are 0.0254 mm, are too coarse; for 1 mm 1/32 in, 0.8 mm, are not, and 1/16 in are.
     const struct {
         int precision;
         Vek::lUnit unit;
         Vek::lFormat format;
         int expected;
-    } cases[] = {{2, Vek::unitMillimetre, Vek::formatDecimal, 2},
-                 {3, Vek::unitMillimetre, Vek::formatFractional, 3},
-                 {12, Vek::unitMillimetre, Vek::formatDecimal, 12},
-                 {2, Vek::unitCurrent, Vek::formatDecimal, 2},
-                 {2, Vek::unitCentimetre, Vek::formatDecimal, 3},
-                 {2, Vek::unitMetre, Vek::formatDecimal, 5},
-                 {2, Vek::unitKilometre, Vek::formatScientific, 8},
-                 {4, Vek::unitKilometre, Vek::formatDecimal, 8},
-                 {2, Vek::unitInch, Vek::formatDecimal, 4}, // 0.001 in are 0.0254 mm, coarser than 0.01 mm
-                 {2, Vek::unitInch, Vek::formatEngineering, 4},
-                 {0, Vek::unitInch, Vek::formatFractional, 5}, // 1/16 in is 1.6 mm, 1/32 in is 0.8 mm
-                 {1, Vek::unitFoot, Vek::formatArchitectural, 8},
-                 {2, Vek::unitMicron, Vek::formatDecimal, 0},
-                 {5, Vek::unitMicron, Vek::formatDecimal, 2},
-                 {2, Vek::unitNone, Vek::formatDecimal, 2},
-                 {0, Vek::unitParsec, Vek::formatDecimal, 8},
+    } cases[] = {{2, Vek::unitMillimetre, Vek::formatDecimal, 2},   {3, Vek::unitMillimetre, Vek::formatFractional, 3},
+                 {12, Vek::unitMillimetre, Vek::formatDecimal, 12}, {2, Vek::unitCurrent, Vek::formatDecimal, 2},
+                 {2, Vek::unitCentimetre, Vek::formatDecimal, 3},   {2, Vek::unitMetre, Vek::formatDecimal, 5},
+                 {2, Vek::unitKilometre, Vek::formatScientific, 8}, {4, Vek::unitKilometre, Vek::formatDecimal, 8},
+                 {2, Vek::unitInch, Vek::formatDecimal, 4},         {2, Vek::unitInch, Vek::formatEngineering, 4},
+                 {0, Vek::unitInch, Vek::formatFractional, 5},      {1, Vek::unitFoot, Vek::formatArchitectural, 8},
+                 {2, Vek::unitMicron, Vek::formatDecimal, 0},       {5, Vek::unitMicron, Vek::formatDecimal, 2},
+                 {2, Vek::unitNone, Vek::formatDecimal, 2},         {0, Vek::unitParsec, Vek::formatDecimal, 8},
                  {INT_MAX, Vek::unitParsec, Vek::formatDecimal, 8}};
     for (const auto& c : cases)
         EXPECT_EQ(autoPrec(c.precision, c.unit, c.format), c.expected) << c.precision << ' ' << c.unit;

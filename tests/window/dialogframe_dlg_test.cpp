@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU, kSizable = kStyle | WS_THICKFRAME;
 constexpr wchar_t kTitle[] = L"VekTest dialog";
 
 /// "key/built-in text/language", from a ring.
@@ -120,12 +120,9 @@ TEST_F(DialogFrame, OpensWhereItWasClosed)
         CPoint opened; ///< where the next one opens
     } cases[] = {
         {kTitle, kStyle, {40, 60, 340, 260}, {40, 60}},
-        {kTitle, kStyle | WS_THICKFRAME, {70, 80, 470, 380}, {70, 80}},
-        {kTitle, kStyle | WS_THICKFRAME, {-50, -20, 350, 280}, {0, 0}},
-        {kTitle,
-         kStyle | WS_THICKFRAME,
-         {edge.x - 100, edge.y - 30, edge.x + 300, edge.y + 200},
-         {edge.x - 400, edge.y - 230}},
+        {kTitle, kSizable, {70, 80, 470, 380}, {70, 80}},
+        {kTitle, kSizable, {-50, -20, 350, 280}, {0, 0}},
+        {kTitle, kSizable, CRect(-100, -30, 300, 200) + edge, edge - CSize(400, 230)},
         {kTitle, WS_POPUP | WS_THICKFRAME, {30, 20, 230, 220}, {30, 20}},
         {L"VekTest\\with\\levels", kStyle, {90, 95, 300, 300}, {90, 95}},
         {L"", kStyle, {40, 60, 340, 260}, {-1, -1}},
@@ -395,8 +392,7 @@ TEST_F(DialogFrame, ShowsTipsAndHelp)
     });
     form.Help(L"topic");
     EXPECT_TRUE(calls.empty() && form.helpFile().IsEmpty()) << "cancelled";
-    user.file(
-        [&](OPENFILENAMEW& request2, bool) { return lstrcpyW(request2.lpstrFile, L"D:\\x\\book.chm") != nullptr; });
+    user.file([](OPENFILENAMEW& chosen, bool) { return lstrcpyW(chosen.lpstrFile, L"D:\\x\\book.chm") != nullptr; });
     form.Help(nullptr);
     EXPECT_EQ(calls, (std::vector<OutsideCall>{{OutsideCall::What::helpTopic, L"D:\\x\\book.chm"},
                                                {OutsideCall::What::helpKeyword, L"D:\\x\\book.chm", L"intro"}}));
@@ -439,9 +435,7 @@ TEST_F(DialogFrame, DrawsItsGripper)
 
 TEST_F(DialogFrame, FollowsTheResolutionWithoutGrowing)
 {
-    Template source = titled(kTitle, kStyle | WS_THICKFRAME);
-    source.item(1, L"EDIT").item(2, L"BUTTON").item(3, L"COMBOBOX", CBS_DROPDOWN);
-    Form form(source);
+    Form form(titled(kTitle, kSizable).item(1, L"EDIT").item(2, L"BUTTON").item(3, L"COMBOBOX", CBS_DROPDOWN));
     form.open();
     const auto placeOf = [&](int id) {
         CRect place = rectOf(*form.GetDlgItem(id));

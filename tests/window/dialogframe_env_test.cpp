@@ -156,39 +156,39 @@ TEST_F(DialogSurroundings, BearDialogsThatEndThemselves)
             dialog->deleted = &deleted;
             dialog->endsAt = early ? message : 0;
             dialog->CreateIndirect(dialog->source(), nullptr);
-            const auto during = [&](auto action) {
+            const auto press = [&](int id, WPARAM key) {
+                const HWND field = ::GetDlgItem(*dialog, id);
+                ::SetFocus(field);
+                MSG down = {field, WM_KEYDOWN, key, 0, 0, {}};
+                if (!deleted)
+                    dialog->PreTranslateMessage(&down);
+            };
+            RECT place = {10, 10, 400, 300};
+            HELPINFO info = {sizeof info, HELPINFO_WINDOW, 1, nullptr, 0, {}};
+            NMTTDISPINFOW request = {};
+            request.uFlags = TTF_IDISHWND;
+            const std::function<void()> actions[] = {
+                [&] { dialog->endsAt = message, dialog->ShowWindow(SW_SHOW); },
+                [&] { dialog->UpdateWindow(); },
+                [&] { dialog->SetCountry(L"fr"); },
+                [&] { dialog->SendMessage(WM_DPICHANGED, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&place)); },
+                [&] { dialog->SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)); },
+                [&] { dialog->SetHelpFile(nullptr); },
+                [&] { press(1, VK_RETURN); },
+                [&] { press(2, VK_PRIOR); },
+                [&] {
+                    request.hdr = {::GetDlgItem(*dialog, 2), reinterpret_cast<UINT_PTR>(::GetDlgItem(*dialog, 1)),
+                                   TTN_NEEDTEXTW};
+                    dialog->SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&request));
+                },
+            };
+            for (const auto& action : actions) {
                 if (!deleted)
                     action();
-            };
-            during([&] { dialog->endsAt = message, dialog->ShowWindow(SW_SHOW); });
-            during([&] { dialog->UpdateWindow(); });
-            during([&] { dialog->SetCountry(L"fr"); });
-            during([&] {
-                RECT place = {10, 10, 400, 300};
-                dialog->SendMessage(WM_DPICHANGED, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&place));
-            });
-            during([&] {
-                HELPINFO info = {sizeof info, HELPINFO_WINDOW, 1, nullptr, 0, {}};
-                dialog->SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
-            });
-            during([&] { dialog->SetHelpFile(nullptr); });
-            for (const WPARAM key : {VK_RETURN, VK_PRIOR}) {
-                during([&] {
-                    const HWND field = ::GetDlgItem(*dialog, key == VK_RETURN ? 1 : 2);
-                    ::SetFocus(field);
-                    MSG down = {field, WM_KEYDOWN, key, 0, 0, {}};
-                    during([&] { dialog->PreTranslateMessage(&down); });
-                });
             }
-            during([&] {
-                NMTTDISPINFOW request = {};
-                request.hdr = {::GetDlgItem(*dialog, 2), reinterpret_cast<UINT_PTR>(::GetDlgItem(*dialog, 1)),
-                               TTN_NEEDTEXTW};
-                request.uFlags = TTF_IDISHWND;
-                dialog->SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&request));
-            });
             ended += deleted;
-            during([&] { dialog->endsAt = 0, dialog->DestroyWindow(); });
+            if (!deleted)
+                dialog->endsAt = 0, dialog->DestroyWindow();
             EXPECT_TRUE(deleted) << message << (early ? " early" : "");
         }
     }

@@ -54,12 +54,19 @@ TEST(ToolkitDrawing, FindsTheOwnerOfAHandle)
     EXPECT_EQ(CPen::FromHandle(handle), temporary);
     CGdiObject::DeleteTempMap();
     EXPECT_EQ(::GetObjectType(handle), DWORD(OBJ_PEN)) << "a temporary object owns nothing";
+    HDC memory;
+    HGDIOBJ bitmap;
     {
         CPen owner;
         owner.Attach(handle);
         EXPECT_EQ(CPen::FromHandle(handle), &owner);
+        Canvas dc;
+        memory = dc;
+        bitmap = dc.bitmap.GetSafeHandle();
+        EXPECT_EQ(CDC::FromHandle(memory), &dc);
     }
-    EXPECT_EQ(::GetObjectType(handle), 0u) << "an owner deletes";
+    for (const HGDIOBJ owned : {static_cast<HGDIOBJ>(handle), static_cast<HGDIOBJ>(memory), bitmap})
+        EXPECT_EQ(::GetObjectType(owned), 0u) << "an owner deletes";
     EXPECT_EQ(CPen::FromHandle(nullptr), nullptr);
 }
 
@@ -155,20 +162,6 @@ TEST(ToolkitDrawing, KeepsTheClipThatAContextHas)
     EXPECT_EQ(screen.GetPixel(5, 5), 0u);
     EXPECT_EQ(screen.GetPixel(4, 5), RGB(255, 255, 255));
     ::DeleteEnhMetaFile(file.CloseEnhanced());
-}
-
-TEST(ToolkitDrawing, DeletesWhatItOwns)
-{
-    HDC memory;
-    HGDIOBJ bitmap;
-    {
-        Canvas dc;
-        memory = dc;
-        bitmap = dc.bitmap.GetSafeHandle();
-        EXPECT_EQ(CDC::FromHandle(memory), &dc);
-    }
-    EXPECT_EQ(::GetObjectType(memory), 0u);
-    EXPECT_EQ(::GetObjectType(bitmap), 0u);
 }
 
 TEST(ToolkitDrawing, SettlesMetafilesInBothContexts)

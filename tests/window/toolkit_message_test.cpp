@@ -137,36 +137,21 @@ protected:
 TEST_F(ToolkitMessages, GoToTheMostDerivedHandler)
 {
     Derived window(log);
+    CButton button, ranged;
     ASSERT_TRUE(window.open());
     EXPECT_EQ(window.created, 100);
+    ASSERT_TRUE(button.Create(L"b", WS_CHILD, CRect(0, 0, 9, 9), &window, 11));
+    ASSERT_TRUE(ranged.Create(L"r", WS_CHILD, CRect(0, 0, 9, 9), &window, 25));
     log.clear();
     EXPECT_EQ(window.SendMessage(kPing, 4), 50);
     EXPECT_EQ(window.SendMessage(kPong), 0);
     EXPECT_EQ(window.SendMessage(kNamed), 77);
-    EXPECT_EQ(log, (Log{"derived ping", "base ping", "base pong"}));
-}
-
-TEST_F(ToolkitMessages, AreTakenApart)
-{
-    Derived window(log);
-    ASSERT_TRUE(window.open());
-    log.clear();
     EXPECT_EQ(window.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, -240), MAKELPARAM(-3, 9)), 1);
     window.SetWindowPos(nullptr, 0, 0, 33, 44, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    EXPECT_EQ(log, (Log{"wheel 8 -240 -3", "size 33 44"}));
-}
-
-TEST_F(ToolkitMessages, CommandsFindTheirIds)
-{
-    Derived window(log);
-    CButton button, ranged;
-    ASSERT_TRUE(window.open());
-    ASSERT_TRUE(button.Create(L"b", WS_CHILD, CRect(0, 0, 9, 9), &window, 11));
-    ASSERT_TRUE(ranged.Create(L"r", WS_CHILD, CRect(0, 0, 9, 9), &window, 25));
-    log.clear();
     button.SendMessage(BM_CLICK);
     ranged.SendMessage(BM_CLICK);
-    EXPECT_EQ(log, (Log{"button", "range 25"}));
+    EXPECT_EQ(log,
+              (Log{"derived ping", "base ping", "base pong", "wheel 8 -240 -3", "size 33 44", "button", "range 25"}));
     EXPECT_EQ(window.SendMessage(WM_COMMAND, 99), 0) << "nobody's command";
 }
 
