@@ -71,7 +71,7 @@ int editPattern(CVekApp& host, VEK::CUniqResbuf& answer)
 
 void holeDialogEnter(CVekLocalApp& host)
 {
-    // The library calls with its own module's state, in which the dialog's resources would not be found.
+    // The library calls under the state of its own module, which has not the resources of a host that is a DLL itself.
     AFX_MODULE_STATE* const module = AfxGetModuleState();
     host.functionSet(L"mra_hole_dial", [&host, module](resbuf*, VEK::CUniqResbuf& answer) {
         AFX_MANAGE_STATE(module);
@@ -207,6 +207,7 @@ void HoleDialog::fillList(int selected)
         m_list.SetItemText(row, 1, kindText(*m_holes[row]));
     }
     m_list.SetCurSel(std::min(selected, rows - 1));
+    m_list.SetItemState(m_list.GetCurSel(), LVIS_FOCUSED, LVIS_FOCUSED); // where the arrow keys begin
     showHole();
     showPicture(true);
 }

@@ -96,6 +96,7 @@ TEST(HostHoleDialog, ChangesThePatternOnlyAtOkInEveryLanguage)
         user.dialog<HoleDialog>([&](HoleDialog& dialog) {
             std::wstring before = L"1 Langloch B Kontur - 9 8";
             EXPECT_EQ(shown(dialog), before);
+            EXPECT_EQ(dialog.SendDlgItemMessage(IDC_HOLES_LIST, LVM_GETNEXTITEM, WPARAM(-1), LVNI_FOCUSED), 1);
             for (const Step& step : steps) {
                 const VEK::CPixels picture = control_test::pixelsOf(*dialog.GetDlgItem(IDC_HOLES_PICTURE));
                 if (step.id == IDC_HOLES_DIAMETER && *step.entry == L'-')
@@ -133,7 +134,8 @@ TEST(HostHoleDialog, ChangesThePatternOnlyAtOkInEveryLanguage)
                 dialog.GetDlgItem(id)->GetClientRect(&area);
                 EXPECT_LE(dc.GetTextExtent(text, dialog.GetDlgItemText(id, text)).cx, area.Width()) << id << language;
             }
-            Step{-1, IDC_HOLES_ADD, nullptr, nullptr}.act(dialog);
+            for (const int id : {IDC_HOLES_ADD, IDC_HOLES_ADD, IDC_HOLES_REMOVE})
+                Step{-1, id, nullptr, nullptr}.act(dialog);
             dialog.SendMessage(WM_COMMAND, IDOK);
         });
         CVekDataItem data;

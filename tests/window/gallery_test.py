@@ -294,6 +294,16 @@ class Gallery(unittest.TestCase):
         self.key("alt+f", "x")
         self.assertEqual(self.program.wait(DEADLINE), 0)
 
+    def test_dialog_of_the_host(self):
+        self.start("All kinds")
+        self.click(1)  # on nothing: the keys go to the window
+        before = self.still() and self.status()
+        self.key("alt+d", "h")
+        wait("the dialog", lambda: windows("Lochbild"))
+        self.save("holes")
+        self.key("Return")
+        wait("the word of what came back", lambda: not windows("Lochbild") and self.shot().part(*STATUS) != before)
+
     def test_export_of_a_slide_whose_name_no_file_can_have(self):
         slides = (EXAMPLES / "facade.slb").read_bytes()
         (self.folder / "facade.slb").write_bytes(slides.replace(b"RIEGEL", b"RIE*EL"))
