@@ -53,7 +53,8 @@ public:
     virtual bool read(const wchar_t* language, CVekString& text) = 0;
 };
 
-/// Writes the rows to the store as the label that was copied, in each form that `LabelStore` has.
+/// Replaces what is in the store: the rows are the texts of the languages in the order of `dlCountries`, empty ones
+/// left out. A store that cannot be cleared stays as it is.
 VEK_API void labelCopy(LabelStore& store, const LabelRows& rows);
 
 /// The label in a store. In its texts "\n" is a line feed, or a blank if rows have a single line.

@@ -1,11 +1,14 @@
-"""Doxygen's filter for the public headers: group_docs.py HEADER
+"""Runs Doxygen over the public headers: reference.py HEADERS BUILD DOXYGEN
 
-A comment there stands for all declarations below it up to the next blank line or comment. Doxygen wants a group of
-members for that, so this puts its marks around such declarations, unless the comment describes parameters or a result,
-which not all of them have. Lines keep their numbers.
+A comment in a header stands for all declarations below it up to the next blank line or comment. Doxygen wants a group of
+members for that, so it reads copies, in BUILD/reference/include, with its marks around such declarations, unless the
+comment describes parameters or a result, which not all of them have. Lines keep their numbers.
 """
 
+import pathlib
 import re
+import shutil
+import subprocess
 import sys
 
 COMMENT = re.compile(r"\s*///(?!<)")
@@ -33,5 +36,14 @@ def grouped(lines):
     return lines
 
 
-with open(sys.argv[1], encoding="utf-8") as header:
-    print("\n".join(grouped(header.read().split("\n"))), end="")
+def main(headers, build, doxygen):
+    reference = build / "reference"
+    shutil.rmtree(reference, ignore_errors=True)
+    for header in headers.rglob("*.h"):
+        copy = reference / "include" / header.relative_to(headers)
+        copy.parent.mkdir(parents=True, exist_ok=True)
+        copy.write_text("\n".join(grouped(header.read_text(encoding="utf-8").split("\n"))), encoding="utf-8")
+    return subprocess.run([doxygen, build / "Doxyfile"]).returncode
+
+
+sys.exit(main(pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]))
