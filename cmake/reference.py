@@ -46,4 +46,5 @@ def main(headers, build, doxygen):
     return subprocess.run([doxygen, build / "Doxyfile"]).returncode
 
 
-sys.exit(main(pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]))
+if __name__ == "__main__":
+    sys.exit(main(pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]))
