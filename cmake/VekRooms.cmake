@@ -168,7 +168,7 @@ function(vek_program path)
   if(NOT MSVC) # the templates of the two header libraries take long to optimise, and no program code is time-critical
     target_compile_options(${program} PRIVATE $<$<CONFIG:Debug>:-O0>)
   endif()
-  install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
   return(PROPAGATE program)
 endfunction()
 

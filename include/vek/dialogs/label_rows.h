@@ -7,6 +7,7 @@
 namespace VEK
 {
 
+/// One row of a label.
 struct LabelRow {
     CVekString text;
     int lineKind = 0; ///< 1 for a row of several lines
@@ -52,6 +53,8 @@ public:
     virtual bool read(const wchar_t* language, CVekString& text) = 0;
 };
 
+/// Replaces what is in the store: the rows are the texts of the languages in the order of `dlCountries`, empty ones
+/// left out. A store that cannot be cleared stays as it is.
 VEK_API void labelCopy(LabelStore& store, const LabelRows& rows);
 
 /// The label in a store. In its texts "\n" is a line feed, or a blank if rows have a single line.

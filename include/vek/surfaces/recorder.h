@@ -11,6 +11,7 @@
 namespace VEK
 {
 
+/// The calls of a surface.
 enum class SurfaceOp {
     clipTo,
     clipOut,

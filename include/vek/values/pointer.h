@@ -17,6 +17,7 @@ namespace VEK
 class VEK_API CPtrMap : public CVekObj
 {
 public:
+    /// An entry of the table.
     struct Data {
         int refs = 0;        ///< 0 for a free entry
         void* ptr = nullptr; ///< null once it was released
