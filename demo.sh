@@ -49,12 +49,29 @@ drive_gallery() {
     start_display
     start_wine
     say gallery "acting on it by pointer and keys"
-    if ! python3 -B tests/window/gallery_test.py build/mingw/gallery.exe build/mingw/tests/clipboard_save.exe \
-        "$out/gallery" cmake/wine-run >build/gallery.log 2>&1; then
+    act_on_gallery "$out/gallery"
+    say gallery "its dialogs at 144 dots an inch"
+    set_dpi 144
+    act_on_gallery "$out/gallery-144" -- Gallery.test_dialogs
+    set_dpi 96
+    ls "$out"/gallery/*.png "$out"/gallery-144/*.png
+}
+
+# act_on_gallery SHOTS [-- TEST...]
+act_on_gallery() {
+    local shots=$1
+    shift
+    if ! LANGUAGES="de en" python3 -B tests/window/gallery_test.py build/mingw/gallery.exe \
+        build/mingw/tests/clipboard_save.exe "$shots" cmake/wine-run "$@" >build/gallery.log 2>&1; then
         tail -n 30 build/gallery.log
         exit 1
     fi
-    ls "$out"/gallery/*.png
+}
+
+# Counts for programs that start from now on.
+set_dpi() {
+    cmake/wine-run reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f >/dev/null 2>&1
+    wineserver -k || true
 }
 
 gallery() {

@@ -1,11 +1,14 @@
 """Drives the gallery with pointer and keys, as a person would, and looks at the screen.
 
-    gallery_test.py GALLERY READER SHOTS [RUNNER]
+    gallery_test.py GALLERY READER SHOTS [RUNNER] [-- TEST...]
 
 READER is a program that saves the metafile on the clipboard. SHOTS is the folder for screenshots; RUNNER starts a
-program that this system cannot run itself. The display is that of the environment.
+program that this system cannot run itself. The display is that of the environment, and LANGUAGES there are those in
+which the dialogs are opened, "de" without it.
 """
 
+import json
+import os
 import pathlib
 import shutil
 import struct
@@ -17,7 +20,9 @@ import unittest
 import xml.etree.ElementTree
 
 GALLERY, READER, SHOTS = (pathlib.Path(argument).resolve() for argument in sys.argv[1:4])
-RUNNER = sys.argv[4:]
+RUNNER = sys.argv[4 : (sys.argv + ["--"]).index("--")]
+TESTS = sys.argv[5 + len(RUNNER) :]
+LANGUAGES = os.environ.get("LANGUAGES", "de").split()
 EXAMPLES = pathlib.Path(__file__).parents[2] / "examples"
 DEADLINE = 20.0  # seconds, for whatever is waited for
 BETWEEN = 0.1  # seconds from one look to the next
@@ -109,6 +114,7 @@ class Gallery(unittest.TestCase):
         window = windows("VEK Gallery")[0]
         place = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window))
         self.left, self.top = int(place["X"]), int(place["Y"])
+        self.size = int(place["WIDTH"]), int(place["HEIGHT"])
         self.to(*MIDDLE)
         return self.still()
 
@@ -124,7 +130,7 @@ class Gallery(unittest.TestCase):
         return self.window.part(*PICTURE)
 
     def shot(self):
-        return screen().part(self.left, self.top, self.left + 1000, self.top + 700)
+        return screen().part(self.left, self.top, self.left + self.size[0], self.top + self.size[1])
 
     def changed(self, before):
         """The picture, when it is another one than before and stands still."""
@@ -294,15 +300,36 @@ class Gallery(unittest.TestCase):
         self.key("alt+f", "x")
         self.assertEqual(self.program.wait(DEADLINE), 0)
 
-    def test_dialog_of_the_host(self):
-        self.start("All kinds")
-        self.click(1)  # on nothing: the keys go to the window
-        before = self.still() and self.status()
-        self.key("alt+d", "h")
-        wait("the dialog", lambda: windows("Lochbild"))
-        self.save("holes")
-        self.key("Return")
-        wait("the word of what came back", lambda: not windows("Lochbild") and self.shot().part(*STATUS) != before)
+    def test_dialogs(self):
+        dialogs = [
+            ("o", "VEK_OUTL_0000", "outline", "Escape"),
+            ("f", "VEK_OUTL_0100", "filter", "Escape"),
+            ("m", "VEK_MFC_0012", "material", "Escape"),
+            ("u", "VEK084", "unit", "Return"),
+            ("l", "VEK_MFC_0009", "label", "Escape"),
+            ("n", "VEK_MFC_0009", "label-lines", "Escape"),
+            ("h", "VEK_HOLE_0000", "holes", "Return"),
+        ]
+        texts = json.loads((EXAMPLES / "texts.json").read_text("utf-8"))["*MSG*"]["VEK_"]
+        for language in LANGUAGES:
+            self.start("All kinds", "--language", language)
+            for key, title, name, end in dialogs:
+                title = texts[language][title]
+                self.click(1)  # on nothing: the keys go to the window
+                self.to(*MIDDLE)
+                before = self.still() and self.status()
+                self.key("alt+d", key)
+                wait(f"the dialog {title}", lambda: windows(title))
+                self.to(2, 2)  # a row under the pointer would be selected
+                self.still()
+                self.save(f"{name}-{language}")
+                self.key(end)
+                wait("the end of the dialog", lambda: not windows(title))
+                if end == "Return" and self.size == (1000, 700):
+                    wait("the word of what came back", lambda: self.shot().part(*STATUS) != before)
+                self.to(*MIDDLE)
+            self.program.kill()
+            self.program.wait(DEADLINE)
 
     def test_export_of_a_slide_whose_name_no_file_can_have(self):
         slides = (EXAMPLES / "facade.slb").read_bytes()
@@ -358,4 +385,4 @@ class Gallery(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1], verbosity=2)
+    unittest.main(argv=sys.argv[:1] + TESTS, verbosity=2)
