@@ -1,8 +1,8 @@
 #include "gallery_window.h"
 
 #include "chosen.h"
-#include "material_tree_page.h"
 #include "list_page.h"
+#include "material_tree_page.h"
 #include "resource.h"
 #include "sample_dialog.h"
 #include "shared/failure.h"
