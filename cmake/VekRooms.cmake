@@ -88,10 +88,11 @@ function(vek_room name folder)
   endif()
 endfunction()
 
-# Compiles the resources of a target in this folder again when a dialog changes: the resource compiler does not tell what
-# it has included.
+# Compiles the resources of a target in this folder again when a dialog or an icon changes: the resource compiler does
+# not tell what it has included.
 function(vek_follow_dialogs)
-  file(GLOB dialogs CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/dialogs/res/*)
+  file(GLOB dialogs CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/dialogs/res/*
+       ${CMAKE_SOURCE_DIR}/src/module/res/icons/*)
   set_property(SOURCE ${CMAKE_SOURCE_DIR}/src/module/vek.rc PROPERTY OBJECT_DEPENDS ${dialogs})
 endfunction()
 

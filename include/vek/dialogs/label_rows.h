@@ -25,8 +25,8 @@ VEK_API LabelRows labelRows(const wchar_t* label, const wchar_t* language, bool 
 /// @return false when memory runs out
 VEK_API bool labelOfRows(CVekString& label, const LabelRows& rows);
 
-/// The height in pixels that all rows of the list get for the one with the most lines. What a user types for a line
-/// feed, the two characters "\n" or the sign "¶", counts as one.
+/// The height in pixels, at 96 dots an inch, that all rows of the list get for the one with the most lines. What a user
+/// types for a line feed, the two characters "\n" or the sign "¶", counts as one.
 VEK_API int labelRowHeight(const LabelRows& rows);
 
 /// A row in which a user has typed, in a label whose rows may have several lines: "\n" and "¶" become line feeds.

@@ -14,9 +14,15 @@ namespace
 constexpr int kEditor = 1025; // of the base class
 constexpr int kLines = 1027, kPaste = 1028, kCopy = 1029;
 constexpr int kFirstIcon = 2004, kIcons = 2, kIconSize = 16;
-constexpr int kNameWidth = 100, kMargin = 6;
+constexpr int kNameWidth = 100, kMargin = 6; // at 96 dots an inch
 constexpr int kHoverTime = 500;
 constexpr int kText = 1; // the column
+
+/// Pixels on the monitor of a window from pixels at 96 dots an inch.
+int scaled(int pixels, HWND window)
+{
+    return MulDiv(pixels, static_cast<int>(::GetDpiForWindow(window)), 96);
+}
 
 } // namespace
 
@@ -42,15 +48,22 @@ void CVekLabelEditLst::PreSubclassWindow()
     SetImageList(&m_images, LVSIL_SMALL);
     CRect area;
     GetClientRect(&area);
-    InsertColumn(0, L"", LVCFMT_LEFT, kNameWidth);
-    InsertColumn(kText, L"", LVCFMT_LEFT, std::max(area.Width() - kNameWidth - kMargin, 0), kText);
+    InsertColumn(0, L"", LVCFMT_LEFT, scaled(kNameWidth, m_hWnd));
+    InsertColumn(kText, L"", LVCFMT_LEFT, 0, kText);
+    fitText(area.Width());
     SendMessage(LVM_SETHOVERTIME, 0, kHoverTime);
 }
 
 void CVekLabelEditLst::OnSize(UINT type, int width, int height)
 {
     CVekListCtrl::OnSize(type, width, height);
-    SetColumnWidth(kText, std::max(width - kNameWidth - kMargin, 0));
+    fitText(width);
+}
+
+/// Gives the texts what the names leave of the list's width.
+void CVekLabelEditLst::fitText(int width)
+{
+    SetColumnWidth(kText, std::max(width - GetColumnWidth(0) - scaled(kMargin, m_hWnd), 0));
 }
 
 // Rows
@@ -119,7 +132,7 @@ void CVekLabelEditLst::measure()
 
 void CVekLabelEditLst::MeasureItem(LPMEASUREITEMSTRUCT item)
 {
-    item->itemHeight = static_cast<UINT>(VEK::labelRowHeight(rows()));
+    item->itemHeight = static_cast<UINT>(scaled(VEK::labelRowHeight(rows()), m_hWnd));
     ModifyStyle(LVS_OWNERDRAWFIXED, 0);
 }
 

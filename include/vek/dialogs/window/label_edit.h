@@ -49,6 +49,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void fitText(int width);
     VEK::LabelRow row(int index) const;
     VEK::LabelRows rows() const;
     void show(int index, const VEK::LabelRow& row);
