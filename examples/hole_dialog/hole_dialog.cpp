@@ -118,28 +118,17 @@ void HoleDialog::DoDataExchange(CDataExchange* exchange)
 
 void HoleDialog::addLangRsc()
 {
-    struct Text {
-        unsigned id;
-        const wchar_t* key;
-        const wchar_t* builtIn;
-    };
-    const Text texts[] = {
-        {IDOK, L"DLG_001", L"OK"},
-        {IDCANCEL, L"DLG_002", L"Abbrechen"},
-        {IDC_HOLES_LABEL_TEXT, L"VEK_MFC_0009", L"Bezeichnung"},
-        {IDC_HOLES_ORDER_TEXT, L"VEK_HOLE_0001", L"Bestellnummer"},
-        {IDC_HOLES_LIST_TEXT, L"VEK_HOLE_0002", L"Löcher"},
-        {IDC_HOLES_GROUP, L"VEK_HOLE_0003", L"Loch"},
-        {IDC_HOLES_NAME_TEXT, L"VEK_HOLE_0004", L"Name"},
-        {IDC_HOLES_KIND_TEXT, L"VEK_HOLE_0005", L"Art"},
-        {IDC_HOLES_DIAMETER_TEXT, L"VEK_OUTL_2004", L"Durchmesser"},
-        {IDC_HOLES_ADD, L"VEK_HOLE_0008", L"Hinzufügen"},
-        {IDC_HOLES_REMOVE, L"VEK_HOLE_0009", L"Entfernen"},
-    };
-    for (const Text& text : texts) {
-        m_mapLangKey[text.id] = text.key;
-        m_mapLangDef[text.id] = text.builtIn;
-    }
+    addText(IDOK, L"DLG_001", L"OK");
+    addText(IDCANCEL, L"DLG_002", L"Abbrechen");
+    addText(IDC_HOLES_LABEL_TEXT, L"VEK_MFC_0009", L"Bezeichnung");
+    addText(IDC_HOLES_ORDER_TEXT, L"VEK_HOLE_0001", L"Bestellnummer");
+    addText(IDC_HOLES_LIST_TEXT, L"VEK_HOLE_0002", L"Löcher");
+    addText(IDC_HOLES_GROUP, L"VEK_HOLE_0003", L"Loch");
+    addText(IDC_HOLES_NAME_TEXT, L"VEK_HOLE_0004", L"Name");
+    addText(IDC_HOLES_KIND_TEXT, L"VEK_HOLE_0005", L"Art");
+    addText(IDC_HOLES_DIAMETER_TEXT, L"VEK_OUTL_2004", L"Durchmesser");
+    addText(IDC_HOLES_ADD, L"VEK_HOLE_0008", L"Hinzufügen");
+    addText(IDC_HOLES_REMOVE, L"VEK_HOLE_0009", L"Entfernen");
 }
 
 bool HoleDialog::updLang()

@@ -48,7 +48,8 @@ CVekMatrix3d screenMatrix(const CVekGDX& gdx, const DrawArea& area)
     return moved(move * flip * unit * gdx.projMtxGet(), area);
 }
 
-/// Whether a matrix changes nothing. Most items have no other, so there is no branch, and no call.
+/// Whether a matrix changes nothing; its last row plays no part. Most items have no other, so there is no branch, and
+/// no call.
 inline bool isIdentity(const CVekMatrix3d& m)
 {
     const CVekMatrix3d::Rows& rows = m;

@@ -24,24 +24,13 @@ SampleDialog::SampleDialog(CWnd* parent)
 
 void SampleDialog::addLangRsc()
 {
-    struct Row {
-        unsigned id;
-        const wchar_t* key;
-        const wchar_t* builtIn;
-    };
-    const Row rows[] = {
-        {IDOK, L"DLG_001", L"OK"},
-        {IDCANCEL, L"DLG_002", L"Abbrechen"},
-        {IDC_GROUP, L"VEK_OUTL_0003", L"Auswahl"},
-        {IDC_RANGE_LABEL, L"VEK_OUTL_0066", L"Bereich"},
-        {IDC_POINT_LABEL, L"VEK_OUTL_0005", L"Basispunkt"},
-        {IDC_PARAMETER_LABEL, L"VEK_OUTL_0006", L"Parameter"},
-        {IDC_ANOTHER, L"\\VEK_OUTL_0004\\...", L"Filter"},
-    };
-    for (const Row& row : rows) {
-        m_mapLangKey[row.id] = row.key;
-        m_mapLangDef[row.id] = row.builtIn;
-    }
+    addText(IDOK, L"DLG_001", L"OK");
+    addText(IDCANCEL, L"DLG_002", L"Abbrechen");
+    addText(IDC_GROUP, L"VEK_OUTL_0003", L"Auswahl");
+    addText(IDC_RANGE_LABEL, L"VEK_OUTL_0066", L"Bereich");
+    addText(IDC_POINT_LABEL, L"VEK_OUTL_0005", L"Basispunkt");
+    addText(IDC_PARAMETER_LABEL, L"VEK_OUTL_0006", L"Parameter");
+    addText(IDC_ANOTHER, L"\\VEK_OUTL_0004\\...", L"Filter");
 }
 
 void SampleDialog::addHlpRsc()

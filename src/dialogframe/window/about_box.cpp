@@ -13,6 +13,5 @@ CAboutboxDlg::CAboutboxDlg(CWnd* parent) : CVekDlg(kTemplate, parent) {}
 
 void CAboutboxDlg::addLangRsc()
 {
-    m_mapLangKey[IDOK] = L"DLG_001";
-    m_mapLangDef[IDOK] = L"OK";
+    addText(IDOK, L"DLG_001", L"OK");
 }

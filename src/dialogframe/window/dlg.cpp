@@ -150,6 +150,12 @@ void CVekDlg::SetCountry(const wchar_t* language)
         updLang();
 }
 
+void CVekDlg::addText(unsigned id, const wchar_t* key, const wchar_t* builtIn)
+{
+    m_mapLangKey[id] = key;
+    m_mapLangDef[id] = builtIn;
+}
+
 bool CVekDlg::updLang()
 {
     if (!m_hWnd || !m_pMsgFcn)

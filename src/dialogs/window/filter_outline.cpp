@@ -30,10 +30,8 @@ void CDlgFilterOutline::DoDataExchange(CDataExchange* exchange)
 
 void CDlgFilterOutline::addLangRsc()
 {
-    m_mapLangKey[IDCANCEL] = L"VEK_OUTL_0001";
-    m_mapLangDef[IDCANCEL] = L"Abbrechen";
-    m_mapLangKey[IDOK] = L"VEK_OUTL_0002";
-    m_mapLangDef[IDOK] = L"OK";
+    addText(IDCANCEL, L"VEK_OUTL_0001", L"Abbrechen");
+    addText(IDOK, L"VEK_OUTL_0002", L"OK");
 }
 
 /// Fills the list, too. What the user has selected meanwhile stays selected.

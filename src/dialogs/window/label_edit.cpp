@@ -57,9 +57,9 @@ void CVekLabelEdit::DoDataExchange(CDataExchange* exchange)
 
 void CVekLabelEdit::addLangRsc()
 {
-    m_mapLangKey[kImport] = L"VEK_MFC_0008", m_mapLangDef[kImport] = L"Import";
-    m_mapLangKey[IDOK] = L"DLG_001", m_mapLangDef[IDOK] = L"Ok";
-    m_mapLangKey[IDCANCEL] = L"DLG_002", m_mapLangDef[IDCANCEL] = L"Abbrechen";
+    addText(kImport, L"VEK_MFC_0008", L"Import");
+    addText(IDOK, L"DLG_001", L"Ok");
+    addText(IDCANCEL, L"DLG_002", L"Abbrechen");
 }
 
 void CVekLabelEdit::addHlpRsc()

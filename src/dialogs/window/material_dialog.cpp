@@ -50,10 +50,8 @@ void CVekMatTreeDlg::DoDataExchange(CDataExchange* exchange)
 
 void CVekMatTreeDlg::addLangRsc()
 {
-    m_mapLangKey[IDOK] = L"DLG_001";
-    m_mapLangDef[IDOK] = L"OK";
-    m_mapLangKey[IDCANCEL] = L"DLG_002";
-    m_mapLangDef[IDCANCEL] = L"Abbrechen";
+    addText(IDOK, L"DLG_001", L"OK");
+    addText(IDCANCEL, L"DLG_002", L"Abbrechen");
 }
 
 /// No control has a help text of its own; the entry is for none of them.

@@ -65,21 +65,13 @@ void CVekOutlDlg::DoDataExchange(CDataExchange* exchange)
 
 void CVekOutlDlg::addLangRsc()
 {
-    struct Text {
-        unsigned id;
-        const wchar_t* key;
-        const wchar_t* builtIn;
-    };
-    const Text texts[] = {
-        {IDCANCEL, L"VEK_OUTL_0001", L"Abbrechen"}, {IDOK, L"VEK_OUTL_0002", L"OK"},
-        {5010, L"VEK_OUTL_0003", L"Auswahl"},       {kFilter, L"\\VEK_OUTL_0004\\...", L"Filter"},
-        {5008, L"VEK_OUTL_0005", L"Basispunkt"},    {5013, L"VEK_OUTL_0006", L"Parameter"},
-        {5011, L"VEK_OUTL_0066", L"Bereich"},
-    };
-    for (const Text& text : texts) {
-        m_mapLangKey[text.id] = text.key;
-        m_mapLangDef[text.id] = text.builtIn;
-    }
+    addText(IDCANCEL, L"VEK_OUTL_0001", L"Abbrechen");
+    addText(IDOK, L"VEK_OUTL_0002", L"OK");
+    addText(5010, L"VEK_OUTL_0003", L"Auswahl");
+    addText(kFilter, L"\\VEK_OUTL_0004\\...", L"Filter");
+    addText(5008, L"VEK_OUTL_0005", L"Basispunkt");
+    addText(5013, L"VEK_OUTL_0006", L"Parameter");
+    addText(5011, L"VEK_OUTL_0066", L"Bereich");
 }
 
 bool CVekOutlDlg::updLang()

@@ -30,8 +30,7 @@ void CVekUnitsDlg::DoDataExchange(CDataExchange* exchange)
 
 void CVekUnitsDlg::addLangRsc()
 {
-    m_mapLangKey[IDOK] = L"VEK_OUTL_0002";
-    m_mapLangDef[IDOK] = L"OK";
+    addText(IDOK, L"VEK_OUTL_0002", L"OK");
 }
 
 /// Fills the list, too.

@@ -120,6 +120,9 @@ protected:
     /// Texts by control.
     using TextMap = CMap<unsigned, unsigned, CVekString, const CVekString&>;
 
+    /// Enters a control's text, in `addLangRsc`.
+    void addText(unsigned id, const wchar_t* key, const wchar_t* builtIn);
+
     TextMap m_mapLangKey;    ///< key of the control's text
     TextMap m_mapHlpKey;     ///< key of its control help, the text that F1 pops up
     TextMap m_mapLangDef;    ///< built-in text, in German
