@@ -164,7 +164,7 @@ bool CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const CVekDataIte
 
 void CVekGDX::txtReglUpd(int i)
 {
-    CVekDisplayItem& item = displayList[i];
+    CVekDisplayItem& item = displayList.changing(i);
     const unsigned long shortages = VEK::memoryShortages();
     RegionList regl = VEK::textRegions(item.txt, item.txtAlign, item.point);
     if (VEK::memoryShortages() == shortages)

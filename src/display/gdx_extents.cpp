@@ -138,7 +138,8 @@ bool CVekGDX::extmaxGet(const Stack& stack, CVekPoint3d& min, CVekPoint3d& max) 
     CVekPoint3d itemMin; // kept from item to item: one without geometry merges the box of the previous one
     CVekPoint3d itemMax;
     const CVekMatrix3d view = projMtx * viewDirectionMtx;
-    for (const CVekDisplayItem& item : displayList) {
+    for (int i = 0; i < displayList.len(); ++i) {
+        const CVekDisplayItem& item = displayList[i];
         if (!item.hasExtents() || !VEK::inGroup(item, stack))
             continue;
         any = true;

@@ -10,7 +10,7 @@ bool CVekGDX::forGroup(const Stack& stack, Change change)
 {
     bool any = false;
     for (int i = 0; i < displayList.len(); ++i) {
-        if (VEK::inGroup(displayList.keepingClass(i), stack)) {
+        if (VEK::inGroup(displayList.item(i), stack)) {
             change(i);
             any = true;
         }
@@ -42,9 +42,10 @@ CVekArrayTempl<int> CVekGDX::StackToItemNr(const Stack& stack) const
 int CVekGDX::stackGet() const
 {
     int largest = 0;
-    for (const CVekDisplayItem& item : displayList) {
-        if (item.stack.len() > 0)
-            largest = std::max(largest, item.stack[0]);
+    for (int i = 0; i < displayList.len(); ++i) {
+        const Stack& path = displayList[i].stack;
+        if (path.len() > 0)
+            largest = std::max(largest, path[0]);
     }
     return largest;
 }
@@ -60,15 +61,19 @@ int CVekGDX::stackGet(const Stack& stack) const
         }
         return true;
     };
-    return stack.len() > 0 && std::any_of(displayList.begin(), displayList.end(), agrees) ? 0 : -1;
+    for (int i = 0; stack.len() > 0 && i < displayList.len(); ++i) {
+        if (agrees(displayList[i]))
+            return 0;
+    }
+    return -1;
 }
 
 bool CVekGDX::pdModeSet(const Stack& stack, unsigned long value)
 {
     bool any = false;
-    for (CVekDisplayItem& item : displayList) {
-        if (stack.len() > 0 && item.stack == stack) {
-            item.pdMode = static_cast<unsigned>(value);
+    for (int i = 0; stack.len() > 0 && i < displayList.len(); ++i) {
+        if (displayList.item(i).stack == stack) {
+            displayList.changing(i).pdMode = static_cast<unsigned>(value);
             any = true;
         }
     }
@@ -78,9 +83,9 @@ bool CVekGDX::pdModeSet(const Stack& stack, unsigned long value)
 bool CVekGDX::pdSizeSet(const Stack& stack, double value)
 {
     bool any = false;
-    for (CVekDisplayItem& item : displayList) {
-        if (stack.len() > 0 && item.stack == stack) {
-            item.pdSize = value;
+    for (int i = 0; stack.len() > 0 && i < displayList.len(); ++i) {
+        if (displayList.item(i).stack == stack) {
+            displayList.changing(i).pdSize = value;
             any = true;
         }
     }
@@ -92,7 +97,7 @@ bool CVekGDX::hatchSet(const Stack& stack, const VEK::CHatchProp& prop)
     CVekArrayTempl<VEK::CHatchProp> copies; // one for each item
     const bool complete = VEK::whole(false, [&] { return forGroup(stack, [&](int) { copies.append(prop); }); });
     int next = 0;
-    return complete && forGroup(stack, [&](int i) { displayList[i].hatch = std::move(copies[next++]); });
+    return complete && forGroup(stack, [&](int i) { displayList.changing(i).hatch = std::move(copies[next++]); });
 }
 
 bool CVekGDX::cModeSet(const Stack& stack, unsigned mode)
@@ -102,8 +107,7 @@ bool CVekGDX::cModeSet(const Stack& stack, unsigned mode)
 
 void CVekGDX::cFlagSet(int i, unsigned mode)
 {
-    unsigned& flag = displayList[i].flag;
-    flag = (flag & 0xFF) | (mode & 15) << itemColorModeShift;
+    displayList.setColorMode(i, mode);
 }
 
 namespace
@@ -141,9 +145,10 @@ bool CVekGDX::flagsSet(int code, IsIn isIn)
     if (!measure(corners, projMtx * viewDirectionMtx, look))
         return false;
     for (int i = 0; i < displayList.len(); ++i) {
-        CVekDisplayItem& item = displayList.keepingClass(i);
-        if (isIn(item))
+        if (isIn(displayList.item(i))) {
+            CVekDisplayItem& item = displayList.changing(i);
             item.flag = changedFlag(item.flag, code);
+        }
     }
     cornersSet(corners);
     return true;
@@ -166,14 +171,15 @@ bool CVekGDX::redraw(const Stack& stack, int code)
 
 void CVekGDX::flagSet(int i, int code)
 {
-    const CVekDisplayItem* one = &displayList[i];
+    const CVekDisplayItem* one = &displayList.changing(i);
     flagsSet(code, [&](const CVekDisplayItem& item) { return &item == one; });
 }
 
 bool CVekGDX::mtxSet(const Stack& stack, const CVekMatrix3d& m)
 {
     const CVekDisplayItem* reference = nullptr;
-    for (const CVekDisplayItem& item : displayList) {
+    for (int i = 0; i < displayList.len(); ++i) {
+        const CVekDisplayItem& item = displayList.item(i);
         if (!VEK::inGroup(item, stack))
             continue;
         reference = &item;
@@ -198,7 +204,7 @@ bool CVekGDX::mtxSet(const Stack& stack, const CVekMatrix3d& m)
     };
     if (!measure(corners, projMtx * viewDirectionMtx, look))
         return false;
-    forGroup(stack, [&](int i) { displayList[i].mtx = moved(displayList[i]); });
+    forGroup(stack, [&](int i) { displayList.changing(i).mtx = moved(displayList.item(i)); });
     cornersSet(corners);
     return true;
 }
@@ -219,7 +225,7 @@ bool CVekGDX::letter(const Stack& stack, Set set)
     CVekArrayTempl<Lettering> texts;
     const bool complete = VEK::whole(false, [&] {
         return forGroup(stack, [&](int i) {
-            const CVekDisplayItem& item = displayList[i];
+            const CVekDisplayItem& item = displayList.item(i);
             Lettering& text = texts[texts.len()];
             text.txt = item.txt;
             text.txtAlign = item.txtAlign;
@@ -238,7 +244,7 @@ bool CVekGDX::letter(const Stack& stack, Set set)
         return false;
     next = 0;
     forGroup(stack, [&](int i) {
-        CVekDisplayItem& item = displayList[i];
+        CVekDisplayItem& item = displayList.changing(i);
         Lettering& text = texts[next++];
         item.txt = std::move(text.txt);
         item.txtAlign = std::move(text.txtAlign);
@@ -275,10 +281,10 @@ bool CVekGDX::removeItemStack(const Stack& stack)
         return false;
     int kept = 0;
     for (int i = 0; i < displayList.len(); ++i) {
-        if (VEK::inGroup(displayList.keepingClass(i), path))
+        if (VEK::inGroup(displayList.item(i), path))
             continue;
         if (kept < i)
-            displayList[kept] = std::move(displayList[i]);
+            displayList.item(kept) = std::move(displayList.item(i));
         ++kept;
     }
     displayList.setLogicalLength(kept);
@@ -295,7 +301,7 @@ bool CVekGDX::removeItem(int i)
 {
     if (i >= displayList.len() || displayList.len() == 0)
         return false;
-    const CVekDisplayItem* gone = &displayList[i];
+    const CVekDisplayItem* gone = &std::as_const(displayList)[i];
     Corners corners;
     const auto look = [&](const CVekDisplayItem& item, Seen& seen) { seen.counts = seen.counts && &item != gone; };
     if (!measure(corners, projMtx * viewDirectionMtx, look))

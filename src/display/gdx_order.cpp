@@ -1,6 +1,9 @@
 // Draw order and picking.
 #include "core/values/stepping.h"
+#include "core/values/whole.h"
 #include "display/fetch.h"
+#include "display/index.h"
+#include "display/order.h"
 
 #include <vek/display/gdx.h>
 #include <vek/values/memory.h>
@@ -95,20 +98,35 @@ CVekPoint3d CVekGDX::imagePtWc(const CVekPoint3d& devicePoint) const
 int CVekGDX::imageItemGet(const CVekPoint3d& devicePoint)
 {
     constexpr int kAhead = 8;
+    constexpr double kReach = 1.5 * kPickDistance; // with a margin that makes rounding irrelevant
     const unsigned long shortages = VEK::memoryShortages();
-    Picker picker(imagePtWc(devicePoint));
     if (!displayList.sort())
         return -1;
-    int number = -1;
-    for (int i = displayList.len() - 1; i >= 0; --i) {
-        if (i >= kAhead)
-            VEK::fetchGeometry(displayList.keepingClass(i - kAhead));
-        CVekDisplayItem& item = displayList.keepingClass(i);
-        if (picker.hits(item)) {
-            number = item.stack[0];
-            break;
-        }
-    }
+    const CVekPoint3d world = imagePtWc(devicePoint);
+    VEK::DisplayIndex::Box around = VEK::DisplayIndex::Box::none();
+    around.add(world - CVekVector3d(kReach, kReach, 0.0));
+    around.add(world + CVekVector3d(kReach, kReach, 0.0));
+    Picker picker(world);
+    const int number = VEK::whole(-1, [&] {
+        VEK::DisplayIndex* const index = displayList.index();
+        CVekDisplayItem* const items = displayList.m_items.begin();
+        int found = -1;
+        VEK::DrawOrder order = displayList.order();
+        order.reverse();
+        order.visit([&](int at, auto ahead) {
+            if (index && index->world(at).isBeside(around))
+                return true;
+            VEK::fetchPlain(items[ahead(2 * kAhead)]);
+            VEK::fetchGeometry(items[ahead(kAhead)]);
+            const bool hit = picker.hits(items[at]);
+            if (index && !index->world(at).isKnown())
+                index->learnWorld(at, items[at]);
+            if (hit)
+                found = items[at].stack[0];
+            return !hit;
+        });
+        return found;
+    });
     if (VEK::memoryShortages() != shortages)
         return -1;
     displayList.reverse();

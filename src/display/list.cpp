@@ -2,6 +2,8 @@
 #include <vek/display/list.h>
 
 #include "display/fetch.h"
+#include "display/index.h"
+#include "display/order.h"
 
 #include <vek/values/memory.h>
 
@@ -48,25 +50,149 @@ void permute(CVekDisplayItem* items, CVekArrayTempl<int>& numbers)
 
 } // namespace
 
+CVekDisplayList::CVekDisplayList() = default;
+CVekDisplayList::CVekDisplayList(const CVekDisplayList& other)
+{
+    *this = other;
+}
+
+CVekDisplayList::CVekDisplayList(CVekDisplayList&& other) noexcept
+{
+    other.changeWhole();
+    m_items = std::move(other.m_items);
+}
+CVekDisplayList::~CVekDisplayList() = default;
+
+CVekDisplayList& CVekDisplayList::operator=(const CVekDisplayList& other)
+{
+    if (this == &other)
+        return *this;
+    changeWhole();
+    m_isLent = false;
+    m_items = other.settled();
+    m_classes = other.m_classes;
+    if (m_classes.len() != len()) // memory ran out
+        m_classes.setLogicalLength(0);
+    return *this;
+}
+
+CVekDisplayList& CVekDisplayList::operator=(CVekDisplayList&& other) noexcept
+{
+    changeWhole();
+    other.changeWhole();
+    m_isLent = false;
+    m_items = std::move(other.m_items);
+    return *this;
+}
+
+bool CVekDisplayList::reserve(int count)
+{
+    if ((m_isMirrored || m_isReversed) && !numberAll())
+        return false;
+    return m_items.reserve(count) && m_classes.reserve(m_classes.len() == len() ? count : 0) &&
+           m_numbers.reserve(m_numbers.len() > 0 ? count : 0);
+}
+
+void CVekDisplayList::append(CVekDisplayItem&& item)
+{
+    if (!reserve(len() + 1))
+        return;
+    m_isClassed = false;
+    if (m_classes.len() == len())
+        m_classes.append(orderClass(item));
+    if (m_numbers.len() > 0)
+        m_numbers.append(len());
+    m_items.append(std::move(item));
+}
+
 bool CVekDisplayList::append(const CVekArrayTempl<CVekDisplayItem>& items)
 {
     const unsigned long shortages = VEK::memoryShortages();
-    CVekArrayTempl<CVekDisplayItem>& own = changeable();
-    const int before = own.len();
-    own += items;
+    changeWhole();
+    const int before = len();
+    m_items += items;
     if (VEK::memoryShortages() == shortages)
         return true;
-    own.setLogicalLength(before);
+    m_items.setLogicalLength(before);
     return false;
+}
+
+void CVekDisplayList::removeAt(int index)
+{
+    changeWhole();
+    m_items.removeAt(index);
 }
 
 int CVekDisplayList::setLogicalLength(int length)
 {
-    if (length <= 0) { // no order to keep
+    if (length <= 0) { // no order to keep, and nobody holds an item
         m_numbers.setLogicalLength(0);
-        m_isMirrored = m_isReversed = false;
+        m_isMirrored = m_isReversed = m_isLent = false;
     }
-    return changeable().setLogicalLength(length);
+    changeWhole();
+    return m_items.setLogicalLength(length);
+}
+
+/// Notes that an item is handed out for writing.
+void CVekDisplayList::lend()
+{
+    m_isClassed = false;
+    m_isLent = true;
+    m_classes.setLogicalLength(0);
+    m_index.reset();
+}
+
+/// Notes that the list is about to change in more than single items.
+void CVekDisplayList::changeWhole()
+{
+    settled();
+    m_isClassed = false;
+    m_classes.setLogicalLength(0);
+    m_index.reset();
+}
+
+CVekDisplayItem& CVekDisplayList::changing(int index)
+{
+    if (!isWithin(index))
+        return (*this)[index];
+    const int at = number(index);
+    if (m_index)
+        m_index->forget(at);
+    return m_items.begin()[at];
+}
+
+void CVekDisplayList::setColorMode(int index, unsigned mode)
+{
+    CVekDisplayItem& item = changing(index);
+    item.flag = (item.flag & 0xFF) | (mode & 15) << itemColorModeShift;
+    m_isClassed = false;
+    if (m_classes.len() > 0)
+        m_classes[number(index)] = orderClass(item);
+}
+
+/// The index, made when it is first asked for; null while an item may be written to.
+VEK::DisplayIndex* CVekDisplayList::index() const
+{
+    if (m_isLent)
+        return nullptr;
+    if (!m_index)
+        m_index = std::make_unique<VEK::DisplayIndex>();
+    m_index->resize(len());
+    return m_index.get();
+}
+
+VEK::DrawOrder CVekDisplayList::order() const
+{
+    VEK::DrawOrder order(m_numbers.len() > 0 ? m_numbers.begin() : nullptr);
+    if (m_isMirrored) {
+        for (std::size_t c = 0; c < kClasses; ++c)
+            order.add(m_first[c], m_first[c + 1] - m_first[c], true);
+    } else {
+        order.add(0, len(), false);
+    }
+    if (m_isReversed)
+        order.reverse();
+    return order;
 }
 
 int CVekDisplayList::orderedNumber(int position) const
@@ -107,6 +233,25 @@ bool CVekDisplayList::numberAll()
     return true;
 }
 
+/// Has the class of each item.
+/// @return false, with the list unchanged, when memory runs out
+bool CVekDisplayList::classify()
+{
+    constexpr int kAhead = 16;
+    const int count = len();
+    if (m_classes.len() == count)
+        return true;
+    if (!m_classes.reserveExactly(count))
+        return false;
+    m_classes.setLogicalLength(count);
+    for (int i = 0; i < count; ++i) {
+        if (i + kAhead < count)
+            VEK::fetch(&m_items.begin()[i + kAhead].type, 1);
+        m_classes.begin()[i] = orderClass(m_items.begin()[i]);
+    }
+    return true;
+}
+
 bool CVekDisplayList::sort()
 {
     if (m_isClassed) { // sorting what is reversed leaves each class reversed
@@ -119,38 +264,30 @@ bool CVekDisplayList::sort()
     if ((m_isMirrored || m_isReversed) && !numberAll())
         return false;
 
-    constexpr int kAhead = 16;
+    if (!classify())
+        return false;
     const int count = len();
+    const int* const numbers = m_numbers.len() > 0 ? m_numbers.begin() : nullptr;
+    const auto classAt = [&](int i) { return m_classes.begin()[numbers ? numbers[i] : i]; };
     std::array<int, kClasses + 1> first{};
-    CVekArrayTempl<unsigned char> classes; // filled from where the list is seen to be unsorted
+    bool isSorted = true;
     unsigned char before = 0;
     for (int i = 0; i < count; ++i) {
-        if (i + kAhead < count)
-            VEK::fetch(&m_items.begin()[number(i + kAhead)].type, 1);
-        const unsigned char itemClass = orderClass(m_items.begin()[number(i)]);
-        if (itemClass < before && classes.len() == 0) {
-            if (!classes.reserveExactly(count))
-                return false;
-            classes.setLogicalLength(count);
-            unsigned char* to = classes.begin();
-            for (std::size_t c = 0; c < kClasses; ++c)
-                to = std::fill_n(to, first[c + 1], static_cast<unsigned char>(c));
-        }
-        if (classes.len() > 0)
-            classes.begin()[i] = itemClass;
+        const unsigned char itemClass = classAt(i);
+        isSorted = isSorted && itemClass >= before;
         before = itemClass;
         ++first[itemClass + 1u];
     }
     std::partial_sum(first.begin(), first.end(), first.begin());
-    if (classes.len() > 0) {
-        CVekArrayTempl<int> numbers;
-        if (!numbers.reserveExactly(count))
+    if (!isSorted) {
+        CVekArrayTempl<int> sorted;
+        if (!sorted.reserveExactly(count))
             return false;
-        numbers.setLogicalLength(count);
+        sorted.setLogicalLength(count);
         std::array<int, kClasses + 1> next = first;
         for (int i = 0; i < count; ++i)
-            numbers.begin()[next[classes.begin()[i]]++] = number(i);
-        m_numbers = std::move(numbers);
+            sorted.begin()[next[classAt(i)]++] = numbers ? numbers[i] : i;
+        m_numbers = std::move(sorted);
     }
     m_first = first;
     m_isClassed = true;
@@ -166,20 +303,32 @@ void CVekDisplayList::reverse()
         settled();
 }
 
+/// Moves the items into the present order.
 void CVekDisplayList::settle() const
 {
-    m_isClassed = m_isClassed && !m_isReversed;
+    m_index.reset();
+    const bool isReversed = m_isReversed;
     if (m_numbers.len() > 0) {
         turnNumbers();
         permute(m_items.begin(), m_numbers);
         m_numbers.setLogicalLength(0);
-        return;
+    } else {
+        if (m_isMirrored) {
+            for (std::size_t c = 0; c < kClasses; ++c)
+                std::reverse(m_items.begin() + m_first[c], m_items.begin() + m_first[c + 1]);
+        }
+        if (m_isReversed)
+            m_items.revert();
+        m_isMirrored = m_isReversed = false;
     }
-    if (m_isMirrored) {
+    if (m_isClassed && m_classes.len() == len()) {
         for (std::size_t c = 0; c < kClasses; ++c)
-            std::reverse(m_items.begin() + m_first[c], m_items.begin() + m_first[c + 1]);
+            std::fill(m_classes.begin() + m_first[c], m_classes.begin() + m_first[c + 1],
+                      static_cast<unsigned char>(c));
+        if (isReversed)
+            m_classes.revert();
+    } else {
+        m_classes.setLogicalLength(0);
     }
-    if (m_isReversed)
-        m_items.revert();
-    m_isMirrored = m_isReversed = false;
+    m_isClassed = m_isClassed && !isReversed;
 }

@@ -14,7 +14,7 @@ bool CVekGDX::measure(Corners& corners, const CVekMatrix3d& view, Look&& look)
 {
     return VEK::whole(false, [&] {
         for (int i = 0; i < displayList.len(); ++i) {
-            CVekDisplayItem& item = displayList.keepingClass(i);
+            CVekDisplayItem& item = displayList.item(i);
             Seen seen{item.hasExtents(), &item.mtx, &item.regl};
             look(item, seen);
             if (!seen.counts)

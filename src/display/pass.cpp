@@ -2,6 +2,8 @@
 
 #include "core/values/whole.h"
 #include "display/fetch.h"
+#include "display/index.h"
+#include "display/order.h"
 
 #include <vek/display/view.h>
 #include <vek/values/units.h>
@@ -48,19 +50,6 @@ CVekMatrix3d screenMatrix(const CVekGDX& gdx, const DrawArea& area)
     return moved(move * flip * unit * gdx.projMtxGet(), area);
 }
 
-/// Whether a matrix changes nothing; its last row plays no part. Most items have no other, so there is no branch, and
-/// no call.
-inline bool isIdentity(const CVekMatrix3d& m)
-{
-    const CVekMatrix3d::Rows& rows = m;
-    bool is = true;
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 4; ++column)
-            is &= rows[row][column] == (row == column ? 1.0 : 0.0);
-    }
-    return is;
-}
-
 /// Prefetch distances: first the item, and once that has arrived, the data stored apart from it.
 constexpr int kFetchItem = 16;
 constexpr int kFetchGeometry = 8;
@@ -89,39 +78,59 @@ void DrawPass::run()
     m_surface.background(m_back);
     m_pictures.begin();
     const CVekDisplayList& list = m_gdx.getDisplayList();
-    const int count = list.len();
-    const CVekDisplayItem* ahead[kFetchItem] = {}; // the next items, each looked up once
-    for (int i = 0; i < std::min(count, kFetchItem); ++i)
-        ahead[i] = &list[i];
-    for (int i = 0; i < count; ++i) {
-        const CVekDisplayItem& item = *ahead[i % kFetchItem];
-        if (i + kFetchItem < count) {
-            const CVekDisplayItem& later = list[i + kFetchItem];
-            fetchPlain(later);
-            ahead[i % kFetchItem] = &later;
+    const CVekDisplayItem* const items = list.m_items.begin();
+    DisplayIndex* const index = list.index();
+    if (!index) {
+        list.order().visit([&](int number, auto ahead) {
+            fetchPlain(items[ahead(kFetchItem)]);
+            fetchGeometry(items[ahead(kFetchGeometry)]);
+            draw(items[number]);
+            return true;
+        });
+        return;
+    }
+    using Kind = DisplayIndex::Kind;
+    index->turn(m_gdx.viewDirectionMtxGet(), m_viewTurns);
+    m_rowMap = m_total;
+    m_points.resize(DisplayIndex::kPoints);
+    list.order().visit([&](int number, auto ahead) {
+        const int later = ahead(kFetchItem);
+        const Kind kindLater = index->row(later).is();
+        if (kindLater == Kind::line) {
+            fetch(index->coordinates(index->row(later)), 64);
+        } else if (kindLater != Kind::nothing) {
+            fetchPlain(items[later]);
+            fetchGeometry(items[ahead(kFetchGeometry)]);
         }
-        if (i + kFetchGeometry < count) {
-            const CVekDisplayItem& next = *ahead[(i + kFetchGeometry) % kFetchItem];
-            fetchGeometry(next);
-            fetch(next.linetype.begin(), sizeof(double));
-        }
-        if ((item.flag & itemHidden) != 0)
-            continue;
-        m_margin = std::max(penWidth(item), 1) + m_area.scale;
-        const unsigned color = penColor(item);
-        switch (item.type) {
-        case dispPolyline:
-            m_surface.pen(penWidth(item), color);
-            prepareDashes(item);
-            drawLine(item.vl, matrix(item, From::turned), color);
-            flushLines();
-            break;
-        case dispPoint: drawPoint(item, i, color); break;
-        case dispRegion: drawRegion(item, color); break;
-        case dispText: drawText(item, color); break;
-        case dispPicture: drawPicture(item); break;
-        default: break;
-        }
+        const DisplayIndex::Row* row = &index->row(number);
+        if (row->is() == Kind::unknown)
+            row = &index->learn(number, items[number]);
+        if (row->is() == Kind::line)
+            drawRow(*index, *row, index->shown(number));
+        else if (row->is() == Kind::item)
+            draw(items[number]);
+        return true;
+    });
+}
+
+void DrawPass::draw(const CVekDisplayItem& item)
+{
+    if ((item.flag & itemHidden) != 0)
+        return;
+    m_margin = margin(item.thickn);
+    const unsigned color = penColor(item);
+    switch (item.type) {
+    case dispPolyline:
+        m_surface.pen(penWidth(item), color);
+        prepareDashes(item);
+        drawLine(item.vl, matrix(item, From::turned), color);
+        flushLines();
+        break;
+    case dispPoint: drawPoint(item, color); break;
+    case dispRegion: drawRegion(item, color); break;
+    case dispText: drawText(item, color); break;
+    case dispPicture: drawPicture(item); break;
+    default: break;
     }
 }
 
@@ -140,13 +149,20 @@ unsigned DrawPass::fixed(unsigned color) const
     return color == m_back ? color ^ 0xFFFFFF : color;
 }
 
+unsigned DrawPass::penColor(unsigned mode, unsigned own) const
+{
+    if (mode == colorInverse)
+        return fixed(~m_back & 0xFFFFFF);
+    if (mode == colorOwn)
+        return fixed(own);
+    return fixed(static_cast<unsigned>(m_gdx.colorTabGet(static_cast<int>(mode)).oleColor() & 0xFFFFFF));
+}
+
 unsigned DrawPass::penColor(const CVekDisplayItem& item) const
 {
     const unsigned mode = item.colorMode();
-    if (mode == colorInverse || (mode == colorOwn && item.color.colorIndex() == -1))
-        return fixed(~m_back & 0xFFFFFF);
-    const CVekColor& color = mode == colorOwn ? item.color : m_gdx.colorTabGet(static_cast<int>(mode));
-    return fixed(static_cast<unsigned>(color.oleColor() & 0xFFFFFF));
+    return penColor(mode == colorOwn && item.color.colorIndex() == -1 ? colorInverse : mode,
+                    static_cast<unsigned>(item.color.oleColor() & 0xFFFFFF));
 }
 
 unsigned DrawPass::fillColor(const CVekDisplayItem& item, unsigned pen) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/values/stepping.h"
+#include "display/index.h"
 #include "display/pass_rules.h"
 #include "draw/dashes.h"
 #include "draw/hatch_plane.h"
@@ -85,9 +86,24 @@ private:
     /// or `turned`, after the view direction.
     enum class From { stored, turned };
 
+    /// The pen of the items of one look, and where they show: in the coordinates before `m_total`.
+    struct Pen {
+        int width;
+        unsigned color;
+        double margin;
+        DisplayIndex::Box area;
+    };
+
+    void draw(const CVekDisplayItem& item);
+    void drawRow(const DisplayIndex& index, const DisplayIndex::Row& row, const DisplayIndex::Box& box);
+    const Pen& pen(const DisplayIndex& index, unsigned look);
+    DisplayIndex::Box shownArea(double margin) const;
+
     int penWidth(int pixels) const;
+    double margin(int thickn) const { return std::max(penWidth(thickn), 1) + m_area.scale; }
     int penWidth(const CVekDisplayItem& item) const { return penWidth(item.thickn); }
     unsigned fixed(unsigned color) const;
+    unsigned penColor(unsigned mode, unsigned own) const;
     unsigned penColor(const CVekDisplayItem& item) const;
     unsigned fillColor(const CVekDisplayItem& item, unsigned pen) const;
     CVekMatrix3d fixedMatrix(const CVekDisplayItem& item);
@@ -95,7 +111,7 @@ private:
     const CVekMatrix3d& matrix(const CVekDisplayItem& item, From from);
 
     SurfacePoint wholePixel(const SurfacePoint& p) const;
-    void drawPoint(const CVekDisplayItem& item, int number, unsigned color);
+    void drawPoint(const CVekDisplayItem& item, unsigned color);
     void drawSquare(double x, double y, int size, int half);
     void drawMark(unsigned mode, double x, double y, int half, unsigned color);
     void drawRegion(const CVekDisplayItem& item, unsigned color);
@@ -164,6 +180,11 @@ private:
     CVekVertexArray m_line;
     CVekMapTempl<CVekString, VekPatternLines> m_patterns; ///< of hatches, as the host has them
     detail::HatchStrokes m_strokes;                       ///< of the current hatch
+
+    std::vector<Pen> m_pens;            ///< of the looks of the index
+    unsigned m_rowMatrix = 0;           ///< number of the matrix that is part of `m_rowMap`
+    CVekMatrix3d m_rowMap;              ///< to the device for the current row
+    std::vector<SurfacePoint> m_points; ///< of the current row
 };
 
 } // namespace VEK

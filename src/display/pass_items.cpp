@@ -270,18 +270,18 @@ SurfacePoint DrawPass::wholePixel(const SurfacePoint& p) const
     return {m_area.left + std::trunc(p.x - m_area.left), m_area.top + std::trunc(p.y - m_area.top)};
 }
 
-void DrawPass::drawPoint(const CVekDisplayItem& item, int number, unsigned color)
+void DrawPass::drawPoint(const CVekDisplayItem& item, unsigned color)
 {
     const bool screenFixed = (item.flag & itemScreenFixed) != 0;
     const SurfacePoint at = DeviceMap(matrix(item, From::stored))(item.point);
-    double size = m_gdx.pdSizeGet(number);
+    double size = item.pdSize == 0.0 ? m_gdx.pdSizeGet() : item.pdSize;
     if (size > 0.0)
         size *= (CVekVector3d::kXAxis * (screenFixed ? fixedMatrix(item) : m_total)).abs();
     else
         size *= m_area.scale;
     const int pixels = wholeSize(size);
     const int half = pixels >> 1; // rounds down, so a negative size extends further to one side
-    const unsigned mode = static_cast<unsigned>(m_gdx.pdModeGet(number));
+    const unsigned mode = item.pdMode == 0xFFFFFFFFu ? static_cast<unsigned>(m_gdx.pdModeGet()) : item.pdMode;
 
     m_surface.pen(penWidth(1), color);
     m_surface.noBrush();

@@ -5,13 +5,24 @@
 #include <vek/display/item.h>
 
 #include <array>
+#include <memory>
 #include <utility>
+
+namespace VEK
+{
+class DisplayIndex;
+class DrawOrder;
+class DrawPass;
+} // namespace VEK
 
 /// The items of a display object in their present order, by the index rules of `CVekArrayTempl`.
 ///
 /// An item is large, so a sort orders numbers and a pick notes that the order is reversed; the items themselves are
 /// moved when the list is asked for as an array. All members below see them in the present order. References, pointers
 /// and iterators are valid until the next sort, pick, or access by the iterators or as an array.
+///
+/// Painting and picking read an index of the items instead of the items themselves. Whoever holds an item for writing
+/// may write at any time, so a list that has handed one out does without the index until it is cleared or assigned.
 class VEK_API CVekDisplayList
 {
 public:
@@ -23,14 +34,22 @@ public:
     }
     CVekDisplayItem& operator[](int index)
     {
-        m_isClassed = false;
+        lend();
         return isWithin(index) ? m_items.begin()[number(index)] : settled()[index];
     }
 
     const CVekDisplayItem* begin() const { return settled().begin(); }
     const CVekDisplayItem* end() const { return settled().end(); }
-    CVekDisplayItem* begin() { return changeable().begin(); }
-    CVekDisplayItem* end() { return changeable().end(); }
+    CVekDisplayItem* begin()
+    {
+        lend();
+        return settled().begin();
+    }
+    CVekDisplayItem* end()
+    {
+        lend();
+        return settled().end();
+    }
 
     /// The list as the plain array in which it is stored. Its holder reads it directly, so from here on a sort or a
     /// pick moves the items right away.
@@ -42,29 +61,23 @@ public:
 
     /// Reserves room for a number of items.
     /// @return false when memory runs out
-    bool reserve(int count) { return m_items.reserve(count); }
-    void append(CVekDisplayItem&& item) { changeable().append(std::move(item)); }
+    bool reserve(int count);
+
+    /// Adds an item at the end; when memory runs out nothing is added.
+    void append(CVekDisplayItem&& item);
 
     /// Appends copies of all items of another list, which may be this one.
     /// @return false, with the list unchanged, when memory runs out
     bool append(const CVekArrayTempl<CVekDisplayItem>& items);
-    void removeAt(int index) { changeable().removeAt(index); }
+    void removeAt(int index);
     int setLogicalLength(int length);
 
-    CVekDisplayList() = default;
-    CVekDisplayList(const CVekDisplayList& other) : m_items(other.settled()) {}
-    CVekDisplayList(CVekDisplayList&& other) noexcept : m_items(std::move(other.changeable())) {}
-    CVekDisplayList& operator=(const CVekDisplayList& other)
-    {
-        changeable() = other.settled();
-        return *this;
-    }
-    CVekDisplayList& operator=(CVekDisplayList&& other) noexcept
-    {
-        changeable() = std::move(other.changeable());
-        return *this;
-    }
-    ~CVekDisplayList() = default;
+    CVekDisplayList();
+    CVekDisplayList(const CVekDisplayList& other);
+    CVekDisplayList(CVekDisplayList&& other) noexcept;
+    CVekDisplayList& operator=(const CVekDisplayList& other);
+    CVekDisplayList& operator=(CVekDisplayList&& other) noexcept;
+    ~CVekDisplayList();
 
     /// Sorts by the classes of the draw order, stable within each; see `CVekGDX::displListSort`.
     /// @return false, with the list unchanged, when memory runs out
@@ -75,6 +88,7 @@ public:
 
 private:
     friend class CVekGDX;
+    friend class VEK::DrawPass;
 
     static constexpr std::size_t kClasses = 6;
 
@@ -84,9 +98,19 @@ private:
     /// Where the item at a position, which must be within the list, is stored.
     int number(int position) const { return isAsStored() ? position : orderedNumber(position); }
     int orderedNumber(int position) const;
+    VEK::DrawOrder order() const;
 
-    /// An item whose kind and colour mode the caller leaves as they are.
-    CVekDisplayItem& keepingClass(int position) { return m_items.begin()[number(position)]; }
+    /// An item that the caller leaves as it is, but for what neither painting nor picking nor the order depends on.
+    CVekDisplayItem& item(int position) { return m_items.begin()[number(position)]; }
+
+    /// An item, by the array rules, that the caller changes before anything else reads it, but for the kind and the
+    /// colour mode.
+    CVekDisplayItem& changing(int index);
+    void setColorMode(int index, unsigned mode);
+
+    VEK::DisplayIndex* index() const;
+    void lend();
+    void changeWhole();
 
     CVekArrayTempl<CVekDisplayItem>& settled() const
     {
@@ -94,14 +118,10 @@ private:
             settle();
         return m_items;
     }
-    CVekArrayTempl<CVekDisplayItem>& changeable()
-    {
-        m_isClassed = false;
-        return settled();
-    }
     void settle() const;
     void turnNumbers() const;
     bool numberAll();
+    bool classify();
 
     mutable CVekArrayTempl<CVekDisplayItem> m_items;
 
@@ -112,6 +132,9 @@ private:
 
     mutable bool m_isClassed = false; ///< no item was changed since the last sort
     mutable bool m_isShown = false;   ///< the array has been handed out
+    bool m_isLent = false;            ///< an item has been handed out for writing
 
-    std::array<int, kClasses + 1> m_first{}; ///< where each class began in the last sort
+    std::array<int, kClasses + 1> m_first{};            ///< where each class began in the last sort
+    mutable CVekArrayTempl<unsigned char> m_classes;    ///< of the items as stored; empty: not known
+    mutable std::unique_ptr<VEK::DisplayIndex> m_index; ///< null: not made yet
 };
