@@ -8,6 +8,10 @@
 namespace VEK
 {
 
+/// Prefetch distances: first an item, and once that has arrived, the data stored apart from it.
+inline constexpr int kFetchFar = 16;
+inline constexpr int kFetchNear = 8;
+
 inline void fetch([[maybe_unused]] const void* from, [[maybe_unused]] std::size_t size)
 {
 #ifdef __GNUC__ // other compilers do without

@@ -93,6 +93,20 @@ void CVekGDX::addItem(Corners& corners, const CVekDisplayItem& item, const Seen&
     }
 }
 
+/// The same for an item that may change in passing: empty regions get an empty contour.
+void CVekGDX::addCounted(Corners& corners, CVekDisplayItem& item, const Seen& seen, const CVekMatrix3d& view)
+{
+    if (item.type == dispRegion && item.reg.len() == 0)
+        item.reg.setLogicalLength(1);
+    if (item.type == dispText) {
+        for (Region& region : *seen.regl) {
+            if (region.len() == 0)
+                region.setLogicalLength(1);
+        }
+    }
+    addItem(corners, item, seen, view);
+}
+
 void CVekGDX::refresh_ext(const CVekPoint3d& point, const CVekMatrix3d& m)
 {
     Corners corners = cornersGet();
@@ -116,8 +130,10 @@ void CVekGDX::refresh_ext(const CVekVertexArray& vl, const CVekMatrix3d& m)
 
 void CVekGDX::refresh_ext()
 {
+    if (VEK::DisplayIndex* index = displayList.m_index.get())
+        index->forgetExtents();
     Corners corners;
-    if (measure(corners, projMtx * viewDirectionMtx, [](const CVekDisplayItem&, Seen&) {}))
+    if (measure(corners, projMtx * viewDirectionMtx, {}, [](int, const CVekDisplayItem&, Seen&) {}))
         cornersSet(corners);
 }
 
@@ -138,9 +154,9 @@ bool CVekGDX::extmaxGet(const Stack& stack, CVekPoint3d& min, CVekPoint3d& max) 
     CVekPoint3d itemMin; // kept from item to item: one without geometry merges the box of the previous one
     CVekPoint3d itemMax;
     const CVekMatrix3d view = projMtx * viewDirectionMtx;
-    for (int i = 0; i < displayList.len(); ++i) {
+    for (const int i : StackToItemNr(stack)) {
         const CVekDisplayItem& item = displayList[i];
-        if (!item.hasExtents() || !VEK::inGroup(item, stack))
+        if (!item.hasExtents())
             continue;
         any = true;
         const CVekMatrix3d m = view * item.mtx;
@@ -190,7 +206,7 @@ void CVekGDX::extMaxViewGet(CVekPoint3d& min, CVekPoint3d& max) const
 bool CVekGDX::look(const CVekMatrix3d& projection, const CVekMatrix3d& direction)
 {
     Corners corners;
-    if (!measure(corners, projection * direction, [](const CVekDisplayItem&, Seen&) {}))
+    if (!measure(corners, projection * direction, {}, [](int, const CVekDisplayItem&, Seen&) {}))
         return false;
     projMtx = projection;
     viewDirectionMtx = direction;

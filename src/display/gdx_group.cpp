@@ -4,39 +4,40 @@
 
 #include <vek/draw/text.h>
 
-/// Applies a change to every item of a group, in list order.
-template <class Change>
-bool CVekGDX::forGroup(const Stack& stack, Change change)
-{
-    bool any = false;
-    for (int i = 0; i < displayList.len(); ++i) {
-        if (VEK::inGroup(displayList.item(i), stack)) {
-            change(i);
-            any = true;
-        }
-    }
-    return any;
-}
-
-bool CVekGDX::inAny(const Stack& stack) const
-{
-    for (int i = 0; i < displayList.len(); ++i) {
-        if (VEK::inGroup(displayList[i], stack))
-            return true;
-    }
-    return false;
-}
+#include <algorithm>
+#include <numeric>
 
 CVekArrayTempl<int> CVekGDX::StackToItemNr(const Stack& stack) const
 {
     return VEK::whole(CVekArrayTempl<int>(), [&] {
-        CVekArrayTempl<int> numbers;
+        CVekArrayTempl<int> positions;
+        if (stack.len() == 0)
+            return positions;
+        VEK::DisplayIndex* const index = displayList.index();
+        const CVekDisplayItem* const items = displayList.m_items.begin();
+        const int* const paths = index ? index->paths(items) : nullptr;
+        const int first = stack[0];
         for (int i = 0; i < displayList.len(); ++i) {
-            if (VEK::inGroup(displayList[i], stack))
-                numbers.append(i);
+            const int number = displayList.number(i);
+            if ((!paths || paths[number] == first) && VEK::inGroup(items[number], stack))
+                positions.append(i);
         }
-        return numbers;
+        return positions;
     });
+}
+
+/// Changes the items whose path is exactly the given one.
+template <class Change>
+bool CVekGDX::forExactly(const Stack& stack, Change change)
+{
+    bool any = false;
+    for (const int i : StackToItemNr(stack)) {
+        if (displayList.item(i).stack.len() == stack.len()) {
+            change(displayList.changing(i));
+            any = true;
+        }
+    }
+    return any;
 }
 
 int CVekGDX::stackGet() const
@@ -70,39 +71,36 @@ int CVekGDX::stackGet(const Stack& stack) const
 
 bool CVekGDX::pdModeSet(const Stack& stack, unsigned long value)
 {
-    bool any = false;
-    for (int i = 0; stack.len() > 0 && i < displayList.len(); ++i) {
-        if (displayList.item(i).stack == stack) {
-            displayList.changing(i).pdMode = static_cast<unsigned>(value);
-            any = true;
-        }
-    }
-    return any;
+    return forExactly(stack, [&](CVekDisplayItem& item) { item.pdMode = static_cast<unsigned>(value); });
 }
 
 bool CVekGDX::pdSizeSet(const Stack& stack, double value)
 {
-    bool any = false;
-    for (int i = 0; stack.len() > 0 && i < displayList.len(); ++i) {
-        if (displayList.item(i).stack == stack) {
-            displayList.changing(i).pdSize = value;
-            any = true;
-        }
-    }
-    return any;
+    return forExactly(stack, [&](CVekDisplayItem& item) { item.pdSize = value; });
 }
 
 bool CVekGDX::hatchSet(const Stack& stack, const VEK::CHatchProp& prop)
 {
+    const CVekArrayTempl<int> group = StackToItemNr(stack);
     CVekArrayTempl<VEK::CHatchProp> copies; // one for each item
-    const bool complete = VEK::whole(false, [&] { return forGroup(stack, [&](int) { copies.append(prop); }); });
-    int next = 0;
-    return complete && forGroup(stack, [&](int i) { displayList.changing(i).hatch = std::move(copies[next++]); });
+    const bool complete = VEK::whole(false, [&] {
+        for (int i = 0; i < group.len(); ++i)
+            copies.append(prop);
+        return true;
+    });
+    if (!complete)
+        return false;
+    for (int i = 0; i < group.len(); ++i)
+        displayList.changing(group[i]).hatch = std::move(copies[i]);
+    return group.len() > 0;
 }
 
 bool CVekGDX::cModeSet(const Stack& stack, unsigned mode)
 {
-    return forGroup(stack, [&](int i) { cFlagSet(i, mode); });
+    const CVekArrayTempl<int> group = StackToItemNr(stack);
+    for (const int i : group)
+        cFlagSet(i, mode);
+    return group.len() > 0;
 }
 
 void CVekGDX::cFlagSet(int i, unsigned mode)
@@ -133,22 +131,18 @@ unsigned changedFlag(unsigned flag, int code)
 
 } // namespace
 
-/// Changes a flag of some items.
-template <class IsIn>
-bool CVekGDX::flagsSet(int code, IsIn isIn)
+/// Changes a flag of some items, given by their positions.
+bool CVekGDX::flagsSet(const CVekArrayTempl<int>& changed, int code)
 {
     Corners corners;
-    const auto look = [&](const CVekDisplayItem& item, Seen& seen) {
-        if (isIn(item))
-            seen.counts = (changedFlag(item.flag, code) & (itemNoExt | itemScreenFixed)) == 0;
+    const auto look = [&](int, const CVekDisplayItem& item, Seen& seen) {
+        seen.counts = (changedFlag(item.flag, code) & (itemNoExt | itemScreenFixed)) == 0;
     };
-    if (!measure(corners, projMtx * viewDirectionMtx, look))
+    if (!measure(corners, projMtx * viewDirectionMtx, changed, look))
         return false;
-    for (int i = 0; i < displayList.len(); ++i) {
-        if (isIn(displayList.item(i))) {
-            CVekDisplayItem& item = displayList.changing(i);
-            item.flag = changedFlag(item.flag, code);
-        }
+    for (const int i : changed) {
+        CVekDisplayItem& item = displayList.changing(i);
+        item.flag = changedFlag(item.flag, code);
     }
     cornersSet(corners);
     return true;
@@ -156,55 +150,60 @@ bool CVekGDX::flagsSet(int code, IsIn isIn)
 
 bool CVekGDX::propSet(const Stack& stack, int code)
 {
-    return inAny(stack) && flagsSet(code, [&](const CVekDisplayItem& item) { return VEK::inGroup(item, stack); });
+    const CVekArrayTempl<int> group = StackToItemNr(stack);
+    return group.len() > 0 && flagsSet(group, code);
 }
 
 bool CVekGDX::redraw(const Stack& stack, int code)
 {
     if (displayList.len() == 0)
         return false;
-    const bool all = stack.len() == 0;
-    if (code < propShow || code > propNotTransparent || (!all && !inAny(stack)))
+    if (code < propShow || code > propNotTransparent)
         return true;
-    return flagsSet(code, [&](const CVekDisplayItem& item) { return all || VEK::inGroup(item, stack); });
+    const unsigned long shortages = VEK::memoryShortages();
+    CVekArrayTempl<int> changed;
+    if (stack.len() > 0) {
+        changed = StackToItemNr(stack);
+    } else {
+        changed.setLogicalLength(displayList.len());
+        std::iota(changed.begin(), changed.end(), 0);
+    }
+    return VEK::memoryShortages() == shortages && (changed.len() == 0 || flagsSet(changed, code));
 }
 
 void CVekGDX::flagSet(int i, int code)
 {
-    const CVekDisplayItem* one = &displayList.changing(i);
-    flagsSet(code, [&](const CVekDisplayItem& item) { return &item == one; });
+    displayList.changing(i); // grows the list by the array rules
+    CVekArrayTempl<int> changed;
+    changed.append(displayList.position(i));
+    if (changed[0] >= 0)
+        flagsSet(changed, code);
 }
 
 bool CVekGDX::mtxSet(const Stack& stack, const CVekMatrix3d& m)
 {
-    const CVekDisplayItem* reference = nullptr;
-    for (int i = 0; i < displayList.len(); ++i) {
-        const CVekDisplayItem& item = displayList.item(i);
-        if (!VEK::inGroup(item, stack))
-            continue;
-        reference = &item;
-        if (item.stack.len() == stack.len())
-            break;
-    }
-    if (!reference)
+    const CVekArrayTempl<int> group = StackToItemNr(stack);
+    if (group.len() == 0)
         return false;
+    const int* const exact =
+        std::find_if(group.begin(), group.end(), [&](int i) { return displayList.item(i).stack.len() == stack.len(); });
+    const int reference = exact != group.end() ? *exact : group[-1];
     const CVekMatrix3d target = m; // it may refer to an item's matrix
-    const CVekMatrix3d change = target * reference->mtx.inverse();
-    const auto moved = [&](const CVekDisplayItem& item) {
-        CVekMatrix3d mtx = item.mtx;
-        return &item == reference ? target : mtx *= change; // exact, without the rounding of the product
+    const CVekMatrix3d change = target * displayList.item(reference).mtx.inverse();
+    const auto moved = [&](int place) {
+        CVekMatrix3d mtx = displayList.item(group[place]).mtx;
+        return group[place] == reference ? target : mtx *= change; // exact, without the rounding of the product
     };
     Corners corners;
     CVekMatrix3d there;
-    const auto look = [&](const CVekDisplayItem& item, Seen& seen) {
-        if (VEK::inGroup(item, stack)) {
-            there = moved(item);
-            seen.mtx = &there;
-        }
+    const auto look = [&](int place, const CVekDisplayItem&, Seen& seen) {
+        there = moved(place);
+        seen.mtx = &there;
     };
-    if (!measure(corners, projMtx * viewDirectionMtx, look))
+    if (!measure(corners, projMtx * viewDirectionMtx, group, look))
         return false;
-    forGroup(stack, [&](int i) { displayList.changing(i).mtx = moved(displayList.item(i)); });
+    for (int place = 0; place < group.len(); ++place)
+        displayList.changing(group[place]).mtx = moved(place);
     cornersSet(corners);
     return true;
 }
@@ -219,50 +218,53 @@ struct CVekGDX::Lettering {
 
 /// Redoes the texts of a group.
 /// @param set changes the input of an item's layout
+/// @return false when memory runs out
 template <class Set>
 bool CVekGDX::letter(const Stack& stack, Set set)
 {
+    const unsigned long shortages = VEK::memoryShortages();
+    const CVekArrayTempl<int> group = StackToItemNr(stack);
+    if (VEK::memoryShortages() != shortages)
+        return false;
+    if (group.len() == 0)
+        return true;
     CVekArrayTempl<Lettering> texts;
     const bool complete = VEK::whole(false, [&] {
-        return forGroup(stack, [&](int i) {
-            const CVekDisplayItem& item = displayList.item(i);
-            Lettering& text = texts[texts.len()];
+        for (int place = 0; place < group.len(); ++place) {
+            const CVekDisplayItem& item = displayList.item(group[place]);
+            Lettering& text = texts[place];
             text.txt = item.txt;
             text.txtAlign = item.txtAlign;
             text.point = item.point;
             set(text);
             text.regl = VEK::textRegions(text.txt, text.txtAlign, text.point);
-        });
+        }
+        return true;
     });
     Corners corners;
-    int next = 0;
-    const auto look = [&](const CVekDisplayItem& item, Seen& seen) {
-        if (VEK::inGroup(item, stack))
-            seen.regl = &texts[next++].regl;
-    };
-    if (!complete || !measure(corners, projMtx * viewDirectionMtx, look))
+    const auto look = [&](int place, const CVekDisplayItem&, Seen& seen) { seen.regl = &texts[place].regl; };
+    if (!complete || !measure(corners, projMtx * viewDirectionMtx, group, look))
         return false;
-    next = 0;
-    forGroup(stack, [&](int i) {
-        CVekDisplayItem& item = displayList.changing(i);
-        Lettering& text = texts[next++];
+    for (int place = 0; place < group.len(); ++place) {
+        CVekDisplayItem& item = displayList.changing(group[place]);
+        Lettering& text = texts[place];
         item.txt = std::move(text.txt);
         item.txtAlign = std::move(text.txtAlign);
         item.point = text.point;
         item.regl = std::move(text.regl);
-    });
+    }
     cornersSet(corners);
     return true;
 }
 
 bool CVekGDX::txtSet(const Stack& stack, const wchar_t* text)
 {
-    return text && (!inAny(stack) || letter(stack, [&](Lettering& item) { item.txt = text; }));
+    return text && letter(stack, [&](Lettering& item) { item.txt = text; });
 }
 
 bool CVekGDX::txtAlignSet(const Stack& stack, const wchar_t* align)
 {
-    return align && (!inAny(stack) || letter(stack, [&](Lettering& item) { item.txtAlign = align; }));
+    return align && letter(stack, [&](Lettering& item) { item.txtAlign = align; });
 }
 
 void CVekGDX::txtPointSet(const Stack& stack, CVekPoint3d point)
@@ -270,26 +272,29 @@ void CVekGDX::txtPointSet(const Stack& stack, CVekPoint3d point)
     letter(stack, [&](Lettering& item) { item.point = point; });
 }
 
-bool CVekGDX::removeItemStack(const Stack& stack)
+/// Removes items, given by their positions, ascending.
+bool CVekGDX::remove(const CVekArrayTempl<int>& gone)
 {
     Corners corners;
-    const Stack path = VEK::whole(Stack(), [&] { return Stack(stack); }); // it may refer to an item's path
-    const auto look = [&](const CVekDisplayItem& item, Seen& seen) {
-        seen.counts = seen.counts && !VEK::inGroup(item, path);
-    };
-    if (!inAny(path) || !measure(corners, projMtx * viewDirectionMtx, look))
+    const auto look = [](int, const CVekDisplayItem&, Seen& seen) { seen.counts = false; };
+    if (gone.len() == 0 || !measure(corners, projMtx * viewDirectionMtx, gone, look))
         return false;
-    int kept = 0;
-    for (int i = 0; i < displayList.len(); ++i) {
-        if (VEK::inGroup(displayList.item(i), path))
-            continue;
-        if (kept < i)
-            displayList.item(kept) = std::move(displayList.item(i));
-        ++kept;
+    int kept = gone[0];
+    const int* next = gone.begin();
+    for (int i = kept; i < displayList.len(); ++i) {
+        if (next != gone.end() && *next == i)
+            ++next;
+        else
+            displayList.item(kept++) = std::move(displayList.item(i));
     }
     displayList.setLogicalLength(kept);
     cornersSet(corners);
     return true;
+}
+
+bool CVekGDX::removeItemStack(const Stack& stack)
+{
+    return remove(StackToItemNr(stack));
 }
 
 bool CVekGDX::clear(const Stack& stack)
@@ -299,14 +304,10 @@ bool CVekGDX::clear(const Stack& stack)
 
 bool CVekGDX::removeItem(int i)
 {
-    if (i >= displayList.len() || displayList.len() == 0)
+    const int position = displayList.position(i);
+    if (position < 0)
         return false;
-    const CVekDisplayItem* gone = &std::as_const(displayList)[i];
-    Corners corners;
-    const auto look = [&](const CVekDisplayItem& item, Seen& seen) { seen.counts = seen.counts && &item != gone; };
-    if (!measure(corners, projMtx * viewDirectionMtx, look))
-        return false;
-    displayList.removeAt(i);
-    cornersSet(corners);
-    return true;
+    CVekArrayTempl<int> gone;
+    gone.append(position);
+    return remove(gone);
 }

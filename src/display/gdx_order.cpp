@@ -97,7 +97,7 @@ CVekPoint3d CVekGDX::imagePtWc(const CVekPoint3d& devicePoint) const
 
 int CVekGDX::imageItemGet(const CVekPoint3d& devicePoint)
 {
-    constexpr int kAhead = 8;
+    constexpr int kNearTop = 1000; // where most of what is picked lies; beyond, all boxes are looked at first
     constexpr double kReach = 1.5 * kPickDistance; // with a margin that makes rounding irrelevant
     const unsigned long shortages = VEK::memoryShortages();
     if (!displayList.sort())
@@ -109,18 +109,27 @@ int CVekGDX::imageItemGet(const CVekPoint3d& devicePoint)
     Picker picker(world);
     const int number = VEK::whole(-1, [&] {
         VEK::DisplayIndex* const index = displayList.index();
+        if (index)
+            index->beginPick();
         CVekDisplayItem* const items = displayList.m_items.begin();
         int found = -1;
         VEK::DrawOrder order = displayList.order();
         order.reverse();
+        int seen = 0;
         order.visit([&](int at, auto ahead) {
-            if (index && index->world(at).isBeside(around))
-                return true;
-            VEK::fetchPlain(items[ahead(2 * kAhead)]);
-            VEK::fetchGeometry(items[ahead(kAhead)]);
+            if (index) {
+                if (++seen == kNearTop && !index->mayPick(around))
+                    return false;
+                if (index->world(at).isBeside(around))
+                    return true;
+            }
+            VEK::fetchPlain(items[ahead(VEK::kFetchFar)]);
+            VEK::fetchGeometry(items[ahead(VEK::kFetchNear)]);
             const bool hit = picker.hits(items[at]);
             if (index && !index->world(at).isKnown())
                 index->learnWorld(at, items[at]);
+            if (hit && items[at].stack.len() == 0 && index)
+                index->setPath(at, 0);
             if (hit)
                 found = items[at].stack[0];
             return !hit;

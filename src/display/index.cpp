@@ -95,33 +95,68 @@ bool DisplayIndex::MatrixEqual::operator()(const CVekMatrix3d* a, const CVekMatr
 void DisplayIndex::resize(int count)
 {
     const std::size_t size = static_cast<std::size_t>(count);
-    m_world.resize(size);
-    m_rows.resize(size);
-    if (m_turns)
-        m_turned.resize(size);
+    if (size != m_count && m_extents.size() > m_count / kMeasured) // they lacked the items that have come
+        m_extents[m_count / kMeasured] = {};
+    m_count = size;
 }
 
-void DisplayIndex::turn(const CVekMatrix3d& viewDirection, bool turns)
+void DisplayIndex::beginPaint(const CVekMatrix3d& viewDirection, bool turns)
 {
     const bool isOther = turns != m_turns || (turns && numbers(viewDirection) != numbers(m_direction));
-    if (!isOther) {
-        if (m_forgotten > kBlock && m_forgotten > m_blocks.size() * kBlock / 2)
-            forgetRows();
-        return;
-    }
-    forgetRows();
-    m_turned.clear();
-    if (turns)
-        m_turned.resize(m_rows.size());
+    if (isOther || m_forgotten > m_coordinates.size() / 2)
+        forgetRows();
+    if (isOther)
+        m_turned.clear();
     m_turns = turns;
     m_direction = viewDirection;
+    if (m_coordinates.empty())
+        m_coordinates.reserve(4 * m_count); // of lines of two points
+    m_rows.resize(m_count);
+    (m_turns ? m_turned : m_world).resize(m_count);
+}
+
+bool DisplayIndex::mayPick(const Box& box) const
+{
+    constexpr std::size_t kStretch = 1024; // counted without a branch, so that several are compared at a time
+    const float left = box.left, bottom = box.bottom, right = box.right, top = box.top;
+    for (std::size_t n = 0; n < m_world.size();) {
+        int near = 0;
+        for (const std::size_t end = std::min(n + kStretch, m_world.size()); n < end; ++n) {
+            const Box& other = m_world[n];
+            near += (other.right >= left) & (other.left <= right) & (other.top >= bottom) & (other.bottom <= top);
+        }
+        if (near > 0)
+            return true;
+    }
+    return false;
+}
+
+const int* DisplayIndex::paths(const CVekDisplayItem* items)
+{
+    m_paths.reserve(m_count);
+    for (std::size_t n = m_paths.size(); n < m_count; ++n)
+        m_paths.push_back(items[n].stack.len() > 0 ? *items[n].stack.begin() : 0);
+    return m_paths.data();
+}
+
+void DisplayIndex::setPath(int number, int first)
+{
+    if (static_cast<std::size_t>(number) < m_paths.size())
+        m_paths[static_cast<std::size_t>(number)] = first;
+}
+
+void DisplayIndex::measureBy(const CVekMatrix3d& view)
+{
+    if (numbers(view) != numbers(m_view))
+        m_extents.clear();
+    m_view = view;
+    m_extents.resize((m_count + kMeasured - 1) / kMeasured);
 }
 
 void DisplayIndex::forgetRows()
 {
     std::fill(m_rows.begin(), m_rows.end(), Row{});
-    m_blocks.clear();
-    m_used = m_size = 0;
+    m_coordinates.clear();
     m_forgotten = 0;
     m_looks.clear();
     m_lookNumbers.clear();
@@ -132,25 +167,28 @@ void DisplayIndex::forgetRows()
 void DisplayIndex::forget(int number)
 {
     const std::size_t n = static_cast<std::size_t>(number);
-    if (n >= m_rows.size())
-        return;
-    m_forgotten += m_rows[n].count * (m_rows[n].isFlat ? 2u : 3u);
-    m_rows[n] = {};
-    m_world[n] = {};
-    if (m_turns)
+    if (n < m_rows.size()) {
+        m_forgotten += m_rows[n].count * (m_rows[n].kind == Kind::flatLine ? 2u : 3u);
+        m_rows[n] = {};
+    }
+    if (n < m_world.size())
+        m_world[n] = {};
+    if (n < m_turned.size())
         m_turned[n] = {};
+    if (n / kMeasured < m_extents.size())
+        m_extents[n / kMeasured] = {};
 }
 
 const DisplayIndex::Row& DisplayIndex::learn(int number, const CVekDisplayItem& item)
 {
     const std::size_t n = static_cast<std::size_t>(number);
     Box box;
-    Row row{};
+    Row row;
     if ((item.flag & itemHidden) != 0)
-        row.kind = static_cast<unsigned>(Kind::nothing);
+        row.kind = Kind::nothing;
+    else if (!isPlain(item) || !setLine(row, box, item))
+        row.kind = Kind::item;
     else
-        row.kind = static_cast<unsigned>(isPlain(item) && setLine(row, box, item) ? Kind::line : Kind::item);
-    if (row.is() == Kind::line)
         (m_turns ? m_turned : m_world)[n] = box;
     return m_rows[n] = row;
 }
@@ -183,12 +221,14 @@ bool DisplayIndex::setLine(Row& row, Box& box, const CVekDisplayItem& item)
         box.add(row.matrix != 0 ? p * item.mtx : p);
     });
     const bool isFinite = box.isKnown() && box.bottom != -Box::kAll && box.right != Box::kAll && box.top != Box::kAll;
-    const unsigned count = static_cast<unsigned>(item.vl.len()) + 1;
-    double* to = isFinite ? room(row, count * (flat ? 2 : 3)) : nullptr;
-    if (!to)
+    const std::size_t count = static_cast<std::size_t>(item.vl.len()) + 1, size = count * (flat ? 2 : 3);
+    if (!isFinite || m_coordinates.size() + size > UINT_MAX)
         return false;
-    row.count = count;
-    row.isFlat = flat;
+    row.first = static_cast<unsigned>(m_coordinates.size());
+    row.count = static_cast<std::uint16_t>(count);
+    row.kind = flat ? Kind::flatLine : Kind::line;
+    m_coordinates.resize(m_coordinates.size() + size);
+    double* to = m_coordinates.data() + row.first;
     forEachPoint(item.vl, [&](const CVekPoint3d& stored) {
         const CVekPoint3d p = turned(stored);
         *to++ = p.x;
@@ -199,6 +239,7 @@ bool DisplayIndex::setLine(Row& row, Box& box, const CVekDisplayItem& item)
     return true;
 }
 
+/// @return false if there are more looks than fit
 bool DisplayIndex::setLook(Row& row, const CVekDisplayItem& item)
 {
     Look look{0, item.thickn, item.colorMode()};
@@ -210,11 +251,16 @@ bool DisplayIndex::setLook(Row& row, const CVekDisplayItem& item)
     }
     const std::uint64_t key =
         std::uint64_t{look.mode} << 56 | std::uint64_t{static_cast<unsigned>(look.thickn)} << 24 | look.color;
-    const auto [entry, isNew] = m_lookNumbers.try_emplace(key, static_cast<unsigned>(m_looks.size()));
-    if (isNew)
+    const auto known = m_lookNumbers.find(key);
+    const std::size_t number = known != m_lookNumbers.end() ? known->second : m_looks.size();
+    if (number >= kLooks)
+        return false;
+    if (number == m_looks.size()) {
         m_looks.push_back(look);
-    row.look = entry->second;
-    return row.look == entry->second;
+        m_lookNumbers.emplace(key, static_cast<unsigned>(number));
+    }
+    row.look = static_cast<std::uint8_t>(number);
+    return true;
 }
 
 /// @return false if there are so many matrices that it would not pay to have them here as well
@@ -233,23 +279,6 @@ bool DisplayIndex::setMatrix(Row& row, const CVekMatrix3d& mtx)
     row.matrix = static_cast<unsigned>(m_matrices.size());
     m_matrixNumbers.emplace(&m_matrices.back(), row.matrix);
     return true;
-}
-
-/// Room for coordinates; null if there are more than their numbers can tell.
-double* DisplayIndex::room(Row& row, unsigned size)
-{
-    if (m_used + size > m_size) {
-        if (m_blocks.size() >= UINT_MAX / kBlock)
-            return nullptr;
-        const std::size_t wanted = std::max<std::size_t>(size, 8 * m_rows.size());
-        const unsigned roomy = static_cast<unsigned>(std::min<std::size_t>(kBlock, wanted));
-        m_blocks.push_back(std::make_unique_for_overwrite<double[]>(roomy));
-        m_size = roomy;
-        m_used = 0;
-    }
-    row.first = static_cast<unsigned>(m_blocks.size() - 1) * kBlock + m_used;
-    m_used += size;
-    return m_blocks.back().get() + row.first % kBlock;
 }
 
 void DisplayIndex::learnWorld(int number, const CVekDisplayItem& item)

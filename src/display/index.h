@@ -1,12 +1,11 @@
 // What painting and picking read instead of the items, which are large: a short row and a box for each.
 #pragma once
 
-#include <vek/display/item.h>
+#include "display/fetch.h"
 
 #include <cstdint>
 #include <deque>
 #include <limits>
-#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -40,7 +39,11 @@ public:
 
         float left = -kAll, bottom = -kAll, right = kAll, top = kAll;
 
+        static Box none() { return {kAll, kAll, -kAll, -kAll}; }
+        void add(const CVekPoint3d& p);
         bool isKnown() const { return left != -kAll; }
+
+        // Without branches: of items all over a picture nobody can tell what comes next.
         bool isBeside(const Box& other) const
         {
             return (left > other.right) | (right < other.left) | (bottom > other.top) | (top < other.bottom);
@@ -49,25 +52,22 @@ public:
         {
             return (left >= other.left) & (right <= other.right) & (bottom >= other.bottom) & (top <= other.top);
         }
-
-        void add(const CVekPoint3d& p);
-        static Box none() { return {kAll, kAll, -kAll, -kAll}; }
     };
 
-    enum class Kind : unsigned { unknown, nothing, item, line };
+    enum class Kind : std::uint8_t { unknown, nothing, item, line, flatLine };
 
     /// How an item is drawn.
     struct Row {
-        unsigned first;  ///< of the coordinates of its points
-        unsigned matrix; ///< number of its matrix; 0: none
-        unsigned look : 16;
-        unsigned count : 13; ///< of its points
-        unsigned kind : 2;   ///< `Kind`
-        unsigned isFlat : 1; ///< z is 0 and not stored
+        unsigned first = 0;      ///< of the coordinates of its points: x, y and z, of a flat line x and y, since z is 0
+        unsigned matrix = 0;     ///< number of its matrix; 0: none
+        std::uint16_t count = 0; ///< of its points
+        std::uint8_t look = 0;
+        Kind kind = Kind::unknown;
 
-        Kind is() const { return static_cast<Kind>(kind); }
+        bool isLine() const { return kind >= Kind::line; }
     };
-    static constexpr unsigned kPoints = 4000; ///< longest polyline that has a row
+    static constexpr unsigned kPoints = 4000; ///< of the longest polyline that has a row
+    static constexpr unsigned kLooks = 256;
 
     /// What the pen of an item depends on.
     struct Look {
@@ -76,13 +76,41 @@ public:
         unsigned mode; ///< colour mode; an item without a colour of its own is drawn in the inverse of the background
     };
 
+    /// The extents of stored items that follow one another.
+    struct Extents {
+        CVekPoint3d min, max;
+        bool any = false;
+        bool isKnown = false;
+    };
+    static constexpr int kMeasured = 256; ///< number of items
+
     /// Follows a list that has grown.
     void resize(int count);
 
-    /// Forgets what depends on another view direction.
-    void turn(const CVekMatrix3d& viewDirection, bool turns);
+    /// Begins to paint: forgets what depends on another view direction.
+    void beginPaint(const CVekMatrix3d& viewDirection, bool turns);
+    void beginPick() { m_world.resize(m_count); }
+
+    /// Whether anything can be picked within a box, as far as is known.
+    bool mayPick(const Box& box) const;
+
+    /// The first numbers of the paths, of which those of items without a path mean nothing.
+    const int* paths(const CVekDisplayItem* items);
+    void setPath(int number, int first);
+
+    /// Forgets extents that were measured by another view.
+    void measureBy(const CVekMatrix3d& view);
+    Extents& extents(int first) { return m_extents[static_cast<std::size_t>(first / kMeasured)]; }
+    void forgetExtents() { m_extents.clear(); }
 
     const Row& row(int number) const { return m_rows[static_cast<std::size_t>(number)]; }
+
+    /// Prefetches what belongs to an item here.
+    void fetchRow(int number) const
+    {
+        fetch(&row(number), 1);
+        fetch(&shown(number), 1);
+    }
 
     /// Where a line with a row reaches, after the view direction and its own matrix.
     const Box& shown(int number) const { return (m_turns ? m_turned : m_world)[static_cast<std::size_t>(number)]; }
@@ -95,13 +123,11 @@ public:
     const Box& world(int number) const { return m_world[static_cast<std::size_t>(number)]; }
     void learnWorld(int number, const CVekDisplayItem& item);
 
-    const double* coordinates(const Row& row) const { return m_blocks[row.first / kBlock].get() + row.first % kBlock; }
-    const CVekMatrix3d& matrix(const Row& row) const { return m_matrices[row.matrix - 1]; }
+    const double* coordinates(const Row& row) const { return m_coordinates.data() + row.first; }
+    const CVekMatrix3d& matrix(unsigned number) const { return m_matrices[number - 1]; }
     const std::vector<Look>& looks() const { return m_looks; }
 
 private:
-    static constexpr unsigned kBlock = 1u << 16; ///< coordinates
-
     struct MatrixHash {
         std::size_t operator()(const CVekMatrix3d* m) const;
     };
@@ -114,17 +140,19 @@ private:
     bool setLine(Row& row, Box& box, const CVekDisplayItem& item);
     bool setLook(Row& row, const CVekDisplayItem& item);
     bool setMatrix(Row& row, const CVekMatrix3d& mtx);
-    double* room(Row& row, unsigned size);
 
+    std::size_t m_count = 0;
     std::vector<Row> m_rows;
     std::vector<Box> m_world;  ///< of what can be picked
     std::vector<Box> m_turned; ///< of what is shown, if the view direction turns it; otherwise the two are the same
-    CVekMatrix3d m_direction;  ///< the view direction after which the coordinates are
+    std::vector<int> m_paths;
+    std::vector<Extents> m_extents;
+    CVekMatrix3d m_view;      ///< by which they were measured
+    CVekMatrix3d m_direction; ///< the view direction after which the coordinates are
     bool m_turns = false;
 
-    std::vector<std::unique_ptr<double[]>> m_blocks; ///< of coordinates; a polyline lies within one
-    unsigned m_size = 0, m_used = 0;                 ///< of the last block
-    std::size_t m_forgotten = 0;                     ///< coordinates that no row has any more
+    std::vector<double> m_coordinates;
+    std::size_t m_forgotten = 0; ///< of the coordinates, those that no row has any more
 
     std::vector<Look> m_looks;
     std::unordered_map<std::uint64_t, unsigned> m_lookNumbers;

@@ -58,8 +58,7 @@ CVekDisplayList::CVekDisplayList(const CVekDisplayList& other)
 
 CVekDisplayList::CVekDisplayList(CVekDisplayList&& other) noexcept
 {
-    other.changeWhole();
-    m_items = std::move(other.m_items);
+    *this = std::move(other);
 }
 CVekDisplayList::~CVekDisplayList() = default;
 
@@ -79,9 +78,10 @@ CVekDisplayList& CVekDisplayList::operator=(const CVekDisplayList& other)
 CVekDisplayList& CVekDisplayList::operator=(CVekDisplayList&& other) noexcept
 {
     changeWhole();
-    other.changeWhole();
     m_isLent = false;
-    m_items = std::move(other.m_items);
+    m_items = std::move(other.settled());
+    m_classes = std::move(other.m_classes);
+    other.changeWhole();
     return *this;
 }
 
@@ -193,6 +193,14 @@ VEK::DrawOrder CVekDisplayList::order() const
     if (m_isReversed)
         order.reverse();
     return order;
+}
+
+int CVekDisplayList::position(int index) const
+{
+    const int count = len();
+    if (index < 0 && count > 0)
+        index = (count + index % count) % count;
+    return index < count ? index : -1;
 }
 
 int CVekDisplayList::orderedNumber(int position) const

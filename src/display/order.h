@@ -28,6 +28,8 @@ public:
             backwards ? Run{first + count - 1, count, -1} : Run{first, count, 1};
     }
 
+    bool isAsStored() const { return !m_numbers; }
+
     void reverse()
     {
         std::reverse(m_runs.begin(), m_runs.begin() + m_count);
@@ -41,21 +43,30 @@ public:
     template <class Visit>
     void visit(Visit&& visit) const
     {
+        if (m_numbers)
+            walk(visit, [this](int place) { return m_numbers[place]; });
+        else
+            walk(visit, [](int place) { return place; });
+    }
+
+private:
+    template <class Visit, class Number>
+    void walk(Visit& visit, Number number) const
+    {
         for (int r = 0; r < m_count; ++r) {
             const Run run = m_runs[static_cast<std::size_t>(r)];
-            const auto number = [&](int i) {
-                const int place = run.first + i * run.step;
-                return m_numbers ? m_numbers[place] : place;
-            };
-            for (int i = 0; i < run.count; ++i) {
-                const auto ahead = [&](int distance) { return number(std::min(i + distance, run.count - 1)); };
-                if (!visit(number(i), ahead))
+            const int end = run.first + run.count * run.step, last = end - run.step;
+            for (int place = run.first; place != end; place += run.step) {
+                const auto ahead = [&](int distance) {
+                    const int then = place + distance * run.step;
+                    return number((then - last) * run.step > 0 ? last : then);
+                };
+                if (!visit(number(place), ahead))
                     return;
             }
         }
     }
 
-private:
     const int* m_numbers;
     std::array<Run, 6> m_runs{};
     int m_count = 0;

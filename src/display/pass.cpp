@@ -50,10 +50,6 @@ CVekMatrix3d screenMatrix(const CVekGDX& gdx, const DrawArea& area)
     return moved(move * flip * unit * gdx.projMtxGet(), area);
 }
 
-/// Prefetch distances: first the item, and once that has arrived, the data stored apart from it.
-constexpr int kFetchItem = 16;
-constexpr int kFetchGeometry = 8;
-
 } // namespace
 
 DrawPass::DrawPass(const CVekGDX& gdx, CSurface& surface, const DrawArea& area, const PassRules& rules,
@@ -82,35 +78,15 @@ void DrawPass::run()
     DisplayIndex* const index = list.index();
     if (!index) {
         list.order().visit([&](int number, auto ahead) {
-            fetchPlain(items[ahead(kFetchItem)]);
-            fetchGeometry(items[ahead(kFetchGeometry)]);
+            fetchPlain(items[ahead(kFetchFar)]);
+            fetchGeometry(items[ahead(kFetchNear)]);
             draw(items[number]);
             return true;
         });
         return;
     }
-    using Kind = DisplayIndex::Kind;
-    index->turn(m_gdx.viewDirectionMtxGet(), m_viewTurns);
-    m_rowMap = m_total;
-    m_points.resize(DisplayIndex::kPoints);
-    list.order().visit([&](int number, auto ahead) {
-        const int later = ahead(kFetchItem);
-        const Kind kindLater = index->row(later).is();
-        if (kindLater == Kind::line) {
-            fetch(index->coordinates(index->row(later)), 64);
-        } else if (kindLater != Kind::nothing) {
-            fetchPlain(items[later]);
-            fetchGeometry(items[ahead(kFetchGeometry)]);
-        }
-        const DisplayIndex::Row* row = &index->row(number);
-        if (row->is() == Kind::unknown)
-            row = &index->learn(number, items[number]);
-        if (row->is() == Kind::line)
-            drawRow(*index, *row, index->shown(number));
-        else if (row->is() == Kind::item)
-            draw(items[number]);
-        return true;
-    });
+    index->beginPaint(m_gdx.viewDirectionMtxGet(), m_viewTurns);
+    draw(items, list.order(), *index);
 }
 
 void DrawPass::draw(const CVekDisplayItem& item)

@@ -3,6 +3,7 @@
 
 #include "core/values/stepping.h"
 #include "display/index.h"
+#include "display/order.h"
 #include "display/pass_rules.h"
 #include "draw/dashes.h"
 #include "draw/hatch_plane.h"
@@ -95,7 +96,9 @@ private:
     };
 
     void draw(const CVekDisplayItem& item);
+    void draw(const CVekDisplayItem* items, const DrawOrder& order, DisplayIndex& index);
     void drawRow(const DisplayIndex& index, const DisplayIndex::Row& row, const DisplayIndex::Box& box);
+    void setRowMatrix(const DisplayIndex& index, unsigned matrix);
     const Pen& pen(const DisplayIndex& index, unsigned look);
     DisplayIndex::Box shownArea(double margin) const;
 
@@ -181,9 +184,14 @@ private:
     CVekMapTempl<CVekString, VekPatternLines> m_patterns; ///< of hatches, as the host has them
     detail::HatchStrokes m_strokes;                       ///< of the current hatch
 
-    std::vector<Pen> m_pens;            ///< of the looks of the index
-    unsigned m_rowMatrix = 0;           ///< number of the matrix that is part of `m_rowMap`
-    CVekMatrix3d m_rowMap;              ///< to the device for the current row
+    /// A point or vector of the device, both coordinates of which are computed at a time.
+    using Pair = double __attribute__((vector_size(16)));
+
+    std::array<Pen, DisplayIndex::kLooks> m_pens{}; ///< of the looks of the index
+    unsigned m_penCount = 0;
+    unsigned m_rowMatrix = 0;           ///< number of the matrix of the current row
+    std::array<Pair, 4> m_rowColumns{}; ///< of the matrix to the device for the current row
+    Pair m_rowZero{};                   ///< what z = 0 adds there: 0, or not a number
     std::vector<SurfacePoint> m_points; ///< of the current row
 };
 

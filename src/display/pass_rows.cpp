@@ -25,22 +25,6 @@ std::pair<float, float> before(double from, double to, double scale, double offs
     return {static_cast<float>(low), static_cast<float>(high)};
 }
 
-/// Takes the points of a row to the device, as `DeviceMap` does.
-/// @param m its first two rows
-template <bool isFlat>
-void toDevice(const CVekMatrix3d& m, const double* from, unsigned count, SurfacePoint* to)
-{
-    const CVekMatrix3d::Rows& rows = m;
-    const double* const x = rows[0];
-    const double* const y = rows[1];
-    for (SurfacePoint* const end = to + count; to != end; ++to) {
-        const double z = isFlat ? 0.0 : from[2];
-        to->x = x[0] * from[0] + x[1] * from[1] + x[2] * z + x[3];
-        to->y = y[0] * from[0] + y[1] * from[1] + y[2] * z + y[3];
-        from += isFlat ? 2 : 3;
-    }
-}
-
 } // namespace
 
 /// The part of the world, after the view direction and the items' own matrices, that lies in the drawing area with a
@@ -58,32 +42,76 @@ Box DrawPass::shownArea(double margin) const
 
 const DrawPass::Pen& DrawPass::pen(const DisplayIndex& index, unsigned look)
 {
-    while (m_pens.size() <= look) {
-        const DisplayIndex::Look& next = index.looks()[m_pens.size()];
+    for (; m_penCount <= look; ++m_penCount) {
+        const DisplayIndex::Look& next = index.looks()[m_penCount];
         const double around = margin(next.thickn);
-        m_pens.push_back({penWidth(next.thickn), penColor(next.mode, next.color), around, shownArea(around)});
+        m_pens[m_penCount] = {penWidth(next.thickn), penColor(next.mode, next.color), around, shownArea(around)};
     }
     return m_pens[look];
 }
 
-void DrawPass::drawRow(const DisplayIndex& index, const DisplayIndex::Row& row, const Box& box)
+void DrawPass::setRowMatrix(const DisplayIndex& index, unsigned matrix)
 {
-    const Pen& pen = this->pen(index, row.look);
+    const CVekMatrix3d map = matrix != 0 ? m_total * index.matrix(matrix) : m_total;
+    for (std::size_t column = 0; column < 4; ++column)
+        m_rowColumns[column] = Pair{map[0][column], map[1][column]};
+    m_rowZero = m_rowColumns[2] * 0.0;
+    m_rowMatrix = matrix;
+}
+
+inline void DrawPass::drawRow(const DisplayIndex& index, const DisplayIndex::Row& row, const Box& box)
+{
+    const Pen& pen = row.look < m_penCount ? m_pens[row.look] : this->pen(index, row.look);
     if (box.isBeside(pen.area))
         return;
-    if (row.matrix != m_rowMatrix) {
-        m_rowMatrix = row.matrix;
-        m_rowMap = row.matrix != 0 ? m_total * index.matrix(row) : m_total;
-    }
+    if (row.matrix != m_rowMatrix)
+        setRowMatrix(index, row.matrix);
     m_surface.pen(pen.width, pen.color);
+    const auto [x, y, z, origin] = m_rowColumns;
+    const double* from = index.coordinates(row);
     SurfacePoint* const points = m_points.data();
-    if (row.isFlat)
-        toDevice<true>(m_rowMap, index.coordinates(row), row.count, points);
-    else
-        toDevice<false>(m_rowMap, index.coordinates(row), row.count, points);
+    SurfacePoint* const end = points + row.count;
+    if (row.kind == DisplayIndex::Kind::flatLine) {
+        for (SurfacePoint* to = points; to != end; ++to, from += 2) {
+            const Pair p = x * from[0] + y * from[1] + m_rowZero + origin;
+            *to = {p[0], p[1]};
+        }
+    } else {
+        for (SurfacePoint* to = points; to != end; ++to, from += 3) {
+            const Pair p = x * from[0] + y * from[1] + z * from[2] + origin;
+            *to = {p[0], p[1]};
+        }
+    }
     m_margin = pen.margin;
     if (box.isWithin(pen.area) || !isOutside({points, row.count}))
-        m_surface.polyline(points, static_cast<int>(row.count));
+        m_surface.polyline(points, row.count);
+}
+
+/// Draws a list by its index, and adds to it what has no row yet.
+void DrawPass::draw(const CVekDisplayItem* items, const DrawOrder& order, DisplayIndex& index)
+{
+    using Kind = DisplayIndex::Kind;
+    setRowMatrix(index, 0);
+    m_points.resize(DisplayIndex::kPoints);
+    order.visit([&](int number, auto ahead) {
+        const DisplayIndex::Row& later = index.row(ahead(kFetchFar));
+        if (later.isLine()) {
+            fetch(index.coordinates(later), 64);
+        } else if (later.kind != Kind::nothing) {
+            fetchPlain(items[ahead(kFetchFar)]);
+            fetchGeometry(items[ahead(kFetchNear)]);
+        }
+        if (!order.isAsStored()) // otherwise the processor sees them coming
+            index.fetchRow(ahead(2 * kFetchFar));
+        const DisplayIndex::Row* row = &index.row(number);
+        if (row->kind == Kind::unknown)
+            row = &index.learn(number, items[number]);
+        if (row->isLine())
+            drawRow(index, *row, index.shown(number));
+        else if (row->kind == Kind::item)
+            draw(items[number]);
+        return true;
+    });
 }
 
 } // namespace VEK

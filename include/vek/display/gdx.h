@@ -296,18 +296,18 @@ private:
     template <class Build>
     bool emit(VekDisplayObj type, const Stack& stack, unsigned long flag, Build&& build);
     static void addItem(Corners& corners, const CVekDisplayItem& item, const Seen& seen, const CVekMatrix3d& view);
+    static void addCounted(Corners& corners, CVekDisplayItem& item, const Seen& seen, const CVekMatrix3d& view);
     template <class Look>
-    bool measure(Corners& corners, const CVekMatrix3d& view, Look&& look);
+    bool measure(Corners& corners, const CVekMatrix3d& view, const CVekArrayTempl<int>& changed, Look&& look);
     Corners cornersGet() const;
     void cornersSet(const Corners& corners);
     bool look(const CVekMatrix3d& projection, const CVekMatrix3d& direction);
-    bool inAny(const Stack& stack) const;
-    template <class IsIn>
-    bool flagsSet(int code, IsIn isIn);
+    bool flagsSet(const CVekArrayTempl<int>& changed, int code);
+    bool remove(const CVekArrayTempl<int>& gone);
     template <class Set>
     bool letter(const Stack& stack, Set set);
     template <class Change>
-    bool forGroup(const Stack& stack, Change change);
+    bool forExactly(const Stack& stack, Change change);
 };
 
 namespace VEK

@@ -100,6 +100,9 @@ private:
     int orderedNumber(int position) const;
     VEK::DrawOrder order() const;
 
+    /// The position of an index by the array rules; -1 if there is no such item.
+    int position(int index) const;
+
     /// An item that the caller leaves as it is, but for what neither painting nor picking nor the order depends on.
     CVekDisplayItem& item(int position) { return m_items.begin()[number(position)]; }
 
