@@ -220,9 +220,8 @@ bool DisplayIndex::setLine(Row& row, Box& box, const CVekDisplayItem& item)
         flat = flat && isFlat(p);
         box.add(row.matrix != 0 ? p * item.mtx : p);
     });
-    const bool isFinite = box.isKnown() && box.bottom != -Box::kAll && box.right != Box::kAll && box.top != Box::kAll;
     const std::size_t count = static_cast<std::size_t>(item.vl.len()) + 1, size = count * (flat ? 2 : 3);
-    if (!isFinite || m_coordinates.size() + size > UINT_MAX)
+    if (!box.isBounded() || m_coordinates.size() + size > UINT_MAX)
         return false;
     row.first = static_cast<unsigned>(m_coordinates.size());
     row.count = static_cast<std::uint16_t>(count);

@@ -42,6 +42,7 @@ public:
         static Box none() { return {kAll, kAll, -kAll, -kAll}; }
         void add(const CVekPoint3d& p);
         bool isKnown() const { return left != -kAll; }
+        bool isBounded() const { return (left > -kAll) & (bottom > -kAll) & (right < kAll) & (top < kAll); }
 
         // Without branches: of items all over a picture nobody can tell what comes next.
         bool isBeside(const Box& other) const

@@ -93,6 +93,7 @@ private:
         unsigned color;
         double margin;
         DisplayIndex::Box area;
+        bool isBounded; ///< the area
     };
 
     void draw(const CVekDisplayItem& item);

@@ -45,7 +45,8 @@ const DrawPass::Pen& DrawPass::pen(const DisplayIndex& index, unsigned look)
     for (; m_penCount <= look; ++m_penCount) {
         const DisplayIndex::Look& next = index.looks()[m_penCount];
         const double around = margin(next.thickn);
-        m_pens[m_penCount] = {penWidth(next.thickn), penColor(next.mode, next.color), around, shownArea(around)};
+        const Box area = shownArea(around);
+        m_pens[m_penCount] = {penWidth(next.thickn), penColor(next.mode, next.color), around, area, area.isBounded()};
     }
     return m_pens[look];
 }
@@ -83,7 +84,7 @@ inline void DrawPass::drawRow(const DisplayIndex& index, const DisplayIndex::Row
         }
     }
     m_margin = pen.margin;
-    if (box.isWithin(pen.area) || !isOutside({points, row.count}))
+    if ((pen.isBounded && box.isWithin(pen.area)) || !isOutside({points, row.count}))
         m_surface.polyline(points, row.count);
 }
 
