@@ -1,5 +1,11 @@
 // What the emission operations store, and what they do to the extents.
 #include "display_fixture.h"
+#include "display_hash.h"
+
+#include <vek/host.h>
+
+#include <cmath>
+#include <random>
 
 namespace
 {
@@ -111,25 +117,115 @@ TEST(DisplayEmission, ArgumentsMayBelongToTheListThatGrows)
     EXPECT_EQ(gdx.getDisplayList()[81].stack, path({1}));
 }
 
+/// Adds an item of a random kind, from arguments of the caller or as temporaries.
+void emitRandom(Gdx& gdx, std::mt19937& random)
+{
+    const int number = static_cast<int>(random() % 100);
+    const unsigned long flag = random() % 256;
+    CVekColor color, fill;
+    color.setColorIndex(static_cast<short>(number));
+    fill.setColorIndex(static_cast<short>(number % 3 - 1));
+    CVekMatrix3d m;
+    if (number % 2)
+        m.setToTranslation({1.0 * number, 2, 3});
+    CVekVertexArray vl;
+    for (unsigned i = random() % 4; i > 0; --i)
+        vl.append(CVekVertex({1.0 * i, 0, 0}, {0, 1.0 * number, 0}, i == 3 ? 0.5 : 0.0));
+    if (number % 3 == 0)
+        vl.setNormal({0, 1, 1});
+    CVekGDX::Region region = square(number);
+    const CVekPoint3d at(number, -1, 1);
+    const CVekArrayTempl<double> linetype = number % 3 ? doubles({1.0 * number, -1.0, 0.0}) : doubles({});
+    const CVekArrayTempl<int> stack = path(number % 2 ? path({number}) : path({number, 2, 3}));
+    const VEK::CHatchProp hatch(L"STEEL", number, 2.0, true);
+    switch (random() % 7) {
+    case 0: gdx.imagePt(stack, flag, at, color, m, 3.0, 32, at); break;
+    case 1: gdx.imageVl(stack, flag, vl, color, m, linetype, 2.0, 7ul, at); break;
+    case 2:
+        gdx.imageVl(stack, flag, std::move(vl), color, m, linetype, 2.0, 7ul, at);
+        EXPECT_EQ(vl.len(), 0) << "the caller gets nothing of an item before";
+        break;
+    case 3: gdx.imageReg(stack, flag, region, color, m, linetype, 2.0, 7ul, fill, hatch, at); break;
+    case 4: gdx.imageReg(stack, flag, std::move(region), color, m, {}, 2.0, 7ul, fill, hatch, at); break;
+    case 5: gdx.imagePicture(stack, flag, L"p.bmp", number, at, number % 2 ? at : CVekPoint3d::kOrigin); break;
+    default: gdx.imageTxt(stack, flag, L"A", color, m, L"CC", at, at);
+    }
+}
+
 TEST(DisplayEmission, ClearForgetsEverythingOfTheItemsBefore)
 {
-    Gdx gdx = plain();
-    gdx.imageReg(path({1}), itemFill, square(10), {}, {}, {}, 1.0, 7, {}, {L"X", 1, 1, true}, {});
-    gdx.imageTxt(path({1}), 0, L"A", {}, {}, L"CC", {1, 1, 0}, {});
-    gdx.extMaxViewSet();
-    gdx.clear();
-    EXPECT_EQ(gdx.lenGet(), 0);
-    CVekPoint3d min(1, 1, 1);
-    CVekPoint3d max(2, 2, 2);
-    gdx.extMaxViewGet(min, max);
-    EXPECT_EQ(max, CVekPoint3d(2, 2, 2));
-    gdx.imagePt({}, 0, {3, 3, 0}, {}, {}, 0.0, 0, {});
-    gdx.imagePt({}, 0, {3, 3, 0}, {}, {}, 0.0, 0, {});
-    for (const CVekDisplayItem& item : gdx.getDisplayList()) {
-        EXPECT_EQ(item.reg.len() + item.regl.len() + item.vl.len() + item.linetype.len() + item.stack.len(), 0);
-        EXPECT_TRUE(item.txt.isNull() && item.hatch.name.isNull());
-        EXPECT_EQ(item.thickn, 0);
+    Gdx used = plain();
+    int compared = 0;
+    for (const unsigned seed : {1u, 2u, 3u, 4u}) {
+        used.clear();
+        EXPECT_EQ(used.lenGet(), 0);
+        CVekPoint3d min(1, 1, 1), max(2, 2, 2);
+        used.extMaxViewGet(min, max);
+        EXPECT_EQ(max, CVekPoint3d(2, 2, 2));
+        std::mt19937 random(seed), again(seed);
+        Gdx fresh = plain();
+        for (int i = 0; i < 300; ++i, ++compared) {
+            emitRandom(used, random);
+            emitRandom(fresh, again);
+            ASSERT_EQ((Hash() << used.getDisplayList()[i]).value(), (Hash() << fresh.getDisplayList()[i]).value()) << i;
+        }
+        ASSERT_TRUE(fresh.extmaxGet(min, max));
+        expectExtents(used, min, max);
     }
+    EXPECT_EQ(compared, 1200);
+}
+
+TEST(DisplayEmission, TheHostMayAddItemsWhileItWritesAText)
+{
+    Gdx gdx = plain();
+    gdx.imageVl(path({1}), 0, line(1, 2, 3, 4), {}, {}, {}, 1.0, 0, {});
+    CVekLocalApp host;
+    host.functionSet(L"vek_text_to_regl", [&](resbuf*, VEK::CUniqResbuf& result) {
+        for (int i = 0; i < 20; ++i) // more than there is room for
+            gdx.imageVl(path({2}), 0, line(0, 0, 1, 1), {}, {}, {}, 1.0, 0, {});
+        result.append(VEK::mkResbuf(VEK::Regions{square(5)}));
+        return 5100;
+    });
+    CVekApp* const before = vekAppSet(&host);
+    CVekDataItem text;
+    VEK::dataSet(&text, L"TEXT", L"A");
+    EXPECT_TRUE(gdx.imageTxt(path({3}), 0, &text, {}, {}, 1.0, {}));
+    vekAppSet(before);
+    ASSERT_EQ(gdx.lenGet(), 22);
+    EXPECT_TRUE(gdx.typeGet(20) == dispPolyline && gdx.getDisplayList()[20].vl == line(0, 0, 1, 1));
+    EXPECT_TRUE(gdx.typeGet(21) == dispText && gdx.getDisplayList()[21].regl.len() == 1);
+}
+
+TEST(DisplayExtents, OfWhatNoMatrixMovesAreThoseOfTheIdentityBitByBit)
+{
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    const double kNumbers[] = {0.0, -0.0, 1.5, -2.25, 1e-310, -1e308, 1.7e308, kInfinite, VEK::nan()};
+    std::mt19937 random(7);
+    int compared = 0, counted = 0;
+    for (int round = 0; round < 4000; ++round, ++compared) {
+        const auto number = [&] { return kNumbers[random() % (round % 4 ? 7 : 9)]; };
+        const auto point = [&] { return CVekPoint3d(number(), number(), number()); };
+        CVekVertexArray vl;
+        for (unsigned i = random() % 4; i > 0; --i)
+            vl.append(CVekVertex(point(), point(), random() % 16 ? 0.0 : -0.5));
+        CVekMatrix3d mtx[3]; // of the item, the view direction, the projection
+        if (random() % 2)
+            mtx[random() % 3][random() % 3][random() % 4] *= random() % 2 ? -1.0 : 0.5;
+        Gdx gdx = plain(), general = plain();
+        gdx.projMtxSet(mtx[2]);
+        gdx.viewDirectionMtxSet(mtx[1]);
+        gdx.imageVl({}, 0, vl, {}, mtx[0], {}, 1.0, 0, {});
+        general.refresh_ext(vl, mtx[2] * mtx[1] * mtx[0]);
+        CVekPoint3d box[2][2];
+        const bool any = gdx.extmaxGet(box[0][0], box[0][1]);
+        ASSERT_EQ(any, general.extmaxGet(box[1][0], box[1][1])) << round;
+        counted += any;
+        for (int axis = 0; axis < 6; ++axis) {
+            const double a = box[0][axis / 3][axis % 3], b = box[1][axis / 3][axis % 3];
+            ASSERT_TRUE(a == b && std::signbit(a) == std::signbit(b)) << round;
+        }
+    }
+    EXPECT_TRUE(compared == 4000 && counted > 2000 && counted < 4000);
 }
 
 TEST(DisplayExtents, FullRecomputationAgreesWithTheRunningOne)

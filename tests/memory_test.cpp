@@ -79,7 +79,7 @@ struct Files {
 };
 const Files kFiles;
 
-const CVekGDX::Stack kLine{1}, kText{2}, kRegion{3}, kNew{7, 8};
+const CVekGDX::Stack kLine{1}, kText{2}, kRegion{3}, kNew{7, 8, 9};
 const CVekString kBmp = kFiles.path("a.bmp"), kLibrary = kFiles.path("a.slb");
 const CVekString kAnother(L"another key"), kUser(L"_USER"), kDots(L"DOTS"), kView(L"NO"), kSlide(L"one");
 const CVekArrayTempl<double> kDashes{0.5, -0.25}, kAngle{9, 9, 2, 2, 1};
@@ -125,7 +125,7 @@ bool walked(CVekDataItem& entry)
 CVekGDX picture()
 {
     CVekGDX gdx(kColor, kStretch, 0.0, 0, {}, {});
-    gdx.imagePicture({4}, 0, kBmp, 0, {1, 1, 0}, {9, 9, 0});
+    gdx.imagePicture({1, 4}, 0, kBmp, 0, {1, 1, 0}, {9, 9, 0});
     gdx.imageVl({1, 2}, 0, arcs({0, 1, 1}), kColor, {}, kDashes, 1.0, 3, {});
     gdx.imageTxt(kText, 0, L"B", kColor, {}, L"CR", {1, 0, 0}, {});
     gdx.imageReg(kRegion, itemFill | itemHatch, kPlate, kColor, {}, {}, 1.0, 1, kColor, kHatch, {});
@@ -153,7 +153,7 @@ struct World {
     CVekLineParm pattern{0.5, -0.25};
     CVekArrayTempl<double> dashes = kDashes;
     CVekString keyword = kView, error;
-    CVekColor named;
+    CVekColor named, color;
 
     // Where a job puts what it hands out.
     CVekArrayTempl<CVekDataKey> keys;
@@ -208,7 +208,8 @@ struct World {
     std::uint64_t state() const
     {
         Hash hash;
-        hash << text << label << numbers << others << texts << polyline << points << (shared ? 1 : 0) << handed;
+        hash << text << label << color.colorName() << color.bookName() << numbers << others << texts << polyline
+             << points << (shared ? 1 : 0) << handed;
         for (const auto* one : {&map, &copied}) {
             for (const auto& [key, value] : *one)
                 hash << key << value;
@@ -281,9 +282,11 @@ const Job kJobs[] = {
     {"text replace", 1, [](W& w) { w.text.replace(L".", L" a longer text that stands for a point "); }},
     {"text format", 1, [](W& w) { w.text.format(L"%s and %s", L"first", L"second"); }},
     {"array += itself", 1, [](W& w) { w.numbers += w.numbers; }},
+    {"array += own element", 1, [](W& w) { w.others.append(w.others[0]); }},
     {"array = other", 1, [](W& w) { w.numbers = kMore; }},
     {"array += moved", 1, [](W& w) { w.numbers += std::move(w.others); }},
     {"array [far]", 1, [](W& w) { w.numbers[20] = 0; }},
+    {"colour = named", 3, [](W& w) { w.color = w.named; }},
     {"map []", 2, [](W& w) { w.map[kAnother]; }},
     {"polyline += inclined", 1, [](W& w) { w.polyline += kUpright; }},
     {"polyline = inclined", 1, [](W& w) { w.polyline = kSlanted; }},
@@ -399,8 +402,8 @@ const Job kJobs[] = {
     {"setGdxImageFcn", 2, [](W&) { VEK::setGdxImageFcn(kAnother, [](CVekGDX*, auto*, auto*) { return true; }); }},
     {"axes", 10, [](W& w) { return vek_gdx_image_ucs(&w.gdx, kNarrow); }},
     {"holes", 10, [](W& w) { return vek_gdx_image_hole(&w.gdx, kObject, nullptr); }},
-    {"slide", 16, [](W& w) { return VEK::gdxImageSlide(&w.gdx, kFiles.slide, 0, &kTree); }},
-    {"slide of a library", 20, [](W& w) { return vek_gdx_image_sld(&w.gdx, kSlide, kLibrary, 0, nullptr); }},
+    {"slide", 11, [](W& w) { return VEK::gdxImageSlide(&w.gdx, kFiles.slide, 0, &kTree); }},
+    {"slide of a library", 18, [](W& w) { return vek_gdx_image_sld(&w.gdx, kSlide, kLibrary, 0, nullptr); }},
     {"slideLoad", 5, [](W& w) { return VEK::slideLoad(w.bytes, kSlide, kLibrary) && w.hand(w.bytes); }},
 
     {"picture of a file", 4, [](W& w) { return w.hand(VEK::loadPicture(kBmp, 0, 7, 3, w.transparent, 0)); }},

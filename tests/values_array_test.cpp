@@ -62,7 +62,124 @@ struct CopyOnly {
 
 using Ints = CVekArrayTempl<int>;
 
+template <class T>
+T valueOf(unsigned number)
+{
+    static constexpr char kText[64] = {};
+    if constexpr (std::is_same_v<T, const char*>)
+        return kText + number % 64;
+    else if constexpr (std::is_same_v<T, CVekPoint3d>)
+        return {1.0 * number, 2.0, -1.0 * number};
+    else if constexpr (std::is_same_v<T, CVekString>)
+        return T(std::to_wstring(number).c_str());
+    else if constexpr (std::is_same_v<T, Ints>)
+        return number % 2 ? Ints{static_cast<int>(number)} : Ints{1, 2, static_cast<int>(number)};
+    else
+        return static_cast<T>(number);
+}
+
+/// Runs random operations on three arrays and on vectors.
+/// @return how many states were compared
+template <class T>
+int compareWithVectors(unsigned seed, int rounds)
+{
+    std::mt19937 random(seed);
+    CVekArrayTempl<T> arrays[3];
+    std::vector<T> vectors[3];
+    int compared = 0;
+    for (int round = 0; round < rounds; ++round) {
+        const unsigned i = random() % 3, j = random() % 3, length = random() % 12;
+        CVekArrayTempl<T>&a = arrays[i], &b = arrays[j];
+        std::vector<T>&v = vectors[i], &w = vectors[j];
+        const T value = valueOf<T>(random() % 1000);
+        const int at = v.empty() ? 0 : static_cast<int>(random() % v.size());
+        const bool isEmpty = v.empty(), isSelf = i == j;
+        switch (random() % 16) {
+        case 0: a.append(value), v.push_back(value); break;
+        case 1:
+            if (!isEmpty)
+                a.append(std::as_const(a)[at]), v.push_back(T(v[static_cast<unsigned>(at)]));
+            break;
+        case 2: // what was moved away is written anew
+            if (!isEmpty) {
+                v.push_back(T(v[static_cast<unsigned>(at)]));
+                a.append(std::move(a[at]));
+                a[at] = v[static_cast<unsigned>(at)] = value;
+            }
+            break;
+        case 3:
+            if (v.size() < 40) {
+                const std::vector<T> more(w);
+                a += b, v.insert(v.end(), more.begin(), more.end());
+            }
+            break;
+        case 4:
+            if (!isSelf && v.size() < 40)
+                a += std::move(b), v.insert(v.end(), w.begin(), w.end()), w.clear();
+            break;
+        case 5: a = b, v = std::vector<T>(w); break;
+        case 6:
+            a = std::move(b);
+            if (!isSelf)
+                v = w, b = CVekArrayTempl<T>{value}, w = {value};
+            break;
+        case 7: a.swap(b), v.swap(w); break;
+        case 8: a.setLogicalLength(static_cast<int>(length)), v.resize(length); break;
+        case 9:
+            a.removeAt(at);
+            if (!isEmpty)
+                v.erase(v.begin() + at);
+            break;
+        case 10:
+            a[static_cast<int>(length)] = value;
+            v.resize(std::max(v.size(), std::size_t{length} + 1));
+            v[length] = value;
+            break;
+        case 11: b = CVekArrayTempl<T>(a), w = std::vector<T>(v); break;
+        case 12: {
+            CVekArrayTempl<T> taken(std::move(a));
+            EXPECT_EQ(a.len(), 0);
+            a.append(value);
+            a = std::move(taken);
+            break;
+        }
+        case 13: EXPECT_TRUE(a.reserveExactly(static_cast<int>(length))); break;
+        case 14:
+            if (bool isNew = false; T* slot = a.spare(isNew)) {
+                EXPECT_TRUE(!isNew || *slot == T());
+                *slot = value;
+                a.appendSpare();
+                v.push_back(value);
+            }
+            break;
+        default: a.revert(), std::reverse(v.begin(), v.end());
+        }
+        for (int k = 0; k < 3; ++k, ++compared) {
+            const CVekArrayTempl<T>& array = arrays[k];
+            EXPECT_TRUE(std::equal(array.begin(), array.end(), vectors[k].begin(), vectors[k].end())) << round;
+            EXPECT_TRUE(array[array.len()] == T() && array[-1] == (array.len() ? vectors[k].back() : T())) << round;
+        }
+        if (testing::Test::HasFailure())
+            break;
+    }
+    return compared;
+}
+
 } // namespace
+
+TEST(ArrayGrowth, AgreesWithVectorsForElementsInsideAndInBlocks)
+{
+    static_assert(sizeof(Ints) == 3 * sizeof(void*));
+    constexpr int kRounds = 4000;
+    int compared = 0;
+    for (const unsigned seed : {1u, 2u}) {
+        compared += compareWithVectors<int>(seed, kRounds) + compareWithVectors<double>(seed, kRounds) +
+                    compareWithVectors<unsigned char>(seed, kRounds) + compareWithVectors<const char*>(seed, kRounds) +
+                    compareWithVectors<CVekPoint3d>(seed, kRounds) + compareWithVectors<CVekString>(seed, kRounds) +
+                    compareWithVectors<Ints>(seed, kRounds);
+    }
+    EXPECT_EQ(compared, 2 * 7 * 3 * kRounds);
+}
 
 TEST(ArrayIndex, CountsFromTheEndAndBeyondModuloTheLength)
 {

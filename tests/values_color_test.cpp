@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <random>
 #include <set>
+#include <string>
 
 TEST(Palette, IsThePublishedOne)
 {
@@ -72,20 +73,64 @@ TEST(Color, GivenByValueTakesTheNearestIndexOnlyWithoutOneOfItsOwn)
     EXPECT_EQ(color.colorIndex(), 1);
 }
 
-TEST(Color, ComparesAllItsFields)
+TEST(Color, HoldsAndComparesAllItsFieldsHoweverItIsPassedOn)
 {
-    CVekColor a;
-    CVekColor b;
-    EXPECT_TRUE(a == b);
-    b.setNames(L"RAL 9016", L"RAL Classic");
-    EXPECT_STREQ(b.colorName(), L"RAL 9016");
-    EXPECT_STREQ(b.bookName(), L"RAL Classic");
-    EXPECT_FALSE(a == b);
-    b.setNames(nullptr, nullptr);
-    EXPECT_TRUE(a == b);
-    a.setColorIndex(1);
-    b.setColorIndex(10);
-    EXPECT_FALSE(a == b);
+    struct Model {
+        short index = -1;
+        unsigned long rgb = 0;
+        std::wstring name, book;
+        bool operator==(const Model&) const = default;
+    };
+    const wchar_t* const texts[] = {nullptr, L"", L"RAL 9016", L"RAL Classic"};
+    std::mt19937 random(5);
+    CVekColor colors[3];
+    Model models[3];
+    int judged = 0;
+    for (int round = 0; round < 3000; ++round) {
+        const unsigned i = random() % 3, j = random() % 3;
+        CVekColor &color = colors[i], &other = colors[j];
+        Model &model = models[i], &second = models[j];
+        switch (random() % 7) {
+        case 0:
+            model.index = static_cast<short>(static_cast<int>(random() % 4) - 1);
+            model.rgb = VEK::paletteColor(model.index);
+            color.setColorIndex(model.index);
+            break;
+        case 1:
+            model.rgb = random() % 3 * 0x7F0102;
+            if (model.index == -1)
+                model.index = VEK::paletteNearest(model.rgb);
+            color.setColor(model.rgb);
+            break;
+        case 2: {
+            const wchar_t *name = texts[random() % 4], *book = texts[random() % 4];
+            color.setNames(name, book);
+            model.name = name ? name : L"", model.book = book ? book : L"";
+            break;
+        }
+        case 3: // names of its own, the other way round
+            color.setNames(color.bookName(), color.colorName());
+            std::swap(model.name, model.book);
+            break;
+        case 4: color = other, model = Model(second); break;
+        case 5: {
+            CVekColor taken(std::move(color)), copy(taken);
+            color = std::move(copy);
+            break;
+        }
+        default: std::swap(color, other); std::swap(model, second);
+        }
+        for (unsigned k = 0; k < 3; ++k, ++judged) {
+            const CVekColor& c = colors[k];
+            const Model& m = models[k];
+            EXPECT_TRUE(c.colorIndex() == m.index && c.color() == m.rgb &&
+                        m.name == static_cast<const wchar_t*>(c.colorName()) &&
+                        m.book == static_cast<const wchar_t*>(c.bookName()))
+                << round;
+            EXPECT_EQ(c == color, m == model) << round;
+        }
+    }
+    EXPECT_EQ(judged, 9000);
 }
 
 TEST(Countries, AreAtLeastTwentyWithGermanFirst)

@@ -5,6 +5,9 @@
 #include <vek/display/gdx.h>
 #include <vek/draw/text.h>
 
+#include <cstring>
+#include <optional>
+
 namespace
 {
 
@@ -15,9 +18,11 @@ void keepReference(CVekDisplayItem& item, const CVekPoint3d& refPoint)
         item.vl = CVekVertex(refPoint, CVekPoint3d::kOrigin);
 }
 
-void setPen(CVekDisplayItem& item, const CVekArrayTempl<double>& linetype, double ltscale, unsigned long thickn,
-            const CVekPoint3d& refPoint)
+void setPen(CVekDisplayItem& item, const CVekColor& color, const CVekMatrix3d& mtx,
+            const CVekArrayTempl<double>& linetype, double ltscale, unsigned long thickn, const CVekPoint3d& refPoint)
 {
+    item.color = color;
+    item.mtx = mtx;
     if (linetype.len() > 0)
         item.linetype = linetype;
     else
@@ -28,29 +33,90 @@ void setPen(CVekDisplayItem& item, const CVekArrayTempl<double>& linetype, doubl
         item.point = refPoint;
 }
 
+void setFill(CVekDisplayItem& item, const CVekColor& fcolor, const VEK::CHatchProp& hatch)
+{
+    if (item.flag & (itemFill | itemHatch))
+        item.fcolor = fcolor.colorIndex() >= 0 ? fcolor : item.color;
+    item.hatch = hatch;
+}
+
+/// Makes an item that stood in the list before a new one; its polyline keeps its memory.
+void renew(CVekDisplayItem& item)
+{
+    using Segments = CVekArrayTempl<CVekVertex>;
+    Segments kept(static_cast<Segments&&>(item.vl));
+    kept.setLogicalLength(0);
+    item = CVekDisplayItem();
+    static_cast<Segments&>(item.vl) = std::move(kept);
+}
+
+/// Whether a matrix is the identity to the sign of its zeros.
+bool isIdentity(const CVekMatrix3d& m)
+{
+    return std::memcmp(static_cast<const CVekMatrix3d::Rows&>(m), CVekMatrix3d::kIdentity,
+                       sizeof(CVekMatrix3d::Rows)) == 0;
+}
+
+/// The box of straight segments that no matrix moves, exactly as the identity gives it, which leaves no negative zero.
+/// @return false if they have to take the general way: arcs, coordinates that are not finite, no segments
+bool boxAsItStands(const CVekVertexArray& vl, CVekPoint3d& min, CVekPoint3d& max)
+{
+    const auto ofIdentity = [](const CVekPoint3d& p) { return CVekPoint3d(p.x + 0.0, p.y + 0.0, p.z + 0.0); };
+    double beyond = 0.0; // NaN when one is not finite
+    bool straight = vl.len() > 0;
+    if (straight)
+        min = max = ofIdentity(vl[0].start);
+    for (const CVekVertex& vertex : vl) {
+        straight &= vertex.bulge == 0.0;
+        for (const CVekPoint3d* end : {&vertex.start, &vertex.end}) {
+            beyond += (end->x - end->x) + (end->y - end->y) + (end->z - end->z);
+            const CVekPoint3d p = ofIdentity(*end);
+            min = VEK::p_min(min, p);
+            max = VEK::p_max(max, p);
+        }
+    }
+    return straight && beyond == 0.0;
+}
+
 } // namespace
 
-/// Adds an item that `build` completes, if it returns true and memory has not run out.
+/// Adds an item that `build` completes, if memory has not run out.
+///
+/// It is built in the list's room behind its end, where nobody sees it before it is complete; beside the list if
+/// appending moves the items, to which the arguments may belong.
 template <class Build>
 bool CVekGDX::emit(VekDisplayObj type, const Stack& stack, unsigned long flag, Build&& build)
 {
-    CVekDisplayItem item;
+    bool isNew = true;
+    CVekDisplayItem* const slot = displayList.isAsStored() ? displayList.m_items.spare(isNew) : nullptr;
+    std::optional<CVekDisplayItem> beside;
+    CVekDisplayItem& item = slot ? *slot : beside.emplace();
     Corners corners = cornersGet();
     const bool complete = VEK::whole(false, [&] {
+        if (!isNew)
+            renew(item);
         item.type = type;
         item.flag = static_cast<unsigned>(flag);
         item.stack = stack;
-        if (!build(item))
-            return false;
-        if (type != dispPicture && item.hasExtents())
-            addItem(corners, item, {true, &item.mtx, &item.regl}, projMtx * viewDirectionMtx);
-        return extMax.reserve(2) && displayList.reserve(displayList.len() + 1);
+        build(item);
+        if (type != dispPicture && item.hasExtents()) {
+            CVekPoint3d min, max;
+            if (type == dispPolyline && isIdentity(item.mtx) && isIdentity(projMtx) && isIdentity(viewDirectionMtx) &&
+                boxAsItStands(item.vl, min, max))
+                corners.add(min, max);
+            else
+                addItem(corners, item, {true, &item.mtx, &item.regl}, projMtx * viewDirectionMtx);
+        }
+        return extMax.reserve(2) && (slot || displayList.reserve(displayList.len() + 1));
     });
-    if (complete) {
+    if (!complete)
+        return false;
+    if (slot)
+        displayList.changeable().appendSpare();
+    else
         displayList.append(std::move(item));
-        cornersSet(corners);
-    }
-    return complete;
+    cornersSet(corners);
+    return true;
 }
 
 void CVekGDX::imagePt(const Stack& stack, unsigned long flag, const CVekPoint3d& point, const CVekColor& color,
@@ -63,7 +129,6 @@ void CVekGDX::imagePt(const Stack& stack, unsigned long flag, const CVekPoint3d&
         item.pdMode = static_cast<unsigned>(pointMode);
         item.pdSize = pointSize;
         keepReference(item, refPoint);
-        return true;
     });
 }
 
@@ -71,10 +136,10 @@ void CVekGDX::imageVl(const Stack& stack, unsigned long flag, const CVekVertexAr
                       const CVekMatrix3d& mtx, const CVekArrayTempl<double>& linetype, double ltscale,
                       unsigned long thickn, const CVekPoint3d& refPoint)
 {
-    const unsigned long shortages = VEK::memoryShortages();
-    CVekVertexArray copy(vl);
-    if (VEK::memoryShortages() == shortages)
-        imageVl(stack, flag, std::move(copy), color, mtx, linetype, ltscale, thickn, refPoint);
+    emit(dispPolyline, stack, flag, [&](CVekDisplayItem& item) {
+        item.vl = vl;
+        setPen(item, color, mtx, linetype, ltscale, thickn, refPoint);
+    });
 }
 
 void CVekGDX::imageVl(const Stack& stack, unsigned long flag, CVekVertexArray&& vl, const CVekColor& color,
@@ -82,11 +147,8 @@ void CVekGDX::imageVl(const Stack& stack, unsigned long flag, CVekVertexArray&& 
                       unsigned long thickn, const CVekPoint3d& refPoint)
 {
     emit(dispPolyline, stack, flag, [&](CVekDisplayItem& item) {
-        item.color = color;
-        item.mtx = mtx;
         item.vl = std::move(vl);
-        setPen(item, linetype, ltscale, thickn, refPoint);
-        return true;
+        setPen(item, color, mtx, linetype, ltscale, thickn, refPoint);
     });
 }
 
@@ -95,10 +157,11 @@ void CVekGDX::imageReg(const Stack& stack, unsigned long flag, const Region& reg
                        unsigned long thickn, const CVekColor& fcolor, const VEK::CHatchProp& hatch,
                        const CVekPoint3d& refPoint)
 {
-    const unsigned long shortages = VEK::memoryShortages();
-    Region copy(reg);
-    if (VEK::memoryShortages() == shortages)
-        imageReg(stack, flag, std::move(copy), color, mtx, linetype, ltscale, thickn, fcolor, hatch, refPoint);
+    emit(dispRegion, stack, flag, [&](CVekDisplayItem& item) {
+        item.reg = reg;
+        setPen(item, color, mtx, linetype, ltscale, thickn, refPoint);
+        setFill(item, fcolor, hatch);
+    });
 }
 
 void CVekGDX::imageReg(const Stack& stack, unsigned long flag, Region&& reg, const CVekColor& color,
@@ -107,14 +170,9 @@ void CVekGDX::imageReg(const Stack& stack, unsigned long flag, Region&& reg, con
                        const CVekPoint3d& refPoint)
 {
     emit(dispRegion, stack, flag, [&](CVekDisplayItem& item) {
-        item.color = color;
-        item.mtx = mtx;
         item.reg = std::move(reg);
-        setPen(item, linetype, ltscale, thickn, refPoint);
-        if (flag & (itemFill | itemHatch))
-            item.fcolor = fcolor.colorIndex() >= 0 ? fcolor : color;
-        item.hatch = hatch;
-        return true;
+        setPen(item, color, mtx, linetype, ltscale, thickn, refPoint);
+        setFill(item, fcolor, hatch);
     });
 }
 
@@ -126,7 +184,6 @@ void CVekGDX::imagePicture(const Stack& stack, unsigned long flag, const wchar_t
         item.pdMode = static_cast<unsigned>(id);
         if (corner1 != corner2)
             item.vl = CVekVertex(corner1, corner2);
-        return true;
     });
 }
 
@@ -143,7 +200,6 @@ void CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const wchar_t* te
         item.txt = text;
         keepReference(item, refPoint);
         item.regl = VEK::textRegions(item.txt, item.txtAlign, item.point);
-        return true;
     });
 }
 
@@ -152,13 +208,14 @@ bool CVekGDX::imageTxt(const Stack& stack, unsigned long flag, const CVekDataIte
 {
     if (!textDir || !textDir->isDir())
         return false;
+    RegionList regl; // made before the item, since the host may change this object meanwhile
+    if (!VEK::whole(false, [&] { return vek_text_to_regl(textDir, regl, height); }))
+        return false;
     return emit(dispText, stack, flag, [&](CVekDisplayItem& item) {
-        if (!vek_text_to_regl(textDir, item.regl, height))
-            return false;
+        item.regl = std::move(regl);
         item.color = color;
         item.mtx = mtx;
         keepReference(item, refPoint);
-        return true;
     });
 }
 

@@ -70,21 +70,22 @@ class VEK_API CVekDisplayItem : public CVekObj
 public:
     using MovesAsBytes = CVekDisplayItem; ///< see `kVekMovesAsBytes`
 
+    // What a plain polyline needs stands first, since lists of them are long.
     VekDisplayObj type = dispNone;
-    unsigned flag = 0;                   ///< `VekItemFlag` and the colour mode
-    CVekArrayTempl<int> stack;           ///< the owner's hierarchical address
-    CVekColor color;                     ///< pen colour
-    CVekArrayTempl<double> linetype;     ///< dashes; the single value 1.0 is a continuous line
-    double ltscale = 0.0;                ///< factor on the dash lengths
-    CVekPoint3d point;                   ///< point, text: position; screen-fixed polyline, region: reference point
-    unsigned pdMode = 0;                 ///< point: style, 0xFFFFFFFF the display object's; picture: resource number
-    double pdSize = 0.0;                 ///< point: size, 0 the display object's
-    CVekVertexArray vl;                  ///< polyline: geometry; picture: corner to corner; screen-fixed point, text:
-                                         ///< vertex 0 starts at the reference point
-    CVekArrayTempl<CVekVertexArray> reg; ///< region: boundary and holes
+    unsigned flag = 0;               ///< `VekItemFlag` and the colour mode
+    int thickn = 0;                  ///< pen width in pixels
+    unsigned pdMode = 0;             ///< point: style, 0xFFFFFFFF the display object's; picture: resource number
+    double ltscale = 0.0;            ///< factor on the dash lengths
+    CVekArrayTempl<double> linetype; ///< dashes; the single value 1.0 is a continuous line
+    CVekArrayTempl<int> stack;       ///< the owner's hierarchical address
+    CVekColor color;                 ///< pen colour
+    CVekVertexArray vl;              ///< polyline: geometry; picture: corner to corner; screen-fixed point, text:
+                                     ///< vertex 0 starts at the reference point
     CVekMatrix3d mtx;
-    CVekColor fcolor; ///< fill colour of a region
-    int thickn = 0;   ///< pen width in pixels
+    CVekPoint3d point;                   ///< point, text: position; screen-fixed polyline, region: reference point
+    double pdSize = 0.0;                 ///< point: size, 0 the display object's
+    CVekArrayTempl<CVekVertexArray> reg; ///< region: boundary and holes
+    CVekColor fcolor;                    ///< fill colour of a region
     VEK::CHatchProp hatch;
     CVekString txtAlign;                                  ///< text: alignment code
     CVekString txt;                                       ///< text: the text; picture: file name

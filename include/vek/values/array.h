@@ -22,7 +22,7 @@ public:
     virtual int setLogicalLength(int length) = 0;
 
 protected:
-    CVekArray() = default;
+    explicit CVekArray(unsigned capacity) : m_capacity(capacity) {}
     CVekArray(const CVekArray&) = default;
     CVekArray& operator=(const CVekArray&) = default;
 
@@ -30,9 +30,8 @@ protected:
     /// reach them all.
     static unsigned grownCapacity(unsigned capacity, std::size_t wanted);
 
-    unsigned m_capacity = 0; ///< elements that the block has room for
-    unsigned m_length = 0;   ///< logical length
-    unsigned m_built = 0;    ///< elements whose constructors have run; those past the length are kept for reuse
+    unsigned m_capacity;   ///< elements for which there is room
+    unsigned m_length = 0; ///< logical length
 };
 
 /// Whether values of a type may be moved by copying their bytes, without a destructor call on the source: trivially
@@ -43,6 +42,13 @@ inline constexpr bool kVekMovesAsBytes = std::is_trivially_copyable_v<T> || requ
 {
     requires std::is_same_v<typename T::MovesAsBytes, T>;
 };
+
+/// Whether values of a type hold nothing that a destructor frees, so that an array drops them without a call and writes
+/// new ones over them: trivially copyable types, and those moved as bytes that declare it by `using OwnsNothing = T`.
+template <class T>
+inline constexpr bool kVekOwnsNothing = std::is_trivially_copyable_v<T> || (kVekMovesAsBytes<T> && requires {
+                                            requires std::is_same_v<typename T::OwnsNothing, T>;
+                                        });
 
 /// Growable array of values. A copy is deep.
 ///
@@ -58,6 +64,9 @@ inline constexpr bool kVekMovesAsBytes = std::is_trivially_copyable_v<T> || requ
 /// never copy-constructed. Elements past a reduced length stay constructed and keep their memory for reuse. When memory
 /// runs out the array stays as it was; see `<vek/values/memory.h>`.
 ///
+/// Plain elements that fit into a pointer stand in the array itself, so that the path (7) and the line type {1.0} need
+/// no block. A pointer to an element is valid until the array grows, is moved or exchanged.
+///
 /// @tparam T a value type with a default constructor and assignment. Its exceptions propagate; the array stays valid.
 template <class T>
 class CVekArrayTempl : public CVekArray
@@ -65,20 +74,20 @@ class CVekArrayTempl : public CVekArray
 public:
     using MovesAsBytes = CVekArrayTempl; ///< see `kVekMovesAsBytes`
 
-    CVekArrayTempl() = default;
+    CVekArrayTempl() : CVekArray(kOwn) {}
     CVekArrayTempl(std::initializer_list<T> values) : CVekArrayTempl()
     {
         append(values.begin(), static_cast<unsigned>(values.size()));
     }
-    CVekArrayTempl(const CVekArrayTempl& other) : CVekArrayTempl() { append(other.m_data, other.m_length); }
-    CVekArrayTempl(CVekArrayTempl&& other) noexcept : CVekArray() { exchange(other); }
+    CVekArrayTempl(const CVekArrayTempl& other) : CVekArrayTempl() { append(other.begin(), other.m_length); }
+    CVekArrayTempl(CVekArrayTempl&& other) noexcept : CVekArrayTempl() { exchange(other); }
     ~CVekArrayTempl() override { release(); }
 
     CVekArrayTempl& operator=(const CVekArrayTempl& other)
     {
         if (this != &other && room(other.m_length)) {
             m_length = 0;
-            append(other.m_data, other.m_length);
+            append(other.begin(), other.m_length);
         }
         return *this;
     }
@@ -89,15 +98,15 @@ public:
     }
 
     /// Writing access by the index rules above.
-    T& operator[](int index) { return static_cast<unsigned>(index) < m_length ? m_data[index] : farElement(index); }
+    T& operator[](int index) { return static_cast<unsigned>(index) < m_length ? begin()[index] : farElement(index); }
 
     /// Reading access by the index rules above.
     const T& operator[](int index) const
     {
         if (static_cast<unsigned>(index) < m_length)
-            return m_data[index];
+            return begin()[index];
         const int inside = normalized(index);
-        return static_cast<unsigned>(inside) < m_length ? m_data[inside] : sharedDefault();
+        return static_cast<unsigned>(inside) < m_length ? begin()[inside] : sharedDefault();
     }
 
     /// Sets the length; new elements are default values, a negative length gives 0.
@@ -105,13 +114,18 @@ public:
     int setLogicalLength(int length) override
     {
         const unsigned wanted = length < 0 ? 0u : static_cast<unsigned>(length);
-        if (wanted > m_length && reserve(length)) {
-            for (unsigned i = m_length; i < std::min(wanted, m_built); ++i)
-                m_data[i] = T();
-            build(wanted);
+        if (wanted > m_length) {
+            if (!ensure(wanted))
+                return len();
+            if constexpr (kVekOwnsNothing<T>) {
+                std::uninitialized_value_construct(end(), begin() + wanted);
+            } else {
+                T* const kept = begin() + std::min(wanted, builtOf(begin()));
+                std::for_each(end(), kept, [](T& old) { old = T(); });
+                build(wanted);
+            }
         }
-        if (wanted <= m_built)
-            m_length = wanted;
+        m_length = wanted;
         return len();
     }
 
@@ -136,7 +150,7 @@ public:
     {
         if (m_length < m_capacity) {
             put(std::move(value));
-        } else if (&value >= m_data && &value < m_data + m_length) {
+        } else if (&value >= begin() && &value < end()) {
             T own(std::move(value));
             append(std::move(own));
         } else if (ensure(std::size_t{m_length} + 1)) {
@@ -144,13 +158,33 @@ public:
         }
     }
 
+    /// The slot behind the last element, for building an element where it will stand; it belongs to the array once
+    /// `appendSpare` is called.
+    /// @param isNew receives whether it is a default value, and not one that stood there before
+    /// @return null if there is no room
+    T* spare(bool& isNew)
+    {
+        if (m_length == m_capacity)
+            return nullptr;
+        T* const slot = end();
+        isNew = true;
+        if constexpr (kHead > 0) {
+            isNew = m_length == builtOf(begin());
+            build(m_length + 1);
+        } else {
+            ::new (static_cast<void*>(slot)) T();
+        }
+        return slot;
+    }
+    void appendSpare() { ++m_length; }
+
     /// Removes one element and closes the gap. The index follows the reading rules; one out of range changes nothing.
     void removeAt(int index)
     {
         const unsigned at = static_cast<unsigned>(normalized(index));
         if (at >= m_length)
             return;
-        std::rotate(m_data + at, m_data + at + 1, m_data + m_length);
+        std::rotate(begin() + at, begin() + at + 1, end());
         --m_length;
     }
 
@@ -170,7 +204,7 @@ public:
     {
         const unsigned count = other.m_length;
         if (ensure(std::size_t{m_length} + count))
-            append(other.m_data, count);
+            append(other.begin(), count);
         return *this;
     }
 
@@ -215,10 +249,17 @@ public:
         return m_length == other.m_length && std::equal(begin(), end(), other.begin());
     }
 
-    T* begin() { return m_data; }
-    T* end() { return m_data + m_length; }
-    const T* begin() const { return m_data; }
-    const T* end() const { return m_data + m_length; }
+    T* begin()
+    {
+        if constexpr (kOwn > 0) {
+            if (m_capacity == kOwn)
+                return m_room.own;
+        }
+        return m_room.block;
+    }
+    T* end() { return begin() + m_length; }
+    const T* begin() const { return const_cast<CVekArrayTempl*>(this)->begin(); }
+    const T* end() const { return begin() + m_length; }
 
 protected:
     /// Exchanges the elements only.
@@ -226,8 +267,7 @@ protected:
     {
         std::swap(m_capacity, other.m_capacity);
         std::swap(m_length, other.m_length);
-        std::swap(m_built, other.m_built);
-        std::swap(m_data, other.m_data);
+        std::swap(m_room, other.m_room);
     }
 
     /// What a derived class adds to `revert`, called once the order is reversed.
@@ -241,20 +281,56 @@ private:
     /// Whether a new slot may be copy-constructed, since that stores what assignment to a default value would.
     static constexpr bool kCopies = kVekMovesAsBytes<T>;
 
+    /// For how many elements there is room in the array itself.
+    static constexpr unsigned kOwn =
+        std::is_trivial_v<T> && sizeof(T) <= sizeof(void*) ? static_cast<unsigned>(sizeof(void*) / sizeof(T)) : 0;
+
+    /// The bytes of a block before its first element. They hold the number of elements whose constructors have run,
+    /// those past the length included, unless nothing depends on it.
+    static constexpr std::size_t kHead = kVekOwnsNothing<T> ? 0 : std::max(alignof(T), sizeof(unsigned));
+
+    /// Where the elements stand: here up to that capacity, in a block above it.
+    union Room {
+        T* block = nullptr; ///< the first element of the block
+        std::conditional_t<(kOwn > 0), T, char> own[kOwn > 0 ? kOwn : 1];
+    };
+
     /// A block under construction, freed when an element's constructor or assignment throws.
     struct Block {
         T* data;
-        unsigned built = 0;
 
-        explicit Block(std::size_t size) : data(static_cast<T*>(CVekObj::operator new[](size))) {}
+        explicit Block(std::size_t size) : data(firstOf(CVekObj::operator new[](kHead + size))) {}
         Block(const Block&) = delete;
         Block& operator=(const Block&) = delete;
-        ~Block()
-        {
-            std::destroy_n(data, built);
-            CVekObj::operator delete[](data);
-        }
+        ~Block() { drop(data); }
     };
+
+    /// The first element of a block, of which none is built yet if it is new; null for no block.
+    static T* firstOf(void* block, bool isNew = true)
+    {
+        if (!block)
+            return nullptr;
+        T* first = reinterpret_cast<T*>(static_cast<char*>(block) + kHead);
+        if (kHead > 0 && isNew)
+            ::new (block) unsigned(0);
+        return first;
+    }
+    static void* blockOf(T* first) { return first ? reinterpret_cast<char*>(first) - kHead : nullptr; }
+
+    /// How many elements of a block are built.
+    static unsigned& builtOf(T* first)
+    {
+        return *static_cast<unsigned*>(static_cast<void*>(reinterpret_cast<char*>(first) - kHead));
+    }
+
+    static void drop(T* first)
+    {
+        if constexpr (kHead > 0) {
+            if (first)
+                std::destroy_n(first, builtOf(first));
+        }
+        CVekObj::operator delete[](blockOf(first));
+    }
 
     int normalized(int index) const
     {
@@ -271,7 +347,7 @@ private:
             return sharedDefault();
         if (at >= len() && (at == INT_MAX || setLogicalLength(at + 1) <= at))
             return sharedDefault();
-        return m_data[at];
+        return begin()[at];
     }
 
     static T& sharedDefault()
@@ -284,14 +360,20 @@ private:
     template <class V>
     void put(V&& value)
     {
-        if (m_length < m_built) {
-            m_data[m_length] = std::forward<V>(value);
-        } else if constexpr (kCopies) {
-            ::new (static_cast<void*>(m_data + m_built)) T(std::forward<V>(value));
-            ++m_built;
+        T* slot = end();
+        if constexpr (kHead > 0) {
+            if (unsigned& built = builtOf(begin()); m_length < built) {
+                *slot = std::forward<V>(value);
+            } else if constexpr (kCopies) {
+                ::new (static_cast<void*>(slot)) T(std::forward<V>(value));
+                ++built;
+            } else {
+                ::new (static_cast<void*>(slot)) T();
+                ++built;
+                *slot = std::forward<V>(value);
+            }
         } else {
-            ::new (static_cast<void*>(m_data + m_built)) T();
-            m_data[m_built++] = std::forward<V>(value);
+            ::new (static_cast<void*>(slot)) T(std::forward<V>(value));
         }
         ++m_length;
     }
@@ -299,14 +381,18 @@ private:
     /// Appends copies; the new length must be valid for an array.
     void append(const T* values, unsigned count)
     {
-        if (!room(m_length + count))
+        if (count == 0 || !room(m_length + count))
             return;
-        T* to = m_data + m_length;
-        const unsigned used = std::min(count, m_built - m_length);
-        std::copy_n(values, used, to);
+        T* to = end();
+        unsigned used = 0;
+        if constexpr (kHead > 0) {
+            used = std::min(count, builtOf(begin()) - m_length);
+            std::copy_n(values, used, to);
+        }
         if constexpr (kCopies) {
             std::uninitialized_copy_n(values + used, count - used, to + used);
-            m_built = std::max(m_built, m_length + count);
+            if constexpr (kHead > 0)
+                builtOf(begin()) += count - used;
         } else {
             build(m_length + count);
             std::copy_n(values + used, count - used, to + used);
@@ -314,10 +400,12 @@ private:
         m_length += count;
     }
 
+    /// Has the elements up to a number built that the capacity allows.
     void build(unsigned count)
     {
-        for (; m_built < count; ++m_built)
-            ::new (static_cast<void*>(m_data + m_built)) T();
+        T* const first = begin();
+        for (unsigned& built = builtOf(first); built < count; ++built)
+            ::new (static_cast<void*>(first + built)) T();
     }
 
     bool ensure(std::size_t wanted) { return wanted <= m_capacity || relocate(grownCapacity(m_capacity, wanted)); }
@@ -330,25 +418,31 @@ private:
         const std::size_t size = sizeof(T) * std::size_t{capacity};
         if (capacity == 0)
             return false;
+        T* const block = m_capacity > kOwn ? m_room.block : nullptr;
         if constexpr (kVekMovesAsBytes<T>) { // the system remaps the pages of a large block without touching them
-            void* block = CVekObj::resize(static_cast<void*>(m_data), size);
-            if (!block)
+            T* const moved = firstOf(CVekObj::resize(blockOf(block), kHead + size), block == nullptr);
+            if (!moved)
                 return false;
-            m_data = static_cast<T*>(block);
-        } else {
-            Block block(size);
-            if (!block.data)
-                return false;
-            if constexpr (std::is_nothrow_move_constructible_v<T>) {
-                std::uninitialized_move_n(m_data, m_built, block.data);
-                block.built = m_built;
-            } else {
-                for (; block.built < m_built; ++block.built) {
-                    ::new (static_cast<void*>(block.data + block.built)) T();
-                }
-                std::move(m_data, m_data + m_built, block.data);
+            if constexpr (kOwn > 0) {
+                if (!block)
+                    std::copy_n(m_room.own, m_length, moved);
             }
-            std::swap(m_data, block.data); // frees the old one
+            m_room.block = moved;
+        } else {
+            Block grown(size);
+            if (!grown.data)
+                return false;
+            const unsigned count = block ? builtOf(block) : 0;
+            unsigned& built = builtOf(grown.data);
+            if constexpr (std::is_nothrow_move_constructible_v<T>) {
+                std::uninitialized_move_n(block, count, grown.data);
+                built = count;
+            } else {
+                for (; built < count; ++built)
+                    ::new (static_cast<void*>(grown.data + built)) T();
+                std::move(block, block + count, grown.data);
+            }
+            std::swap(m_room.block, grown.data); // frees the old one
         }
         m_capacity = capacity;
         return true;
@@ -356,9 +450,9 @@ private:
 
     void release()
     {
-        std::destroy_n(m_data, m_built);
-        CVekObj::operator delete[](m_data);
+        if (m_capacity > kOwn)
+            drop(m_room.block);
     }
 
-    T* m_data = nullptr;
+    Room m_room;
 };

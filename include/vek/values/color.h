@@ -14,6 +14,35 @@ public:
     using MovesAsBytes = CVekColor; ///< see `kVekMovesAsBytes`
 
     CVekColor() = default;
+    CVekColor(const CVekColor& other)
+        : CVekObj(), m_names(other.m_names ? named(other.colorName(), other.bookName()) : nullptr),
+          m_color(other.m_color), m_index(other.m_index)
+    {
+    }
+    CVekColor(CVekColor&& other) noexcept
+        : CVekObj(), m_names(std::exchange(other.m_names, nullptr)), m_color(other.m_color), m_index(other.m_index)
+    {
+    }
+    ~CVekColor() override
+    {
+        if (m_names)
+            release();
+    }
+    CVekColor& operator=(const CVekColor& other)
+    {
+        m_color = other.m_color;
+        m_index = other.m_index;
+        if (m_names || other.m_names)
+            setNames(other.colorName(), other.bookName());
+        return *this;
+    }
+    CVekColor& operator=(CVekColor&& other) noexcept
+    {
+        m_color = other.m_color;
+        m_index = other.m_index;
+        std::swap(m_names, other.m_names);
+        return *this;
+    }
 
     short colorIndex() const { return m_index; }
 
@@ -29,28 +58,38 @@ public:
 
     /// The colour as a Windows `COLORREF`, 0x00BBGGRR. It is always usable, also for a colour set by index alone; the
     /// setter called last determines it.
-    unsigned long oleColor() const { return m_oleColor; }
+    unsigned long oleColor() const { return swapped(m_color); }
 
     /// Sets the RGB value from a `COLORREF`; the index as with `setColor`.
     void setOleColor(unsigned long colorRef);
 
-    const CVekString& colorName() const { return m_colorName; }
-    const CVekString& bookName() const { return m_bookName; }
+    /// The two names, valid until the colour changes. Both stay as they were when memory runs out in setting them.
+    const CVekString& colorName() const;
+    const CVekString& bookName() const;
     void setNames(const wchar_t* colorName, const wchar_t* bookName);
 
-    int red() const { return static_cast<int>(m_oleColor & 0xFF); }
-    int green() const { return static_cast<int>(m_oleColor >> 8 & 0xFF); }
-    int blue() const { return static_cast<int>(m_oleColor >> 16 & 0xFF); }
+    int red() const { return static_cast<int>(m_color >> 16); }
+    int green() const { return static_cast<int>(m_color >> 8 & 0xFF); }
+    int blue() const { return static_cast<int>(m_color & 0xFF); }
 
     /// Compares all five fields.
     bool operator==(const CVekColor& other) const;
 
 private:
+    struct Names;
+
+    /// Between 0xRRGGBB and 0x00BBGGRR, either way.
+    static constexpr unsigned long swapped(unsigned long rgb)
+    {
+        return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | (rgb >> 16 & 0xFF);
+    }
+
+    static Names* named(const wchar_t* colorName, const wchar_t* bookName);
+    void release() noexcept;
+
+    Names* m_names = nullptr; ///< hardly any colour has names; null while both are empty
+    unsigned m_color = 0;     ///< 24 bits
     short m_index = -1;
-    unsigned m_color = 0;
-    unsigned m_oleColor = 0;
-    CVekString m_colorName;
-    CVekString m_bookName;
 };
 
 namespace VEK

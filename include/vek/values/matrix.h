@@ -13,6 +13,7 @@ class VEK_API CVekMatrix3d : public CVekObj
 {
 public:
     using MovesAsBytes = CVekMatrix3d; ///< see `kVekMovesAsBytes`
+    using OwnsNothing = CVekMatrix3d;  ///< see `kVekOwnsNothing`
 
     using Rows = double[4][4];
 

@@ -19,6 +19,7 @@ class VEK_API CVekPoint3d : public CVekObj
 {
 public:
     using MovesAsBytes = CVekPoint3d; ///< see `kVekMovesAsBytes`
+    using OwnsNothing = CVekPoint3d;  ///< see `kVekOwnsNothing`
 
     double x = 0.0;
     double y = 0.0;
@@ -67,6 +68,7 @@ class VEK_API CVekVector3d : public CVekObj
 {
 public:
     using MovesAsBytes = CVekVector3d; ///< see `kVekMovesAsBytes`
+    using OwnsNothing = CVekVector3d;  ///< see `kVekOwnsNothing`
 
     double x = 0.0;
     double y = 0.0;

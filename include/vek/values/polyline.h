@@ -16,6 +16,7 @@ class VEK_API CVekVertex : public CVekObj
 {
 public:
     using MovesAsBytes = CVekVertex; ///< see `kVekMovesAsBytes`
+    using OwnsNothing = CVekVertex;  ///< see `kVekOwnsNothing`
 
     CVekPoint3d start;
     CVekPoint3d end;

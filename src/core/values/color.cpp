@@ -11,12 +11,6 @@ constexpr unsigned rgbOf(unsigned red, unsigned green, unsigned blue)
     return red << 16 | green << 8 | blue;
 }
 
-/// Between 0xRRGGBB and 0x00BBGGRR, either way.
-constexpr unsigned swapped(unsigned long rgb)
-{
-    return static_cast<unsigned>((rgb & 0xFF) << 16 | (rgb & 0xFF00) | (rgb >> 16 & 0xFF));
-}
-
 /// Entry 10 to 249: 24 hues, 15 degrees apart, from red by way of yellow, green, cyan, blue and magenta. The last digit
 /// is the brightness, two indices each, of which the odd one is half as saturated.
 constexpr unsigned wheelColor(int index)
@@ -64,19 +58,64 @@ int squaredDistance(unsigned a, unsigned b)
     return part(16) + part(8) + part(0);
 }
 
+constinit const CVekString kNone;
+
 } // namespace
+
+/// The names of a colour that has any.
+struct CVekColor::Names : CVekObj {
+    CVekString color;
+    CVekString book;
+
+    Names(const wchar_t* colorName, const wchar_t* bookName) : color(colorName), book(bookName) {}
+};
+
+/// @return null when memory runs out
+CVekColor::Names* CVekColor::named(const wchar_t* colorName, const wchar_t* bookName)
+{
+    const unsigned long shortages = VEK::memoryShortages();
+    Names* names = new Names(colorName, bookName);
+    if (VEK::memoryShortages() == shortages)
+        return names;
+    delete names;
+    return nullptr;
+}
+
+void CVekColor::release() noexcept
+{
+    delete m_names;
+}
+
+const CVekString& CVekColor::colorName() const
+{
+    return m_names ? m_names->color : kNone;
+}
+
+const CVekString& CVekColor::bookName() const
+{
+    return m_names ? m_names->book : kNone;
+}
+
+void CVekColor::setNames(const wchar_t* colorName, const wchar_t* bookName)
+{
+    Names* names = nullptr;
+    if ((colorName && *colorName) || (bookName && *bookName)) {
+        names = named(colorName, bookName);
+        if (!names)
+            return;
+    }
+    delete std::exchange(m_names, names); // only now: the texts may be its own
+}
 
 void CVekColor::setColorIndex(short index)
 {
     m_index = index;
     m_color = static_cast<unsigned>(VEK::paletteColor(index));
-    m_oleColor = swapped(m_color);
 }
 
 void CVekColor::setColor(unsigned long rgb)
 {
     m_color = static_cast<unsigned>(rgb & 0xFFFFFF);
-    m_oleColor = swapped(m_color);
     if (m_index == -1)
         m_index = VEK::paletteNearest(m_color);
 }
@@ -86,17 +125,10 @@ void CVekColor::setOleColor(unsigned long colorRef)
     setColor(swapped(colorRef));
 }
 
-void CVekColor::setNames(const wchar_t* colorName, const wchar_t* bookName)
-{
-    const CVekString book(bookName); // either may point to a name of this colour
-    m_colorName = colorName;
-    m_bookName = book;
-}
-
 bool CVekColor::operator==(const CVekColor& other) const
 {
-    return m_index == other.m_index && m_color == other.m_color && m_oleColor == other.m_oleColor &&
-           m_colorName == other.m_colorName && m_bookName == other.m_bookName;
+    return m_index == other.m_index && m_color == other.m_color && colorName() == other.colorName() &&
+           bookName() == other.bookName();
 }
 
 unsigned long VEK::paletteColor(int index)
