@@ -88,7 +88,7 @@ template <class Build>
 bool CVekGDX::emit(VekDisplayObj type, const Stack& stack, unsigned long flag, Build&& build)
 {
     bool isNew = true;
-    CVekDisplayItem* const slot = displayList.isAsStored() ? displayList.m_items.spare(isNew) : nullptr;
+    CVekDisplayItem* const slot = displayList.spare(isNew);
     std::optional<CVekDisplayItem> beside;
     CVekDisplayItem& item = slot ? *slot : beside.emplace();
     Corners corners = cornersGet();
@@ -112,7 +112,7 @@ bool CVekGDX::emit(VekDisplayObj type, const Stack& stack, unsigned long flag, B
     if (!complete)
         return false;
     if (slot)
-        displayList.changeable().appendSpare();
+        displayList.appendSpare();
     else
         displayList.append(std::move(item));
     cornersSet(corners);

@@ -97,12 +97,31 @@ void CVekDisplayList::append(CVekDisplayItem&& item)
 {
     if (!reserve(len() + 1))
         return;
-    m_isClassed = false;
-    if (m_classes.len() == len())
-        m_classes.append(orderClass(item));
-    if (m_numbers.len() > 0)
-        m_numbers.append(len());
     m_items.append(std::move(item));
+    noteAppended();
+}
+
+CVekDisplayItem* CVekDisplayList::spare(bool& isNew)
+{
+    CVekDisplayItem* const slot = m_items.spare(isNew);
+    return slot && reserve(len() + 1) ? slot : nullptr;
+}
+
+void CVekDisplayList::appendSpare()
+{
+    m_items.appendSpare();
+    noteAppended();
+}
+
+/// Has an item that was stored behind the others in the order, at its end.
+void CVekDisplayList::noteAppended()
+{
+    const int number = len() - 1;
+    m_isClassed = false;
+    if (m_classes.len() == number)
+        m_classes.append(orderClass(m_items.begin()[number]));
+    if (m_numbers.len() > 0)
+        m_numbers.append(number);
 }
 
 bool CVekDisplayList::append(const CVekArrayTempl<CVekDisplayItem>& items)

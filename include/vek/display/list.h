@@ -111,8 +111,13 @@ private:
     CVekDisplayItem& changing(int index);
     void setColorMode(int index, unsigned mode);
 
+    /// Room for an item behind the last one, see `CVekArrayTempl::spare`; null if there is none.
+    CVekDisplayItem* spare(bool& isNew);
+    void appendSpare();
+
     VEK::DisplayIndex* index() const;
     void lend();
+    void noteAppended();
     void changeWhole();
 
     CVekArrayTempl<CVekDisplayItem>& settled() const
