@@ -4,6 +4,8 @@
 #include <afxcmn.h>
 #include <afxwin.h>
 
+#include <oleacc.h>
+
 #include <cstring>
 #include <functional>
 #include <string>
@@ -16,6 +18,58 @@ inline void pumpWaiting()
     MSG message;
     for (int i = 0; i < 200 && ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE); ++i)
         AfxPumpMessage();
+}
+
+/// Presses a key, of which the objects of the windows around the focus hear first.
+inline void press(WPARAM key)
+{
+    ::PostMessageW(::GetFocus(), WM_KEYDOWN, key, 0);
+    pumpWaiting();
+}
+
+/// Clicks on a place in a window.
+inline void clickAt(HWND window, CPoint place)
+{
+    const LPARAM at = MAKELPARAM(place.x, place.y);
+    ::SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    ::SendMessageW(window, WM_LBUTTONUP, 0, at);
+}
+
+inline CString textOf(HWND dialog, int id)
+{
+    wchar_t text[200] = L"";
+    ::GetDlgItemTextW(dialog, id, text, 200);
+    return text;
+}
+
+/// The name of a window for screen readers.
+inline std::wstring nameOf(HWND window)
+{
+    // Spelled out: the constant of MinGW's library is not that of the interface.
+    const IID kind = {0x618736E0, 0x3C3D, 0x11CF, {0x81, 0x0C, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
+    ::CoInitialize(nullptr);
+    IAccessible* it = nullptr;
+    std::wstring name;
+    BSTR text = nullptr;
+    VARIANT self = {};
+    self.vt = VT_I4;
+    if (SUCCEEDED(::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), kind,
+                                               reinterpret_cast<void**>(&it)))) {
+        if (it->get_accName(self, &text) == S_OK)
+            name = text;
+        ::SysFreeString(text);
+        it->Release();
+    }
+    ::CoUninitialize();
+    return name;
+}
+
+/// The label of a control whose name Wine does not take from it.
+inline std::wstring labelOf(HWND control)
+{
+    wchar_t text[80] = L"";
+    ::GetWindowTextW(::GetWindow(control, GW_HWNDPREV), text, 80);
+    return text;
 }
 
 /// A dialog template in memory.
