@@ -7,6 +7,7 @@
 #include <vek/objects/outline.h>
 
 #include <cfloat>
+#include <uxtheme.h>
 
 IMPLEMENT_DYNAMIC(CVekOutlDlg, CVekDlg)
 
@@ -150,6 +151,8 @@ void CVekOutlDlg::showRow(int index, const VEK::OutlineChoice::Row& row)
     showLabel(index, row.label);
     CWnd& button = *GetDlgItem(kFirstButton + index);
     button.ModifyStyle(row.plain ? WS_TABSTOP : BS_FLAT, row.plain ? BS_FLAT : WS_TABSTOP);
+    const wchar_t* const theme = row.plain ? L" " : nullptr; // with a theme no button is flat
+    ::SetWindowTheme(button, theme, theme);
     button.Invalidate();
 
     CVekEdit& field = m_parms[index];
