@@ -17,7 +17,7 @@ struct Page : CVekTabPage {
     enum Creation { works, fails, throws } creation = works;
     bool isEnabled = true;
     int saved = 0, closed = 0;
-    Template source = Template(WS_CHILD, 0, 0, L"").item(1, L"EDIT", WS_TABSTOP);
+    Template source = Template(WS_CHILD | DS_SETFONT, 0, 0, L"").item(1, L"EDIT", WS_TABSTOP);
     using CVekTabPage::m_parentDlg;
 
     BOOL Create(UINT, CWnd* parent) override
@@ -202,6 +202,7 @@ TEST_F(ControlsTabCtrl, TakePagesAndTheirControlsToAnotherResolution)
         return std::abs(font.lfHeight);
     };
     const int font = fontHeight(*first.GetDlgItem(1));
+    EXPECT_GT(font, 0);
     for (const int dpi : {144, 97, 192, 96, 120, 96}) {
         RECT place = {0, 0, 8 * dpi, 5 * dpi};
         owner.SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));

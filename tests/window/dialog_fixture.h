@@ -35,6 +35,29 @@ inline void clickAt(HWND window, CPoint place)
     ::SendMessageW(window, WM_LBUTTONUP, 0, at);
 }
 
+inline void clickButton(HWND dialog, int id)
+{
+    ::SendDlgItemMessageW(dialog, id, BM_CLICK, 0, 0);
+}
+
+/// Selects a row of a combo box and tells the dialog.
+inline void chooseRow(HWND dialog, int id, int row)
+{
+    const HWND box = ::GetDlgItem(dialog, id);
+    ::SendMessageW(box, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+    ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(box));
+}
+
+/// Replaces what is in a field, and goes to another control.
+inline void typeInto(HWND dialog, int id, const wchar_t* typed, int next)
+{
+    const HWND field = ::GetDlgItem(dialog, id);
+    ::SetFocus(field);
+    ::SendMessageW(field, EM_SETSEL, 0, -1);
+    ::SendMessageW(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(typed));
+    ::SetFocus(::GetDlgItem(dialog, next));
+}
+
 inline CString textOf(HWND dialog, int id)
 {
     wchar_t text[200] = L"";
@@ -82,6 +105,9 @@ public:
         const DLGTEMPLATE head = {style, 0, 0, x, y, 120, 80};
         put(&head, sizeof head);
         text(L""), text(L""), text(title);
+        const WORD points = 8;
+        if (style & DS_SETFONT)
+            put(&points, sizeof points), text(L"MS Shell Dlg");
     }
     Template& item(WORD id, const wchar_t* cls, DWORD style = 0, const wchar_t* caption = L"")
     {
