@@ -8,6 +8,13 @@
 
 using VEK::lives;
 
+namespace
+{
+
+constexpr int kFocusMargin = 2; // around the mark of the focus in a tab
+
+} // namespace
+
 IMPLEMENT_DYNAMIC(CVekTabCtrl, CTabCtrl)
 IMPLEMENT_DYNAMIC(CVekTabPage, CVekDlg)
 
@@ -255,6 +262,12 @@ void CVekTabCtrl::DrawItem(LPDRAWITEMSTRUCT request)
     ::SetBkMode(dc, TRANSPARENT);
     ::SetTextColor(dc, ::GetSysColor(isTabEnabled(index) ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
     ::DrawTextW(dc, text, -1, area, DT_SINGLELINE | DT_CENTER | DT_VCENTER);
+    const bool hidesFocus = (SendMessage(WM_QUERYUISTATE) & UISF_HIDEFOCUS) != 0;
+    if (::GetFocus() == m_hWnd && index == GetCurFocus() && !hidesFocus) {
+        area = request->rcItem;
+        area.DeflateRect(kFocusMargin, kFocusMargin);
+        ::DrawFocusRect(dc, area);
+    }
     ::RestoreDC(dc, state);
 }
 
