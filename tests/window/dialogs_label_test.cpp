@@ -28,7 +28,6 @@ protected:
         });
         return VEK::dlgLabelEdit(VEK::DlgEnv_st(), label, multi, start, L"EN", file ? file : m_file.c_str());
     }
-    static void click(CWnd& dialog, int id) { dialog.SendDlgItemMessage(id, BM_CLICK); }
     CString text(int row) { return list->GetItemText(row, 1); }
 
     /// The height of all rows and the image of one.
@@ -100,7 +99,7 @@ TEST_F(LabelDialog, EditsTheTextsOfAllLanguages)
         type(kGerman, L"Tür", L"");
         type(kGerman, L"Fenster", L"Tür", false);
         type(kEnglish, L"", L"Tor");
-        click(dialog, IDOK);
+        clickButton(dialog, IDOK);
     };
     EXPECT_EQ(open(true, L"Door", lines), IDOK);
     EXPECT_STREQ(label, L"\\de:Tür");
@@ -115,7 +114,7 @@ TEST_F(LabelDialog, EditsTheTextsOfAllLanguages)
         EXPECT_EQ(menu(), L"Kopieren ");
         list->SendMessage(WM_COMMAND, 1028);
         EXPECT_EQ(text(kGerman) + text(kEnglish), L"otherDoor Gate 3");
-        click(dialog, IDCANCEL);
+        clickButton(dialog, IDCANCEL);
     };
     EXPECT_EQ(open(false, label, single), IDCANCEL);
     EXPECT_STREQ(label, L"\\de:Tür");
@@ -125,16 +124,16 @@ TEST_F(LabelDialog, ImportsTheKeyThatIsSelectedInTheTextApplication)
 {
     const auto import = [&](CVekLabelEdit& dialog) {
         user.box(L"Kein Text ausgewählt");
-        click(dialog, 1086); // starts it
+        clickButton(dialog, 1086); // starts it
         IVekMsgDlg texts = running();
         EXPECT_TRUE(texts.SearchKey(L"B"));
         user.box(L"Mehzeilige");
-        click(dialog, 1086);
+        clickButton(dialog, 1086);
         EXPECT_EQ(text(kEnglish), L"Door");
         EXPECT_TRUE(texts.SearchKey(L"A"));
-        click(dialog, 1086);
+        clickButton(dialog, 1086);
         EXPECT_EQ(text(kEnglish) + text(kGerman), L"Höhe ≥");
-        click(dialog, IDOK);
+        clickButton(dialog, IDOK);
     };
     EXPECT_EQ(open(false, L"Door", import), IDOK);
     EXPECT_STREQ(label, L"\\de:Höhe ≥\\pl:Wysokość");
@@ -151,15 +150,15 @@ TEST_F(LabelDialog, OutlivesAnApplicationThatDiesInAnImport)
             text_application::kill(text_application::processes().at(0));
         });
         user.box(L"Verbindung zur Textanwendung abgebrochen");
-        click(dialog, 1086);
+        clickButton(dialog, 1086);
         death.join();
         EXPECT_EQ(text(kEnglish), L"Door");
         dialog.m_msgFile = m_file.c_str();
         user.box(L"Kein Text ausgewählt");
-        click(dialog, 1086); // another one
+        clickButton(dialog, 1086); // another one
         EXPECT_TRUE(running().SearchKey(L"C"));
-        click(dialog, 1086);
-        click(dialog, IDOK);
+        clickButton(dialog, 1086);
+        clickButton(dialog, IDOK);
     };
     EXPECT_EQ(open(false, L"Door", import, kPipe), IDOK);
     EXPECT_STREQ(label, L"\\de:x");

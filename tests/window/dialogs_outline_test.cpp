@@ -35,18 +35,9 @@ protected:
     {
         return ::SendMessageW(control(id), message, w, l);
     }
-    void click(int id) { send(id, BM_CLICK); }
-    void choose(int place)
-    {
-        send(5034, CB_SETCURSEL, static_cast<WPARAM>(place));
-        dialog->SendMessage(WM_COMMAND, MAKEWPARAM(5034, CBN_SELCHANGE), reinterpret_cast<LPARAM>(control(5034)));
-    }
-    void type(int id, const wchar_t* typed)
-    {
-        ::SetFocus(control(id));
-        send(id, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(typed));
-        ::SetFocus(control(5034));
-    }
+    void click(int id) { clickButton(*dialog, id); }
+    void choose(int place) { chooseRow(*dialog, 5034, place); }
+    void type(int id, const wchar_t* typed) { typeInto(*dialog, id, typed, 5034); }
     /// The texts of controls, with blanks between them; nothing of one that is hidden.
     std::wstring texts(std::initializer_list<int> ids)
     {
@@ -104,7 +95,7 @@ TEST_F(OutlineDialog, GivesWhatTheUserHasChosenOnlyAtOk)
             user.dialog<CDlgFilterOutline>([](CDlgFilterOutline& filter) {
                 EXPECT_EQ(filter.m_mask, 15);
                 filter.SendDlgItemMessage(5029, LB_SETSEL, FALSE, 2);
-                ::SendDlgItemMessageW(filter, IDOK, BM_CLICK, 0, 0);
+                clickButton(filter, IDOK);
             });
             click(5012);
             EXPECT_EQ(texts({5034, 1080, 1070, 1071}), L"Rund Durchmesser 1000 ") << "the ring is filtered out";
@@ -205,7 +196,7 @@ TEST_F(OutlineDialog, CutsNoTextInAnyLanguage)
             }
             user.dialog<CVekMatTreeDlg>([](CVekMatTreeDlg& tree) {
                 EXPECT_TRUE(tree.m_tree.selectMat(L"ALU"));
-                ::SendDlgItemMessageW(tree, IDOK, BM_CLICK, 0, 0);
+                clickButton(tree, IDOK);
             });
             EXPECT_NE(texts({4005}), L"");
             click(4004);
