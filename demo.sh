@@ -54,6 +54,7 @@ drive_gallery() {
     set_dpi 144
     act_on_gallery "$out/gallery-144" -- Gallery.test_dialogs
     set_dpi 96
+    put_dialogs_together "$out/gallery-144/dialog" "$out/gallery/dialogs.png"
     ls "$out"/gallery/*.png "$out"/gallery-144/*.png
 }
 
@@ -66,6 +67,13 @@ act_on_gallery() {
         tail -n 30 build/gallery.log
         exit 1
     fi
+}
+
+# put_dialogs_together DIALOG TARGET: some of the dialogs in English, in one picture.
+put_dialogs_together() {
+    convert -background white -bordercolor white \
+        \( "$1-outline-en.png" "$1-material-en.png" -border 12 -gravity center +append \) \
+        \( "$1-holes-en.png" "$1-unit-en.png" -border 12 -gravity center +append \) -append +repage "$2"
 }
 
 # Counts for programs that start from now on.

@@ -196,7 +196,6 @@ void HoleDialog::fillList(int selected)
         m_list.SetItemText(row, 1, kindText(*m_holes[row]));
     }
     m_list.SetCurSel(std::min(selected, rows - 1));
-    m_list.SetItemState(m_list.GetCurSel(), LVIS_FOCUSED, LVIS_FOCUSED); // where the arrow keys begin
     showHole();
     showPicture(true);
 }

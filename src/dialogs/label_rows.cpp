@@ -136,7 +136,11 @@ bool labelPaste(LabelStore& store, bool multi, CVekString& label)
     return good;
 }
 
-LabelRefusal labelImport(LabelServer* server, bool multi, CVekString& label)
+namespace
+{
+
+/// `labelImport` with a server that may be gone by the end: then what it gave may be a part of the texts.
+LabelRefusal imported(LabelServer* server, bool multi, CVekString& label)
 {
     const CVekString key = server ? server->selectedKey() : CVekString();
     if (key.isNull())
@@ -154,6 +158,19 @@ LabelRefusal labelImport(LabelServer* server, bool multi, CVekString& label)
         return {L"VEK_MFC_0011", L"Kein Text zugeordnet"};
     label = std::move(texts);
     return {};
+}
+
+} // namespace
+
+LabelRefusal labelImport(LabelServer* server, bool multi, CVekString& label)
+{
+    CVekString texts;
+    const LabelRefusal refusal = imported(server, multi, texts);
+    if (server && server->isLost())
+        return {L"VEK_MFC_0019", L"Verbindung zur Textanwendung abgebrochen"};
+    if (!refusal.key)
+        label = std::move(texts);
+    return refusal;
 }
 
 } // namespace VEK

@@ -1,9 +1,8 @@
 // Tabs and their pages in real windows.
+#include "window/control_fixture.h"
 #include "window/dialog_fixture.h"
 
 #include <vek/controls.h>
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <deque>
@@ -18,7 +17,7 @@ struct Page : CVekTabPage {
     enum Creation { works, fails, throws } creation = works;
     bool isEnabled = true;
     int saved = 0, closed = 0;
-    Template source = Template(WS_CHILD, 0, 0, L"").item(1, L"EDIT", WS_TABSTOP);
+    Template source = Template(WS_CHILD | DS_SETFONT, 0, 0, L"").item(1, L"EDIT", WS_TABSTOP);
     using CVekTabPage::m_parentDlg;
 
     BOOL Create(UINT, CWnd* parent) override
@@ -56,8 +55,7 @@ protected:
     {
         CRect rect;
         GetItemRect(tab, &rect);
-        SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(rect.CenterPoint().x, rect.CenterPoint().y));
-        SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(rect.CenterPoint().x, rect.CenterPoint().y));
+        clickAt(m_hWnd, rect.CenterPoint());
     }
     /// Presses a key, as a message that dialogs and control see before the window with the focus.
     void press(WPARAM key, BYTE ctrl = 0, BYTE shift = 0)
@@ -69,6 +67,28 @@ protected:
         if (!WalkPreTranslateTree(owner, &message))
             ::DispatchMessageW(&message);
         ::SetKeyboardState(none);
+    }
+
+    /// Where a window within another one is.
+    static CRect placeOf(CWnd& window)
+    {
+        CRect place;
+        window.GetWindowRect(&place);
+        window.GetParent()->ScreenToClient(&place);
+        return place;
+    }
+    /// How much of a tab is in the colour of disabled texts.
+    int grey(int tab)
+    {
+        UpdateWindow();
+        CRect rect;
+        GetItemRect(tab, &rect);
+        const VEK::CPixels shown = control_test::pixelsOf(*this);
+        int count = 0;
+        for (int i = 0; i < rect.Width() * rect.Height(); ++i)
+            count += (shown.at(rect.left + i % rect.Width(), rect.top + i / rect.Width()) & 0xFFFFFF) ==
+                     ::GetSysColor(COLOR_GRAYTEXT);
+        return count;
     }
 
     std::deque<Page> pages;
@@ -139,18 +159,22 @@ TEST_F(ControlsTabCtrl, CreatePagesWhenTheyAreShown)
     first.GetHelpFile(help);
     EXPECT_STREQ(help, L"C:\\help\\facade.chm");
     EXPECT_TRUE(first.m_parentDlg == &owner && std::wcscmp(first.country(), L"fr") == 0);
-    CRect tab, place;
+    CRect tab;
     GetItemRect(0, &tab);
-    first.GetWindowRect(&place);
-    ScreenToClient(&place);
-    EXPECT_EQ(place, CRect(2, tab.Height() + 4, 596, 296));
+    EXPECT_EQ(placeOf(first), CRect(2, tab.Height() + 4, 596, 296));
     unsigned id = 99;
     EXPECT_TRUE(GetDlgIDD(0, id) && id == 3);
     for (const int outside : {-1, 3}) {
         EXPECT_FALSE(GetDlgIDD(outside, id) || EnableTab(outside, true) || isTabEnabled(outside));
         EXPECT_EQ(DeleteItem(outside) + SetCurSel(outside), 1);
     }
+    const int before[] = {grey(0), grey(1), grey(2)};
+    EnableTab(0, false);
+    EXPECT_TRUE(grey(0) > before[0] && grey(1) == before[1] && grey(2) == before[2]);
+    EnableTab(0, true);
+    EXPECT_EQ(grey(0), before[0]);
     EnableTab(0, false), EnableTab(1, false), EnableTab(2, false);
+    EXPECT_TRUE(grey(1) > before[1] && grey(2) > before[2]);
     press(VK_TAB, 0x80); // ends although there is none to go to
     press(VK_ESCAPE);    // would hide a page
     EXPECT_TRUE(first.IsWindowVisible() && owner.IsWindowVisible());
@@ -163,6 +187,34 @@ TEST_F(ControlsTabCtrl, CreatePagesWhenTheyAreShown)
     EXPECT_FALSE(owner.IsWindowVisible());
     DestroyWindow();
     EXPECT_TRUE(!first.m_hWnd && m_tabs.len() == 0 && m_curSel == -1);
+}
+
+TEST_F(ControlsTabCtrl, TakePagesAndTheirControlsToAnotherResolution)
+{
+    SetFont(owner.GetFont());
+    Page &first = add(-1), &hidden = add(-1);
+    SetCurSel(1), SetCurSel(0);
+    const CRect own = placeOf(*first.GetDlgItem(1));
+    CRect tab;
+    const auto fontHeight = [](CWnd& control) {
+        LOGFONTW font = {};
+        ::GetObjectW(reinterpret_cast<HFONT>(control.SendMessage(WM_GETFONT)), sizeof font, &font);
+        return std::abs(font.lfHeight);
+    };
+    const int font = fontHeight(*first.GetDlgItem(1));
+    EXPECT_GT(font, 0);
+    for (const int dpi : {144, 97, 192, 96, 120, 96}) {
+        RECT place = {0, 0, 8 * dpi, 5 * dpi};
+        owner.SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+        const auto scaled = [&](int value) { return MulDiv(value, dpi, 96); };
+        GetItemRect(0, &tab);
+        for (Page* page : {&first, &hidden}) {
+            EXPECT_EQ(placeOf(*page), CRect(2, tab.Height() + 4, scaled(600) - 4, scaled(300) - 4)) << dpi;
+            EXPECT_EQ(placeOf(*page->GetDlgItem(1)),
+                      CRect(scaled(own.left), scaled(own.top), scaled(own.right), scaled(own.bottom)));
+            EXPECT_EQ(fontHeight(*page->GetDlgItem(1)), scaled(font));
+        }
+    }
 }
 
 } // namespace

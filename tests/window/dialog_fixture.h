@@ -4,6 +4,8 @@
 #include <afxcmn.h>
 #include <afxwin.h>
 
+#include <oleacc.h>
+
 #include <cstring>
 #include <functional>
 #include <string>
@@ -18,6 +20,81 @@ inline void pumpWaiting()
         AfxPumpMessage();
 }
 
+/// Presses a key, of which the objects of the windows around the focus hear first.
+inline void press(WPARAM key)
+{
+    ::PostMessageW(::GetFocus(), WM_KEYDOWN, key, 0);
+    pumpWaiting();
+}
+
+/// Clicks on a place in a window.
+inline void clickAt(HWND window, CPoint place)
+{
+    const LPARAM at = MAKELPARAM(place.x, place.y);
+    ::SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    ::SendMessageW(window, WM_LBUTTONUP, 0, at);
+}
+
+inline void clickButton(HWND dialog, int id)
+{
+    ::SendDlgItemMessageW(dialog, id, BM_CLICK, 0, 0);
+}
+
+/// Selects a row of a combo box and tells the dialog.
+inline void chooseRow(HWND dialog, int id, int row)
+{
+    const HWND box = ::GetDlgItem(dialog, id);
+    ::SendMessageW(box, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+    ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(box));
+}
+
+/// Replaces what is in a field, and goes to another control.
+inline void typeInto(HWND dialog, int id, const wchar_t* typed, int next)
+{
+    const HWND field = ::GetDlgItem(dialog, id);
+    ::SetFocus(field);
+    ::SendMessageW(field, EM_SETSEL, 0, -1);
+    ::SendMessageW(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(typed));
+    ::SetFocus(::GetDlgItem(dialog, next));
+}
+
+inline CString textOf(HWND dialog, int id)
+{
+    wchar_t text[200] = L"";
+    ::GetDlgItemTextW(dialog, id, text, 200);
+    return text;
+}
+
+/// The name of a window for screen readers.
+inline std::wstring nameOf(HWND window)
+{
+    // Spelled out: the constant of MinGW's library is not that of the interface.
+    const IID kind = {0x618736E0, 0x3C3D, 0x11CF, {0x81, 0x0C, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
+    ::CoInitialize(nullptr);
+    IAccessible* it = nullptr;
+    std::wstring name;
+    BSTR text = nullptr;
+    VARIANT self = {};
+    self.vt = VT_I4;
+    if (SUCCEEDED(::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), kind,
+                                               reinterpret_cast<void**>(&it)))) {
+        if (it->get_accName(self, &text) == S_OK)
+            name = text;
+        ::SysFreeString(text);
+        it->Release();
+    }
+    ::CoUninitialize();
+    return name;
+}
+
+/// The label of a control whose name Wine does not take from it.
+inline std::wstring labelOf(HWND control)
+{
+    wchar_t text[80] = L"";
+    ::GetWindowTextW(::GetWindow(control, GW_HWNDPREV), text, 80);
+    return text;
+}
+
 /// A dialog template in memory.
 class Template
 {
@@ -28,6 +105,9 @@ public:
         const DLGTEMPLATE head = {style, 0, 0, x, y, 120, 80};
         put(&head, sizeof head);
         text(L""), text(L""), text(title);
+        const WORD points = 8;
+        if (style & DS_SETFONT)
+            put(&points, sizeof points), text(L"MS Shell Dlg");
     }
     Template& item(WORD id, const wchar_t* cls, DWORD style = 0, const wchar_t* caption = L"")
     {

@@ -27,6 +27,7 @@ TEST(DialogsUnits, ClosesOnlyWithAUnitThatHasASize)
         CString text;
         list.GetText(list.GetCurSel(), text);
         EXPECT_STREQ(text, VEK::acad_units(L"de")[6]);
+        EXPECT_EQ(labelOf(list), L"Einheit wählen");
         dialog.SendMessage(WM_COMMAND, IDOK);
     });
     EXPECT_EQ(VEK::dlgUnits(environment, Vek::lUnit(0)), 6);

@@ -18,12 +18,10 @@ using objects_test::json, objects_test::tree;
 std::wstring shown(HoleDialog& dialog)
 {
     const auto& list = *static_cast<CVekListCtrl*>(dialog.GetDlgItem(IDC_HOLES_LIST));
-    CString all, text;
+    CString all;
     all.Format(L"%d %s", list.GetCurSel(), static_cast<const wchar_t*>(list.GetItemText(list.GetCurSel(), 1)));
-    for (const int id : {IDC_HOLES_NAME, IDC_HOLES_KIND, IDC_HOLES_DIAMETER, IDC_HOLES_X, IDC_HOLES_Y}) {
-        dialog.GetDlgItemText(id, text);
-        all += L" " + (dialog.GetDlgItem(id)->IsWindowEnabled() ? text : CString(L"-"));
-    }
+    for (const int id : {IDC_HOLES_NAME, IDC_HOLES_KIND, IDC_HOLES_DIAMETER, IDC_HOLES_X, IDC_HOLES_Y})
+        all += L" " + (dialog.GetDlgItem(id)->IsWindowEnabled() ? textOf(dialog, id) : CString(L"-"));
     return static_cast<const wchar_t*>(all);
 }
 
@@ -35,21 +33,14 @@ struct Step {
 
     void act(HoleDialog& dialog) const
     {
-        auto& list = *static_cast<CVekListCtrl*>(dialog.GetDlgItem(IDC_HOLES_LIST));
-        CWnd& control = *dialog.GetDlgItem(id);
         if (row >= 0)
-            list.SetCurSel(row);
-        if (!entry) {
-            control.SendMessage(BM_CLICK);
-        } else if (id == IDC_HOLES_KIND) {
-            control.SendMessage(CB_SETCURSEL, static_cast<WPARAM>(VEK::atoi(entry)));
-            dialog.SendMessage(WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(control.m_hWnd));
-        } else {
-            control.SetFocus();
-            control.SendMessage(EM_SETSEL, 0, -1);
-            control.SendMessage(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(entry));
-            list.SetFocus();
-        }
+            static_cast<CVekListCtrl*>(dialog.GetDlgItem(IDC_HOLES_LIST))->SetCurSel(row);
+        if (!entry)
+            clickButton(dialog, id);
+        else if (id == IDC_HOLES_KIND)
+            chooseRow(dialog, id, VEK::atoi(entry));
+        else
+            typeInto(dialog, id, entry, IDC_HOLES_LIST);
         pumpWaiting();
     }
 };

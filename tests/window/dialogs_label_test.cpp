@@ -1,9 +1,12 @@
 // The label dialog as a user has it.
+#include "window/dialog_fixture.h"
 #include "window/modal_queue.h"
 #include "window/text_application.h"
 
 #include <vek/dialogs.h>
 #include <vek/values/country.h>
+
+#include <thread>
 
 namespace
 {
@@ -16,15 +19,15 @@ class LabelDialog : public text_application::TextApplication
 protected:
     ~LabelDialog() override { ::RegDeleteKeyW(HKEY_CURRENT_USER, kStore); }
 
-    int open(bool multi, const wchar_t* start, const std::function<void(CVekLabelEdit&)>& act)
+    int open(bool multi, const wchar_t* start, const std::function<void(CVekLabelEdit&)>& act,
+             const wchar_t* file = nullptr)
     {
         user.dialog<CVekLabelEdit>([this, act](CVekLabelEdit& dialog) {
             list = &dialog.m_list;
             act(dialog);
         });
-        return VEK::dlgLabelEdit(VEK::DlgEnv_st(), label, multi, start, L"EN", m_file.c_str());
+        return VEK::dlgLabelEdit(VEK::DlgEnv_st(), label, multi, start, L"EN", file ? file : m_file.c_str());
     }
-    static void click(CWnd& dialog, int id) { dialog.SendDlgItemMessage(id, BM_CLICK); }
     CString text(int row) { return list->GetItemText(row, 1); }
 
     /// The height of all rows and the image of one.
@@ -38,18 +41,16 @@ protected:
         list->GetItem(&item);
         return {area.Height(), item.iImage};
     }
-    void type(int row, const wchar_t* typed, const wchar_t* shown)
+    void type(int row, const wchar_t* typed, const wchar_t* shown, bool keeps = true)
     {
         list->SetCurSel(row);
         CRect cell;
         list->GetSubItemRect(row, 1, LVIR_LABEL, cell);
-        list->SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(cell.left + 3, cell.top + 3));
-        list->SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(cell.left + 3, cell.top + 3));
-        CString before;
-        list->GetDlgItemText(1025, before);
-        EXPECT_STREQ(before, shown);
+        clickAt(list->m_hWnd, cell.TopLeft() + CSize(3, 3));
+        EXPECT_EQ(textOf(list->m_hWnd, 1025), shown);
         list->SendDlgItemMessage(1025, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(typed));
-        list->SetFocus();
+        keeps ? static_cast<void>(list->SetFocus()) : press(VK_ESCAPE);
+        EXPECT_TRUE(::GetFocus() == list->m_hWnd && !list->GetDlgItem(1025));
     }
     /// The texts of the context menu.
     std::wstring menu()
@@ -96,8 +97,9 @@ TEST_F(LabelDialog, EditsTheTextsOfAllLanguages)
         EXPECT_EQ(text(kEnglish) + text(kGerman), L"Door\nGate\n3");
         type(kEnglish, L"Tor", L"Door¶Gate¶3");
         type(kGerman, L"Tür", L"");
+        type(kGerman, L"Fenster", L"Tür", false);
         type(kEnglish, L"", L"Tor");
-        click(dialog, IDOK);
+        clickButton(dialog, IDOK);
     };
     EXPECT_EQ(open(true, L"Door", lines), IDOK);
     EXPECT_STREQ(label, L"\\de:Tür");
@@ -105,7 +107,14 @@ TEST_F(LabelDialog, EditsTheTextsOfAllLanguages)
         EXPECT_EQ(menu(), L"Einfügen Kopieren ");
         list->SendMessage(WM_COMMAND, 1028);
         EXPECT_EQ(text(kEnglish) + text(kGerman), L"Door Gate 3");
-        click(dialog, IDCANCEL);
+        EXPECT_TRUE(VEK::regWrite(kStore, L"de", L"other")); // by another program, meanwhile
+        list->SendMessage(WM_COMMAND, 1028);
+        EXPECT_EQ(text(kGerman) + text(kEnglish), L"otherDoor Gate 3");
+        ::RegDeleteKeyW(HKEY_CURRENT_USER, kStore);
+        EXPECT_EQ(menu(), L"Kopieren ");
+        list->SendMessage(WM_COMMAND, 1028);
+        EXPECT_EQ(text(kGerman) + text(kEnglish), L"otherDoor Gate 3");
+        clickButton(dialog, IDCANCEL);
     };
     EXPECT_EQ(open(false, label, single), IDCANCEL);
     EXPECT_STREQ(label, L"\\de:Tür");
@@ -115,19 +124,45 @@ TEST_F(LabelDialog, ImportsTheKeyThatIsSelectedInTheTextApplication)
 {
     const auto import = [&](CVekLabelEdit& dialog) {
         user.box(L"Kein Text ausgewählt");
-        click(dialog, 1086); // starts it
+        clickButton(dialog, 1086); // starts it
         IVekMsgDlg texts = running();
         EXPECT_TRUE(texts.SearchKey(L"B"));
         user.box(L"Mehzeilige");
-        click(dialog, 1086);
+        clickButton(dialog, 1086);
         EXPECT_EQ(text(kEnglish), L"Door");
         EXPECT_TRUE(texts.SearchKey(L"A"));
-        click(dialog, 1086);
+        clickButton(dialog, 1086);
         EXPECT_EQ(text(kEnglish) + text(kGerman), L"Höhe ≥");
-        click(dialog, IDOK);
+        clickButton(dialog, IDOK);
     };
     EXPECT_EQ(open(false, L"Door", import), IDOK);
     EXPECT_STREQ(label, L"\\de:Höhe ≥\\pl:Wysokość");
+}
+
+/// The application reads the file of texts from a pipe, and dies there.
+TEST_F(LabelDialog, OutlivesAnApplicationThatDiesInAnImport)
+{
+    constexpr wchar_t kPipe[] = L"\\\\.\\pipe\\vek label test";
+    const HANDLE pipe = ::CreateNamedPipeW(kPipe, PIPE_ACCESS_OUTBOUND, PIPE_TYPE_BYTE, 1, 100, 100, 0, nullptr);
+    const auto import = [&](CVekLabelEdit& dialog) {
+        std::thread death([&] {
+            ::ConnectNamedPipe(pipe, nullptr);
+            text_application::kill(text_application::processes().at(0));
+        });
+        user.box(L"Verbindung zur Textanwendung abgebrochen");
+        clickButton(dialog, 1086);
+        death.join();
+        EXPECT_EQ(text(kEnglish), L"Door");
+        dialog.m_msgFile = m_file.c_str();
+        user.box(L"Kein Text ausgewählt");
+        clickButton(dialog, 1086); // another one
+        EXPECT_TRUE(running().SearchKey(L"C"));
+        clickButton(dialog, 1086);
+        clickButton(dialog, IDOK);
+    };
+    EXPECT_EQ(open(false, L"Door", import, kPipe), IDOK);
+    EXPECT_STREQ(label, L"\\de:x");
+    ::CloseHandle(pipe);
 }
 
 } // namespace

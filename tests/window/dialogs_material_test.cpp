@@ -1,11 +1,14 @@
 // The material dialog, with the example's materials and texts.
 #include "objects_data.h"
 #include "window/control_fixture.h"
+#include "window/dialog_fixture.h"
 #include "window/modal_queue.h"
 
 #include <vek/data.h>
 #include <vek/dialogframe.h>
 #include <vek/dialogs.h>
+
+#include <set>
 
 namespace
 {
@@ -80,6 +83,55 @@ TEST_F(MaterialDialog, ConfirmsWhatMeetsTheDemands)
             EXPECT_STREQ(key, confirms ? row.good : L"before");
         }
     }
+}
+
+TEST_F(MaterialDialog, FollowsLanguageAndLibraryWhileItIsOpen)
+{
+    key = L"s235jr";
+    env.options = {L"PHYS"};
+    env.physKeys = {L"RHO"};
+    user.dialog<CVekMatTreeDlg>([&](CVekMatTreeDlg& dialog) {
+        CVekMatTreeCtrl& tree = dialog.m_tree;
+        const auto isOpen = [&](HTREEITEM item) {
+            return (tree.GetItemState(item, TVIS_EXPANDED) & TVIS_EXPANDED) != 0;
+        };
+        std::set<std::wstring> open, labels;
+        int branches = 0, judged = 0;
+        for (const auto& [item, material] : tree.m_items) {
+            if (tree.GetChildItem(item) && branches++ % 2 == 0)
+                tree.Expand(item, TVE_EXPAND);
+        }
+        EXPECT_TRUE(canConfirm(dialog, L"S235JR"));
+        for (const auto& [item, material] : tree.m_items) {
+            if (isOpen(item))
+                open.insert(static_cast<const wchar_t*>(material));
+        }
+        for (const wchar_t* language : {L"de", L"fr", L"pl", L"cs", L"en"}) {
+            dialog.SetCountry(language);
+            CVekString selected;
+            EXPECT_TRUE(tree.getSelMat(selected) && selected == L"S235JR" && canConfirm(dialog, nullptr)) << language;
+            labels.insert(std::wstring(tree.GetItemText(tree.GetRootItem())));
+            for (const auto& [item, material] : tree.m_items) {
+                EXPECT_STREQ(tree.GetItemText(item), VEK::CMatMgr().matLabel(material, language));
+                EXPECT_EQ(isOpen(item), open.contains(static_cast<const wchar_t*>(material)));
+                ++judged;
+            }
+            CString title;
+            dialog.GetWindowText(title);
+            EXPECT_EQ(labelOf(tree), std::wstring(title));
+        }
+        EXPECT_TRUE(labels.size() == 5 && open.size() > 5 && judged == 5 * tree.m_items.len()) << open.size();
+        EXPECT_STREQ(tree.m_initMat, L"s235jr");
+        VEK::cfgMgrPtr()->tree()->remove(L"*MAT*");
+        EXPECT_FALSE(canConfirm(dialog, L"ALU")) << "it is gone";
+        dialog.SendMessage(WM_COMMAND, IDOK);
+        doubleClick(dialog);
+        EXPECT_TRUE(dialog.IsWindowVisible());
+        dialog.SetCountry(L"de");
+        EXPECT_TRUE(tree.GetCount() == 1 && !canConfirm(dialog, nullptr));
+        dialog.SendMessage(WM_COMMAND, IDCANCEL);
+    });
+    EXPECT_EQ(VEK::dlgMatTree(env, key), 0);
 }
 
 TEST_F(MaterialDialog, IsLaidOutWithinItsLimits)

@@ -1,4 +1,5 @@
 // The outline dialog as a user has it.
+#include "window/dialog_fixture.h"
 #include "window/modal_queue.h"
 
 #include <vek/data/config.h>
@@ -7,6 +8,8 @@
 #include <vek/dialogs.h>
 #include <vek/json.h>
 #include <vek/objects/outline.h>
+
+#include <random>
 
 namespace
 {
@@ -32,27 +35,16 @@ protected:
     {
         return ::SendMessageW(control(id), message, w, l);
     }
-    void click(int id) { send(id, BM_CLICK); }
-    void choose(int place)
-    {
-        send(5034, CB_SETCURSEL, static_cast<WPARAM>(place));
-        dialog->SendMessage(WM_COMMAND, MAKEWPARAM(5034, CBN_SELCHANGE), reinterpret_cast<LPARAM>(control(5034)));
-    }
-    void type(int id, const wchar_t* typed)
-    {
-        ::SetFocus(control(id));
-        send(id, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(typed));
-        ::SetFocus(control(5034));
-    }
+    void click(int id) { clickButton(*dialog, id); }
+    void choose(int place) { chooseRow(*dialog, 5034, place); }
+    void type(int id, const wchar_t* typed) { typeInto(*dialog, id, typed, 5034); }
     /// The texts of controls, with blanks between them; nothing of one that is hidden.
     std::wstring texts(std::initializer_list<int> ids)
     {
         std::wstring all;
         for (const int id : ids) {
-            CString text;
-            dialog->GetDlgItemText(id, text);
             const bool isShown = (::GetWindowLongW(control(id), GWL_STYLE) & WS_VISIBLE) != 0;
-            all += (all.empty() ? L"" : L" ") + std::wstring(isShown ? static_cast<const wchar_t*>(text) : L"");
+            all += (all.empty() ? L"" : L" ") + std::wstring(isShown ? textOf(*dialog, id) : CString());
         }
         return all;
     }
@@ -103,7 +95,7 @@ TEST_F(OutlineDialog, GivesWhatTheUserHasChosenOnlyAtOk)
             user.dialog<CDlgFilterOutline>([](CDlgFilterOutline& filter) {
                 EXPECT_EQ(filter.m_mask, 15);
                 filter.SendDlgItemMessage(5029, LB_SETSEL, FALSE, 2);
-                ::SendDlgItemMessageW(filter, IDOK, BM_CLICK, 0, 0);
+                clickButton(filter, IDOK);
             });
             click(5012);
             EXPECT_EQ(texts({5034, 1080, 1070, 1071}), L"Rund Durchmesser 1000 ") << "the ring is filtered out";
@@ -116,6 +108,54 @@ TEST_F(OutlineDialog, GivesWhatTheUserHasChosenOnlyAtOk)
         EXPECT_EQ(data.code, 13);
         EXPECT_EQ(data.filter, end == IDOK ? 11 : 15);
     }
+}
+
+/// Whoever owns the library may change it meanwhile: the next kind or range that is chosen shows what is there then.
+TEST_F(OutlineDialog, ShowsALibraryThatChanges)
+{
+    std::mt19937 random(11);
+    const auto any = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    int shown[7] = {};
+    const auto act = [&] {
+        for (int round = 0; round < 300; ++round) {
+            const int place = any(VEK::outlineKinds), rows = any(9) - 1, missing = any(5) + 1;
+            const CVekDataKey entry(CVekDataKey::keyInt, static_cast<int>(send(5034, CB_GETITEMDATA, WPARAM(place))));
+            const int change = any(8);
+            int expected = 0;
+            if (change == 0) {
+                library.getDir()->remove(&entry);
+            } else if (change == 1) {
+                library = CVekDataItem(round % 2 == 0 ? CVekDataItem(CVekDataItem::directory) : CVekDataItem());
+            } else if (change == 2) {
+                ASSERT_TRUE(library.mkDir()->makeItem(&entry)->put(CVekString(L"no outline")));
+            } else {
+                library.mkDir()->removeAll();
+                VEK::outlineInit(&library);
+                CVekDataItem& kind = *library.getItem(&entry);
+                VEK::dataSet(&kind, L"PARMS", rows);
+                CVekString name;
+                kind.remove(name.format(L"PARM%d", missing));
+                while (expected < std::min(rows, 6) && kind.getItem(name.format(L"PARM%d", expected + 1)))
+                    ++expected;
+            }
+            choose(place);
+            for (int i = 0; i < 6; ++i) {
+                const bool isShown = (::GetWindowLongW(control(1070 + i), GWL_STYLE) & WS_VISIBLE) != 0;
+                EXPECT_EQ(isShown, i < expected) << round << " " << change;
+            }
+            EXPECT_EQ(dialog->choice().parms.len(), expected);
+            ++shown[expected];
+            library = CVekDataItem(CVekDataItem::directory); // and what is on show now acts on nothing
+            for (const int id : {1080, 1085, 1059 + any(4)})
+                click(id);
+            type(1070, L"12");
+        }
+        click(IDOK);
+    };
+    EXPECT_EQ(open(act), IDOK);
+    for (int rows = 0; rows < 5; ++rows)
+        EXPECT_GT(shown[rows], 5) << rows;
+    EXPECT_EQ(data.parms.len(), 0);
 }
 
 TEST_F(OutlineDialog, CutsNoTextInAnyLanguage)
@@ -149,11 +189,14 @@ TEST_F(OutlineDialog, CutsNoTextInAnyLanguage)
                     fits(id, 8);
                     click(id);
                     fits(id, 8);
+                    const std::wstring label = texts({id});
+                    EXPECT_TRUE(label.empty() || nameOf(control(id - 10)) == label) << id << language;
                 }
+                EXPECT_EQ(labelOf(control(5034)), texts({5010}));
             }
             user.dialog<CVekMatTreeDlg>([](CVekMatTreeDlg& tree) {
                 EXPECT_TRUE(tree.m_tree.selectMat(L"ALU"));
-                ::SendDlgItemMessageW(tree, IDOK, BM_CLICK, 0, 0);
+                clickButton(tree, IDOK);
             });
             EXPECT_NE(texts({4005}), L"");
             click(4004);

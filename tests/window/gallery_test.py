@@ -84,6 +84,13 @@ def windows(name):
     return xdotool("search", "--onlyvisible", "--name", name)
 
 
+def place(name):
+    """Left, top, width and height of a window."""
+    lines = xdotool("getwindowgeometry", "--shell", windows(name)[0])
+    numbers = dict(line.split("=") for line in lines)
+    return [int(numbers[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")]
+
+
 def screen():
     data = subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"], capture_output=True,
                           timeout=DEADLINE, check=True).stdout
@@ -111,10 +118,7 @@ class Gallery(unittest.TestCase):
             command = [*RUNNER, str(GALLERY), *examples, "--show", name]
             self.program = subprocess.Popen(command, stdout=output, stderr=output)
         wait("the window", lambda: windows(f"{name} - VEK Gallery"))
-        window = windows("VEK Gallery")[0]
-        place = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window))
-        self.left, self.top = int(place["X"]), int(place["Y"])
-        self.size = int(place["WIDTH"]), int(place["HEIGHT"])
+        self.left, self.top, *self.size = place("VEK Gallery")
         self.to(*MIDDLE)
         return self.still()
 
@@ -140,10 +144,11 @@ class Gallery(unittest.TestCase):
     def status(self):
         return self.window.part(*STATUS)
 
-    def save(self, name):
-        """Keeps the window as it is."""
+    def save(self, name, picture=None):
+        """Keeps a picture, that of the window if none is given."""
         SHOTS.mkdir(parents=True, exist_ok=True)
-        data = f"P6 {self.window.width} {self.window.height} 255\n".encode() + self.window.data
+        picture = picture or self.window
+        data = f"P6 {picture.width} {picture.height} 255\n".encode() + picture.data
         subprocess.run(["convert", "ppm:-", str(SHOTS / f"{name}.png")], input=data, timeout=DEADLINE, check=True)
 
     def to(self, x, y):
@@ -323,9 +328,12 @@ class Gallery(unittest.TestCase):
                 self.to(2, 2)  # a row under the pointer would be selected
                 self.still()
                 self.save(f"{name}-{language}")
+                left, top, width, height = place(title)
+                alone = screen().part(left, top, left + width, top + height)
+                self.save(f"dialog-{name}-{language}", alone)
                 self.key(end)
                 wait("the end of the dialog", lambda: not windows(title))
-                if end == "Return" and self.size == (1000, 700):
+                if end == "Return" and self.size == [1000, 700]:
                     wait("the word of what came back", lambda: self.shot().part(*STATUS) != before)
                 self.to(*MIDDLE)
             self.program.kill()

@@ -10,7 +10,10 @@ CVekString chooseOutline()
 {
     static CVekDataItem library(CVekDataItem::directory);
     static VEK::outlineData data;
-    data.material = data.material.isNull() ? CVekString(L"ALU") : data.material;
+    if (data.material.isNull()) {
+        data.material = L"AW-6060-T66";
+        data.code = 17; // with many parameters, one of which has a sign
+    }
     CVekString text;
     if (VEK::dlgOutline(VEK::DlgEnv_st(), data, &library) != IDOK)
         return L"No outline chosen";

@@ -93,5 +93,5 @@ private:
     int m_listWidth = 230;    ///< at 96 dots per inch
     int m_outlineFilter = 15; ///< all groups
     bool m_isFilled = false;
-    CVekString m_material; ///< that was selected last
+    CVekString m_material{L"S235JR"}; ///< that was selected last
 };

@@ -73,6 +73,9 @@ public:
 
     /// The text of a key, empty if there is none. The language "0" gives its attributes: "M" for one of several lines.
     virtual CVekString text(const wchar_t* key, const wchar_t* language) = 0;
+
+    /// Whether it has ended or hangs, since when all that it gives is empty.
+    virtual bool isLost() const = 0;
 };
 
 /// Why nothing was imported: key and built-in text of a message.

@@ -27,6 +27,25 @@ ON_WM_MOUSEWHEEL()
 ON_EN_KILLFOCUS(kEditId, &CVekListCtrl::OnEditKillFocus)
 END_MESSAGE_MAP()
 
+/// The editor of a cell. Escape leaves the cell as it was, and the dialog around the list open.
+class CVekListCtrl::CellEdit final : public CVekEdit
+{
+public:
+    explicit CellEdit(CVekListCtrl& list) : m_list(list) {}
+
+    BOOL PreTranslateMessage(MSG* message) override
+    {
+        if (message->message != WM_KEYDOWN || message->wParam != VK_ESCAPE)
+            return CVekEdit::PreTranslateMessage(message);
+        SetModify(FALSE);
+        m_list.EndItemEdit(); // deletes this object
+        return TRUE;
+    }
+
+private:
+    CVekListCtrl& m_list;
+};
+
 CVekListCtrl::CVekListCtrl() = default;
 
 CVekListCtrl::~CVekListCtrl() = default;
@@ -63,7 +82,7 @@ int CVekListCtrl::SetCurSel(int row)
     if (row < 0 || row >= GetItemCount())
         return 0;
     EnsureVisible(row, TRUE);
-    SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
+    SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     return 1;
 }
 
@@ -108,7 +127,7 @@ bool CVekListCtrl::openEditor(LVHITTESTINFO& hit)
         header->GetItem(hit.iSubItem, &column);
     const CString text = GetItemText(hit.iItem, hit.iSubItem);
 
-    VEK::CUniqPointer<CVekEdit> edit(new (std::nothrow) CVekEdit);
+    VEK::CUniqPointer<CVekEdit> edit(new (std::nothrow) CellEdit(*this));
     if (!edit || !edit->Create(VEK::cellEditorStyle(column.fmt),
                                CRect(place.left, place.top, place.right, place.bottom), this, kEditId))
         return false;

@@ -8,12 +8,20 @@
 
 using VEK::lives;
 
+namespace
+{
+
+constexpr int kFocusMargin = 2; // around the mark of the focus in a tab
+
+} // namespace
+
 IMPLEMENT_DYNAMIC(CVekTabCtrl, CTabCtrl)
 IMPLEMENT_DYNAMIC(CVekTabPage, CVekDlg)
 
 BEGIN_MESSAGE_MAP(CVekTabCtrl, CTabCtrl)
 ON_WM_HELPINFO()
 ON_WM_DESTROY()
+ON_WM_SIZE()
 ON_WM_LBUTTONDOWN()
 ON_WM_KEYDOWN()
 END_MESSAGE_MAP()
@@ -81,6 +89,9 @@ bool CVekTabCtrl::EnableTab(int index, bool enable)
         return false;
     unsigned& flags = m_tabs[index].m_flags;
     flags = enable ? flags & ~VEK::tabDisabled : flags | VEK::tabDisabled;
+    if (!enable)
+        ModifyStyle(0, TCS_OWNERDRAWFIXED); // the system itself knows no disabled tabs
+    Invalidate();
     return true;
 }
 
@@ -143,14 +154,19 @@ CDialog* CVekTabCtrl::createdPage(int index)
     const HWND window = m_hWnd;
     if (!tab.m_dlg->Create(tab.m_idd, this) || !lives(window, this) || !tab.m_dlg->m_hWnd)
         return nullptr;
+    place(*tab.m_dlg, SWP_NOREDRAW);
+    return tab.m_dlg;
+}
+
+void CVekTabCtrl::place(CDialog& page, UINT flags)
+{
     CRect area, first;
     GetClientRect(&area);
     GetItemRect(0, &first);
     const VEK::DlgRect place =
         VEK::tabPageRect({int(area.left), int(area.top), int(area.right), int(area.bottom)}, first.Height());
-    tab.m_dlg->SetWindowPos(nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                            SWP_NOZORDER | SWP_NOREDRAW | SWP_NOACTIVATE);
-    return tab.m_dlg;
+    page.SetWindowPos(nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                      flags | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 /// Marks a tab and moves the focus among the tabs there. Then once more by way of another one: Wine leaves the focus of
@@ -208,6 +224,51 @@ BOOL CVekTabCtrl::PreTranslateMessage(MSG* message)
 BOOL CVekTabCtrl::OnHelpInfo(HELPINFO* info)
 {
     return CTabCtrl::OnHelpInfo(info);
+}
+
+void CVekTabCtrl::OnSize(UINT type, int width, int height)
+{
+    const HWND window = m_hWnd;
+    CTabCtrl::OnSize(type, width, height);
+    for (int i = 0; lives(window, this) && i < m_tabs.len(); ++i) {
+        if (m_tabs[i].m_dlg->m_hWnd)
+            place(*m_tabs[i].m_dlg, 0);
+    }
+}
+
+/// Draws the image and the text of a tab as the system does, but those of a disabled one in grey.
+void CVekTabCtrl::DrawItem(LPDRAWITEMSTRUCT request)
+{
+    wchar_t text[256] = L"";
+    TCITEM tab = {};
+    tab.mask = TCIF_TEXT | TCIF_IMAGE;
+    tab.pszText = text;
+    tab.cchTextMax = 256;
+    const int index = static_cast<int>(request->itemID);
+    GetItem(index, &tab);
+    const HDC dc = request->hDC;
+    const int state = ::SaveDC(dc);
+    CRect area(request->rcItem);
+    const auto images = reinterpret_cast<HIMAGELIST>(SendMessage(TCM_GETIMAGELIST));
+    int width = 0, height = 0;
+    if (tab.iImage >= 0 && ::ImageList_GetIconSize(images, &width, &height)) {
+        const int gap = ::GetSystemMetrics(SM_CXEDGE) * 2;
+        ::ImageList_Draw(images, tab.iImage, dc, area.left + gap, area.top + (area.Height() - height) / 2,
+                         ILD_TRANSPARENT);
+        area.left += gap + width;
+    }
+    if (CFont* const font = GetFont())
+        ::SelectObject(dc, *font);
+    ::SetBkMode(dc, TRANSPARENT);
+    ::SetTextColor(dc, ::GetSysColor(isTabEnabled(index) ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+    ::DrawTextW(dc, text, -1, area, DT_SINGLELINE | DT_CENTER | DT_VCENTER);
+    const bool hidesFocus = (SendMessage(WM_QUERYUISTATE) & UISF_HIDEFOCUS) != 0;
+    if (::GetFocus() == m_hWnd && index == GetCurFocus() && !hidesFocus) {
+        area = request->rcItem;
+        area.DeflateRect(kFocusMargin, kFocusMargin);
+        ::DrawFocusRect(dc, area);
+    }
+    ::RestoreDC(dc, state);
 }
 
 void CVekTabCtrl::OnDestroy()

@@ -3,6 +3,8 @@
 
 #include "core/values/whole.h"
 
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 IMPLEMENT_DYNAMIC(CVekTreeCtrl, CTreeCtrl)
@@ -44,6 +46,7 @@ void CVekMatTreeCtrl::PreSubclassWindow()
 
 bool CVekMatTreeCtrl::init(unsigned flags, const wchar_t* key, const CVekArrayTempl<CVekString>& physKeys)
 {
+    m_flags = flags;
     m_initMat = key;
     m_selMat = m_initMat;
     if ((flags & VEK::matTreePhys) != 0)
@@ -65,6 +68,38 @@ bool CVekMatTreeCtrl::init(unsigned flags, const wchar_t* key, const CVekArrayTe
     SetRedraw(TRUE);
     Select(m_selItem, TVGN_CARET);
     return isWhole;
+}
+
+bool CVekMatTreeCtrl::updLang()
+{
+    if (!m_selItem || GetCount() == 0)
+        return true;
+    return VEK::whole(false, [&] {
+        const CVekString first = m_initMat;
+        CVekString selected;
+        getSelMat(selected);
+        const auto isOpen = [this](HTREEITEM item) { return (GetItemState(item, TVIS_EXPANDED) & TVIS_EXPANDED) != 0; };
+        const auto forRoots = [this](auto act) {
+            for (HTREEITEM root = GetRootItem(); root; root = GetNextSiblingItem(root))
+                act(root);
+        };
+        std::vector<bool> openRoots;
+        std::unordered_set<std::wstring> open;
+        forRoots([&](HTREEITEM root) { openRoots.push_back(isOpen(root)); });
+        for (const auto& [item, key] : m_items) {
+            if (isOpen(item))
+                open.insert(static_cast<const wchar_t*>(key));
+        }
+        const bool isWhole = init(m_flags, selected, m_physKeys);
+        m_initMat = first;
+        std::size_t next = 0;
+        forRoots([&](HTREEITEM root) { openRoots[next++] ? Expand(root, TVE_EXPAND) : FALSE; });
+        for (const auto& [item, key] : m_items) {
+            if (open.contains(static_cast<const wchar_t*>(key)))
+                Expand(item, TVE_EXPAND);
+        }
+        return isWhole;
+    });
 }
 
 bool CVekMatTreeCtrl::insertMaterials(const VEK::MatTree& tree, HTREEITEM library, HTREEITEM drawing)

@@ -12,6 +12,8 @@
 
 #include <afxcmn.h>
 
+#include <vector>
+
 IMPLEMENT_DYNAMIC(CVekDlg, CDialog)
 
 BEGIN_MESSAGE_MAP(CVekDlg, CDialog)
@@ -32,6 +34,8 @@ namespace
 
 using VEK::lives;
 
+constexpr int kNameLabel = 0xFFFE; // of all labels that are only names
+
 VEK::DlgRect rectOf(const RECT& rect)
 {
     return {static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right),
@@ -44,6 +48,30 @@ VEK::DlgRect normalRect(const CWnd& window)
     WINDOWPLACEMENT placement = {};
     window.GetWindowPlacement(&placement);
     return rectOf(placement.rcNormalPosition);
+}
+
+/// The dialogs of this library within a window, at any depth, but not those within them.
+void collectInner(HWND window, std::vector<HWND>& found)
+{
+    for (HWND child = ::GetWindow(window, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+        if (DYNAMIC_DOWNCAST(CVekDlg, CWnd::FromHandlePermanent(child)))
+            found.push_back(child);
+        else
+            collectInner(child, found);
+    }
+}
+
+/// Tells the dialogs within a window of its resolution; the window gives them their size.
+void scaleInner(HWND window, WPARAM dpi)
+{
+    std::vector<HWND> inner;
+    collectInner(window, inner);
+    for (const HWND dialog : inner) {
+        CRect place;
+        ::GetWindowRect(dialog, &place);
+        ::MapWindowPoints(nullptr, ::GetParent(dialog), reinterpret_cast<POINT*>(&place), 2);
+        ::SendMessageW(dialog, WM_DPICHANGED, dpi, reinterpret_cast<LPARAM>(&place));
+    }
 }
 
 /// Draws into a window's lower right corner. A pen draws up to its last pixel without it, so both ends lie outside.
@@ -154,6 +182,20 @@ void CVekDlg::addText(unsigned id, const wchar_t* key, const wchar_t* builtIn)
 {
     m_mapLangKey[id] = key;
     m_mapLangDef[id] = builtIn;
+}
+
+/// Screen readers take the name from a label right before the control.
+void CVekDlg::nameControl(int id, const wchar_t* name)
+{
+    const HWND control = ::GetDlgItem(m_hWnd, id);
+    const HWND before = control ? ::GetWindow(control, GW_HWNDPREV) : nullptr;
+    if (before && ::GetDlgCtrlID(before) == kNameLabel) {
+        ::SetWindowTextW(before, name);
+    } else if (control) {
+        const HWND label = ::CreateWindowExW(0, L"STATIC", name, WS_CHILD, 0, 0, 0, 0, m_hWnd,
+                                             reinterpret_cast<HMENU>(INT_PTR(kNameLabel)), nullptr, nullptr);
+        ::SetWindowPos(label, before ? before : HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
 }
 
 bool CVekDlg::updLang()
@@ -320,6 +362,8 @@ LRESULT CVekDlg::OnDpiChanged(WPARAM dpi, LPARAM suggested)
     layout->note(window);
     Default(); // scales the controls in a process that leaves that to the system
     const bool isScaled = fontOf(window) != font;
+    if (!isScaled)
+        scaleInner(window, dpi);
     if (!lives(window, this))
         return 0;
     SetWindowPos(nullptr, place.left, place.top, place.Width(), place.Height(), SWP_NOZORDER | SWP_NOACTIVATE);

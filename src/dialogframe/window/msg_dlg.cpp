@@ -3,6 +3,7 @@
 #include "core/values/whole.h"
 #include "core/values/window/in_time.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -21,11 +22,25 @@ struct Call {
     int flag = 0; ///< value to set of a property that is no text
 
     bool good = false;
+    bool isGone = false; ///< whether nobody was there to answer
     std::wstring text = {};
     BOOL isSet = FALSE;
 
     void make(COleDispatchDriver& application);
 };
+
+/// Whether a failure is that of the connection and not of the method.
+bool meansGone(SCODE failure)
+{
+    constexpr HRESULT kinds[] = {HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE),
+                                 HRESULT_FROM_WIN32(RPC_S_CALL_FAILED),
+                                 HRESULT_FROM_WIN32(RPC_S_CALL_FAILED_DNE),
+                                 RPC_E_DISCONNECTED,
+                                 RPC_E_SERVER_DIED,
+                                 RPC_E_SERVER_DIED_DNE,
+                                 CO_E_OBJNOTCONNECTED};
+    return std::find(std::begin(kinds), std::end(kinds), failure) != std::end(kinds);
+}
 
 void Call::make(COleDispatchDriver& application)
 {
@@ -41,6 +56,9 @@ void Call::make(COleDispatchDriver& application)
             application.SetProperty(id, VT_BOOL, flag);
         text = static_cast<LPCWSTR>(answer);
         good = true;
+    } catch (COleException* exception) {
+        isGone = meansGone(exception->m_sc);
+        exception->Delete();
     } catch (CException* exception) {
         exception->Delete();
     } catch (const std::bad_alloc&) {
@@ -53,16 +71,22 @@ bool perform(COleDispatchDriver& client, const std::shared_ptr<Call>& call)
     if (client.m_lpDispatch == nullptr)
         return false;
     const auto object = std::make_shared<VEK::CMarshalled>(client.m_lpDispatch, IID_IDispatch);
+    bool answers = true;
     if (!*object) { // an object of this process in a thread without COM, or one that is gone
         call->make(client);
-        return call->good;
+    } else {
+        answers = VEK::inTime(deadline, [call, object] {
+            COleDispatchDriver application(static_cast<IDispatch*>(object->take()));
+            if (application.m_lpDispatch)
+                call->make(application);
+            else
+                call->isGone = true;
+        });
     }
-    const bool answers = VEK::inTime(deadline, [call, object] {
-        COleDispatchDriver application(static_cast<IDispatch*>(object->take()));
-        call->make(application);
-    });
     if (!answers)
         client.DetachDispatch(); // not released: an application that does not answer does not answer that either
+    else if (call->isGone)
+        client.ReleaseDispatch();
     return answers && call->good;
 }
 

@@ -40,7 +40,9 @@ bool CDlgFilterOutline::updLang()
     const bool isReplaced = CVekDlg::updLang();
     if (!m_list.m_hWnd)
         return isReplaced;
-    SetWindowText(GetMsg(L"VEK_OUTL_0100", L"Filter Konturen", nullptr));
+    const wchar_t* title = GetMsg(L"VEK_OUTL_0100", L"Filter Konturen", nullptr);
+    SetWindowText(title);
+    nameControl(kList, title);
     const int filter = m_list.GetCount() > 0 ? filterOf(m_list) : m_mask;
     m_list.ResetContent();
     for (const VEK::OutlineGroupText& group : VEK::outlineGroups) {

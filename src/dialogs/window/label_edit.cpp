@@ -24,6 +24,7 @@ public:
     {
         return CVekString(m_application.wGetMsg(key, language));
     }
+    bool isLost() const override { return m_application.m_lpDispatch == nullptr; }
     void open(const wchar_t* language, const wchar_t* file)
     {
         m_application.SetCountry(language);
@@ -69,7 +70,9 @@ void CVekLabelEdit::addHlpRsc()
 
 bool CVekLabelEdit::updLang()
 {
-    SetWindowText(GetMsg(L"VEK_MFC_0009", L"Bezeichnung", nullptr));
+    const wchar_t* title = GetMsg(L"VEK_MFC_0009", L"Bezeichnung", nullptr);
+    SetWindowText(title);
+    nameControl(kList, title);
     return CVekDlg::updLang();
 }
 

@@ -62,7 +62,10 @@ void CVekMatTreeDlg::addHlpRsc()
 
 bool CVekMatTreeDlg::updLang()
 {
-    SetWindowText(GetMsg(L"VEK_MFC_0012", L"Materialauswahl", nullptr));
+    const wchar_t* title = GetMsg(L"VEK_MFC_0012", L"Materialauswahl", nullptr);
+    SetWindowText(title);
+    nameControl(kTree, title);
+    m_tree.updLang();
     return CVekDlg::updLang();
 }
 

@@ -7,6 +7,7 @@
 #include <vek/objects/outline.h>
 
 #include <cfloat>
+#include <uxtheme.h>
 
 IMPLEMENT_DYNAMIC(CVekOutlDlg, CVekDlg)
 
@@ -78,6 +79,7 @@ bool CVekOutlDlg::updLang()
 {
     const bool good = CVekDlg::updLang();
     SetWindowText(GetMsg(L"VEK_OUTL_0000", L"Kontur", nullptr));
+    nameControl(kKinds, GetMsg(L"VEK_OUTL_0003", L"Auswahl", nullptr));
     return good;
 }
 
@@ -146,9 +148,11 @@ void CVekOutlDlg::loadKind()
 
 void CVekOutlDlg::showRow(int index, const VEK::OutlineChoice::Row& row)
 {
-    SetDlgItemText(kFirstButton + index, textOf(row.label));
+    showLabel(index, row.label);
     CWnd& button = *GetDlgItem(kFirstButton + index);
     button.ModifyStyle(row.plain ? WS_TABSTOP : BS_FLAT, row.plain ? BS_FLAT : WS_TABSTOP);
+    const wchar_t* const theme = row.plain ? L" " : nullptr; // with a theme no button is flat
+    ::SetWindowTheme(button, theme, theme);
     button.Invalidate();
 
     CVekEdit& field = m_parms[index];
@@ -166,6 +170,14 @@ void CVekOutlDlg::showRow(int index, const VEK::OutlineChoice::Row& row)
     for (const VEK::OutlineChoice::Word& word : row.words)
         field.setKey(word.word, word.value);
     field.setVal(row.value);
+}
+
+/// On the parameter's button, which screen readers do not take for the label of the field.
+void CVekOutlDlg::showLabel(int index, const CVekString& key)
+{
+    const wchar_t* label = textOf(key);
+    SetDlgItemText(kFirstButton + index, label);
+    nameControl(kFirstField + index, label);
 }
 
 void CVekOutlDlg::showBasePoint()
@@ -216,9 +228,10 @@ void CVekOutlDlg::OnParameter(UINT id)
 void CVekOutlDlg::OnSign(UINT id)
 {
     CVekString label;
-    if (!m_choice.toggle(static_cast<int>(id) - kFirstButton, label))
+    const int index = static_cast<int>(id) - kFirstButton;
+    if (!m_choice.toggle(index, label))
         return;
-    SetDlgItemText(static_cast<int>(id), textOf(label));
+    showLabel(index, label);
     updatePreview();
 }
 

@@ -39,7 +39,9 @@ bool CVekUnitsDlg::updLang()
     const bool isReplaced = CVekDlg::updLang();
     if (!m_list.m_hWnd)
         return isReplaced;
-    SetWindowText(GetMsg(L"VEK084", L"Einheit wählen", country()));
+    const wchar_t* title = GetMsg(L"VEK084", L"Einheit wählen", country());
+    SetWindowText(title);
+    nameControl(kList, title);
     m_list.ResetContent();
     int unit = 0;
     for (const CVekString& name : VEK::acad_units(country())) {

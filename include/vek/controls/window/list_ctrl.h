@@ -12,7 +12,7 @@
 /// A list in report view. A click on the text or the icon of a cell in the selected row opens an editor over it, if
 /// the derived class allows that. The editor closes when it loses the focus, when the list scrolls and at the next
 /// click in the list, which does nothing else; what the user has changed is written to the cell, if the derived class
-/// wants it.
+/// wants it. Escape closes it, too, and nothing is written.
 class VEK_API CVekListCtrl : public CListCtrl
 {
     DECLARE_DYNAMIC(CVekListCtrl)
@@ -48,8 +48,8 @@ public:
     /// The first selected row, -1 for none.
     int GetCurSel() const;
 
-    /// Selects a row and scrolls until at least a part of it can be seen. Other rows stay selected, unless the list
-    /// has the style `LVS_SINGLESEL`.
+    /// Selects a row, from which the arrow keys go on, and scrolls until at least a part of it can be seen. Other rows
+    /// stay selected, unless the list has the style `LVS_SINGLESEL`.
     /// @return 1; 0 for a row out of range
     int SetCurSel(int row);
 
@@ -75,6 +75,8 @@ protected:
     bool m_ending = false;              ///< whether an editor is being opened or closed
 
 private:
+    class CellEdit;
+
     bool EndItemEdit();
     bool closeEditor();
     bool openEditor(LVHITTESTINFO& hit);

@@ -16,8 +16,8 @@ struct CVekTabCtrlData {
     unsigned int m_flags = 0;                       ///< see `VEK::tabDisabled`
 };
 
-/// Tabs whose pages are created when they are first shown. A tab can be disabled: Ctrl+Tab, which works within the
-/// pages too, skips it, and a click on it changes nothing.
+/// Tabs whose pages are created when they are first shown, and fill the control whatever its size. A tab can be
+/// disabled: it is grey, Ctrl+Tab, which works within the pages too, skips it, and a click on it changes nothing.
 ///
 /// The pages belong to the caller. They must live as long as the control's window, which destroys theirs with its own;
 /// the tabs are then forgotten.
@@ -49,7 +49,8 @@ public:
     /// or out of range, and for one whose page cannot be created, the tab that stays selected, -1 for none
     int SetCurSel(int index);
 
-    /// Enables or disables a tab. The selected one stays selected.
+    /// Enables or disables a tab. The selected one stays selected. From the first time that one is disabled, the
+    /// control has the style `TCS_OWNERDRAWFIXED`, for `DrawItem`.
     /// @return false for an index out of range
     bool EnableTab(int index, bool enable);
 
@@ -68,9 +69,12 @@ public:
     /// control.
     BOOL PreTranslateMessage(MSG* message) override;
 
+    void DrawItem(LPDRAWITEMSTRUCT request) override;
+
 protected:
     afx_msg BOOL OnHelpInfo(HELPINFO* info);
     afx_msg void OnDestroy();
+    afx_msg void OnSize(UINT type, int width, int height);
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnKeyDown(UINT key, UINT repeat, UINT flags);
     DECLARE_MESSAGE_MAP()
@@ -81,6 +85,7 @@ protected:
 private:
     CVekArrayTempl<unsigned> flags() const;
     CDialog* createdPage(int index);
+    void place(CDialog& page, UINT flags);
     int mark(int tab, int other);
     int refuse();
     void forgetTabs();

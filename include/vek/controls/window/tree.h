@@ -35,6 +35,11 @@ public:
     /// @return false, with the roots alone or a part of the tree, when memory runs out
     bool init(unsigned flags, const wchar_t* key, const CVekArrayTempl<CVekString>& physKeys);
 
+    /// Shows the labels in the language that the dialog has by now, sorted by them. What is selected stays so, and what
+    /// is open. Called from the dialog's `updLang`.
+    /// @return as `init`; true for a tree that has not been filled
+    bool updLang();
+
     /// Selects a node with this very key; of several one of them.
     /// @return false, with the selection as it was, if there is none
     bool selectMat(const wchar_t* key);
@@ -55,6 +60,8 @@ protected:
     void PreSubclassWindow() override;
 
 private:
+    unsigned m_flags = 0;
+
     HTREEITEM insert(const wchar_t* text, int image, HTREEITEM parent);
     bool insertMaterials(const VEK::MatTree& tree, HTREEITEM library, HTREEITEM drawing);
 };

@@ -123,6 +123,10 @@ protected:
     /// Enters a control's text, in `addLangRsc`.
     void addText(unsigned id, const wchar_t* key, const wchar_t* builtIn);
 
+    /// Gives a control that has neither a text nor a label a name for screen readers, by a label that is not seen. To
+    /// be called again in `updLang` and whenever the name is another one.
+    void nameControl(int id, const wchar_t* name);
+
     TextMap m_mapLangKey;    ///< key of the control's text
     TextMap m_mapHlpKey;     ///< key of its control help, the text that F1 pops up
     TextMap m_mapLangDef;    ///< built-in text, in German

@@ -9,8 +9,8 @@
 #include <afxdisp.h>
 
 /// A client of the text application. No call throws: one that fails, or that is not answered in time (see
-/// `VEK::rscCallDeadlineSet`), gives an empty text, false or 0. An application that has once not answered in time is
-/// not asked again by this client.
+/// `VEK::rscCallDeadlineSet`), gives an empty text, false or 0. An application that has once not answered in time, or
+/// that has ended, is not asked again by this client: its `m_lpDispatch` is null from then on.
 class VEK_API IVekMsgDlg : public COleDispatchDriver
 {
 public:

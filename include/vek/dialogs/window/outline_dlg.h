@@ -64,6 +64,7 @@ private:
     void fillKinds();
     void loadKind();
     void showRow(int index, const VEK::OutlineChoice::Row& row);
+    void showLabel(int index, const CVekString& key);
     void showMaterial();
     void updatePreview();
 };
