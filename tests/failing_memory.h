@@ -54,8 +54,18 @@ public:
         return alone;
     }
 
+    /// How often a job allocates.
+    template <class Job>
+    static long allocations(Job&& job)
+    {
+        const long before = s_allocations;
+        job();
+        return s_allocations - before;
+    }
+
     static bool refuses()
     {
+        ++s_allocations;
         if (!s_armed || s_armed->m_number-- > 0)
             return false;
         const bool refused = s_armed->m_lasting || !s_armed->m_failed;
@@ -65,6 +75,7 @@ public:
 
 private:
     static inline FailingMemory* s_armed = nullptr;
+    static inline long s_allocations = 0;
 
     long m_number;
     bool m_lasting;

@@ -451,6 +451,52 @@ TEST(Memory, EachJobIsDoneAsAWholeOrNotAtAll)
     vekAppSet(before);
 }
 
+TEST(Memory, APaintAgainTakesNoneForItemsVerticesAndLines)
+{
+    using Emit = std::function<void(CVekGDX&, const CVekMatrix3d&, int)>;
+    const CVekVertexArray steps = shapes::path({shapes::line(0, 0, 4, 4), shapes::line(4, 4, 8, 0)});
+    const std::pair<const char*, Emit> kinds[] = {
+        {"lines", [&](CVekGDX& g, const CVekMatrix3d& m, int i) { g.imageVl({i}, 0, steps, kColor, m, {}, 1, 1, {}); }},
+        {"wide gaps",
+         [&](CVekGDX& g, const CVekMatrix3d& m, int i) {
+             g.imageVl({i}, 0, shapes::path({steps[0], steps[0], steps[1]}), kColor, m, {}, 1, 4, {});
+         }},
+        {"dashes",
+         [&](CVekGDX& g, const CVekMatrix3d& m, int i) {
+             g.imageVl({i}, 0, steps, kColor, m, {1.0, -0.5, 0.0, -0.5}, 1, 1, {});
+         }},
+        {"arcs",
+         [&](CVekGDX& g, const CVekMatrix3d& m, int i) { g.imageVl({i}, 0, kUpright, kColor, m, {}, 1, 1, {}); }},
+        {"points", [&](CVekGDX& g, const CVekMatrix3d& m, int i) { g.imagePt({i}, 0, {}, kColor, m, 4, 34, {}); }},
+        {"texts", [&](CVekGDX& g, const CVekMatrix3d& m, int i) { g.imageTxt({i}, 0, L"AO", kColor, m, L"", {}, {}); }},
+        {"fills",
+         [&](CVekGDX& g, const CVekMatrix3d& m, int i) {
+             g.imageReg({i}, itemFill | itemOutline, kPlate, kColor, m, {}, 1, 1, kColor, kHatch, {});
+         }},
+        {"hatches", [&](CVekGDX& g, const CVekMatrix3d& m, int i) {
+             g.imageReg({i}, itemHatch, kPlate, kColor, m, {}, 1, 1, kColor, {L"_USER", 0.5, 0.5, true}, {});
+         }}};
+    for (const auto& [kind, emit] : kinds) {
+        for (const wchar_t* view : {L"T", L"SE"}) {
+            long taken[2];
+            for (const int count : {20, 200}) {
+                CVekGDX gdx(kColor, {}, 0.0, 0, {}, {});
+                CVekMatrix3d m;
+                for (int i = 0; i < count; ++i)
+                    emit(gdx, m.setToTranslation({1.0 * (i % 7), 2.0, 0.0}), i);
+                gdx.viewDirectionSet(view);
+                VEK::CPixels pixels;
+                ASSERT_TRUE(VEK::rasterPixels(pixels, 20, 20, 0));
+                const auto surface = VEK::rasterSurface(pixels);
+                const auto paint = [&] { ASSERT_TRUE(VEK::gdxDraw(gdx, *surface, 20, 20, VEK::screenRules)); };
+                paint();
+                taken[count > 20] = FailingMemory::allocations(paint);
+            }
+            EXPECT_LE(taken[1], taken[0] + 10) << kind << L' ' << view; // buffers of the pass may grow further
+        }
+    }
+}
+
 TEST(Memory, ASolidIsBuiltDrilledAndProjectedAsAWholeOrNotAtAll)
 {
     const CVek_Solid::Region region{VEK::g_outline(2, CVekVector3d(), {40.0, 20.0})};
