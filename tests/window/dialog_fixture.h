@@ -18,7 +18,7 @@ inline void pumpWaiting()
         AfxPumpMessage();
 }
 
-/// A dialog template in memory.
+/// A dialog template in memory. With DS_SETFONT it has the font of dialogs, otherwise that of the system.
 class Template
 {
 public:
@@ -28,6 +28,9 @@ public:
         const DLGTEMPLATE head = {style, 0, 0, x, y, 120, 80};
         put(&head, sizeof head);
         text(L""), text(L""), text(title);
+        const WORD points = 8;
+        if (style & DS_SETFONT)
+            put(&points, sizeof points), text(L"MS Shell Dlg");
     }
     Template& item(WORD id, const wchar_t* cls, DWORD style = 0, const wchar_t* caption = L"")
     {

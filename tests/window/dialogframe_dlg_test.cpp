@@ -435,7 +435,7 @@ TEST_F(DialogFrame, DrawsItsGripper)
 
 TEST_F(DialogFrame, FollowsTheResolutionWithoutGrowing)
 {
-    Form form(titled(kTitle, kSizable).item(1, L"EDIT").item(2, L"BUTTON").item(3, L"COMBOBOX", CBS_DROPDOWN));
+    Form form(titled(kTitle, kSizable | DS_SETFONT).item(1, L"EDIT").item(2, L"BUTTON").item(3, L"COMBOBOX", CBS_DROPDOWN));
     form.open();
     const auto placeOf = [&](int id) {
         CRect place = rectOf(*form.GetDlgItem(id));
@@ -454,6 +454,7 @@ TEST_F(DialogFrame, FollowsTheResolutionWithoutGrowing)
     };
     const CRect first[] = {placeOf(1), placeOf(2), placeOf(3)};
     const int font = fontHeight();
+    ASSERT_GT(font, 8);
     for (int round = 0; round < 20; ++round) {
         for (const int dpi : {120, 144, 97, 96}) {
             change(dpi);
