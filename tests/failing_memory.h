@@ -2,12 +2,14 @@
 /// Memory that ends: the n-th allocation fails, alone or with all that follow it.
 ///
 /// A program with this header is linked with `--wrap=malloc,--wrap=realloc`, so that the linker leads the library's own
-/// allocations here as well. It stands in one source of a program.
+/// allocations here as well; not on Windows, where the compiler's run-time system does not bear that its own ones fail,
+/// so that only `new` does. It stands in one source of a program.
 #pragma once
 
 #include <vek/values/memory.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <new>
@@ -54,6 +56,9 @@ public:
         return alone;
     }
 
+    /// How many blocks of `new` exist.
+    static inline std::atomic<long> blocks = 0;
+
     static bool refuses()
     {
         if (!s_armed || s_armed->m_number-- > 0)
@@ -71,6 +76,7 @@ private:
     bool m_failed = false;
 };
 
+#if !defined(_WIN32)
 extern "C" void* __real_malloc(std::size_t size);
 extern "C" void* __real_realloc(void* block, std::size_t size);
 extern "C" void* __wrap_malloc(std::size_t size)
@@ -81,22 +87,30 @@ extern "C" void* __wrap_realloc(void* block, std::size_t size)
 {
     return FailingMemory::refuses() ? nullptr : __real_realloc(block, size);
 }
+#endif
 
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+#if defined(_WIN32)
+    if (FailingMemory::refuses())
+        return nullptr;
+#endif
+    void* const block = std::malloc(size ? size : 1);
+    FailingMemory::blocks += block != nullptr;
+    return block;
+}
 void* operator new(std::size_t size)
 {
-    if (void* block = std::malloc(size ? size : 1))
+    if (void* block = operator new(size, std::nothrow))
         return block;
     throw std::bad_alloc();
 }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    return std::malloc(size ? size : 1);
-}
 [[gnu::noinline]] void operator delete(void* block) noexcept // inlined, g++ takes it for a mismatch
 {
+    FailingMemory::blocks -= block != nullptr;
     std::free(block);
 }
 [[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept
 {
-    std::free(block);
+    operator delete(block);
 }

@@ -91,6 +91,7 @@ TEST_F(ToolkitDialog, GivesTheResultOfItsEnd)
     user.dialog<Dialog>();
     dialog.onStart = [](Dialog& d) { d.EndDialog(8); };
     EXPECT_EQ(dialog.DoModal(), 8) << "ended before it was shown";
+    EXPECT_FALSE(dialog.CreateIndirect(source.get()) || dialog.m_hWnd);
     EXPECT_EQ(CDialog(UINT(12345)).DoModal(), -1) << "no such template";
 }
 
