@@ -1,9 +1,6 @@
 /// @file
-/// Memory that ends: the n-th allocation fails, alone or with all that follow it.
-///
-/// A program with this header is linked with `--wrap=malloc,--wrap=realloc`, so that the linker leads the library's own
-/// allocations here as well; not on Windows, where the compiler's run-time system does not bear that its own ones fail,
-/// so that only `new` does. It stands in one source of a program.
+/// Memory that ends: the n-th allocation of `new` fails, alone or with all that follow it; with failing_malloc.h, every
+/// allocation. It stands in one source of a program.
 #pragma once
 
 #include <vek/values/memory.h>
@@ -56,6 +53,8 @@ public:
         return alone;
     }
 
+    static inline bool ledFromMalloc = false; ///< which is asked in place of `new`
+
     /// How many blocks of `new` exist.
     static inline std::atomic<long> blocks = 0;
 
@@ -76,25 +75,10 @@ private:
     bool m_failed = false;
 };
 
-#if !defined(_WIN32)
-extern "C" void* __real_malloc(std::size_t size);
-extern "C" void* __real_realloc(void* block, std::size_t size);
-extern "C" void* __wrap_malloc(std::size_t size)
-{
-    return FailingMemory::refuses() ? nullptr : __real_malloc(size);
-}
-extern "C" void* __wrap_realloc(void* block, std::size_t size)
-{
-    return FailingMemory::refuses() ? nullptr : __real_realloc(block, size);
-}
-#endif
-
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
-#if defined(_WIN32)
-    if (FailingMemory::refuses())
+    if (!FailingMemory::ledFromMalloc && FailingMemory::refuses())
         return nullptr;
-#endif
     void* const block = std::malloc(size ? size : 1);
     FailingMemory::blocks += block != nullptr;
     return block;

@@ -1,4 +1,4 @@
-// Dialogs while the memory ends.
+// Dialogs while the memory ends, for `new`: the run-time system of MinGW does not bear it in its own allocations.
 #include "failing_memory.h"
 #include "window/dialog_fixture.h"
 #include "window/modal_queue.h"
