@@ -114,6 +114,7 @@ TEST_F(DialogSurroundings, FindTheirParentByTheStack)
             EXPECT_TRUE(copy.parent == o.m_hWnd && copy.parentWnd() == &o && copy.unit == 4);
             EXPECT_STREQ(copy.country, L"pl");
             EXPECT_TRUE(copy.helpFile.isNull() && copy.helpTopic.isNull());
+            child.DestroyWindow();
         }
         Mortal sub(form(), &o);
         EXPECT_TRUE(sub.isSubDlg() && !outer.isSubDlg() && !early.isSubDlg());
