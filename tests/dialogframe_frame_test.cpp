@@ -21,30 +21,22 @@ int draw(std::mt19937& random, int from, int to)
 
 TEST(DlgPlace, IsPulledBackByWhatHangsOver)
 {
-    EXPECT_EQ(VEK::dlgPositionOf({-50, 900, 150, 1100}, 1000, 1000), (DlgPosition{800ul << 16, 200 | 200ul << 16}));
-    EXPECT_EQ(VEK::dlgRectOf({0xFFFF8000, 0x0001FFFF}), (DlgRect{0x8000, 0xFFFF, 0x8000 + 0xFFFF, 0x10000}));
     std::mt19937 random(1);
-    int judged = 0, seen[2][2] = {};
-    const auto expected = [&](int from, int to, int edge) { // the same by cases
-        ++judged;
-        ++seen[from < 0][to > edge];
-        const int over = to > edge ? to - edge : 0;
-        return static_cast<std::uint16_t>((from < 0 ? 0 : from) - over);
-    };
+    int seen[2][2] = {};
     for (int i = 0; i < 20000; ++i) {
-        const int extent = i % 3 == 0 ? 70000 : 2000;
+        const int extent = i % 3 == 0 ? 70000 : 2000, edge[] = {draw(random, 1, extent), draw(random, 1, extent)};
         DlgRect rect = {draw(random, -extent, extent), draw(random, -extent, extent), 0, 0};
         rect.right = rect.left + draw(random, 0, extent);
         rect.bottom = rect.top + draw(random, 0, extent);
-        const int right = draw(random, 1, extent), bottom = draw(random, 1, extent);
-        const DlgPosition stored = VEK::dlgPositionOf(rect, right, bottom);
-        const DlgRect back = VEK::dlgRectOf(stored);
-        ASSERT_EQ(back.left, expected(rect.left, rect.right, right));
-        ASSERT_EQ(back.top, expected(rect.top, rect.bottom, bottom));
-        ASSERT_EQ(back.right - back.left, static_cast<std::uint16_t>(rect.right - rect.left));
-        ASSERT_EQ(back.bottom - back.top, static_cast<std::uint16_t>(rect.bottom - rect.top));
+        const DlgRect back = VEK::dlgRectOf(VEK::dlgPositionOf(rect, edge[0], edge[1]));
+        const int ways[2][5] = {{rect.left, rect.right, edge[0], back.left, back.right},
+                                {rect.top, rect.bottom, edge[1], back.top, back.bottom}};
+        for (const auto& [from, to, most, backFrom, backTo] : ways) { // words of 16 bits, the place by cases
+            ++seen[from < 0][to > most];
+            ASSERT_EQ(backFrom, static_cast<std::uint16_t>((from < 0 ? 0 : from) - (to > most ? to - most : 0)));
+            ASSERT_EQ(backTo - backFrom, static_cast<std::uint16_t>(to - from));
+        }
     }
-    EXPECT_EQ(judged, 40000);
     EXPECT_GT(std::min({seen[0][0], seen[0][1], seen[1][0], seen[1][1]}), 1000);
     const int least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
     EXPECT_EQ(VEK::dlgPositionOf({least, most, most, most}, least, least).pos & 0xFFFF, 1u) << "no overflow";
@@ -94,16 +86,18 @@ TEST(DlgTexts, AreReplacedInOrder)
                                                     {2, L"B", false, L""},
                                                     {4, L"NULL", true, L"n"},
                                                     {5, L"C", true, L""}};
-    const auto logOf = [&](bool isDebugged, int left) {
+    const std::pair<int, const wchar_t*> cases[] = {
+        // how many texts are set before the dialog ends
+        {9, L"?A,a 3=text ?B,none ?B,first 2=text ?NULL,n ?C, 5=text "},
+        {-9, L"?A,[a] 3=text missing\nSetDlgItemText failed:\nDlgID = 7\nKEY = 'GONE' "
+             L"?B,none ?B,[first] 2=text ?NULL,[n] ?C,[] 5=text "},
+        {-1, L"?A,[a] 3=text "}};
+    for (const auto& [left, log] : cases) { // negative: under a debugger
         Notebook controls;
-        controls.left = left;
-        VEK::replaceTexts(texts, controls, isDebugged);
-        return controls.log;
-    };
-    EXPECT_EQ(logOf(false, 9), L"?A,a 3=text ?B,none ?B,first 2=text ?NULL,n ?C, 5=text ");
-    EXPECT_EQ(logOf(true, 9), L"?A,[a] 3=text missing\nSetDlgItemText failed:\nDlgID = 7\nKEY = 'GONE' "
-                              L"?B,none ?B,[first] 2=text ?NULL,[n] ?C,[] 5=text ");
-    EXPECT_EQ(logOf(true, 1), L"?A,[a] 3=text ") << "the dialog ends with its first text";
+        controls.left = std::abs(left);
+        VEK::replaceTexts(texts, controls, left < 0);
+        EXPECT_EQ(controls.log, log);
+    }
 }
 
 /// Siblings numbered from 1.
@@ -126,28 +120,23 @@ TEST(FieldChain, LeadsToTheNextAndTheFirstField)
     int judged = 0, found = 0, wrapped = 0;
     for (int i = 0; i < 3000; ++i) {
         Row row;
-        row.fields.resize(static_cast<std::size_t>(draw(random, 1, 9)));
-        for (std::size_t k = 0; k < row.fields.size(); ++k)
-            row.fields[k] = draw(random, 0, 2) == 0;
-        const std::size_t count = row.fields.size();
+        const std::size_t count = static_cast<std::size_t>(draw(random, 1, 9));
+        std::size_t first = count; // of the fields
+        for (std::size_t k = 0; k < count; ++k) {
+            row.fields.push_back(draw(random, 0, 2) == 0);
+            first = first == count && row.fields[k] ? k : first;
+        }
         for (std::size_t from = 0; from < count; ++from, ++judged) {
             const void* next = nullptr; // around the ring, which the last one does not enter
-            for (std::size_t step = 1; step < count && from + 1 < count && !next; ++step) {
-                if (row.fields[(from + step) % count])
-                    next = Row::at((from + step) % count);
-            }
-            const auto first = std::find(row.fields.begin(), row.fields.end(), true);
-            const bool hasFirst = from > 0 && first != row.fields.end();
+            for (std::size_t step = 1; step < count && from + 1 < count && !next; ++step)
+                next = row.fields[(from + step) % count] ? Row::at((from + step) % count) : nullptr;
             ASSERT_EQ(VEK::nextField(row, Row::at(from)), next);
-            ASSERT_EQ(VEK::firstField(row, Row::at(from)),
-                      hasFirst ? Row::at(static_cast<std::size_t>(first - row.fields.begin())) : nullptr);
+            ASSERT_EQ(VEK::firstField(row, Row::at(from)), from > 0 && first < count ? Row::at(first) : nullptr);
             found += next != nullptr;
             wrapped += next && next < Row::at(from);
         }
     }
-    EXPECT_GT(judged, 10000);
-    EXPECT_GT(found, 5000);
-    EXPECT_GT(wrapped, 1000);
+    EXPECT_TRUE(judged > 10000 && found > 5000 && wrapped > 1000);
     Row many;
     many.fields.resize(100000);
     EXPECT_EQ(VEK::nextField(many, Row::at(99998)), nullptr);
@@ -193,27 +182,22 @@ TEST(DlgLanguage, IsOwnElseOfTheSameClassElseOfTheProcess)
 
 TEST(DlgPaths, AreCleanedAndSplit)
 {
-    const wchar_t* const cleaned[][2] = {{L"C:/Projekt/Fassade/", L"C:\\Projekt\\Fassade"},
-                                         {L"C:\\Projekt", L"C:\\Projekt"},
-                                         {L"C:", L"C:\\"},
-                                         {L"C:/", L"C:\\"},
-                                         {L"//server/share/", L"\\\\server\\share"},
-                                         {L"a\\\\", L"a\\"},
-                                         {L"/", L"\\"},
-                                         {L":", L":"},
-                                         {L"", L""},
-                                         {nullptr, L""}};
-    for (const auto& [path, clean] : cleaned)
-        EXPECT_STREQ(VEK::folderStart(path), clean);
-    const wchar_t* const split[][3] = {{L"C:\\help/vek.chm", L"C:\\help/", L"vek.chm"},
-                                       {L"C:vek.chm", L"C:", L"vek.chm"},
-                                       {L"vek", L"", L"vek"},
-                                       {L"https://a.b/<topic>.html", L"https://a.b/", L"<topic>.html"},
-                                       {L"a\\", L"a\\", L""},
-                                       {L"x", L"", L"x"},
-                                       {nullptr, L"", L""}};
+    const wchar_t* const paths[][4] = {
+        // cleaned, then split
+        {L"C:/Projekt/vek.chm", L"C:\\Projekt\\vek.chm", L"C:/Projekt/", L"vek.chm"},
+        {L"C:\\Projekt/", L"C:\\Projekt", L"C:\\Projekt/", L""},
+        {L"C:", L"C:\\", L"C:", L""},
+        {L"C:/", L"C:\\", L"C:/", L""},
+        {L"C:vek", L"C:vek", L"C:", L"vek"},
+        {L"//server/share/", L"\\\\server\\share", L"//server/share/", L""},
+        {L"https://a/<topic>.html", L"https:\\\\a\\<topic>.html", L"https://a/", L"<topic>.html"},
+        {L"a\\\\", L"a\\", L"a\\\\", L""},
+        {L"/", L"\\", L"/", L""},
+        {L":", L":", L"", L":"},
+        {nullptr, L"", L"", L""}};
     CVekString folder, name;
-    for (const auto& [path, before, behind] : split) {
+    for (const auto& [path, clean, before, behind] : paths) {
+        EXPECT_STREQ(VEK::folderStart(path), clean);
         VEK::pathSplit(path, folder, name);
         EXPECT_STREQ(folder, before);
         EXPECT_STREQ(name, behind);
@@ -242,13 +226,13 @@ TEST(AppIcon, GoesByTheApplication)
 TEST(DlgStack, GivesTheLastAndNullWhenEmpty)
 {
     const auto window = [](std::size_t number) { return reinterpret_cast<HWND__*>(number); };
-    EXPECT_EQ(VEK::dlgStackPop(), nullptr);
-    EXPECT_EQ(VEK::dlgStackPop(), nullptr);
-    for (std::size_t i = 1; i < 100; ++i)
+    for (std::size_t i = 0; i < 100; ++i)
         VEK::dlgStackPush(window(i));
-    for (std::size_t i = 99; i > 0; --i)
-        EXPECT_EQ(VEK::dlgStackPop(), window(i));
-    EXPECT_EQ(VEK::dlgStackPop(), nullptr);
+    for (std::size_t i = 100; i > 0; --i)
+        EXPECT_EQ(VEK::dlgStackPop(), window(i - 1));
+    EXPECT_TRUE(!VEK::dlgStackPop() && !VEK::dlgStackPop());
+    VEK::dlgStackPush(window(1));
+    EXPECT_TRUE(VEK::dlgStackPop() == window(1) && !VEK::dlgStackPop());
 }
 
 } // namespace

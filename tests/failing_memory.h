@@ -1,13 +1,12 @@
 /// @file
-/// Memory that ends: the n-th allocation fails, alone or with all that follow it.
-///
-/// A program with this header is linked with `--wrap=malloc,--wrap=realloc`, so that the linker leads the library's own
-/// allocations here as well. It stands in one source of a program.
+/// Memory that ends: the n-th allocation of `new` fails, alone or with all that follow it; with failing_malloc.h, every
+/// allocation. It stands in one source of a program.
 #pragma once
 
 #include <vek/values/memory.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <new>
@@ -63,6 +62,11 @@ public:
         return s_allocations - before;
     }
 
+    static inline bool ledFromMalloc = false; ///< which is asked in place of `new`
+
+    /// How many blocks of `new` exist.
+    static inline std::atomic<long> blocks = 0;
+
     static bool refuses()
     {
         ++s_allocations;
@@ -82,32 +86,26 @@ private:
     bool m_failed = false;
 };
 
-extern "C" void* __real_malloc(std::size_t size);
-extern "C" void* __real_realloc(void* block, std::size_t size);
-extern "C" void* __wrap_malloc(std::size_t size)
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
-    return FailingMemory::refuses() ? nullptr : __real_malloc(size);
+    if (!FailingMemory::ledFromMalloc && FailingMemory::refuses())
+        return nullptr;
+    void* const block = std::malloc(size ? size : 1);
+    FailingMemory::blocks += block != nullptr;
+    return block;
 }
-extern "C" void* __wrap_realloc(void* block, std::size_t size)
-{
-    return FailingMemory::refuses() ? nullptr : __real_realloc(block, size);
-}
-
 void* operator new(std::size_t size)
 {
-    if (void* block = std::malloc(size ? size : 1))
+    if (void* block = operator new(size, std::nothrow))
         return block;
     throw std::bad_alloc();
 }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    return std::malloc(size ? size : 1);
-}
 [[gnu::noinline]] void operator delete(void* block) noexcept // inlined, g++ takes it for a mismatch
 {
+    FailingMemory::blocks -= block != nullptr;
     std::free(block);
 }
 [[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept
 {
-    std::free(block);
+    operator delete(block);
 }

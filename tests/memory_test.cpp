@@ -1,6 +1,6 @@
 // Every allocation fails in turn: what comes out is whole, or told as a failure with everything as it was.
 #include "display_hash.h"
-#include "failing_memory.h"
+#include "failing_malloc.h"
 #include "picture_bytes.h"
 #include "shapes.h"
 #include "slide_bytes.h"

@@ -1,4 +1,5 @@
 #include <vek/dialogframe/replacement.h>
+#include <vek/values/memory.h>
 
 namespace VEK
 {
@@ -17,10 +18,12 @@ void replaceTexts(const CVekArrayTempl<ControlText>& texts, TextControls& contro
             }
             continue;
         }
+        const unsigned long shortages = memoryShortages();
         CVekString builtIn = each.hasBuiltIn ? each.builtIn : CVekString(controls.message(each.key, nullptr));
         if (isDebugged)
             builtIn = L"[" + builtIn + L"]";
-        if (const wchar_t* text = controls.message(each.key, builtIn))
+        const wchar_t* text = controls.message(each.key, builtIn);
+        if (text && memoryShortages() == shortages)
             controls.setText(each.id, text);
     }
 }

@@ -95,7 +95,7 @@ inline std::wstring labelOf(HWND control)
     return text;
 }
 
-/// A dialog template in memory.
+/// A dialog template in memory. With DS_SETFONT it has the font of dialogs, otherwise that of the system.
 class Template
 {
 public:

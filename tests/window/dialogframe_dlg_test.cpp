@@ -7,11 +7,15 @@
 #include <vek/data/text.h>
 #include <vek/dialogframe.h>
 
+#include <array>
+#include <winternl.h>
+
 namespace
 {
 
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU, kSizable = kStyle | WS_THICKFRAME;
 constexpr wchar_t kTitle[] = L"VekTest dialog";
+const std::wstring kEndless(100000, L'x');
 
 /// "key/built-in text/language", from a ring.
 const wchar_t* tell(const wchar_t* key, const wchar_t* builtIn, const wchar_t* language)
@@ -55,13 +59,16 @@ public:
         GetDlgItemText(id, text);
         return text;
     }
-    CString helpFile()
-    {
-        CString path;
-        GetHelpFile(path);
-        return path;
-    }
+    std::function<void()> onSize;
     using CVekDlg::m_mapHlpKey, CVekDlg::m_mapLangDef, CVekDlg::m_mapLangKey, CVekDlg::m_mapToolTipKey;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_SIZE && onSize)
+            onSize();
+        return CVekDlg::WindowProc(message, wParam, lParam);
+    }
 
 private:
     Template m_source;
@@ -78,12 +85,6 @@ public:
 
 IMPLEMENT_DYNAMIC(Derived, Form)
 
-/// The template of dialogs with a title.
-Template titled(const wchar_t* title, DWORD style = kStyle, short x = 10, short y = 10)
-{
-    return Template(style, x, y, title);
-}
-
 class DialogFrame : public testing::Test
 {
 protected:
@@ -95,6 +96,10 @@ protected:
         EXPECT_EQ(VEK::dlgStackPop(), nullptr) << "a dialog is still on the stack";
     }
     static void forget() { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\OSTWERK\\VEK\\Dialogs"); }
+    static Template source(DWORD style = kStyle, const wchar_t* title = kTitle, short at = 10)
+    {
+        return Template(style, at, at, title);
+    }
 
     ModalQueue user;
 
@@ -111,225 +116,197 @@ CRect rectOf(const CWnd& window)
 
 TEST_F(DialogFrame, OpensWhereItWasClosed)
 {
-    CRect screen = rectOf(*CWnd::GetDesktopWindow());
-    const CPoint edge = screen.BottomRight();
-    struct Case {
-        const wchar_t* title;
+    const CPoint edge = rectOf(*CWnd::GetDesktopWindow()).BottomRight();
+    const struct {
+        std::wstring title;
         DWORD style;
         CRect moved;   ///< before it is closed
-        CPoint opened; ///< where the next one opens
+        CPoint opened; ///< where the next one opens; negative for where the template says
+        bool remembers = true;
     } cases[] = {
         {kTitle, kStyle, {40, 60, 340, 260}, {40, 60}},
-        {kTitle, kSizable, {70, 80, 470, 380}, {70, 80}},
         {kTitle, kSizable, {-50, -20, 350, 280}, {0, 0}},
         {kTitle, kSizable, CRect(-100, -30, 300, 200) + edge, edge - CSize(400, 230)},
         {kTitle, WS_POPUP | WS_THICKFRAME, {30, 20, 230, 220}, {30, 20}},
         {L"VekTest\\with\\levels", kStyle, {90, 95, 300, 300}, {90, 95}},
         {L"", kStyle, {40, 60, 340, 260}, {-1, -1}},
-        {nullptr, kStyle, {40, 60, 340, 260}, {-1, -1}}, // switched off
-        {L"VekTest refused", kStyle, {40, 60, 340, 260}, {-1, -1}},
+        {kTitle, kStyle, {40, 60, 340, 260}, {-1, -1}, false},
+        {std::wstring(300, L'r'), kStyle, {40, 60, 340, 260}, {-1, -1}}, // the registry takes no key of this length
     };
-    const std::wstring refused(300, L'r'); // the registry takes no key of this length
-    for (Case& each : cases) {
-        const wchar_t* title = !each.title ? kTitle : each.title == cases[8].title ? refused.c_str() : each.title;
+    for (const auto& each : cases) {
         forget();
-        const Template source = titled(title, each.style);
+        const Template form = source(each.style, each.title.c_str());
         CRect first;
         for (int round = 0; round < 3; ++round) {
-            Form form(source);
-            form.SavePosition(each.title != nullptr);
-            form.open();
-            const CRect rect = rectOf(form);
-            if (round == 0)
-                first = rect;
-            const CPoint place = each.opened.x < 0 || round == 0 ? first.TopLeft() : each.opened;
-            EXPECT_EQ(rect.TopLeft(), place) << rect.left << ", " << rect.top;
-            const bool takesSize = round > 0 && (each.style & WS_THICKFRAME);
-            EXPECT_EQ(rect.Size(), takesSize ? each.moved.Size() : first.Size());
-            RECT stored = {-7, -7, -7, -7};
-            EXPECT_EQ(form.getSavedPos(stored), each.opened.x >= 0 && round > 0);
-            form.SetWindowPos(nullptr, each.moved.left, each.moved.top, each.moved.Width(), each.moved.Height(),
-                              SWP_NOZORDER);
+            Form it(form);
+            it.SavePosition(each.remembers);
+            it.open();
+            const bool isKnown = round > 0 && each.opened.x >= 0, isSizable = (each.style & WS_THICKFRAME) != 0;
+            const CRect rect = rectOf(it);
+            first = round == 0 ? rect : first;
+            EXPECT_EQ(rect.TopLeft(), isKnown ? each.opened : first.TopLeft());
+            EXPECT_EQ(rect.Size(), isKnown && isSizable ? each.moved.Size() : first.Size());
+            RECT stored = {};
+            EXPECT_EQ(it.getSavedPos(stored), isKnown);
+            it.MoveWindow(each.moved);
             if (round == 1)
-                form.ShowWindow(SW_SHOWMINIMIZED); // stores where it would return to
-            form.DestroyWindow();
+                it.ShowWindow(SW_SHOWMINIMIZED); // stores where it would return to
+            it.DestroyWindow();
         }
     }
-    HKEY key = nullptr;
-    ASSERT_TRUE(VEK::dlgPositionWrite({5000 | 4000ul << 16, 1 | 1ul << 16}, kTitle)); // on a larger desktop
-    Form remote(titled(kTitle));
-    remote.open();
-    EXPECT_EQ(rectOf(remote).TopLeft(), CPoint(5000, 4000));
-    remote.DestroyWindow();
     forget();
-    Form again(titled(kTitle));
-    again.open();
-    again.DestroyWindow();
+    const auto opened = [](const Template& form) {
+        Form it(form);
+        it.open();
+        return rectOf(it);
+    };
+    CRect area;
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    const CPoint off = opened(source(kStyle, kTitle, 0)).CenterPoint() - area.CenterPoint();
+    EXPECT_LE(std::max(std::abs(off.x), std::abs(off.y)), 1) << "centred without a stored place";
+    HKEY key = nullptr;
     EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, VEK::dlgPositionKey(kTitle) + L"\\lasting", 0, nullptr, 0, KEY_WRITE,
                               nullptr, &key, nullptr),
               static_cast<LSTATUS>(ERROR_CHILD_MUST_BE_VOLATILE));
-
-    forget();
-    Form middle(titled(kTitle, kStyle, 0, 0));
-    middle.open();
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
-    const CPoint off = rectOf(middle).CenterPoint() - screen.CenterPoint();
-    EXPECT_LE(std::max(std::abs(off.x), std::abs(off.y)), 1) << "centred without a stored place";
+    ASSERT_TRUE(VEK::dlgPositionWrite({5000 | 4000ul << 16, 1 | 1ul << 16}, kTitle)); // on a larger desktop
+    EXPECT_EQ(opened(source()).TopLeft(), CPoint(5000, 4000));
 }
 
 TEST_F(DialogFrame, FollowsItsLanguage)
 {
-    const auto fill = [](Form& form) {
-        form.m_mapLangKey[1] = L"ONE", form.m_mapLangDef[1] = L"eins";
-        form.m_mapLangKey[2] = L"TWO";
-        form.m_mapLangKey[3] = L"NULL", form.m_mapLangDef[3] = L"drei";
-        form.m_mapLangKey[4] = L"GONE";
-    };
-    Template source = titled(kTitle);
+    Template texts = source();
     for (WORD id = 1; id < 4; ++id)
-        source.item(id, L"STATIC", 0, L"template");
-    Derived form(source);
-    form.fill = fill;
+        texts.item(id, L"STATIC", 0, L"template");
+    Derived form(texts);
+    form.fill = [](Form& f) {
+        f.m_mapLangKey[1] = L"ONE", f.m_mapLangDef[1] = L"eins";
+        f.m_mapLangKey[2] = L"TWO";
+        f.m_mapLangKey[3] = L"NULL", f.m_mapLangDef[3] = L"drei";
+        f.m_mapLangKey[4] = L"GONE";
+    };
     form.open();
     EXPECT_STREQ(form.country(), L"de") << "the process's";
     EXPECT_EQ(form.textOf(1), L"ONE/eins/de");
     EXPECT_EQ(form.textOf(2), L"TWO/TWO/-/de/de") << "its own text comes from the key";
     EXPECT_EQ(form.textOf(3), L"template");
+    BYTE& isDebugged = NtCurrentTeb()->ProcessEnvironmentBlock->BeingDebugged;
+    isDebugged = TRUE;
+    user.box(L"\nSetDlgItemText failed:\nDlgID = 4\nKEY = 'GONE'");
     form.SetCountry(L"pl");
-    EXPECT_EQ(form.textOf(1), L"ONE/eins/pl");
+    isDebugged = FALSE;
+    EXPECT_EQ(form.textOf(1), L"ONE/[eins]/pl");
+    EXPECT_EQ(form.textOf(2), L"TWO/[TWO/-/pl]/pl");
+    user.box(L"");
+    EXPECT_EQ(form.MessageBoxW(nullptr, L"mine", MB_OK), IDOK);
+    EXPECT_EQ(user.lastBox, L"");
+    EXPECT_STREQ(VEK::msgBoxTitle(nullptr), user.lastCaption.c_str());
     form.SetDlgItemText(1, L"mine");
     form.SetCountry(L"pl");
     EXPECT_EQ(form.textOf(1), L"mine") << "no refresh";
     form.SetCountry(nullptr);
     EXPECT_EQ(form.textOf(1), L"ONE/eins/");
-    EXPECT_EQ(form.updates, 3);
     form.SetCountry(L"fr");
+    EXPECT_EQ(form.updates, 4);
     EXPECT_STREQ(form.GetMsg(L"K", nullptr, nullptr), L"K/-/fr");
     EXPECT_STREQ(form.GetMsg(L"K", L"k", L"cs"), L"K/k/cs");
 
-    Form same(source, &form);
-    Derived of(source, &form), own(source, &form);
-    own.SetCountry(L"cs");
-    CVekDlg other(0, &form);
-    ASSERT_TRUE(other.CreateIndirect(source.get(), &form));
+    Form same(texts, &form);
+    Derived below(texts, &same);
     same.open(&form);
     EXPECT_STREQ(same.country(), L"fr") << "the parent is of a derived class";
-    same.SetCountry(L"sk"), other.SetCountry(L"hu");
-    of.open(&same), own.open(&form);
-    EXPECT_STREQ(of.country(), L"fr") << "past a dialog of another class";
-    EXPECT_STREQ(own.country(), L"cs");
-    Derived stranger(source, &other);
-    stranger.open(&other);
-    EXPECT_STREQ(stranger.country(), L"fr");
+    same.SetCountry(L"sk");
+    below.open(&same);
+    EXPECT_STREQ(below.country(), L"fr") << "past a dialog of another class";
     form.SetCountry(L"en");
-    EXPECT_STREQ(of.country(), L"fr") << "nothing is passed on later";
+    EXPECT_STREQ(below.country(), L"fr") << "nothing is passed on later";
 
+    same.m_mapLangKey[1] = kEndless.c_str(), same.m_mapLangDef[1] = nullptr;
+    EXPECT_TRUE(same.updLang());
+    EXPECT_EQ(same.textOf(1), (kEndless + L"//sk").c_str());
+    for (const wchar_t* key : {L"a\\b", L"\\K\\...", L"a\\b\\c\\d", L"a\\b\\c\\d\\e"}) // decoration is the callback's
+        EXPECT_EQ(CVekString(key) + L"/-/sk", same.GetMsg(key, nullptr, nullptr));
+    const wchar_t* const links[][3] = {{L"text", L"http://a", L"<a href=\"http://a\">text</a>"},
+                                       {L"text", nullptr, L"text"},
+                                       {nullptr, L"", L"<a href=\"\"></a>"}};
+    for (const auto& [text, target, link] : links) {
+        same.setLink(2, text, target);
+        EXPECT_EQ(same.textOf(2), link);
+    }
     CVekDlg::SetMsgCallBack(nullptr);
     EXPECT_FALSE(form.updLang());
     EXPECT_STREQ(form.GetMsg(L"K", L"k", L"cs"), L"k");
     CVekDlg::SetMsgCallBack(&tell);
     form.DestroyWindow();
     EXPECT_FALSE(form.updLang());
-
-    const std::wstring endless(100000, L'x');
-    Form large(source);
-    large.fill = [&](Form& f) { f.m_mapLangKey[1] = endless.c_str(), f.m_mapLangDef[1] = nullptr; };
-    large.open();
-    EXPECT_GE(large.textOf(1).GetLength(), 100000);
-    for (const wchar_t* key : {L"a\\b", L"\\K\\...", L"a\\b\\c\\d", L"a\\b\\c\\d\\e"}) // decoration is the callback's
-        EXPECT_EQ(CVekString(key) + L"/-/de", large.GetMsg(key, nullptr, nullptr));
-    large.setLink(2, L"text", L"http://a");
-    EXPECT_EQ(large.textOf(2), L"<a href=\"http://a\">text</a>");
-    large.setLink(2, L"text", nullptr);
-    EXPECT_EQ(large.textOf(2), L"text");
-    large.setLink(2, nullptr, L"");
-    EXPECT_EQ(large.textOf(2), L"<a href=\"\"></a>");
 }
 
-/// A control that is a field for the dialog only with an object of its own.
-template <class Control>
-std::unique_ptr<CWnd> bound(CWnd& dialog, UINT id)
-{
-    auto control = std::make_unique<Control>();
-    EXPECT_TRUE(control->SubclassDlgItem(id, &dialog));
-    return control;
-}
+/// A field that counts how often it loses the focus.
+struct Field : CEdit {
+    int left = 0;
+    LRESULT WindowProc(UINT message, WPARAM w, LPARAM l) override
+    {
+        left += message == WM_KILLFOCUS;
+        return CEdit::WindowProc(message, w, l);
+    }
+};
 
 TEST_F(DialogFrame, LeadsReturnAndPageUpThroughItsFields)
 {
-    Template source = titled(kTitle, kStyle | WS_VISIBLE);
-    const DWORD tab = WS_TABSTOP;
-    source.item(1, L"BUTTON", tab).item(2, L"EDIT", tab).item(3, L"EDIT", tab).item(4, L"EDIT", tab);
-    source.item(5, L"COMBOBOX", tab | CBS_DROPDOWNLIST).item(6, L"COMBOBOX", tab | CBS_DROPDOWN);
-    source.item(7, L"EDIT", tab | ES_MULTILINE | ES_WANTRETURN)
-        .item(8, L"COMBOBOX", tab | CBS_SIMPLE)
-        .item(12, L"EDIT", tab);
-    source.item(10, L"STATIC");
-    Form form(source);
-    int checked = 0;
-    form.open();
-    std::vector<std::unique_ptr<CWnd>> controls;
-    for (const UINT id : {2u, 3u, 4u, 7u, 12u})
-        controls.push_back(bound<CEdit>(form, id));
-    for (const UINT id : {5u, 6u, 8u})
-        controls.push_back(bound<CComboBox>(form, id));
-    form.GetDlgItem(3)->ShowWindow(SW_HIDE);
-    form.GetDlgItem(4)->EnableWindow(FALSE);
-    const auto focused = [&] {
-        const HWND at = ::GetFocus();
-        return at == form.m_hWnd ? 0 : ::GetDlgCtrlID(::GetParent(at) == form.m_hWnd ? at : ::GetParent(at));
-    };
+    Template form = source(kStyle | WS_VISIBLE);
+    form.item(1, L"BUTTON").item(2, L"EDIT").item(3, L"EDIT").item(4, L"EDIT").item(5, L"COMBOBOX", CBS_DROPDOWNLIST);
+    form.item(6, L"COMBOBOX", CBS_DROPDOWN).item(7, L"EDIT", ES_MULTILINE | ES_WANTRETURN);
+    form.item(8, L"COMBOBOX", CBS_SIMPLE).item(12, L"EDIT").item(10, L"STATIC");
+    Form it(form);
+    it.open();
+    Field fields[5];
+    CComboBox boxes[3];
+    for (int i = 0; i < 5; ++i)
+        ASSERT_TRUE(fields[i].SubclassDlgItem(std::array{2u, 3u, 4u, 7u, 12u}[size_t(i)], &it));
+    for (int i = 0; i < 3; ++i)
+        ASSERT_TRUE(boxes[i].SubclassDlgItem(std::array{5u, 6u, 8u}[size_t(i)], &it));
+    fields[1].ShowWindow(SW_HIDE);
+    fields[2].EnableWindow(FALSE);
+    /// The control to which a key leads, negative if the key went on to the toolkit.
     const auto press = [&](int from, WPARAM key) {
-        form.GetDlgItem(from)->SetFocus();
+        it.GetDlgItem(from)->SetFocus();
         MSG message = {::GetFocus(), WM_KEYDOWN, key, 0, 0, {}};
-        const bool handled = form.PreTranslateMessage(&message);
-        return std::pair<bool, int>(handled, focused());
+        const bool isHandled = it.PreTranslateMessage(&message);
+        const HWND at = ::GetFocus(), control = ::GetParent(at) == it.m_hWnd ? at : ::GetParent(at);
+        return (isHandled ? 1 : -1) * ::GetDlgCtrlID(control);
     };
-    using Result = std::pair<bool, int>;
-    EXPECT_EQ(press(2, VK_RETURN), Result(true, 6)) << "past hidden, disabled and no fields";
-    EXPECT_EQ(press(6, VK_RETURN), Result(true, 7));
-    EXPECT_EQ(press(12, VK_RETURN), Result(true, 2)) << "a window behind it, so around";
-    EXPECT_EQ(press(6, VK_PRIOR), Result(true, 2));
-    EXPECT_EQ(press(12, VK_PRIOR), Result(true, 2));
-    EXPECT_FALSE(press(7, VK_PRIOR).second == 2) << "a field that wants Return keeps its keys";
-    ::DestroyWindow(::GetDlgItem(form, 10));
-    struct Check : CEdit {
-        int* count = nullptr;
-        LRESULT WindowProc(UINT message, WPARAM w, LPARAM l) override
-        {
-            *count += message == WM_KILLFOCUS;
-            return CEdit::WindowProc(message, w, l);
-        }
-    } last;
-    controls[4]->UnsubclassWindow();
-    last.count = &checked;
-    ASSERT_TRUE(last.SubclassDlgItem(12, &form));
-    EXPECT_EQ(press(12, VK_RETURN), Result(true, 12)) << "the last one checks itself and stays";
-    EXPECT_EQ(checked, 1);
-    ::DestroyWindow(::GetDlgItem(form, 1));
-    EXPECT_EQ(press(2, VK_PRIOR), Result(true, 2)) << "the first one swallows the key";
+    EXPECT_EQ(press(2, VK_RETURN), 6) << "past hidden, disabled and no fields";
+    EXPECT_EQ(press(6, VK_RETURN), 7);
+    EXPECT_EQ(press(12, VK_RETURN), 2) << "a window behind it, so around";
+    EXPECT_EQ(press(6, VK_PRIOR), 2);
+    EXPECT_EQ(press(12, VK_PRIOR), 2);
+    EXPECT_NE(std::abs(press(7, VK_PRIOR)), 2) << "a field that wants Return keeps its keys";
+    ::DestroyWindow(::GetDlgItem(it, 10));
+    fields[4].left = 0;
+    EXPECT_EQ(press(12, VK_RETURN), 12) << "the last one checks itself and stays";
+    EXPECT_EQ(fields[4].left, 1);
+    ::DestroyWindow(::GetDlgItem(it, 1));
+    EXPECT_EQ(press(2, VK_PRIOR), 2) << "the first one swallows the key";
 
     struct Tabs : CTabCtrl {
         std::vector<WPARAM> keys;
         BOOL PreTranslateMessage(MSG* message) override { return keys.push_back(message->wParam), 7; }
     } tabs;
-    ASSERT_TRUE(tabs.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 200, 150), &form, 20));
-    Template inner = Template(WS_CHILD | WS_VISIBLE).item(2, L"EDIT", tab).item(3, L"EDIT", tab);
-    Form page(inner);
+    ASSERT_TRUE(tabs.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 200, 150), &it, 20));
+    Form page(Template(WS_CHILD | WS_VISIBLE).item(2, L"EDIT", WS_TABSTOP).item(3, L"EDIT", WS_TABSTOP));
     page.open(&tabs);
-    const auto edit = bound<CEdit>(page, 2);
-    page.GetDlgItem(2)->SetFocus();
-    BYTE held[256] = {};
-    held[VK_CONTROL] = held[VK_TAB] = 0x80;
-    MSG message = {::GetFocus(), WM_KEYDOWN, VK_RETURN, 0, 0, {}};
-    EXPECT_EQ(page.PreTranslateMessage(&message), 7) << "a page leaves Return to its tabs";
-    message.wParam = VK_TAB;
-    EXPECT_FALSE(tabs.keys.size() > 1);
-    ::SetKeyboardState(held);
-    EXPECT_EQ(page.PreTranslateMessage(&message), 7) << "and Ctrl+Tab";
-    held[VK_CONTROL] = held[VK_TAB] = 0;
-    ::SetKeyboardState(held);
-    EXPECT_EQ(tabs.keys, (std::vector<WPARAM>{VK_RETURN, VK_TAB}));
+    for (const int down : {0, 1, 2, 3}) { // Ctrl, Tab
+        BYTE held[256] = {};
+        held[VK_CONTROL] = down & 1 ? 0x80 : 0;
+        held[VK_TAB] = down & 2 ? 0x80 : 0;
+        ::SetKeyboardState(held);
+        for (const WPARAM key : {VK_RETURN, VK_TAB}) {
+            page.GetDlgItem(2)->SetFocus();
+            MSG message = {::GetFocus(), WM_KEYDOWN, key, 0, 0, {}};
+            EXPECT_EQ(page.PreTranslateMessage(&message) == 7, down == 3 || key == VK_RETURN) << down;
+        }
+    }
+    ::SetKeyboardState(std::array<BYTE, 256>().data());
+    EXPECT_EQ(tabs.keys, (std::vector<WPARAM>{VK_RETURN, VK_RETURN, VK_RETURN, VK_RETURN, VK_TAB}));
 }
 
 TEST_F(DialogFrame, ShowsTipsAndHelp)
@@ -338,9 +315,9 @@ TEST_F(DialogFrame, ShowsTipsAndHelp)
     std::vector<OutsideCall> calls;
     const auto before =
         VEK::platform::outsideHookSet([&](const OutsideCall& call) { return calls.push_back(call), true; });
-    Form form(titled(kTitle, kStyle).item(1, L"STATIC").item(2, L"STATIC").item(IDHELP, L"BUTTON"));
+    Form form(source().item(1, L"STATIC").item(2, L"STATIC").item(IDHELP, L"BUTTON"));
     form.fill = [](Form& f) {
-        f.m_mapToolTipKey[1] = L"TIP", f.m_mapToolTipKey[2] = L"NULL";
+        f.m_mapToolTipKey[1] = kEndless.c_str(), f.m_mapToolTipKey[2] = L"NULL";
         f.m_mapHlpKey[1] = L"HELP", f.m_mapHlpKey[2] = L"NULL", f.m_mapHlpKey[77] = L"FAR", f.m_mapHlpKey[0] = L"";
     };
     form.open();
@@ -352,53 +329,55 @@ TEST_F(DialogFrame, ShowsTipsAndHelp)
         form.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&request));
         return request.lpszText != nullptr;
     };
-    EXPECT_TRUE(tip(1, TTF_IDISHWND));
-    EXPECT_STREQ(request.lpszText, L"TIP/-/de");
+    ASSERT_TRUE(tip(1, TTF_IDISHWND));
+    EXPECT_EQ(request.lpszText, kEndless + L"/-/de");
     EXPECT_EQ(request.hinst, AfxGetResourceHandle());
     EXPECT_FALSE(tip(1, 0) || tip(2, TTF_IDISHWND) || tip(IDHELP, TTF_IDISHWND) || tip(99, TTF_IDISHWND));
+    MSG over = {form, WM_MOUSEMOVE, 0, 0, 0, rectOf(*form.GetDlgItem(1)).CenterPoint()};
+    form.ShowWindow(SW_SHOW);
+    form.PreTranslateMessage(&over);
+    EXPECT_NE(::FindWindowW(TOOLTIPS_CLASSW, nullptr), nullptr);
 
     const auto f1 = [&](int id) {
         HELPINFO info = {sizeof info, HELPINFO_WINDOW, id, ::GetDlgItem(form, id), 0, {-5, 6}};
         return form.SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
     };
     EXPECT_TRUE(f1(1) && f1(2) && f1(3) && f1(77) && f1(0)) << "always handled";
-    const CRect area = rectOf(*form.GetDlgItem(1));
+    const CPoint middle = rectOf(*form.GetDlgItem(1)).CenterPoint();
     OutsideCall popup = {OutsideCall::What::helpPopup, L"", L"HELP/-/de"}, other = popup, title = popup;
-    popup.x = area.CenterPoint().x, popup.y = area.CenterPoint().y;
+    popup.x = middle.x, popup.y = middle.y;
     other.text = L"FAR/-/de", other.x = -5, other.y = 6, title = other, title.text = L"/-/de";
-    EXPECT_EQ(calls, (std::vector<OutsideCall>{popup, other, title}));
-    calls.clear();
+    EXPECT_EQ(std::exchange(calls, {}), (std::vector<OutsideCall>{popup, other, title}));
     CVekDlg::SetMsgCallBack(nullptr);
     EXPECT_TRUE(f1(1) && !tip(1, TTF_IDISHWND) && calls.empty());
 
-    CWnd& button = *form.GetDlgItem(IDHELP);
-    const auto stateOf = [&] {
-        return std::pair(::GetWindowLongW(button, GWL_STYLE) & WS_VISIBLE ? 1 : 0, int(button.IsWindowEnabled()));
+    /// The help file, and the button: shown and enabled, grey or hidden.
+    const auto help = [&] {
+        CString path;
+        form.GetHelpFile(path);
+        CWnd& button = *form.GetDlgItem(IDHELP);
+        return path + (!button.IsWindowVisible() ? L" hidden" : button.IsWindowEnabled() ? L" enabled" : L" grey");
     };
-    form.ShowWindow(SW_SHOW);
-    EXPECT_EQ(stateOf(), std::pair(1, 0)) << "grey without a help file";
+    EXPECT_EQ(help(), L" grey");
     form.SetHelpFile(L"C:\\help\\vek.chm");
-    EXPECT_EQ(stateOf(), std::pair(1, 1));
-    EXPECT_EQ(form.helpFile(), L"C:\\help\\vek.chm");
+    EXPECT_EQ(help(), L"C:\\help\\vek.chm enabled");
     form.SetHelpFile(nullptr);
-    EXPECT_EQ(stateOf(), std::pair(0, 0 + int(button.IsWindowEnabled())));
-    EXPECT_EQ(form.helpFile(), L"");
+    EXPECT_EQ(help(), L" hidden");
     form.SetHelpTopic(L"intro");
-    user.file([&](OPENFILENAMEW& request2, bool save) {
-        EXPECT_TRUE(!save && request2.hwndOwner == form.m_hWnd && (request2.Flags & OFN_FILEMUSTEXIST));
-        EXPECT_STREQ(request2.lpstrDefExt, L"chm");
-        EXPECT_STREQ(request2.lpstrFilter, L"(*.chm)");
+    user.file([&](OPENFILENAMEW& asked, bool save) {
+        EXPECT_TRUE(!save && asked.hwndOwner == form.m_hWnd && (asked.Flags & OFN_FILEMUSTEXIST));
+        EXPECT_STREQ(asked.lpstrDefExt, L"chm");
+        EXPECT_STREQ(asked.lpstrFilter, L"(*.chm)");
         return false;
     });
     form.Help(L"topic");
-    EXPECT_TRUE(calls.empty() && form.helpFile().IsEmpty()) << "cancelled";
-    user.file([](OPENFILENAMEW& chosen, bool) { return lstrcpyW(chosen.lpstrFile, L"D:\\x\\book.chm") != nullptr; });
+    EXPECT_TRUE(calls.empty() && help() == L" hidden") << "cancelled";
+    user.file([](OPENFILENAMEW& asked, bool) { return lstrcpyW(asked.lpstrFile, L"D:\\x\\book.chm") != nullptr; });
     form.Help(nullptr);
-    EXPECT_EQ(calls, (std::vector<OutsideCall>{{OutsideCall::What::helpTopic, L"D:\\x\\book.chm"},
-                                               {OutsideCall::What::helpKeyword, L"D:\\x\\book.chm", L"intro"}}));
-    EXPECT_EQ(form.helpFile(), L"D:\\x\\book.chm") << "the choice lasts";
-    EXPECT_EQ(stateOf(), std::pair(1, 1));
-    calls.clear();
+    EXPECT_EQ(std::exchange(calls, {}),
+              (std::vector<OutsideCall>{{OutsideCall::What::helpTopic, L"D:\\x\\book.chm"},
+                                        {OutsideCall::What::helpKeyword, L"D:\\x\\book.chm", L"intro"}}));
+    EXPECT_EQ(help(), L"D:\\x\\book.chm enabled") << "the choice lasts";
     form.SetHelpFile(L"https://a.b/<topic>.html");
     form.Help(L"x~");
     EXPECT_EQ(calls, (std::vector<OutsideCall>{{OutsideCall::What::document, L"https://a.b/xVEK.html"}}));
@@ -407,8 +386,8 @@ TEST_F(DialogFrame, ShowsTipsAndHelp)
 
 TEST_F(DialogFrame, DrawsItsGripper)
 {
-    for (const bool sizable : {true, false}) {
-        Form form(titled(kTitle, kStyle | WS_VISIBLE | (sizable ? WS_THICKFRAME : 0u)));
+    for (const DWORD style : {kStyle, kSizable}) {
+        Form form(source(style | WS_VISIBLE));
         form.open();
         for (const int grow : {0, 60}) { // the old gripper is gone
             const CRect rect = rectOf(form);
@@ -416,17 +395,14 @@ TEST_F(DialogFrame, DrawsItsGripper)
             form.UpdateWindow();
             const VEK::CPixels shown = control_test::pixelsOf(form);
             int differing = 0;
-            for (int y = 0; y < shown.height; ++y) {
-                for (int x = 0; x < shown.width; ++x) {
-                    // The lines are diagonals x + y = W + H - c.
-                    const int c = shown.width + shown.height - x - y;
-                    const bool grey = c == 3 || c == 4 || c == 7 || c == 8 || c == 11 || c == 12,
-                               white = c == 5 || c == 9 || c == 13;
-                    const unsigned expected = sizable && grey    ? 0x808080
-                                              : sizable && white ? 0xFFFFFF
-                                                                 : GetSysColor(COLOR_3DFACE);
-                    differing += (shown.at(x, y) & 0xFFFFFF) != expected;
-                }
+            for (int i = 0; i < shown.width * shown.height; ++i) {
+                const int x = i % shown.width, y = i / shown.width;
+                // Diagonals, from the corner on: grey, grey, white and a gap, three times.
+                const int line = style == kSizable ? shown.width + shown.height - x - y - 3 : -1;
+                const unsigned expected = line < 0 || line > 10 || line % 4 == 3 ? GetSysColor(COLOR_3DFACE)
+                                          : line % 4 == 2                        ? 0xFFFFFF
+                                                                                 : 0x808080;
+                differing += (shown.at(x, y) & 0xFFFFFF) != expected;
             }
             EXPECT_EQ(differing, 0);
         }
@@ -435,8 +411,7 @@ TEST_F(DialogFrame, DrawsItsGripper)
 
 TEST_F(DialogFrame, FollowsTheResolutionWithoutGrowing)
 {
-    Form form(
-        titled(kTitle, kSizable | DS_SETFONT).item(1, L"EDIT").item(2, L"BUTTON").item(3, L"COMBOBOX", CBS_DROPDOWN));
+    Form form(source(kSizable | DS_SETFONT).item(1, L"EDIT").item(2, L"BUTTON").item(3, L"COMBOBOX", CBS_DROPDOWN));
     form.open();
     const auto placeOf = [&](int id) {
         CRect place = rectOf(*form.GetDlgItem(id));
@@ -455,25 +430,26 @@ TEST_F(DialogFrame, FollowsTheResolutionWithoutGrowing)
     };
     const CRect first[] = {placeOf(1), placeOf(2), placeOf(3)};
     const int font = fontHeight();
-    EXPECT_GT(font, 0);
-    for (int round = 0; round < 20; ++round) {
-        for (const int dpi : {120, 144, 97, 96}) {
-            change(dpi);
-            for (int i = 0; i < 2; ++i) {
-                const CRect& own = first[i];
-                const auto scaled = [&](int value) { return MulDiv(value, dpi, 96); };
-                ASSERT_EQ(placeOf(i + 1),
-                          CRect(scaled(own.left), scaled(own.top), scaled(own.right), scaled(own.bottom)));
-            }
-            ASSERT_EQ(placeOf(3).TopLeft(), CPoint(MulDiv(first[2].left, dpi, 96), MulDiv(first[2].top, dpi, 96)));
-            ASSERT_EQ(fontHeight(), MulDiv(font, dpi, 96));
+    ASSERT_GT(font, 8);
+    for (int i = 0; i < 60; ++i) {
+        const int dpi = std::array{120, 144, 97, 192, 96}[size_t(i % 5)];
+        const auto scaled = [&](int value) { return MulDiv(value, dpi, 96); };
+        change(dpi);
+        for (int id = 1; id < 4; ++id) { // the height of a combo box is that of its font
+            const CRect& own = first[id - 1];
+            const int bottom = id == 3 ? placeOf(3).bottom : scaled(own.bottom);
+            ASSERT_EQ(placeOf(id), CRect(scaled(own.left), scaled(own.top), scaled(own.right), bottom)) << dpi;
         }
+        ASSERT_EQ(fontHeight(), scaled(font));
     }
-    EXPECT_EQ(placeOf(3).Width(), first[2].Width());
+    EXPECT_EQ(placeOf(3), first[2]);
     change(192);
     form.GetDlgItem(1)->MoveWindow(10, 20, 30, 40);
     change(96);
     EXPECT_EQ(placeOf(1), CRect(5, 10, 20, 30)) << "from where it was moved";
+    form.onSize = [&] { form.GetDlgItem(2)->MoveWindow(1, 2, 3, 4); };
+    change(192);
+    EXPECT_EQ(placeOf(2), CRect(1, 2, 4, 6)) << "a dialog that arranges it itself";
 }
 
 } // namespace

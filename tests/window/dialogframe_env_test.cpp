@@ -7,6 +7,8 @@
 #include <vek/dialogframe.h>
 #include <vek/host.h>
 
+#include <filesystem>
+#include <fstream>
 #include <ole2.h>
 #include <shlobj.h>
 
@@ -86,7 +88,7 @@ protected:
     }
     static Template form()
     {
-        return Template(kStyle, 10, 10, L"").item(1, L"STATIC").item(2, L"STATIC").item(3, L"BUTTON", WS_TABSTOP);
+        return Template(kStyle, 10, 10, L"").item(3, L"BUTTON", WS_TABSTOP).item(1, L"STATIC").item(2, L"STATIC");
     }
 
     ModalQueue user;
@@ -103,21 +105,18 @@ TEST_F(DialogSurroundings, FindTheirParentByTheStack)
     CVekLocalApp host;
     host.defaultUnitSet(4);
     CVekApp* const before = vekAppSet(&host);
-    Mortal outer(form()), child(Template(WS_CHILD)), inner(form());
-    EXPECT_FALSE(outer.isSubDlg());
+    Mortal outer(form()), child(Template(WS_CHILD)), early(form());
     user.dialog<Mortal>([&](Mortal& o) {
-        for (int again = 0; again < 2; ++again) { // the stack stays as it was
-            const VEK::DlgEnv_st found, copy(found);
-            EXPECT_EQ(copy.parent, o.m_hWnd);
-            EXPECT_EQ(copy.parentWnd(), &o);
-            EXPECT_STREQ(copy.country, L"pl");
-            EXPECT_EQ(copy.unit, 4);
-            EXPECT_TRUE(copy.helpFile.isNull() && copy.helpTopic.isNull());
-        }
         ASSERT_TRUE(child.CreateIndirect(child.source(), &o));
-        EXPECT_EQ(VEK::DlgEnv_st().parent, o.m_hWnd) << "a page is not on the stack";
+        for (int again = 0; again < 2; ++again) { // the stack stays as it was, and a page is not on it
+            const VEK::DlgEnv_st found, copy(found);
+            EXPECT_TRUE(copy.parent == o.m_hWnd && copy.parentWnd() == &o && copy.unit == 4);
+            EXPECT_STREQ(copy.country, L"pl");
+            EXPECT_TRUE(copy.helpFile.isNull() && copy.helpTopic.isNull());
+            child.DestroyWindow();
+        }
         Mortal sub(form(), &o);
-        EXPECT_TRUE(sub.isSubDlg());
+        EXPECT_TRUE(sub.isSubDlg() && !outer.isSubDlg() && !early.isSubDlg());
         user.dialog<Mortal>([&](Mortal& s) {
             EXPECT_EQ(VEK::DlgEnv_st().parent, s.m_hWnd);
             s.EndDialog(5);
@@ -125,9 +124,7 @@ TEST_F(DialogSurroundings, FindTheirParentByTheStack)
         EXPECT_EQ(sub.DoModal(), 5);
         EXPECT_EQ(VEK::DlgEnv_st().parent, o.m_hWnd);
         user.dialog<Mortal>([&](Mortal& s) { s.GetParent()->DestroyWindow(); });
-        EXPECT_EQ(inner.isSubDlg(), false) << "made before";
-        Mortal orphan(form(), &o);
-        EXPECT_EQ(orphan.DoModal(), -1) << "its parent dies under it";
+        EXPECT_EQ(sub.DoModal(), -1) << "its parent dies under it";
     });
     EXPECT_EQ(outer.DoModal(), -1);
     EXPECT_EQ(VEK::dlgStackPop(), nullptr);
@@ -136,17 +133,16 @@ TEST_F(DialogSurroundings, FindTheirParentByTheStack)
         ASSERT_TRUE(dropped.CreateIndirect(dropped.source(), nullptr));
     }
     EXPECT_EQ(VEK::dlgStackPop(), nullptr) << "an object that goes takes its window along";
-    CVekDlg missing(31234, nullptr);
-    EXPECT_EQ(missing.DoModal(), -1) << "no such template";
+    EXPECT_EQ(CVekDlg(31234, nullptr).DoModal(), -1) << "no such template";
     vekAppSet(before);
     VEK::msgLangSet(L"de");
 }
 
 TEST_F(DialogSurroundings, BearDialogsThatEndThemselves)
 {
-    const UINT messages[] = {WM_INITDIALOG, WM_SIZE,      WM_SHOWWINDOW, WM_PAINT,        WM_HELP,
-                             WM_NOTIFY,     WM_COMMAND,   WM_DPICHANGED, WM_SETTEXT,      WM_GETFONT,
-                             WM_ERASEBKGND, WM_KILLFOCUS, WM_SETFOCUS,   WM_CTLCOLOREDIT, WM_WINDOWPOSCHANGED};
+    const UINT messages[] = {WM_INITDIALOG, WM_SIZE,     WM_SHOWWINDOW,      WM_PAINT,   WM_HELP,
+                             WM_NOTIFY,     WM_COMMAND,  WM_DPICHANGED,      WM_GETFONT, WM_CTLCOLORSTATIC,
+                             WM_ERASEBKGND, WM_SETFOCUS, WM_WINDOWPOSCHANGED};
     int ended = 0;
     for (const UINT message : messages) {
         for (const bool early : {true, false}) {
@@ -162,36 +158,36 @@ TEST_F(DialogSurroundings, BearDialogsThatEndThemselves)
                 if (!deleted)
                     dialog->PreTranslateMessage(&down);
             };
+            const auto send = [&](UINT what, WPARAM value, void* data) {
+                dialog->SendMessage(what, value, reinterpret_cast<LPARAM>(data));
+            };
             RECT place = {10, 10, 400, 300};
             HELPINFO info = {sizeof info, HELPINFO_WINDOW, 1, nullptr, 0, {}};
-            NMTTDISPINFOW request = {};
-            request.uFlags = TTF_IDISHWND;
+            NMTTDISPINFOW tip = {};
+            tip.hdr.code = TTN_NEEDTEXTW;
             const std::function<void()> actions[] = {
                 [&] { dialog->endsAt = message, dialog->ShowWindow(SW_SHOW); },
                 [&] { dialog->UpdateWindow(); },
                 [&] { dialog->SetCountry(L"fr"); },
-                [&] { dialog->SendMessage(WM_DPICHANGED, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&place)); },
-                [&] { dialog->SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)); },
+                [&] { send(WM_DPICHANGED, MAKEWPARAM(120, 120), &place); },
+                [&] { send(WM_HELP, 0, &info); },
                 [&] { dialog->SetHelpFile(nullptr); },
                 [&] { press(1, VK_RETURN); },
                 [&] { press(2, VK_PRIOR); },
-                [&] {
-                    request.hdr = {::GetDlgItem(*dialog, 2), reinterpret_cast<UINT_PTR>(::GetDlgItem(*dialog, 1)),
-                                   TTN_NEEDTEXTW};
-                    dialog->SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&request));
-                },
+                [&] { press(2, VK_RETURN); },
+                [&] { send(WM_NOTIFY, 0, &tip); },
             };
             for (const auto& action : actions) {
                 if (!deleted)
                     action();
             }
             ended += deleted;
+            EXPECT_EQ(deleted, early || message != WM_INITDIALOG) << message << (early ? " early" : "");
             if (!deleted)
                 dialog->endsAt = 0, dialog->DestroyWindow();
-            EXPECT_TRUE(deleted) << message << (early ? " early" : "");
         }
     }
-    EXPECT_GE(ended, 20) << "at these messages";
+    EXPECT_EQ(ended, 2 * 13 - 1);
 }
 
 TEST_F(DialogSurroundings, ChooseFilesAndFolders)
@@ -205,31 +201,30 @@ TEST_F(DialogSurroundings, ChooseFilesAndFolders)
             EXPECT_FALSE(save) << "it always opens";
             EXPECT_EQ(request.Flags & (OFN_ENABLEHOOK | OFN_FILEMUSTEXIST), static_cast<DWORD>(OFN_FILEMUSTEXIST));
             EXPECT_EQ(request.hwndOwner, owner.m_hWnd);
-            EXPECT_STREQ(request.lpstrTitle, L"title");
-            EXPECT_STREQ(request.lpstrFile, L"a.sld");
+            EXPECT_EQ(std::wstring(request.lpstrTitle) + request.lpstrFile, L"titlea.sld");
             return chosen;
         });
         EXPECT_EQ(dialog.DoModal(), chosen ? IDOK : IDCANCEL);
     }
-
-    const auto ask = [&](CVekString path, const wchar_t* start, const wchar_t* answer) {
+    const std::wstring endless(100000, L'd');
+    const struct {
+        const wchar_t *path, *start, *answer, *result;
+    } rows[] = {{L"C:/windows/", L"C:\\windows", L"C:\\windows", L"C:\\windows\\"},
+                {L"C:", L"C:\\", L"C:\\", L"C:\\"},
+                {L"", L"", nullptr, L"what the dialog left"},
+                {endless.c_str(), endless.c_str(), L"C:\\windows", L"C:\\windows\\"}};
+    for (const auto& row : rows) {
         user.folder([&](BROWSEINFOW& request) -> LPITEMIDLIST {
-            EXPECT_EQ(request.ulFlags, 81u);
-            EXPECT_EQ(request.hwndOwner, owner.m_hWnd);
-            EXPECT_STREQ(reinterpret_cast<const wchar_t*>(request.lParam), start);
+            EXPECT_TRUE(request.ulFlags == 81 && request.hwndOwner == owner.m_hWnd);
+            EXPECT_STREQ(reinterpret_cast<const wchar_t*>(request.lParam), row.start);
             EXPECT_EQ(request.lpfn(owner, BFFM_INITIALIZED, 0, request.lParam), 0);
             wcscpy(request.pszDisplayName, L"what the dialog left");
-            return answer ? ILCreateFromPathW(answer) : nullptr;
+            return row.answer ? ILCreateFromPathW(row.answer) : nullptr;
         });
-        const bool chosen = VEK::dlgFolder(owner, path, L"title");
-        EXPECT_EQ(chosen, answer != nullptr);
-        return path;
-    };
-    EXPECT_STREQ(ask(L"C:/windows/", L"C:\\windows", L"C:\\windows"), L"C:\\windows\\");
-    EXPECT_STREQ(ask(L"C:", L"C:\\", L"C:\\"), L"C:\\");
-    EXPECT_STREQ(ask(L"", L"", nullptr), L"what the dialog left");
-    EXPECT_STREQ(ask(std::wstring(100000, L'd').c_str(), std::wstring(100000, L'd').c_str(), L"C:\\windows"),
-                 L"C:\\windows\\");
+        CVekString path = row.path;
+        EXPECT_EQ(VEK::dlgFolder(owner, path, L"title"), row.answer != nullptr);
+        EXPECT_STREQ(path, row.result);
+    }
 }
 
 /// A window that takes files.
@@ -237,7 +232,7 @@ class Target : public CWnd, public IDropTarget
 {
 public:
     std::vector<std::wstring> files;
-    bool accepts = true;
+    DWORD effect = DROPEFFECT_COPY;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
     {
@@ -246,10 +241,10 @@ public:
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) override { return answer(effect); }
-    HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL, DWORD* effect) override { return answer(effect); }
+    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD, POINTL, DWORD* it) override { return *it = effect, S_OK; }
+    HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL, DWORD* it) override { return *it = effect, S_OK; }
     HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) override
+    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD, POINTL, DWORD* it) override
     {
         FORMATETC format = {CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
         STGMEDIUM medium = {};
@@ -261,14 +256,7 @@ public:
             EXPECT_EQ(GlobalSize(medium.hGlobal), 24 + 2 * files.at(0).size());
             ::ReleaseStgMedium(&medium);
         }
-        return answer(effect);
-    }
-
-private:
-    HRESULT answer(DWORD* effect)
-    {
-        *effect = accepts ? DROPEFFECT_COPY : DROPEFFECT_NONE;
-        return S_OK;
+        return *it = effect, S_OK;
     }
 };
 
@@ -284,30 +272,26 @@ public:
 TEST_F(DialogSurroundings, DragAFileIntoAnotherWindow)
 {
     ASSERT_TRUE(SUCCEEDED(::OleInitialize(nullptr)));
-    wchar_t folder[MAX_PATH] = L"";
-    ::GetTempPathW(MAX_PATH, folder);
-    const std::wstring path = std::wstring(folder) + L"Maß.sld";
-    ::CloseHandle(::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-    Mortal from(form());
-    ASSERT_TRUE(from.CreateIndirect(from.source(), nullptr));
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / L"Maß.sld";
+    std::ofstream(path) << "x";
     Target target;
     ASSERT_TRUE(target.CreateEx(0, nullptr, L"", WS_POPUP | WS_VISIBLE, CRect(400, 300, 600, 400), nullptr, 0));
     ASSERT_EQ(::RegisterDragDrop(target, &target), S_OK);
     ::SetCursorPos(500, 350);
     const RECT start = {0, 0, 1, 1};
-    for (const bool accepts : {true, false}) {
+    for (const DWORD effect : {DROPEFFECT_COPY, DROPEFFECT_NONE}) {
         Dropping source;
-        target.accepts = accepts;
-        from.PostMessage(WM_MOUSEMOVE);
-        EXPECT_EQ(VEK::DoDragDrop(path.c_str(), DROPEFFECT_COPY, &start, &source), accepts);
+        target.effect = effect;
+        target.PostMessage(WM_MOUSEMOVE);
+        EXPECT_EQ(VEK::DoDragDrop(path.c_str(), DROPEFFECT_COPY, &start, &source), effect != DROPEFFECT_NONE);
         EXPECT_GT(source.asked, 2);
     }
-    EXPECT_EQ(target.files, std::vector<std::wstring>{path});
+    EXPECT_EQ(target.files, std::vector<std::wstring>{path.wstring()});
     ::RevokeDragDrop(target);
-    ::DeleteFileW(path.c_str());
-    EXPECT_FALSE(VEK::DoDragDrop(path.c_str(), DROPEFFECT_COPY, &start, nullptr)) << "it is gone";
-    EXPECT_FALSE(VEK::DoDragDrop(nullptr, DROPEFFECT_COPY, nullptr, nullptr));
-    EXPECT_FALSE(VEK::DoDragDrop(std::wstring(100000, L'd').c_str(), DROPEFFECT_COPY, nullptr, nullptr));
+    std::filesystem::remove(path);
+    const std::wstring endless(100000, L'd');
+    for (const wchar_t* gone : {path.c_str(), static_cast<const wchar_t*>(nullptr), endless.c_str()})
+        EXPECT_FALSE(VEK::DoDragDrop(gone, DROPEFFECT_COPY, &start, nullptr));
     ::OleUninitialize();
 }
 
@@ -327,15 +311,15 @@ TEST_F(DialogSurroundings, NameTheirControlsForScreenReaders)
 TEST_F(DialogSurroundings, HaveTheLibrarysIconAndInformationBox)
 {
     EXPECT_EQ(VEK::appIcon(), ::LoadIconW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(2000)));
-    EXPECT_NE(VEK::appIcon(), nullptr);
     CAboutboxDlg box;
     user.dialog<CAboutboxDlg>([](CAboutboxDlg& it) {
-        EXPECT_EQ(it.GetIcon(TRUE), VEK::appIcon());
-        EXPECT_EQ(it.GetIcon(FALSE), VEK::appIcon());
-        CString title, ok;
+        EXPECT_TRUE(VEK::appIcon() && it.GetIcon(TRUE) == VEK::appIcon() && it.GetIcon(FALSE) == VEK::appIcon());
+        CString title;
         it.GetWindowText(title);
         EXPECT_EQ(title, L"Info über VEK");
-        EXPECT_GT(it.GetDlgItemText(IDOK, ok), 0);
+        it.SetDlgItemText(IDOK, L"");
+        it.SetCountry(L"en");
+        EXPECT_GT(it.GetDlgItemText(IDOK, title), 0) << "its text comes from a key";
         it.PostMessage(WM_COMMAND, IDOK);
     });
     EXPECT_EQ(box.DoModal(), IDOK);

@@ -53,9 +53,10 @@ public:
     explicit Vanishing(bool& flag) : alive(flag) {}
     ~Vanishing() override { alive = false; }
     bool& alive;
+    bool ends = false; ///< at the next notification
 
 protected:
-    BOOL OnCommand(WPARAM, LPARAM) override { return DestroyWindow(); }
+    BOOL OnCommand(WPARAM, LPARAM) override { return ends && DestroyWindow(); }
     void PostNcDestroy() override { delete this; }
 };
 
@@ -91,6 +92,7 @@ TEST_F(ToolkitDialog, GivesTheResultOfItsEnd)
     user.dialog<Dialog>();
     dialog.onStart = [](Dialog& d) { d.EndDialog(8); };
     EXPECT_EQ(dialog.DoModal(), 8) << "ended before it was shown";
+    EXPECT_FALSE(dialog.CreateIndirect(source.get()) || dialog.m_hWnd);
     EXPECT_EQ(CDialog(UINT(12345)).DoModal(), -1) << "no such template";
 }
 
@@ -253,7 +255,8 @@ TEST_F(ToolkitDialog, MayEndInItsControlsNotification)
     for (const WORD id : {101, 102}) {
         bool alive = true;
         auto* dialog = new Vanishing(alive);
-        ASSERT_TRUE(dialog->CreateIndirect(source.get()));
+        ASSERT_TRUE(dialog->CreateIndirect(source.get()) && alive);
+        dialog->ends = true;
         const HWND window = *dialog, control = ::GetDlgItem(window, id);
         if (id == 101)
             ::SetWindowTextW(control, L"changed");

@@ -117,6 +117,9 @@ BOOL CDialog::createFrom(LPCDLGTEMPLATE source, HWND parent, HINSTANCE module)
         return FALSE;
     HWND window = nullptr;
     bool bound = false;
+    const bool modal = ContinueModal();
+    if (!modal)
+        setModal(); // so that EndDialog is noticed
     {
         WindowHook hook(this);
         window = ::CreateDialogIndirectParamW(module, source, parent, dialogProc,
@@ -125,7 +128,13 @@ BOOL CDialog::createFrom(LPCDLGTEMPLATE source, HWND parent, HINSTANCE module)
     }
     if (!bound)
         PostNcDestroy();
-    return window != nullptr;
+    else if (!modal && FromHandlePermanent(window) == this) {
+        const bool ended = !ContinueModal();
+        setModal(false);
+        if (ended)
+            DestroyWindow();
+    }
+    return ::IsWindow(window);
 }
 
 INT_PTR CDialog::DoModal()

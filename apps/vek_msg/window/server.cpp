@@ -14,7 +14,10 @@ struct Member {
     VARTYPE type; ///< of a property; VT_EMPTY for a method
 };
 
-constexpr UINT kFirstClient = 60000; // milliseconds until the first client must have come
+// In milliseconds.
+constexpr UINT kFirstClient = 60000;   // until the first client must have come
+constexpr ULONGLONG kAccepted = 15000; // until the system must have accepted the server; clients wait somewhat longer
+constexpr DWORD kPause = 250;
 
 MsgServer* theServer = nullptr;
 
@@ -103,8 +106,16 @@ bool MsgServer::start(bool hasUser)
         m_window.showToUser(true);
     else
         SetTimer(nullptr, 0, kFirstClient, onTimer);
-    return enter(hasUser) &&
-           SUCCEEDED(CoRegisterClassObject(kMsgClass, &m_factory, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &m_class));
+    // A system that is just starting refuses servers until its own services run.
+    const CWaitCursor wait;
+    const ULONGLONG begin = GetTickCount64();
+    while (!enter(hasUser) ||
+           FAILED(CoRegisterClassObject(kMsgClass, &m_factory, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &m_class))) {
+        if (GetTickCount64() - begin > kAccepted)
+            return false;
+        Sleep(kPause);
+    }
+    return true;
 }
 
 void MsgServer::onTimer(HWND, UINT, UINT_PTR timer, DWORD)

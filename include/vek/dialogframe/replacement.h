@@ -33,7 +33,8 @@ public:
 };
 
 /// Sets the texts of controls, in their order; a missing control is passed over. A control without a built-in text
-/// takes that of the key. Stops when the dialog ends.
+/// takes that of the key. Stops when the dialog ends. A control for whose text the memory does not suffice keeps the
+/// one that it has.
 /// @param isDebugged for the developer: missing controls are reported, and built-in texts are put in brackets, which
 /// shows what has no translation
 VEK_API void replaceTexts(const CVekArrayTempl<ControlText>& texts, TextControls& controls, bool isDebugged);

@@ -5,6 +5,7 @@
 #include <vek/dialogframe/replacement.h>
 #include <vek/dialogframe/window/dlg.h>
 #include <vek/dialogframe/window/dlg_env.h>
+#include <vek/values/memory.h>
 
 #include "core/platform/outside.h"
 #include "dpi_layout.h"
@@ -112,6 +113,28 @@ private:
     HWND m_window;
 };
 
+/// The initialisation of a dialog, which ends it unless it is whole. An exception goes on to whoever handles those of
+/// messages.
+class CVekDlg::Opening
+{
+public:
+    explicit Opening(CVekDlg& dialog) : m_dialog(dialog), m_window(dialog.m_hWnd) {}
+    Opening(const Opening&) = delete;
+    Opening& operator=(const Opening&) = delete;
+    ~Opening()
+    {
+        if ((!isDone || VEK::memoryShortages() != m_before) && lives(m_window, &m_dialog))
+            m_dialog.EndDialog(-1);
+    }
+
+    bool isDone = false;
+
+private:
+    CVekDlg& m_dialog;
+    HWND m_window;
+    unsigned long m_before = VEK::memoryShortages();
+};
+
 class CVekDlg::Parents final : public VEK::DlgParents
 {
 public:
@@ -203,11 +226,14 @@ bool CVekDlg::updLang()
     if (!m_hWnd || !m_pMsgFcn)
         return false;
     // A copy: a control tells the dialog that its text has changed, and the dialog may end then.
+    const unsigned long shortages = VEK::memoryShortages();
     CVekArrayTempl<VEK::ControlText> texts;
     for (const TextMap::CPair* key = m_mapLangKey.PGetFirstAssoc(); key; key = m_mapLangKey.PGetNextAssoc(key)) {
         const TextMap::CPair* builtIn = m_mapLangDef.PLookup(key->key);
         texts.append({key->key, key->value, builtIn != nullptr, builtIn ? builtIn->value : CVekString()});
     }
+    if (VEK::memoryShortages() != shortages)
+        return false;
     Controls controls(*this);
     VEK::replaceTexts(texts, controls, ::IsDebuggerPresent());
     return true;
@@ -246,9 +272,20 @@ BOOL CVekDlg::ToolTip(UINT, NMHDR* header, LRESULT*)
 
 // The window
 
+LRESULT CVekDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message != WM_INITDIALOG)
+        return CDialog::WindowProc(message, wParam, lParam);
+    Opening opening(*this);
+    const LRESULT result = CDialog::WindowProc(message, wParam, lParam);
+    opening.isDone = true;
+    return result;
+}
+
 int CVekDlg::OnCreate(LPCREATESTRUCT create)
 {
     const HWND window = m_hWnd;
+    const unsigned long shortages = VEK::memoryShortages();
     if (CDialog::OnCreate(create) == -1)
         return -1;
     m_dlgName = create->lpszName;
@@ -266,7 +303,10 @@ int CVekDlg::OnCreate(LPCREATESTRUCT create)
     Parents parents(*this);
     m_country = VEK::dlgLanguage(m_country, parents);
     m_layout = std::make_shared<VekDpiLayout>(window);
-    return 0;
+    if (VEK::memoryShortages() == shortages)
+        return 0;
+    m_dlgName = nullptr; // its place may not have been found
+    return -1;
 }
 
 BOOL CVekDlg::OnInitDialog()

@@ -48,9 +48,10 @@ void VekDpiLayout::note(HWND dialog)
 
 void VekDpiLayout::scale(HWND dialog, HFONT font, int dpi)
 {
+    // Before the font, with which a combo box changes its height.
     std::erase_if(m_controls,
                   [](const Control& each) { return !::IsWindow(each.window) || placeOf(each.window) != each.last; });
-    setFont(dialog, font, dpi); // to which a combo box adapts its height
+    setFont(dialog, font, dpi);
     for (Control& each : m_controls) {
         const auto scaled = [&](LONG value) { return ::MulDiv(value, dpi, each.dpi); };
         const CRect place(scaled(each.own.left), scaled(each.own.top), scaled(each.own.right), scaled(each.own.bottom));

@@ -22,6 +22,7 @@ public:
 
     /// @name Modeless
     /// The dialog lives until DestroyWindow; OnOK and OnCancel only hide it. Without a parent the main window owns it.
+    /// FALSE if it cannot be created, or if OnInitDialog ends it, which destroys it.
     /// @{
     virtual BOOL Create(LPCTSTR lpszTemplateName, CWnd* pParentWnd = nullptr);
     virtual BOOL Create(UINT nIDTemplate, CWnd* pParentWnd = nullptr)

@@ -281,7 +281,7 @@ public:
 
 protected:
     /// Called before the window is created, so that EndModalLoop can keep RunModalLoop from starting.
-    void setModal() { m_modal = m_modalSoon = true; }
+    void setModal(bool isModal = true) { m_modal = m_modalSoon = isModal; }
 
     /// Sends a message with typed parameters and result.
     template <class Result = LRESULT, class First = int, class Second = int>

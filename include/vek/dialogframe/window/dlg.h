@@ -21,7 +21,8 @@ class VekDpiLayout;
 ///
 /// A derived class fills the maps in `addLangRsc`, `addHlpRsc` and `addToolTipRsc`. docs/dialogs.md shows how.
 ///
-/// A dialog with a caption stands on the stack of dialogs while it is open. All of it is for the user-interface thread.
+/// A dialog with a caption stands on the stack of dialogs while it is open. One for which the memory does not suffice
+/// does not open: `DoModal` gives -1, `Create` FALSE. All of it is for the user-interface thread.
 class VEK_API CVekDlg : public CDialog
 {
     DECLARE_DYNAMIC(CVekDlg)
@@ -127,6 +128,8 @@ protected:
     /// be called again in `updLang` and whenever the name is another one.
     void nameControl(int id, const wchar_t* name);
 
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
     TextMap m_mapLangKey;    ///< key of the control's text
     TextMap m_mapHlpKey;     ///< key of its control help, the text that F1 pops up
     TextMap m_mapLangDef;    ///< built-in text, in German
@@ -150,6 +153,7 @@ protected:
 
 private:
     class Controls;
+    class Opening;
     class Parents;
     class Tabs;
 
