@@ -79,7 +79,7 @@ public:
 
 private:
     static inline FailingMemory* s_armed = nullptr;
-    static inline long s_allocations = 0;
+    static inline std::atomic<long> s_allocations = 0;
 
     long m_number;
     bool m_lasting;
