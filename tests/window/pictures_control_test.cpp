@@ -206,7 +206,7 @@ TEST_F(DplistImage, RepaintsGiveEveryObjectBack)
     control.Invalidate();
     control.UpdateWindow();
     const int before = freeHandles();
-    for (int i = 0; i < 10000; ++i) {
+    for (int i = 0; i < 1000; ++i) {
         control.Invalidate();
         control.UpdateWindow();
     }

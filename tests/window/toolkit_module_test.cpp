@@ -144,28 +144,3 @@ TEST(ToolkitModule, FindsATextBehindABlockWithoutIt)
     ::FreeLibrary(module);
     std::filesystem::remove(file);
 }
-
-TEST(ToolkitModule, ComesAndGoesWithoutLoss)
-{
-    const std::filesystem::path loaded = copyOfPlugin();
-    const auto once = [&loaded] {
-        const HMODULE module = ::LoadLibraryW(loaded.c_str());
-        ASSERT_NE(module, nullptr);
-        const auto runs = reinterpret_cast<int (*)()>(reinterpret_cast<void*>(::GetProcAddress(module, "pluginRuns")));
-        ASSERT_NE(runs, nullptr);
-        ASSERT_EQ(runs(), 1);
-        const auto instance =
-            reinterpret_cast<HINSTANCE (*)()>(reinterpret_cast<void*>(::GetProcAddress(module, "pluginInstance")));
-        ASSERT_EQ(instance(), module);
-        ASSERT_TRUE(::FreeLibrary(module));
-    };
-    once();
-    DWORD before = 0, after = 0;
-    ::GetProcessHandleCount(::GetCurrentProcess(), &before);
-    for (int i = 0; i < 100; ++i)
-        ASSERT_NO_FATAL_FAILURE(once());
-    ::GetProcessHandleCount(::GetCurrentProcess(), &after);
-    EXPECT_LE(after, before + 2);
-    EXPECT_EQ(::GetModuleHandleW(loaded.c_str()), nullptr);
-    std::filesystem::remove(loaded);
-}
