@@ -349,7 +349,9 @@ TEST(DrawPattern, AgreesWithFollowingTheLineStepByStep)
         SCOPED_TRACE(round);
         const bool grid = round % 3 == 2;
         const CVekMatrix3d mtx = grid ? CVekMatrix3d() : round % 2 ? random.motion() : rotation(any(-3, 3));
-        const Polylines reg = moved(grid ? gridRegion(random) : anyRegion(random), mtx);
+        Polylines reg = grid ? gridRegion(random) : anyRegion(random);
+        const double aside = round % 9 == 4 ? random.pick({212, 600, 2000, 9000}) : 0.0; // the search misses some
+        reg = moved(moved(reg, CVekMatrix3d().setToTranslation({aside, 3, 0})), mtx);
         const double sign = random.pick({-1.0, 1.0}), scale = random.pick({-1.0, 1.0, 1.0}) * any(0.6, 1.5);
         const wchar_t* name = round % 9 == 7 ? L"GRAVEL" : L"A";
         const Vek::lUnit before = VEK::acad_unit_get();
@@ -370,26 +372,6 @@ TEST(DrawPattern, AgreesWithFollowingTheLineStepByStep)
     }
     EXPECT_GT(count, 1000u);
     EXPECT_LT(empty, 9u);
-}
-
-TEST(DrawPattern, MissesWhatTheSearchMisses)
-{
-    std::size_t hits = 0, misses = 0;
-    for (const wchar_t* name : {L"GRAVEL", L"U1"}) {
-        for (const double aside : {0.0, 212.0, 600.0, 2000.0, 9000.0}) {
-            for (const double angle : {0.0, 0.5, 3.0}) {
-                SCOPED_TRACE(testing::Message() << name << ' ' << aside << ' ' << angle);
-                const Polylines reg = list({rectangle(aside, 3, aside + 10, 10)});
-                const double scale = name[0] == L'U' || aside > 500 ? 0.9 : 1.1;
-                const Host host(name, name[0] == L'U' ? std::vector<std::vector<double>>{{0, 0, 0, 0, 1}}
-                                                      : std::vector<std::vector<double>>{{0, 0, 0, 0, 1, 2, -1},
-                                                                                         {30, 0, 0, 3, 1, 1, -0.5}});
-                (expectSame(reg, {}, {name, angle, scale, false}) > 0 ? hits : misses) += 1;
-            }
-        }
-    }
-    EXPECT_GT(hits, 5u);
-    EXPECT_GT(misses, 5u);
 }
 
 TEST(DrawPattern, UserPatternIsSolidAndMayBeCrossed)
@@ -611,18 +593,6 @@ TEST(DrawPatternTest, CountsLinesAndMeasuresSteps)
     EXPECT_TRUE(vek_gdx_pattern_test(list({rectangle(0, 0, 1, 1e9)}), {L"_USER", 0, 1e-9, false}, {}));
     for (const wchar_t* name : {L"nobody's", L"P"})
         EXPECT_TRUE(vek_gdx_pattern_test({}, {name, 0, 2, false}, {}));
-}
-
-TEST(DrawPattern, EndOfMemoryGivesNothing)
-{
-    struct Full : CVekLocalApp {
-        void hatchPatternGet(const wchar_t*, VekPatternLines&) override { throw std::bad_alloc(); }
-    } full;
-    CVekApp* const before = vekAppSet(&full);
-    bool cut = false;
-    EXPECT_EQ(vek_gdx_image_reg_hatch2(list({rectangle(0, 0, 9, 9)}), {}, {L"P", 0, 1, false}, cut).len(), 0);
-    EXPECT_TRUE(cut);
-    vekAppSet(before);
 }
 
 } // namespace

@@ -211,32 +211,22 @@ TEST(GeometryChords, AreThoseOfThePointsAlongAPolyline)
     for (int round = 0; round < 100; ++round) {
         const double dif = random.pick({0.01, 0.1, 0.0});
         const double bulge = random.uniform(-2, 2);
-        const CVekVertex arc({0, 0, 0}, random.direction().asPoint() * random.motion(), random.coin() ? bulge : 0.0);
+        CVekVertex arc({0, 0, 0}, random.direction().asPoint() * random.motion(), random.coin() ? bulge : 0.0);
+        arc.tag[3] = round;
         CVekVertexArray vl(arc);
         vl.setNormal((arc.end - arc.start) * random.direction()); // its plane lies anywhere
         const CVekPoint3dArray points = vl.pts(true, dif);
         EXPECT_EQ(VEK::vx_split_dif(arc, dif), points.len() - 1);
         for (const CVekVertexArray& chords : {VEK::vl_split_dif(vl, dif), VEK::g_vl_expl(vl, points.len() - 1)}) {
             ASSERT_EQ(chords.len(), points.len() - 1);
-            for (int i = 0; i < chords.len(); ++i)
-                EXPECT_TRUE(chords[i] == CVekVertex(points[i], points[i + 1]));
+            for (int i = 0; i < chords.len(); ++i) {
+                CVekVertex chord(points[i], points[i + 1]);
+                chord.tag[3] = round;
+                EXPECT_TRUE(chords[i] == chord);
+            }
         }
+        EXPECT_EQ(VEK::g_vl_expl(vl, -round).len(), 1);
     }
-}
-
-TEST(GeometryChords, ReplaceArcsAndKeepTheRest)
-{
-    CVekVertexArray vl = path({line(0, 0, 4, 0), line(4, 0, 0, 0, 1.0), line(0, 0, 0, 0, 1.0)});
-    vl[1].tag[3] = 7;
-    const CVekVertexArray chords = VEK::g_vl_expl(vl, 2);
-    ASSERT_EQ(chords.len(), 4);
-    EXPECT_EQ(chords[0], vl[0]);
-    expectAt(chords[1].end, 2, 2);
-    EXPECT_EQ(chords[2].start, chords[1].end);
-    EXPECT_EQ(chords[2].end, vl[1].end);
-    EXPECT_EQ(chords[2].tag[3], 7);
-    EXPECT_EQ(chords[3].bulge, 0.0);
-    EXPECT_EQ(VEK::g_vl_expl(vl, -5).len(), 3);
 }
 
 TEST(GeometryCut, RunsInThePolylinesOwnDirection)
@@ -283,18 +273,6 @@ TEST(GeometryMeasure, DashesGapsAndDots)
     EXPECT_EQ(VEK::vl_measure(line(0, 0, HUGE_VAL, 0), 1.0, CVekLineParm(most / 4, -most / 4)).len(), 1);
     const CVekVertexArray there = path({line(0, 0, most / 2, 0), line(most / 2, 0, -most / 2, 0)});
     EXPECT_EQ(VEK::vl_measure(there, 1.0, CVekLineParm(most / 8, -most / 8)).len(), 1); // too long to be added up
-}
-
-TEST(GeometryMeasure, AddsUpOnLongRunsWithoutDrift)
-{
-    CVekVertexArray vl;
-    for (int i = 0; i < 1000; ++i)
-        vl.append(line(i, 0, i + 1, 0, i % 3 ? 0.0 : 0.4));
-    const double total = lengthOf(vl);
-    const Polylines pieces = VEK::vl_measure(vl, 1.0, CVekLineParm(0.7, -0.3));
-    const double whole = std::floor(total);
-    EXPECT_EQ(pieces.len(), static_cast<int>(whole) + 1);
-    EXPECT_NEAR(lengthOf(pieces), whole * 0.7 + std::min(0.7, total - whole), 1e3 * kTol);
 }
 
 /// An outline from its kind and its parameters.

@@ -63,57 +63,6 @@ TEST_F(LocalHost, DrawsDrillsAndStandardPartsAlongTheirAxis)
     EXPECT_FALSE(app.imageObject(nullptr, nullptr, nullptr) || app.imageObject(&gdx, nullptr, nullptr));
 }
 
-/// Every key of a tree that draws everything is removed or gets another value: the rest is drawn.
-TEST_F(LocalHost, DrawsWhatIsLeftOfDamagedData)
-{
-    CVekDataItem sound;
-    CVekString error;
-    ASSERT_TRUE(VEK::jsonLoad(sound, VEK_SOURCE_DIR L"/fuzz/corpus/object/assembly.json", error))
-        << std::wstring(error);
-    const auto view = [](CVekDataItem& of, int i) {
-        const wchar_t* const kViews[] = {L"P", L"E", L"NO"};
-        VEK::dataSet(&of, L"PARAMS\\VIEW", kViews[i % 3]);
-        VEK::dataSet(&of, L"PARAMS\\FULL", i % 4 == 3);
-    };
-    for (int i = 0; i < 4; ++i) {
-        view(sound, i);
-        const auto pictures = object_pictures::draw(sound);
-        EXPECT_EQ(pictures.size(), 9u);
-        for (const auto& picture : pictures)
-            EXPECT_EQ(picture.good && picture.gdx.lenGet() > 0, std::string("wall") != picture.name) << picture.name;
-    }
-    std::vector<CVekDataKey> paths;
-    const std::function<void(const CVekDataItem*, const CVekDataKey&)> walk = [&](const CVekDataItem* item,
-                                                                                  const CVekDataKey& path) {
-        for (VEK::CDataIterator child(item); !child.done(); child.next()) {
-            CVekDataKey own(path);
-            own.append(*child->getKey());
-            paths.push_back(own);
-            walk(child, own);
-        }
-    };
-    walk(&sound, CVekDataKey());
-    const double numbers[] = {std::nan(""), 0.0, -1.0, 1e300};
-    int drawn = 0, trees = 0;
-    for (const CVekDataKey& path : paths) {
-        CVekDataItem damaged(sound);
-        view(damaged, ++trees);
-        const int kind = trees % 7;
-        if (kind < 4)
-            VEK::dataSet(damaged.getItem(&path), nullptr, numbers[kind]);
-        else if (kind == 4)
-            VEK::dataSet(damaged.getItem(&path), nullptr, L"?");
-        else if (kind == 5)
-            *damaged.getItem(&path) = CVekDataItem(CVekDataItem::directory);
-        else
-            damaged.getDir()->remove(&path);
-        for (const auto& picture : object_pictures::draw(damaged))
-            drawn += picture.gdx.lenGet() > 0;
-    }
-    EXPECT_GT(trees, 250);
-    EXPECT_GT(drawn, trees * 7); // a key matters to few pictures
-}
-
 TEST_F(LocalHost, BringsTextsAndExtrusionsAlong)
 {
     CVekDataItem text = tree("{'TEXT': 'XH', 'HEIGHT': 0.5}");

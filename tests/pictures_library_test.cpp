@@ -177,20 +177,3 @@ TEST(ExampleSlides, AreWhatTheirDrawingsGive)
         EXPECT_TRUE(file == textOf(bytes)) << name << " is not what make_slides writes";
     }
 }
-
-TEST(ExampleSlides, HaveEveryForm)
-{
-    std::string file;
-    ASSERT_TRUE(VEK::platform::readFile(fs::path(VEK_SOURCE_DIR) / "examples" / "facade.slb", file));
-    const Bytes bytes(file.begin(), file.end());
-    std::set<std::string> formats;
-    VEK::SlideEntry entry;
-    std::size_t count = 0;
-    for (; VEK::slideEntry(entry, bytes, bytes.size(), count); ++count) {
-        ASSERT_TRUE(entry.readable) << entry.name;
-        const unsigned char* slide = bytes.data() + entry.begin;
-        formats.insert(slide[18] == 1 ? "old" : slide[29] == 0x34 ? "little" : "big");
-    }
-    EXPECT_GE(count, 8u);
-    EXPECT_EQ(formats.size(), 3u);
-}

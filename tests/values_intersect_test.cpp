@@ -179,23 +179,6 @@ TEST(SegmentMeetings, numbersThatAreNoneMeetNothing)
     }
 }
 
-TEST(PolylineMeetings, lineAndContour)
-{
-    const CVekVertexArray contour = polygon(4, 1.0, {0, 0, 0}); // a diamond
-    CVekPoint3dArray points;
-    points.append({9, 9, 9});
-    for (const double y : {0.5, 0.0, -0.5, 1.5}) { // at 0 through corners, where two segments meet: one point each
-        const CVekVertexArray line(CVekVertex({-3, y, 0}, {3, y, 0}));
-        EXPECT_EQ(line.intersectWith(points, contour, 3), y <= 1.0);
-        EXPECT_EQ(line.intersectWith(contour, 3), y <= 1.0);
-        ASSERT_EQ(points.len(), y <= 1.0 ? 2 : 0);
-        for (int i = 0; i < points.len(); ++i)
-            EXPECT_LE(points[i].distanceTo({(i ? 1 : -1) * (1 - std::fabs(y)), y, 0}), kTol);
-    }
-    EXPECT_FALSE(CVekVertexArray().intersectWith(points, contour, 3));
-    EXPECT_FALSE(contour.intersectWith(points, CVekVertexArray(), 3));
-}
-
 TEST(PolylineMeetings, planesOfBoth)
 {
     // A half circle in the upright plane y = 0 and its mirror image from behind: the arcs are the same.

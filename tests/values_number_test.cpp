@@ -137,19 +137,6 @@ TEST(LengthText, ReadsBack)
     EXPECT_EQ(cases, 5 * 9 * 400);
 }
 
-/// The C library rounds the binary value: it differs on a tie only, and random values are none.
-TEST(LengthText, AgreesWithTheCLibraryOnDecimals)
-{
-    std::mt19937_64 random(21);
-    for (int i = 0; i < 5000; ++i) {
-        const double value = std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 40) - 80);
-        const int precision = static_cast<int>(random() % 9);
-        CVekString expected;
-        expected.format(L"%.*f", precision, value);
-        ASSERT_STREQ(written(value, 2, precision, false), expected);
-    }
-}
-
 TEST(LengthReading, TakesWhatUsersType)
 {
     const std::pair<double, std::vector<const wchar_t*>> cases[] = {

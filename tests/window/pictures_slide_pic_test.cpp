@@ -85,28 +85,6 @@ TEST_F(SlidePic, ReadsFilesAndLibraries)
     EXPECT_FALSE(control.LoadSlide(12345, L"SLIDE"));
 }
 
-TEST_F(SlidePic, BrokenSlidesDrawAsFarAsTheyGo)
-{
-    Bytes cut = middleLine();
-    cut.resize(cut.size() - 2);
-    slide_test::operator+=(cut, {0x00, 0xFB});
-    show(cut);
-    EXPECT_EQ(pixel(50, 25), 0x0000FFu);
-    Bytes level = middleLine();
-    level[18] = 9;
-    show(level);
-    EXPECT_EQ(pixel(50, 25), 0xFF0000u); // its background alone
-    Bytes flat = middleLine();
-    flat[19] = flat[20] = 0; // no width
-    show(flat);
-    EXPECT_EQ(pixel(50, 25), 0xFF0000u);
-    for (const int size : {0, 1, 32000}) {
-        control.MoveWindow(0, 0, size, size);
-        show(middleLine());
-        control.UpdateWindow();
-    }
-}
-
 TEST_F(SlidePic, CopiesAMetafileForWhitePaper)
 {
     show(slide_test::withWords(slide_test::littleHeader(), {0xFF07, 0, 256, 256, 256, 0xFC00}));

@@ -100,18 +100,6 @@ TEST_F(Player, DrawsWideRunsAndSteepLinesToThePixel)
     });
 }
 
-TEST_F(Player, ManyColoursToThePixel)
-{
-    compare([](VEK::CSurface& s) {
-        for (unsigned i = 0; i < 900; ++i) {
-            const double x = i % 30 * 10, y = i / 30 * 8;
-            s.pen(1, i * 7919);
-            s.brush(i * 104729 & 0xFFFFFF);
-            s.rectangle(x, y, x + 8, y + 7);
-        }
-    });
-}
-
 /// A surface on a context that has a clip draws what it draws without one, as far as the clip lets it.
 TEST_F(Player, KeepsToTheClipOfTheContext)
 {

@@ -113,27 +113,6 @@ TEST(ToolkitDrawing, GivesBackWhatWasSelected)
     EXPECT_EQ(dc.MoveTo(5, 6), CPoint(3, 4));
 }
 
-TEST(ToolkitDrawing, FillsAndClips)
-{
-    Canvas dc;
-    dc.FillSolidRect(2, 3, 4, 5, RGB(0, 0, 255));
-    EXPECT_EQ(dc.GetPixel(2, 3), RGB(0, 0, 255));
-    EXPECT_EQ(dc.GetPixel(5, 7), RGB(0, 0, 255));
-    EXPECT_EQ(dc.GetPixel(6, 7), RGB(255, 255, 255));
-    EXPECT_EQ(dc.GetPixel(5, 8), RGB(255, 255, 255));
-    EXPECT_EQ(dc.GetBkColor(), RGB(0, 0, 255));
-
-    CRgn all, hole;
-    all.CreateRectRgn(0, 0, 40, 30);
-    hole.CreateRectRgn(10, 10, 20, 20);
-    dc.SelectClipRgn(&all);
-    EXPECT_EQ(dc.SelectClipRgn(&hole, RGN_DIFF), COMPLEXREGION);
-    dc.FillSolidRect(0, 0, 40, 30, RGB(255, 0, 0));
-    EXPECT_EQ(dc.GetPixel(9, 9), RGB(255, 0, 0));
-    dc.SelectClipRgn(nullptr);
-    EXPECT_EQ(dc.GetPixel(10, 10), RGB(255, 255, 255));
-}
-
 TEST(ToolkitDrawing, KeepsTheClipThatAContextHas)
 {
     Canvas screen;
@@ -184,18 +163,6 @@ TEST(ToolkitDrawing, SettlesMetafilesInBothContexts)
     ::GetEnhMetaFileHeader(file, sizeof header, &header);
     EXPECT_EQ(header.rclBounds.right, 30);
     ::DeleteEnhMetaFile(file);
-}
-
-TEST(ToolkitRect, Computes)
-{
-    const CRect a(1, 2, 11, 22);
-    EXPECT_EQ(a & CRect(5, 5, 50, 50), CRect(5, 5, 11, 22));
-    EXPECT_EQ(a | CRect(5, 5, 50, 50), CRect(1, 2, 50, 50));
-    CRect turned(11, 22, 1, 2);
-    turned.NormalizeRect();
-    turned.DeflateRect(1, 2);
-    EXPECT_EQ(turned, CRect(2, 4, 10, 20));
-    EXPECT_EQ(CPoint(LPARAM(MAKELPARAM(-5, 7))), CPoint(-5, 7));
 }
 
 TEST(ToolkitString, CutsFindsAndFills)
