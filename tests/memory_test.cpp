@@ -501,6 +501,20 @@ TEST(Memory, APaintAgainTakesNoneForItemsVerticesAndLines)
     }
 }
 
+TEST(Memory, LinesOfAListInUseAgainSeekNone)
+{
+    CVekGDX gdx(kColor, kStretch, 0.0, 0, {}, {});
+    const auto emit = [&] {
+        for (int i = 0; i < 100; ++i)
+            gdx.imageVl(kLine, 0, kCross, kColor, {}, {}, 1.0, 0, {});
+    };
+    emit();
+    gdx.clear();
+    FailingMemory memory(0, true);
+    memory.during([&] { emit(); });
+    EXPECT_TRUE(!memory.failed() && gdx.lenGet() == 100);
+}
+
 TEST(Memory, ASolidIsBuiltDrilledAndProjectedAsAWholeOrNotAtAll)
 {
     const CVek_Solid::Region region{VEK::g_outline(2, CVekVector3d(), {40.0, 20.0})};

@@ -5,7 +5,9 @@
 #include <vek/display/gdx.h>
 #include <vek/draw/text.h>
 
-#include <cstring>
+#include <bit>
+#include <cstdint>
+#include <memory>
 #include <optional>
 
 namespace
@@ -46,15 +48,20 @@ void renew(CVekDisplayItem& item)
     using Segments = CVekArrayTempl<CVekVertex>;
     Segments kept(static_cast<Segments&&>(item.vl));
     kept.setLogicalLength(0);
-    item = CVekDisplayItem();
+    std::destroy_at(&item);
+    std::construct_at(&item);
     static_cast<Segments&>(item.vl) = std::move(kept);
 }
 
-/// Whether a matrix is the identity to the sign of its zeros.
+/// Whether a matrix is the identity to the sign of its zeros; the last row counts in no product.
 bool isIdentity(const CVekMatrix3d& m)
 {
-    return std::memcmp(static_cast<const CVekMatrix3d::Rows&>(m), CVekMatrix3d::kIdentity,
-                       sizeof(CVekMatrix3d::Rows)) == 0;
+    std::uint64_t difference = 0;
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 4; ++column)
+            difference |= std::bit_cast<std::uint64_t>(m[row][column]) ^
+                          std::bit_cast<std::uint64_t>(CVekMatrix3d::kIdentity[row][column]);
+    return difference == 0;
 }
 
 /// The box of straight segments that no matrix moves, exactly as the identity gives it, which leaves no negative zero.

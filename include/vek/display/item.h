@@ -70,6 +70,8 @@ class VEK_API CVekDisplayItem : public CVekObj
 public:
     using MovesAsBytes = CVekDisplayItem; ///< see `kVekMovesAsBytes`
 
+    CVekDisplayItem() {} // a defaulted one would be filled with zeros before its members are built
+
     // What a plain polyline needs stands first, since lists of them are long.
     VekDisplayObj type = dispNone;
     unsigned flag = 0;               ///< `VekItemFlag` and the colour mode
