@@ -53,8 +53,7 @@ class Package(unittest.TestCase):
                     expressions += re.findall(r"{([^{}]+)}", re.sub(r"{{(?!{[^{])|}}(?!})", "", text))
                 elif text:
                     expressions.append(text)
-            expressions = [re.sub(r",(su|g|x|d)$", "", expression).replace("$T1", "CVekPoint3d")
-                           for expression in expressions]
+            expressions = [re.sub(r",(su|g|x|d)$", "", expression) for expression in expressions]
             self.assertTrue(expressions, types[-1])
             statements = "".join(f"(void)({expression});" for expression in expressions)
             base = types[-1].replace("*", "CVekPoint3d")
