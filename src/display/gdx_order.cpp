@@ -100,7 +100,13 @@ int CVekGDX::imageItemGet(const CVekPoint3d& devicePoint)
     constexpr int kNearTop = 1000; // where most of what is picked lies; beyond, all boxes are looked at first
     constexpr double kReach = 1.5 * kPickDistance; // with a margin that makes rounding irrelevant
     const unsigned long shortages = VEK::memoryShortages();
-    if (!displayList.sort())
+    const auto begin = [&] { // again after the sort, which drops the index if it moves the items
+        VEK::DisplayIndex* const index = displayList.index();
+        if (index)
+            index->beginPick();
+        return index;
+    };
+    if (!VEK::whole(false, [&] { return begin(), true; }) || !displayList.sort())
         return -1;
     const CVekPoint3d world = imagePtWc(devicePoint);
     VEK::DisplayIndex::Box around = VEK::DisplayIndex::Box::none();
@@ -108,9 +114,7 @@ int CVekGDX::imageItemGet(const CVekPoint3d& devicePoint)
     around.add(world + CVekVector3d(kReach, kReach, 0.0));
     Picker picker(world);
     const int number = VEK::whole(-1, [&] {
-        VEK::DisplayIndex* const index = displayList.index();
-        if (index)
-            index->beginPick();
+        VEK::DisplayIndex* const index = begin();
         CVekDisplayItem* const items = displayList.m_items.begin();
         int found = -1;
         VEK::DrawOrder order = displayList.order();
