@@ -1,6 +1,7 @@
 // Painting, picking and group operations by the index of a list, beside a list that has none.
 #include "display_pass.h"
 
+#include <algorithm>
 #include <random>
 #include <sstream>
 
@@ -228,6 +229,61 @@ TEST(DisplayIndex, IsSeenInNoPictureAndNoPick)
         lines += twins.lines;
     }
     EXPECT_GT(lines, 5000);
+}
+
+/// Beyond the items at which a pick looks first, and at the borders of the blocks by which extents are measured.
+TEST(DisplayIndex, SeesLongListsToTheirEnds)
+{
+    constexpr int kCount = 3000;
+    Gdx indexed = grey();
+    Lent lent(rgb(kBack), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
+    Gdx* const both[] = {&indexed, &lent};
+    std::mt19937 engine(1);
+    const auto random = [&](int below) { return static_cast<int>(engine() % static_cast<unsigned>(below)); };
+    for (int i = 0; i < kCount; ++i) {
+        const double x = 20.0 * (i % 60), y = 20.0 * (i / 60);
+        for (Gdx* gdx : both)
+            gdx->imageVl(path({i}), 0, line(x, y, x + 8, y), kRed, kNone, {}, 1.0, 1, {});
+    }
+    int hits = 0;
+    for (int round = 0; round < 200; ++round) {
+        const int one = std::clamp(256 * random(12) + random(3) - 1, 0, kCount - 1);
+        const CVekPoint3d at(random(1200), random(1000), 0);
+        CVekMatrix3d m;
+        m.setToTranslation({random(3000) - 900.0, random(3000) - 900.0, 0});
+        int picked[2];
+        CVekPoint3d corners[2][2];
+        for (int k = 0; k < 2; ++k) {
+            if (round % 3 != 0)
+                both[k]->mtxSet(path({one}), m);
+            else
+                both[k]->propSet(path({one}), round % 2 != 0 ? propNoExt : propExt);
+            picked[k] = both[k]->imageItemGet(at);
+            ASSERT_TRUE(both[k]->extmaxGet(corners[k][0], corners[k][1]));
+            lent.lend();
+        }
+        ASSERT_EQ(picked[0], picked[1]) << round;
+        ASSERT_EQ(corners[0][0], corners[1][0]) << round;
+        ASSERT_EQ(corners[0][1], corners[1][1]) << round;
+        hits += picked[0] >= 0;
+    }
+    EXPECT_GT(hits, 60);
+}
+
+TEST(DisplayIndex, LeavesOutOnlyWhatNoPenReaches)
+{
+    for (int at = -12; at < 212; ++at) {
+        Gdx indexed = grey();
+        Lent lent(rgb(kBack), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
+        for (const int width : {0, 1, 8}) {
+            for (Gdx* gdx : {&indexed, static_cast<Gdx*>(&lent)}) {
+                addLine(*gdx, line(at, 20, at, 30), kRed, kNone, 0, width);
+                addLine(*gdx, line(20, at, 30, at), kRed, kNone, 0, width);
+            }
+        }
+        lent.lend();
+        ASSERT_EQ(drawnBy(indexed, kScreen), drawnBy(lent, kScreen)) << at;
+    }
 }
 
 /// Who holds an item may write at any time, before or after a paint.
