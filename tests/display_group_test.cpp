@@ -68,8 +68,14 @@ TEST(DisplayGroup, FlagsColourModesAndHatches)
     for (const auto& row : codes) {
         Gdx one = plain();
         one.imagePt(path({1}), row.before, {1, 1, 0}, {}, {}, 0.0, 0, {});
+        CVekArrayTempl<CVekDisplayItem> unmeasured; // leaves the extents as they are
+        unmeasured[0].type = dispPoint;
+        one.addDisplayList(unmeasured);
         one.flagSet(0, row.code);
         EXPECT_EQ(one.flagGet(0), row.after) << row.code;
+        CVekPoint3d min(9, 9, 9), max;
+        one.extmaxGet(min, max);
+        EXPECT_EQ(min == CVekPoint3d::kOrigin, row.code >= 1 && row.code <= 10) << row.code;
     }
 
     EXPECT_FALSE(gdx.propSet(path({}), 2));

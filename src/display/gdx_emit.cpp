@@ -54,7 +54,7 @@ void renew(CVekDisplayItem& item)
 }
 
 /// Whether a matrix is the identity to the sign of its zeros; the last row counts in no product.
-bool isIdentity(const CVekMatrix3d& m)
+bool isPureIdentity(const CVekMatrix3d& m)
 {
     std::uint64_t difference = 0;
     for (int row = 0; row < 3; ++row)
@@ -108,8 +108,8 @@ bool CVekGDX::emit(VekDisplayObj type, const Stack& stack, unsigned long flag, B
         build(item);
         if (type != dispPicture && item.hasExtents()) {
             CVekPoint3d min, max;
-            if (type == dispPolyline && isIdentity(item.mtx) && isIdentity(projMtx) && isIdentity(viewDirectionMtx) &&
-                boxAsItStands(item.vl, min, max))
+            if (type == dispPolyline && isPureIdentity(item.mtx) && isPureIdentity(projMtx) &&
+                isPureIdentity(viewDirectionMtx) && boxAsItStands(item.vl, min, max))
                 corners.add(min, max);
             else
                 addItem(corners, item, {true, &item.mtx, &item.regl}, projMtx * viewDirectionMtx);

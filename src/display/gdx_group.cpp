@@ -111,6 +111,11 @@ void CVekGDX::cFlagSet(int i, unsigned mode)
 namespace
 {
 
+bool isPropCode(int code)
+{
+    return code >= propShow && code <= propNotTransparent;
+}
+
 /// The flag after a change; an unknown code changes nothing.
 unsigned changedFlag(unsigned flag, int code)
 {
@@ -158,7 +163,7 @@ bool CVekGDX::redraw(const Stack& stack, int code)
 {
     if (displayList.len() == 0)
         return false;
-    if (code < propShow || code > propNotTransparent)
+    if (!isPropCode(code))
         return true;
     const unsigned long shortages = VEK::memoryShortages();
     CVekArrayTempl<int> changed;
@@ -173,11 +178,12 @@ bool CVekGDX::redraw(const Stack& stack, int code)
 
 void CVekGDX::flagSet(int i, int code)
 {
+    if (!isPropCode(code))
+        return;
     displayList.changing(i); // grows the list by the array rules
-    CVekArrayTempl<int> changed;
-    changed.append(displayList.position(i));
-    if (changed[0] >= 0)
-        flagsSet(changed, code);
+    const int position = displayList.position(i);
+    if (position >= 0)
+        flagsSet({position}, code);
 }
 
 bool CVekGDX::mtxSet(const Stack& stack, const CVekMatrix3d& m)
@@ -305,9 +311,5 @@ bool CVekGDX::clear(const Stack& stack)
 bool CVekGDX::removeItem(int i)
 {
     const int position = displayList.position(i);
-    if (position < 0)
-        return false;
-    CVekArrayTempl<int> gone;
-    gone.append(position);
-    return remove(gone);
+    return position >= 0 && remove({position});
 }
