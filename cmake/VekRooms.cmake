@@ -130,24 +130,24 @@ function(vek_room_table)
 endfunction()
 
 # vek_programs(): a folder apps/<name> is a program, target <name>_program, that is installed under its folder's name.
-# Sources of apps/shared belong to all of them. A program whose main.cpp is in apps/<name>/window is a GUI program: it
+# Sources of apps/shared and the text of the patterns belong to all of them. A program whose main.cpp is in apps/<name>/window is a GUI program: it
 # is built for Windows only, and uses the library as an outside program does, as a DLL.
 function(vek_programs)
   file(GLOB mains CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/apps/*/main.cpp)
+  get_property(rooms GLOBAL PROPERTY VEK_ROOMS)
+  vek_shared_sources(plain_programs shared vek_json ${rooms})
   foreach(main IN LISTS mains)
-    vek_program(${main})
-    get_property(rooms GLOBAL PROPERTY VEK_ROOMS)
+    vek_program(${main} plain_programs)
     target_link_libraries(${program} PRIVATE vek_json ${rooms})
   endforeach()
   if(WIN32)
+    vek_shared_sources(window_programs "shared;shared/window" vek)
     file(GLOB mains CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/apps/*/window/main.cpp)
     foreach(main IN LISTS mains)
       cmake_path(GET main PARENT_PATH folder)
-      vek_program(${folder})
-      file(GLOB windowed CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h ${folder}/*.rc
-           ${CMAKE_SOURCE_DIR}/apps/shared/window/*.cpp ${CMAKE_SOURCE_DIR}/apps/shared/window/*.h)
-      # The room of JSON files stands on the library's DLL there, as in an installed program.
-      target_sources(${program} PRIVATE ${windowed} $<TARGET_OBJECTS:vek_json>)
+      vek_program(${folder} window_programs)
+      file(GLOB windowed CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h ${folder}/*.rc)
+      target_sources(${program} PRIVATE ${windowed})
       set_target_properties(${program} PROPERTIES WIN32_EXECUTABLE ON)
       target_sources(${program} PRIVATE $<TARGET_OBJECTS:vek_json>) # the library beside the DLL, without its rooms
       target_link_libraries(${program} PRIVATE vek vek_platform vek_window_program)
@@ -155,20 +155,33 @@ function(vek_programs)
   endif()
 endfunction()
 
+# vek_shared_sources(name folders target...): the sources of these folders of apps/, compiled once for the programs that
+# use the library by these targets.
+function(vek_shared_sources name folders)
+  list(TRANSFORM folders REPLACE "(.+)" "${CMAKE_SOURCE_DIR}/apps/\\1/*.cpp")
+  file(GLOB sources CONFIGURE_DEPENDS ${folders})
+  add_library(${name} OBJECT ${sources} ${CMAKE_BINARY_DIR}/own_patterns.cpp)
+  vek_program_settings(${name})
+  target_link_libraries(${name} PRIVATE ${ARGN})
+endfunction()
+
+function(vek_program_settings target)
+  target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/apps)
+  target_link_libraries(${target} PRIVATE vek_cli11 vek_nlohmann vek_options)
+  if(NOT MSVC) # the templates of the two header libraries take long to optimise, and no program code is time-critical
+    target_compile_options(${target} PRIVATE $<IF:$<CONFIG:Debug>,-O0,-O1>)
+  endif()
+endfunction()
+
 # Common settings of a program, found by the path of something in its folder; `program` receives the target.
-function(vek_program path)
+function(vek_program path shared)
   cmake_path(GET path PARENT_PATH folder)
   cmake_path(GET folder FILENAME name)
   set(program ${name}_program)
-  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h
-       ${CMAKE_SOURCE_DIR}/apps/shared/*.cpp ${CMAKE_SOURCE_DIR}/apps/shared/*.h)
-  add_executable(${program} ${sources} ${CMAKE_BINARY_DIR}/own_patterns.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
+  add_executable(${program} ${sources} $<TARGET_OBJECTS:${shared}>)
   set_target_properties(${program} PROPERTIES OUTPUT_NAME ${name} RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
-  target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/apps)
-  target_link_libraries(${program} PRIVATE vek_cli11 vek_nlohmann vek_options)
-  if(NOT MSVC) # the templates of the two header libraries take long to optimise, and no program code is time-critical
-    target_compile_options(${program} PRIVATE $<$<CONFIG:Debug>:-O0>)
-  endif()
+  vek_program_settings(${program})
   install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
   return(PROPAGATE program)
 endfunction()
