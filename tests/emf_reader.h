@@ -158,14 +158,14 @@ private:
         std::ostringstream text;
         text << x << ',' << y << ' ' << width << 'x' << height;
         for (std::int32_t i = height - 1; i >= 0; --i) {
-            const auto byte = [&](std::size_t k) {
+            const auto octet = [&](std::size_t k) {
                 return w(at + 10 + row * static_cast<std::size_t>(i) + k / 4) >> k % 4 * 8 & 0xFF;
             };
             const auto end = static_cast<std::size_t>(width) * 3;
             for (std::size_t k = 0; k < end; k += 3)
-                text << ' ' << color(byte(k) << 16 | byte(k + 1) << 8 | byte(k + 2));
+                text << ' ' << color(octet(k) << 16 | octet(k + 1) << 8 | octet(k + 2));
             for (std::size_t k = end; k < row * 4; ++k) {
-                if (byte(k) != 0)
+                if (octet(k) != 0)
                     fail("rows are not filled up with zeros", index);
             }
         }
