@@ -130,8 +130,9 @@ function(vek_room_table)
 endfunction()
 
 # vek_programs(): a folder apps/<name> is a program, target <name>_program, that is installed under its folder's name.
-# Sources of apps/shared and the text of the patterns belong to all of them. A program whose main.cpp is in apps/<name>/window is a GUI program: it
-# is built for Windows only, and uses the library as an outside program does, as a DLL.
+# Sources of apps/shared and the text of the patterns belong to all of them. A program whose main.cpp is in
+# apps/<name>/window is a GUI program: it is built for Windows only, and uses the library as an outside program does, as
+# a DLL.
 function(vek_programs)
   file(GLOB mains CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/apps/*/main.cpp)
   get_property(rooms GLOBAL PROPERTY VEK_ROOMS)
