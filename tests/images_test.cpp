@@ -276,13 +276,12 @@ TEST_F(Images, AssemblyAsOneSolidHasNoHiddenLinesAndNoAxes)
         CVekDataItem object(CVekDataItem::directory), params = tree("{'FULL': true, 'UCS': 1, 'VIEW': 'E'}");
         dataSet(&params, L"CMODE", mode);
         dataSet(&params, L"COORD", (bits & 4) != 0);
-        const std::string expected = (bits & 4 ? "2:1024:-1:(0,0) " : "") +
-                                     (script.hasSolid ? lines(static_cast<unsigned>(mode & 15) * 256, -1, 1, 0) : "");
-        EXPECT_EQ(drawn(kAssembly, file(object), file(params)), expected);
-        EXPECT_EQ(result, script.hasSolid && script.projects);
+        EXPECT_EQ(drawn(kAssembly, file(object), file(params)),
+                  (bits & 4 ? "2:1024:-1:(0,0) " : "") + lines(static_cast<unsigned>(mode & 15) * 256, -1, 1, 0));
+        EXPECT_EQ(result, script.projects);
         // From the side of +x, world z up: the view's z is x, its x is y.
         EXPECT_EQ(script.calls,
-                  std::string("slx{}1101 ") + (script.hasSolid ? "solid project100,0,0;0,100,0;0,0,100;11 " : ""));
+                  std::string("slx{}1101 ") + (script.hasSolid ? "solid " : "") + "project100,0,0;0,100,0;0,0,100;11 ");
     }
 }
 

@@ -57,9 +57,8 @@ bool imageFull(CVekGDX& gdx, CVekDataItem* object, Wish& wish, const CVekMatrix3
     CVek_Solid solid;
     bool hasSolid = false;
     VEK::bgr_slx_bgr(solid, hasSolid, object, &wish.status, CVekMatrix3d::kIdentity, nullptr, false, true);
-    if (!hasSolid)
-        return false;
-    solid.solid();
+    if (hasSolid)
+        solid.solid();
     CVekArrayTempl<CVekVertexArrayEx> visible;
     CVekArrayTempl<CVekVertexArrayEx> hidden;
     const bool good = solid.project(view, true, visible, hidden, vekModelerFaces);
