@@ -109,5 +109,9 @@ VEK_API CVekMatrix3d g_mtx_local(const CVekDataItem* item);
 /// The same into raw rows, with the translation converted from one unit to another.
 /// @return false, with the rows unchanged, for null
 VEK_API bool g_mtx_local(const CVekDataItem* item, double (*rows)[4], Vek::lUnit from, Vek::lUnit to);
+inline bool g_mtx_local(const CVekDataItem* item, double (*rows)[4], int from, int to)
+{
+    return g_mtx_local(item, rows, static_cast<Vek::lUnit>(from), static_cast<Vek::lUnit>(to));
+}
 
 } // namespace VEK
