@@ -86,9 +86,8 @@ bool vek_wall_edit_image(CVekGDX* gdx, VEK::CDtaFilePointer* params)
                           if (params)
                               params->dir(keys, &elements);
                           // The number is read by the key's text, which is its first element alone: an editor that
-                          // keeps its state below
-                          // "*WALL_EDIT*" so shows nothing until the parameters name an element, one that keeps the
-                          // bare number there shows at once.
+                          // keeps its state below "*WALL_EDIT*" so shows nothing until the parameters name an
+                          // element, one that keeps the bare number there shows at once.
                           const CVekDataKey numberKey(5005, L"*WALL_EDIT*", 5005, L"BT", 0);
                           const CVekDataItem* numberItem = VEK::cfg_get(static_cast<const wchar_t*>(numberKey));
                           int number = 0;
