@@ -296,8 +296,8 @@ TEST_F(Images, ElementsAreDrawnByTheirType)
     };
     constexpr Row kRows[] = {
         {L"ROT", L"", "", never, 11, -1},
-        {L"ANGLE", L"", "angledrills", ortho, 11, 11},
-        {L"EXTR", L"", "extrdrills", ortho, 11, 12},
+        {L"ANGLE", L"", "{LAYER=13,LAYER_H=14} angledrills", ortho, 11, 11},
+        {L"EXTR", L"", "{LAYER=13,LAYER_H=14} extrdrills", ortho, 11, 12},
         {L"HATCH", L"", "", never, 11, 11},
         {L"PATH", L"", "", never, 11, 11},
         {L"COMPOUND", L"", "", never, 11, 11},
