@@ -368,6 +368,7 @@ class Tell(Case):
     def test_help(self):
         for command in ([], ["draw"], ["list"], ["info"], ["text"], ["hatch"]):
             self.assertIn("Usage: vek", self.good(*command, "--help"))
+        self.assertRegex(self.good("--version"), r"^vek \d+\.\d+\.\d+\n$")
 
 
 class Refuse(Case):

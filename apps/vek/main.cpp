@@ -30,6 +30,7 @@ void run(std::vector<std::string> arguments)
 {
     CLI::App app("Draws slides, display descriptions, objects, hatches and texts of facade and metal CAD.", "vek");
     app.require_subcommand(1);
+    app.set_version_flag("--version", "vek " VEK_VERSION, "Print the version and exit");
     app.allow_windows_style_options(false); // a path may begin with a slash on every system
 
     DrawOptions draw;
