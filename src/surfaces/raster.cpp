@@ -66,6 +66,7 @@ public:
         draw(from, m_at);
     }
     void polyline(const SurfacePoint* points, int count) override;
+    void polylines(const SurfacePoint* points, const int* counts, int lines) override;
     void polygon(const SurfacePoint* points, int count) override;
     void rectangle(double x1, double y1, double x2, double y2) override;
     void ellipse(double x1, double y1, double x2, double y2) override
@@ -171,6 +172,12 @@ void RasterSurface::polyline(const SurfacePoint* points, int count)
     m_at = points[count - 1];
     for (int i = 1; i < count; ++i)
         draw(points[i - 1], points[i]);
+}
+
+void RasterSurface::polylines(const SurfacePoint* points, const int* counts, int lines)
+{
+    for (int i = 0; i < lines; points += counts[i++])
+        RasterSurface::polyline(points, counts[i]);
 }
 
 void RasterSurface::polygon(const SurfacePoint* points, int count)

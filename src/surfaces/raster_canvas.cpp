@@ -3,21 +3,6 @@
 namespace VEK::raster
 {
 
-Box overlap(const Box& a, const Box& b)
-{
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
-}
-
-Box around(const Box& a, const Box& b)
-{
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
-}
-
-Box boxOf(const Point& a, const Point& b)
-{
-    return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
-}
-
 Canvas::Canvas(CPixels& pixels)
 {
     if (pixels.width < 1 || pixels.height < 1 ||

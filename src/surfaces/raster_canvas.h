@@ -29,11 +29,21 @@ struct Box {
     bool holds(int x, int y) const { return x >= left && x < right && y >= top && y < bottom; }
 };
 
-Box overlap(const Box& a, const Box& b);
-Box around(const Box& a, const Box& b);
+inline Box overlap(const Box& a, const Box& b)
+{
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
+}
+
+inline Box around(const Box& a, const Box& b)
+{
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
+}
 
 /// The smallest box with a corner on each of two pixels, whatever their order.
-Box boxOf(const Point& a, const Point& b);
+inline Box boxOf(const Point& a, const Point& b)
+{
+    return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
+}
 
 class Canvas
 {
@@ -43,8 +53,10 @@ public:
     /// The clip rectangle within the picture; the arguments of all other calls lie inside it.
     const Box& clip() const { return m_clip; }
 
+    bool hasHoles() const { return !m_holes.empty(); }
+
     /// Whether a box may contain holes.
-    bool isHoled(const Box& box) const { return !m_holes.empty() && !overlap(m_holes, box).empty(); }
+    bool isHoled(const Box& box) const { return hasHoles() && !overlap(m_holes, box).empty(); }
 
     void clipTo(const Box& box);
     void clipRestore();

@@ -57,6 +57,29 @@ void confine(std::int64_t start, int sign, std::int64_t low, std::int64_t high, 
     end = std::min(end, sign > 0 ? high - start : start - low + 1);
 }
 
+/// Exchanges two numbers without a branch.
+void exchangeIf(bool yes, std::int64_t& a, std::int64_t& b)
+{
+    const std::int64_t both = (a ^ b) & -std::int64_t{yes};
+    a ^= both;
+    b ^= both;
+}
+
+/// A line inside the clip, in which there is no hole. Most lines are such, and short, so that what is done before the
+/// first pixel counts: it has no branches, since nobody can tell which way the next line goes.
+void freeLine(Canvas& canvas, const Point& from, std::int64_t dx, std::int64_t dy, std::uint32_t color)
+{
+    std::int64_t count = std::abs(dx), rise = std::abs(dy);
+    std::int64_t sign = dx >> 63, signAcross = dy >> 63; // 0 or -1
+    std::int64_t step = sign | 1, stepAcross = (signAcross | 1) * canvas.stride();
+    const bool isSteep = rise > count;
+    exchangeIf(isSteep, count, rise);
+    exchangeIf(isSteep, sign, signAcross);
+    exchangeIf(isSteep, step, stepAcross);
+    run<false>(canvas, canvas.indexOf(from.x, from.y), step, stepAcross, count - 1 - signAcross, 2 * rise, 2 * count,
+               count, color);
+}
+
 } // namespace
 
 void line(Canvas& canvas, const Point& from, const Point& to, std::uint32_t color)
@@ -67,6 +90,12 @@ void line(Canvas& canvas, const Point& from, const Point& to, std::uint32_t colo
     const int height = std::abs(dy);
     if (width == 0 && height == 0)
         return;
+    const Box& clip = canvas.clip();
+    const bool isInside = clip.holds(from.x, from.y) && clip.holds(to.x, to.y);
+    if (isInside && !canvas.hasHoles()) {
+        freeLine(canvas, from, dx, dy, color);
+        return;
+    }
     const bool isFlat = width >= height;
     const Steps steps{std::max(width, height), std::min(width, height), (isFlat ? dy : dx) < 0};
     const int signX = dx < 0 ? -1 : 1;
@@ -76,8 +105,6 @@ void line(Canvas& canvas, const Point& from, const Point& to, std::uint32_t colo
     std::int64_t across = 0;
     std::int64_t rest = steps.falls ? steps.count : steps.count - 1;
 
-    const Box& clip = canvas.clip();
-    const bool isInside = clip.holds(from.x, from.y) && clip.holds(to.x, to.y);
     if (!isInside) {
         std::int64_t low = 0; // range of the distance across that lies in the clip
         std::int64_t high = steps.rise + 1;
