@@ -157,6 +157,9 @@ private:
     void endLine();
     void flushLines();
 
+    /// Points passed to the surface at a time, so that the buffer stays in the cache.
+    static constexpr std::size_t kLinesLimit = 4096;
+
     const CVekGDX& m_gdx;
     CSurface& m_surface;
     const PassRules& m_rules;
@@ -195,5 +198,43 @@ private:
     Pair m_rowZero{};                   ///< what z = 0 adds there: 0, or not a number
     std::vector<SurfacePoint> m_points; ///< of the current row
 };
+
+/// The drawing area with room for the pen of the current item.
+inline Beside DrawPass::besideArea() const
+{
+    return {m_area.left - m_margin, m_area.top - m_margin, m_right + m_margin, m_bottom + m_margin};
+}
+
+/// Whether points, including the width of the current item's pen, lie wholly on one side of the drawing area.
+inline bool DrawPass::isOutside(std::span<const SurfacePoint> points) const
+{
+    if (!m_rules.skipsOutside || points.empty())
+        return false;
+    Beside area = besideArea();
+    return std::all_of(points.begin(), points.end(), [&](const SurfacePoint& p) { return area.add(p); });
+}
+
+inline void DrawPass::endLine()
+{
+    const std::size_t count = m_lines.size() - m_lineStart;
+    if (count == 0)
+        return;
+    if (count == 1 || isOutside({m_lines.data() + m_lineStart, count}))
+        m_lines.resize(m_lineStart);
+    else
+        m_counts.push_back(static_cast<int>(count));
+    m_lineStart = m_lines.size();
+    if (m_lines.size() >= kLinesLimit)
+        flushLines();
+}
+
+inline void DrawPass::addToLine(const SurfacePoint& p)
+{
+    m_lines.push_back(p);
+    if (m_lines.size() - m_lineStart == kLinesLimit) {
+        endLine();
+        m_lines.push_back(p);
+    }
+}
 
 } // namespace VEK

@@ -11,9 +11,6 @@ namespace VEK
 namespace
 {
 
-/// Points passed to the surface at a time, so that the buffer stays in the cache.
-constexpr std::size_t kLinesLimit = 4096;
-
 bool isPattern(const CVekArrayTempl<double>& dashes, std::initializer_list<double> pattern)
 {
     return std::equal(dashes.begin(), dashes.end(), pattern.begin(), pattern.end());
@@ -33,21 +30,6 @@ int Chords::count(const plane::SpaceArc& arc) const
     return tolerance == 0.0 ? detail::splitCount(arc) : arc.chords(tolerance);
 }
 
-/// The drawing area with room for the pen of the current item.
-Beside DrawPass::besideArea() const
-{
-    return {m_area.left - m_margin, m_area.top - m_margin, m_right + m_margin, m_bottom + m_margin};
-}
-
-/// Whether points, including the width of the current item's pen, lie wholly on one side of the drawing area.
-bool DrawPass::isOutside(std::span<const SurfacePoint> points) const
-{
-    if (!m_rules.skipsOutside || points.empty())
-        return false;
-    Beside area = besideArea();
-    return std::all_of(points.begin(), points.end(), [&](const SurfacePoint& p) { return area.add(p); });
-}
-
 /// Draws all finished lines. Must be called before any other call to the surface.
 void DrawPass::flushLines()
 {
@@ -58,29 +40,6 @@ void DrawPass::flushLines()
     m_lines.clear();
     m_counts.clear();
     m_lineStart = 0;
-}
-
-void DrawPass::endLine()
-{
-    const std::size_t count = m_lines.size() - m_lineStart;
-    if (count == 0)
-        return;
-    if (count == 1 || isOutside({m_lines.data() + m_lineStart, count}))
-        m_lines.resize(m_lineStart);
-    else
-        m_counts.push_back(static_cast<int>(count));
-    m_lineStart = m_lines.size();
-    if (m_lines.size() >= kLinesLimit)
-        flushLines();
-}
-
-void DrawPass::addToLine(const SurfacePoint& p)
-{
-    m_lines.push_back(p);
-    if (m_lines.size() - m_lineStart == kLinesLimit) {
-        endLine();
-        m_lines.push_back(p);
-    }
 }
 
 /// @param isDot by the ends of a straight segment or a chord, whether it is drawn as a dot
@@ -238,14 +197,14 @@ void DrawPass::drawDashes(const CVekVertexArray& vl, const CVekMatrix3d& m, unsi
     for (const CVekVertex& vertex : vl) {
         m_dashes.laySegment(
             vertex, [&](const CVekVertexArray& piece) { return visiblePart(piece, map); },
-            [&](const CVekVertex& dash) {
-                if (before != dash.start)
+            [&](const CVekPoint3d& start, const CVekPoint3d& end, double bulge) {
+                if (before != start)
                     endLine();
-                before = dash.end;
-                if (dash.bulge == 0.0)
-                    drawStraight(dash.start, dash.end, map, color, isDot);
+                before = end;
+                if (bulge == 0.0)
+                    drawStraight(start, end, map, color, isDot);
                 else
-                    drawBent(dash, vl.normal(), map, fine, color, isDot);
+                    drawBent(CVekVertex(start, end, bulge), vl.normal(), map, fine, color, isDot);
             });
     }
     endLine();
@@ -257,10 +216,10 @@ bool DrawPass::haveDots(const CVekVertexArray& vl)
 {
     bool gap = false, repeats = false;
     std::optional<CVekPoint3d> first, last;
-    const auto look = [&](const CVekVertex& dash) {
-        gap = gap || (last && !repeats && !plane::meets(*last, dash.start));
-        first = first ? first : dash.start;
-        last = dash.end;
+    const auto look = [&](const CVekPoint3d& start, const CVekPoint3d& end, double) {
+        gap = gap || (last && !repeats && !plane::meets(*last, start));
+        first = first ? first : start;
+        last = end;
         repeats = false;
     };
     m_probe.assign(m_linetype, true);
@@ -276,8 +235,8 @@ bool DrawPass::haveDots(const CVekVertexArray& vl)
         m_probe.begin(vl.normal());
         repeats = false;
         int laid = 0;
-        m_probe.laySegment(*vertex, head, [&](const CVekVertex& dash) {
-            look(dash);
+        m_probe.laySegment(*vertex, head, [&](const CVekPoint3d& start, const CVekPoint3d& end, double bulge) {
+            look(start, end, bulge);
             ++laid;
         });
         repeats = laid > 0;

@@ -20,8 +20,42 @@ struct Stations {
     double to = HUGE_VAL;
 };
 
-/// Lays a line pattern along one polyline after another. See `vek_gdx_image_vl_measure` for the rules; `out` gets what
-/// is drawn as `CVekVertex`, dots as such without a length.
+/// A straight segment seen from above, by the lengths along it. Points are computed from the nearer end, so that both
+/// ends are exact.
+class Straight
+{
+public:
+    explicit Straight(const CVekVertex& segment)
+        : m_start{segment.start[0], segment.start[1]}, m_end{segment.end[0], segment.end[1]}, m_chord(m_end - m_start),
+          m_length(m_chord.abs()), m_rounding(m_length * 1e-12)
+    {
+    }
+
+    double length() const { return m_length; }
+
+    CVekPoint3d at(double station) const
+    {
+        const plane::Vec p = seen(station);
+        return {p.x, p.y, 0.0};
+    }
+
+private:
+    plane::Vec seen(double station) const
+    {
+        if (!(station > m_rounding))
+            return m_start;
+        if (station >= m_length - m_rounding)
+            return m_end;
+        const double t = station / m_length;
+        return t > 0.5 ? m_end + m_chord * (t - 1.0) : m_start + m_chord * t;
+    }
+
+    plane::Vec m_start, m_end, m_chord;
+    double m_length, m_rounding;
+};
+
+/// Lays a line pattern along one polyline after another. See `vek_gdx_image_vl_measure` for the rules. `out(start, end,
+/// bulge)` gets what is drawn; a dot has no length.
 class Dashes
 {
 public:
@@ -54,7 +88,7 @@ public:
         const double tolerance = std::min(pointTol(reach(vertex)), 1e-6 * m_total);
         if ((m_total > 0.0 && length - m_total <= tolerance) || m_pieces >= kMostPieces) {
             m_pieces += 1.0;
-            out(vertex);
+            out(vertex.start, vertex.end, vertex.bulge);
             return;
         }
         m_piece.setLogicalLength(0);
@@ -65,13 +99,18 @@ public:
         m_pattern.assign(m_dashes, 1.0, m_total > 0.0 && m_gaps > 0 ? rest / (m_gaps * count) : 0.0);
         const double all = m_pieces + (m_pattern.covers(length) ? count * m_drawn : 1.0);
         const Stations wanted = see(std::as_const(m_piece));
-        if (wanted.from <= wanted.to)
-            layPiece(length, wanted, out);
+        if (wanted.from <= wanted.to) {
+            if (m_piece.len() == 1 && m_pattern.covers(length) && m_pattern.period() > 0.0)
+                layStraight(Straight(m_piece[0]), wanted, out);
+            else
+                layPiece(length, wanted, [&](const CVekVertex& piece) { out(piece.start, piece.end, piece.bulge); });
+        }
         if (wanted.from > 0.0 || wanted.to < length) // what is left out counts as well
             m_pieces = std::max(m_pieces, all);
     }
 
     /// Applies the pattern along a whole run.
+    /// @param out gets a `CVekVertex`
     template <class Out>
     void layRun(const CVekVertexArray& run, Out&& out)
     {
@@ -112,6 +151,18 @@ private:
             plane::appendChords(m_piece, vertex, plane::SpaceArc(vertex, m_piece.normal()), chords);
         for (CVekVertex* v = m_piece.begin() + before; v != m_piece.end(); ++v)
             g_vx_xy(*v);
+    }
+
+    template <class Out>
+    void layStraight(const Straight& straight, const Stations& wanted, Out&& out)
+    {
+        int count = 0;
+        const auto dash = [&](double from, double to) {
+            ++count;
+            out(straight.at(from), straight.at(to), 0.0);
+        };
+        m_pattern.layStations(straight.length(), wanted.from, wanted.to, dash, [&](double at) { dash(at, at); });
+        m_pieces += count;
     }
 
     /// @param length of the piece before it was flattened

@@ -67,11 +67,16 @@ bool vek_gdx_image_vl_measure(CVekVertexArray& vl, CVekArrayTempl<double> dashes
         const auto all = [](const CVekVertexArray&) { return VEK::detail::Stations(); };
         const auto append = [&](const CVekVertex& piece) { vl.append(piece); };
         for (const CVekVertexArray& run : runs) {
-            if (mode == 0)
+            if (mode == 0) {
                 pattern.layRun(run, append);
-            else
-                for (const CVekVertex& vertex : run)
-                    pattern.laySegment(vertex, all, append);
+                continue;
+            }
+            for (const CVekVertex& vertex : run) {
+                CVekVertex piece = vertex;
+                pattern.laySegment(vertex, all, [&](const CVekPoint3d& start, const CVekPoint3d& end, double bulge) {
+                    append(piece.set(start, end, bulge));
+                });
+            }
         }
         return true;
     });

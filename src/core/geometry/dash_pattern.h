@@ -130,7 +130,20 @@ public:
             return;
         }
         RunWalker walker(run);
-        const double total = walker.total();
+        layStations(
+            walker.total(), low, high,
+            [&](double from, double to) {
+                pieces.begin();
+                walker.forEachPart(from, to, [&](const CVekVertex& part) { pieces.part(part); });
+            },
+            [&](double at) { pieces.dot(walker.at(at)); });
+    }
+
+    /// The same for a run of a known length: `dash(from, to)` and `dot(at)` get stations. The pattern must have an
+    /// extent.
+    template <class Dash, class Dot>
+    void layStations(double total, double low, double high, Dash&& dash, Dot&& dot) const
+    {
         const double tol = std::min(kPointTol, 1e-6 * m_period);
         const double last = std::min(total + tol, high + m_period);
         for (double cycle = std::max(std::floor(low / m_period) - 1.0, 0.0);; cycle += 1.0) {
@@ -139,13 +152,10 @@ public:
                 const double length = m_entries[i];
                 if (from > last)
                     return;
-                if (length == 0.0) {
-                    pieces.dot(walker.at(std::min(from, total)));
-                } else if (length > 0.0 && from < total - tol) {
-                    pieces.begin();
-                    walker.forEachPart(from, std::min(from + length, total),
-                                       [&](const CVekVertex& part) { pieces.part(part); });
-                }
+                if (length == 0.0)
+                    dot(std::min(from, total));
+                else if (length > 0.0 && from < total - tol)
+                    dash(from, std::min(from + length, total));
             }
         }
     }
