@@ -6,9 +6,23 @@
 namespace VEK
 {
 
+namespace
+{
+
+/// Up to here a block of bytes grows fourfold: what is reserved and never written costs nothing, while each copy into a
+/// larger block touches fresh memory.
+constexpr std::size_t kQuickGrowth = std::size_t{1} << 24;
+
+} // namespace
+
 bool CMemorySink::write(std::string_view bytes)
 {
-    m_good = m_good && whole(false, [&] { return (m_bytes.append(bytes), true); });
+    const std::size_t needed = m_bytes.size() + bytes.size();
+    m_good = m_good && whole(false, [&] {
+                 if (needed > m_bytes.capacity() && needed < kQuickGrowth)
+                     m_bytes.reserve(4 * needed);
+                 return (m_bytes.append(bytes), true);
+             });
     return m_good;
 }
 
