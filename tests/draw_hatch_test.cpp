@@ -112,7 +112,8 @@ CVekVertexArray joined(const Polylines& list)
 Polylines anyRegion(shapes::Random& random)
 {
     const double x = random.uniform(-20, 20), y = random.uniform(-20, 20);
-    Polylines region = list({random.star(x, y, 3, 10, 3 + random.whole(9))});
+    const int corners = 3 + random.whole(random.whole(8) == 0 ? 200 : 9);
+    Polylines region = list({random.star(x, y, 3, 10, corners)});
     for (int i = random.whole(4); i > 0; --i)
         region.append(random.star(x + random.uniform(-6, 6), y + random.uniform(-6, 6), 0.4, 3, 3 + random.whole(5)));
     return region;

@@ -132,7 +132,8 @@ private:
     void collect(const CVekVertexArray& contour, const CVekMatrix3d& m, Chords chords);
     std::optional<detail::HatchView> visiblePart(const CVekMatrix3d& m) const;
     const VekPatternLines& hatchLines(const CVekString& name);
-    bool hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop);
+    const Region& split(const Region& region);
+    bool hatch(const Region& region, const CVekMatrix3d& m, const CHatchProp& prop);
 
     void prepareDashes(const CVekDisplayItem& item);
     void drawLine(const CVekVertexArray& vl, const CVekMatrix3d& m, unsigned color);
@@ -185,6 +186,7 @@ private:
     detail::Dashes m_dashes;           ///< lays it
     detail::Dashes m_probe;            ///< lays it a second time
     CVekVertexArray m_line;
+    Region m_split;                                       ///< the current region, if it has arcs
     CVekMapTempl<CVekString, VekPatternLines> m_patterns; ///< of hatches, as the host has them
     detail::HatchStrokes m_strokes;                       ///< of the current hatch
 

@@ -1,9 +1,9 @@
 // Points, regions, texts and pictures in a draw pass.
 #include "core/geometry/prepared_region.h"
 #include "display/pass.h"
+#include "draw/split_arc.h"
 
 #include <vek/data/app.h>
-#include <vek/draw/split.h>
 
 #include <algorithm>
 #include <cmath>
@@ -135,12 +135,24 @@ const VekPatternLines& DrawPass::hatchLines(const CVekString& name)
     return lines;
 }
 
+/// A region without arcs: itself if it has none.
+const DrawPass::Region& DrawPass::split(const Region& region)
+{
+    if (std::none_of(region.begin(), region.end(), plane::hasArcs))
+        return region;
+    m_split.setLogicalLength(region.len());
+    for (int i = 0; i < region.len(); ++i)
+        detail::split(region[i], m_split[i]);
+    return m_split;
+}
+
 /// Collects the visible lines of a hatch.
+/// @param region without arcs
 /// @return false if they are too many to draw
-bool DrawPass::hatch(Region region, const CVekMatrix3d& m, const CHatchProp& prop)
+bool DrawPass::hatch(const Region& region, const CVekMatrix3d& m, const CHatchProp& prop)
 {
     const std::optional<detail::HatchView> view = visiblePart(m);
-    return detail::hatchPattern(std::move(region), CVekMatrix3d(), prop, hatchLines(prop.name), view ? &*view : nullptr,
+    return detail::hatchPattern(region, CVekMatrix3d(), prop, hatchLines(prop.name), view ? &*view : nullptr,
                                 m_strokes);
 }
 
@@ -178,16 +190,14 @@ void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
     const CVekMatrix3d& stored = matrix(item, From::stored);
     if ((fills || hatches) && item.reg.len() > 0 && !isOutside(item.reg, stored)) {
         const bool inRows = m_rules.fill == PassRules::Fill::scanLines;
-        Region split;
-        if (hatches || inRows)
-            split = vek_gdx_image_reg_split(item.reg);
+        const Region& straight = hatches || inRows ? split(item.reg) : item.reg;
         if (hatches) {
-            const Region& tested = m_rules.splitsBeforeTest ? split : item.reg;
+            const Region& tested = m_rules.splitsBeforeTest ? straight : item.reg;
             hatches = detail::patternTest(tested, item.hatch, hatchLines(item.hatch.name), testMatrix(item));
             fills = fills || !hatches;
         }
         if (hatches && (!fills || m_rules.fillAndHatch)) {
-            hatches = hatch(inRows ? split : std::move(split), stored, item.hatch);
+            hatches = hatch(straight, stored, item.hatch);
             fills = fills || !hatches;
         } else {
             hatches = false;
@@ -196,7 +206,7 @@ void DrawPass::drawRegion(const CVekDisplayItem& item, unsigned color)
         const int width = penWidth(1);
         m_surface.pen(fills && inRows ? 1 : width, inside);
         if (fills && inRows) {
-            fillScanLines(std::move(split), stored);
+            fillScanLines(straight, stored);
         } else if (fills) {
             m_surface.brush(inside);
             fillPolygon(item.reg, stored, chords(stored));

@@ -1,10 +1,9 @@
 /// The dashes of a family of hatch lines.
 #pragma once
 
-#include <vek/values/array.h>
-
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <vector>
 
 namespace VEK::detail
@@ -15,18 +14,20 @@ namespace VEK::detail
 class HatchDashes
 {
 public:
-    /// @param family five numbers, then the table
+    /// @param table the dashes of a family
     /// @param dot length of the stroke of a dot
-    HatchDashes(const CVekArrayTempl<double>& family, double scale, double dot)
+    void assign(std::span<const double> table, double scale, double dot)
     {
-        for (int i = 5; i < family.len(); ++i) {
-            m_isGiven = true;
-            const double length = family[i] == 0.0 ? dot : scale * family[i];
+        m_drawn.clear();
+        m_period = m_total = m_longest = 0.0;
+        m_isGiven = !table.empty();
+        for (const double given : table) {
+            const double length = given == 0.0 ? dot : scale * given;
             if (length > 0.0)
                 m_drawn.push_back({m_period, m_period + length});
             m_longest = std::max(m_longest, length);
             m_period += std::fabs(length);
-            m_total += family[i] == 0.0 ? 1.0 : std::fabs(length);
+            m_total += given == 0.0 ? 1.0 : std::fabs(length);
         }
     }
 

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <span>
 
 namespace
 {
@@ -20,6 +21,7 @@ namespace
 using VEK::detail::cutToInt;
 using VEK::detail::HatchDashes;
 using VEK::detail::HatchRows;
+using VEK::detail::HatchScratch;
 using VEK::detail::HatchStrokes;
 using VEK::detail::HatchView;
 using VEK::plane::Box;
@@ -127,17 +129,19 @@ private:
 class Family
 {
 public:
-    Family(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatchProp& hatch,
-           const CVekArrayTempl<double>& numbers, double dot)
-        : m_region(region), m_angle(radians(numbers[0])), m_turn(m_angle + hatch.angle),
-          m_dashes(numbers, hatch.scale, dot)
+    /// @param angle of the hatch
+    Family(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatchProp& hatch, double angle,
+           std::span<const double> numbers, double dot, HatchScratch& scratch)
+        : m_region(region), m_angle(radians(at(numbers, 0))), m_turn(m_angle + angle), m_rows(scratch.rows),
+          m_dashes(scratch.dashes), m_pieces(scratch.pieces)
     {
-        const double x = hatch.scale * numbers[1], y = hatch.scale * numbers[2];
+        m_dashes.assign(numbers.subspan(std::min<std::size_t>(numbers.size(), 5)), hatch.scale, dot);
+        const double x = hatch.scale * at(numbers, 1), y = hatch.scale * at(numbers, 2);
         m_x = x * std::cos(m_angle) + y * std::sin(m_angle);
         m_y = y * std::cos(m_angle) - x * std::sin(m_angle);
         // Lines are counted upwards, whatever the direction of the step.
-        const double distance = hatch.scale * numbers[4];
-        m_stepX = hatch.scale * (distance < 0.0 ? -numbers[3] : numbers[3]);
+        const double distance = hatch.scale * at(numbers, 4), shift = at(numbers, 3);
+        m_stepX = hatch.scale * (distance < 0.0 ? -shift : shift);
         m_stepY = std::fabs(distance);
         m_isGravel = hatch.name == L"GRAVEL";
         m_isFine = hatch.scale < 1.0;
@@ -149,25 +153,33 @@ public:
     void see(const HatchView& view);
 
     /// Determines which lines are drawn.
-    bool search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& rows, Collector& collector);
+    bool search(const CVekPoint3d& min, const CVekPoint3d& max, Collector& collector);
 
-    void draw(HatchRows& rows, Collector& collector);
+    void draw(Collector& collector);
 
 private:
+    /// A number of a family; 0 if it is not given.
+    static double at(std::span<const double> numbers, std::size_t index)
+    {
+        return index < numbers.size() ? numbers[index] : 0.0;
+    }
+
     double start(long long line) const { return m_x + static_cast<double>(line) * m_stepX - m_half; }
     bool findReach(double diagonal);
-    bool covers(const HatchRows& rows) const;
+    bool covers() const;
     bool isSeen(double y) const { return y >= m_seen.min.y && y <= m_seen.max.y; }
     long long lineAt(double y) const;
-    bool lay(long long first, long long last, HatchRows& rows, Collector& collector) const;
-    long long lineBelow(long long from, long long tries, HatchRows& rows) const;
-    void clipDashes(HatchRows& rows, double from, Collector& collector);
-    void clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch, Collector& collector);
+    bool lay(long long first, long long last, Collector& collector) const;
+    long long lineBelow(long long from, long long tries) const;
+    void clipDashes(double from, Collector& collector);
+    void clipDashes(double from, HatchRows::Stretch stretch, Collector& collector);
 
     const CVekArrayTempl<CVekVertexArray>& m_region;
     double m_angle;
     double m_turn; ///< including the angle of the hatch
-    HatchDashes m_dashes;
+    HatchRows& m_rows;
+    HatchDashes& m_dashes;
+    std::vector<HatchRows::Stretch>& m_pieces;
     double m_x;
     double m_y;
     double m_stepX;
@@ -182,7 +194,6 @@ private:
     bool m_covers = false; ///< these lines extend across the whole outer contour, so each of them meets it
     long long m_first = 0; ///< lines that are examined
     long long m_last = -1;
-    std::vector<HatchRows::Stretch> m_pieces;
 };
 
 /// Determines how far a line extends to both sides of its middle.
@@ -206,15 +217,15 @@ void Family::see(const HatchView& view)
         m_seen.add(turned(corner));
 }
 
-bool Family::search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& rows, Collector& collector)
+bool Family::search(const CVekPoint3d& min, const CVekPoint3d& max, Collector& collector)
 {
     if (!std::isfinite(m_x + m_y + m_stepX + m_stepY) || !(m_stepY > 0.0) || !findReach(min.distanceTo(max)))
         return false;
     const Box local = turnedBox(m_region[0], m_angle);
     const CVekVector3d size(local.max.x - local.min.x, local.max.y - local.min.y, max[2] - min[2]);
     const double most = std::trunc(size.abs() / m_stepY + 1.0) * (m_isGravel && m_isFine ? 200.0 : 20.0);
-    const double lowest = std::ceil((rows.box().min.y - rows.tolerance() - m_y) / m_stepY);
-    const double highest = std::floor((rows.box().max.y + rows.tolerance() - m_y) / m_stepY);
+    const double lowest = std::ceil((m_rows.box().min.y - m_rows.tolerance() - m_y) / m_stepY);
+    const double highest = std::floor((m_rows.box().max.y + m_rows.tolerance() - m_y) / m_stepY);
     const double back = m_y > local.min.y ? std::ceil((m_y - local.min.y) / m_stepY) : 0.0;
     if (!(most + std::fabs(lowest) + std::fabs(highest) + back < kMostSteps)) {
         collector.cutShort();
@@ -223,17 +234,17 @@ bool Family::search(const CVekPoint3d& min, const CVekPoint3d& max, HatchRows& r
     m_lowest = static_cast<long long>(lowest);
     m_highest = static_cast<long long>(highest);
     const long long tries = static_cast<long long>(most);
-    m_covers = covers(rows);
-    if (!m_covers && !lay(m_lowest, m_highest, rows, collector))
+    m_covers = covers();
+    if (!m_covers && !lay(m_lowest, m_highest, collector))
         return false;
-    const long long below = lineBelow(-static_cast<long long>(back), tries, rows);
+    const long long below = lineBelow(-static_cast<long long>(back), tries);
     m_first = std::max(below + 1, m_lowest);
     m_last = std::min(below + 3 * tries, m_highest);
     if (!m_covers)
         return m_first <= m_last;
     m_first = std::max(m_first, lineAt(m_seen.min.y));
     m_last = std::min(m_last, lineAt(m_seen.max.y));
-    return m_first <= m_last && lay(m_first, m_last, rows, collector);
+    return m_first <= m_last && lay(m_first, m_last, collector);
 }
 
 /// The last line at or below a height.
@@ -243,39 +254,39 @@ long long Family::lineAt(double y) const
 }
 
 /// Sets up the rows for a range of lines.
-bool Family::lay(long long first, long long last, HatchRows& rows, Collector& collector) const
+bool Family::lay(long long first, long long last, Collector& collector) const
 {
     if (last - first >= VEK::kHatchLines) {
         collector.cutShort();
         return false;
     }
-    rows.lay(m_y, m_stepY, first, last);
+    m_rows.lay(m_y, m_stepY, first, last);
     return true;
 }
 
-bool Family::covers(const HatchRows& rows) const
+bool Family::covers() const
 {
     const double from = m_dashes.isGiven() ? m_dashes.firstStart() : 0.0;
     const double to = m_dashes.isGiven() ? m_dashes.lastEnd(2.0 * m_half) : 2.0 * m_half;
-    bool covers = rows.isContinuous();
+    bool covers = m_rows.isContinuous();
     for (const long long line : {m_lowest, m_highest})
-        covers = covers && start(line) + from < rows.box().min.x - rows.tolerance() &&
-                 start(line) + to > rows.box().max.x + rows.tolerance();
+        covers = covers && start(line) + from < m_rows.box().min.x - m_rows.tolerance() &&
+                 start(line) + to > m_rows.box().max.x + m_rows.tolerance();
     return covers;
 }
 
 /// Goes back from a line while lines meet the outer contour.
 /// @return the line before the first one that is drawn
-long long Family::lineBelow(long long from, long long tries, HatchRows& rows) const
+long long Family::lineBelow(long long from, long long tries) const
 {
     long long missing = from - 1;
     if (missing >= m_lowest && missing <= m_highest) {
         missing = m_lowest - 1;
         if (!m_covers) {
-            rows.rewind();
+            m_rows.rewind();
             for (long long line = m_lowest; line < from; ++line) {
-                rows.cut(line, start(line), start(line) + 2.0 * m_half);
-                if (!rows.meetsOuter(start(line), start(line) + 2.0 * m_half))
+                m_rows.cut(line, start(line), start(line) + 2.0 * m_half);
+                if (!m_rows.meetsOuter(start(line), start(line) + 2.0 * m_half))
                     missing = line;
             }
         }
@@ -283,52 +294,52 @@ long long Family::lineBelow(long long from, long long tries, HatchRows& rows) co
     return std::max(missing, from - tries);
 }
 
-void Family::draw(HatchRows& rows, Collector& collector)
+void Family::draw(Collector& collector)
 {
     const double length = 2.0 * m_half;
     const double first = m_dashes.isGiven() ? m_dashes.firstStart() : 0.0;
     const double last = m_dashes.isGiven() ? m_dashes.lastEnd(length) : length;
     bool reached = false;
-    rows.rewind();
+    m_rows.rewind();
     collector.turn(m_turn);
     for (long long line = m_first; line <= m_last && !collector.isCutShort(); ++line) {
         const double from = start(line);
-        rows.cut(line, from, from + length);
-        if (!m_covers && !rows.meetsOuter(from + first, from + last)) {
+        m_rows.cut(line, from, from + length);
+        if (!m_covers && !m_rows.meetsOuter(from + first, from + last)) {
             if (reached)
                 return;
             continue;
         }
         reached = true;
-        if (!isSeen(rows.height(line)))
+        if (!isSeen(m_rows.height(line)))
             continue;
         if (m_dashes.isGiven())
-            clipDashes(rows, from, collector);
-        collector.add(rows.height(line), m_dashes.isGiven() ? m_pieces : rows.pieces());
+            clipDashes(from, collector);
+        collector.add(m_rows.height(line), m_dashes.isGiven() ? m_pieces : m_rows.pieces());
     }
 }
 
 /// Collects the dashes of a row, pair by pair from the line's end to its start.
-void Family::clipDashes(HatchRows& rows, double from, Collector& collector)
+void Family::clipDashes(double from, Collector& collector)
 {
     m_pieces.clear();
-    const std::vector<HatchRows::Stretch>& pairs = rows.pairs();
+    const std::vector<HatchRows::Stretch>& pairs = m_rows.pairs();
     for (auto pair = pairs.rbegin(); pair != pairs.rend(); ++pair)
-        clipDashes(rows, from, *pair, collector);
+        clipDashes(from, *pair, collector);
 }
 
 /// Collects the dashes of a stretch. Of a dash that an end of the stretch divides, the part whose middle is inside is
 /// kept; the part before the end has precedence, even if the dash spans a narrow hole. Existing drawings rely on it.
-void Family::clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch, Collector& collector)
+void Family::clipDashes(double from, HatchRows::Stretch stretch, Collector& collector)
 {
-    const double tol = rows.tolerance();
+    const double tol = m_rows.tolerance();
     const auto split = [&](HatchRows::Stretch dash, double place) {
         if (place - dash.from <= tol || dash.to - place <= tol)
             return;
-        if (rows.isInside(0.5 * (dash.from + place)))
-            rows.punch({dash.from, place}, m_pieces);
-        else if (rows.isInside(0.5 * (place + dash.to)))
-            rows.punch({place, dash.to}, m_pieces);
+        if (m_rows.isInside(0.5 * (dash.from + place)))
+            m_rows.punch({dash.from, place}, m_pieces);
+        else if (m_rows.isInside(0.5 * (place + dash.to)))
+            m_rows.punch({place, dash.to}, m_pieces);
     };
     // A visible dash may produce its piece in another stretch than the one to which it is clipped here.
     const double low = std::max(stretch.from - tol, m_seen.min.x - m_dashes.longest());
@@ -342,9 +353,9 @@ void Family::clipDashes(HatchRows& rows, double from, HatchRows::Stretch stretch
         const bool coversStart = dash.from <= stretch.from + tol && dash.to >= stretch.from - tol;
         const bool coversEnd = dash.from <= stretch.to + tol && dash.to >= stretch.to - tol;
         if (coversStart && coversEnd)
-            rows.punch(stretch, m_pieces);
+            m_rows.punch(stretch, m_pieces);
         else if (dash.from >= stretch.from - tol && dash.to <= stretch.to + tol)
-            rows.punch(dash, m_pieces);
+            m_rows.punch(dash, m_pieces);
         else
             split(dash, coversStart ? stretch.from : stretch.to);
         return true;
@@ -357,25 +368,6 @@ VekPatternLines hostLines(const CVekString& name)
     VekPatternLines lines;
     vekAppPtr()->hatchPatternGet(name, lines);
     return lines;
-}
-
-void drawPattern(const CVekArrayTempl<CVekVertexArray>& region, const VEK::CHatchProp& hatch,
-                 const VekPatternLines& lines, const HatchView* view, Collector& collector)
-{
-    CVekPoint3d min, max;
-    if (!region[0].extents(min, max))
-        return;
-    const double dot = VEK::acadUnitCv(kDotLength, Vek::unitMillimetre, Vek::unitCurrent);
-    for (const CVekArrayTempl<double>& numbers : lines) {
-        Family family(region, hatch, numbers, dot);
-        if (!std::isfinite(family.turn()))
-            continue;
-        if (view)
-            family.see(*view);
-        HatchRows rows(region, family.turn());
-        if (family.search(min, max, rows, collector))
-            family.draw(rows, collector);
-    }
 }
 
 } // namespace
@@ -406,20 +398,34 @@ void HatchStrokes::get(int line, CVekVertexArray& pieces) const
         pieces.append(CVekVertex(own.origin + own.along * m_pieces[i].from, own.origin + own.along * m_pieces[i].to));
 }
 
-bool VEK::detail::hatchPattern(CVekArrayTempl<CVekVertexArray> region, const CVekMatrix3d& mtx, const CHatchProp& hatch,
-                               const VekPatternLines& lines, const HatchView* view, HatchStrokes& strokes)
+bool VEK::detail::hatchPattern(const CVekArrayTempl<CVekVertexArray>& region, const CVekMatrix3d& mtx,
+                               const CHatchProp& hatch, const VekPatternLines& lines, const HatchView* view,
+                               HatchStrokes& strokes)
 {
     return whole(false, [&] {
         Collector collector(strokes, mtx);
-        if (std::isfinite(hatch.angle) && toHatchPlane(region, mtx)) {
-            const bool isUser = isUserPattern(hatch.name);
-            const VekPatternLines solid{{0.0, 0.0, 0.0, 0.0, 1.0}};
-            if (isUser && hatch.crossed) {
-                CHatchProp across = hatch;
-                across.angle = g_ang(hatch.angle + std::numbers::pi / 2);
-                drawPattern(region, across, solid, view, collector);
-            }
-            drawPattern(region, hatch, isUser ? solid : lines, view, collector);
+        CVekPoint3d min, max;
+        if (!std::isfinite(hatch.angle) || region.len() == 0 || !isFinite(region) || !region[0].extents(min, max))
+            return true;
+        const double dot = acadUnitCv(kDotLength, Vek::unitMillimetre, Vek::unitCurrent);
+        const auto draw = [&](double angle, std::span<const double> numbers) {
+            Family family(region, hatch, angle, numbers, dot, strokes.scratch);
+            if (!std::isfinite(family.turn()))
+                return;
+            if (view)
+                family.see(*view);
+            strokes.scratch.rows.set(region, family.turn());
+            if (family.search(min, max, collector))
+                family.draw(collector);
+        };
+        if (isUserPattern(hatch.name)) {
+            constexpr double solid[] = {0.0, 0.0, 0.0, 0.0, 1.0};
+            if (hatch.crossed)
+                draw(g_ang(hatch.angle + std::numbers::pi / 2), solid);
+            draw(hatch.angle, solid);
+        } else {
+            for (const CVekArrayTempl<double>& numbers : lines)
+                draw(hatch.angle, {numbers.begin(), numbers.end()});
         }
         return !collector.isCutShort();
     });
@@ -433,7 +439,8 @@ CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_hatch2(CVekArrayTempl<CVekVert
         const unsigned long shortages = VEK::memoryShortages();
         const VekPatternLines lines = isUserPattern(hatch.name) ? VekPatternLines() : hostLines(hatch.name);
         HatchStrokes strokes;
-        const bool complete = VEK::detail::hatchPattern(std::move(regl), mtx, hatch, lines, nullptr, strokes);
+        const bool complete = !VEK::detail::toHatchPlane(regl, mtx) ||
+                              VEK::detail::hatchPattern(regl, mtx, hatch, lines, nullptr, strokes);
         CVekArrayTempl<CVekVertexArray> result;
         if (strokes.len() > 0 && result.reserveExactly(strokes.len())) {
             result.setLogicalLength(strokes.len());

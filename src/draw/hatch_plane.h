@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/values/stepping.h"
+#include "draw/hatch_dashes.h"
 #include "draw/hatch_rows.h"
 
 #include <vek/data/pattern.h>
@@ -71,10 +72,19 @@ inline bool toHatchPlane(CVekArrayTempl<CVekVertexArray>& region, const CVekMatr
 /// The part of the hatch plane that can be seen, as the corners of a parallelogram.
 using HatchView = std::array<plane::Vec, 4>;
 
+/// What a hatch is computed with, and what the next one uses again.
+struct HatchScratch {
+    HatchRows rows;
+    HatchDashes dashes;                     ///< of the current family
+    std::vector<HatchRows::Stretch> pieces; ///< of the current line
+};
+
 /// The lines of a hatch, all their pieces in one block.
 class HatchStrokes
 {
 public:
+    HatchScratch scratch;
+
     int len() const { return static_cast<int>(m_lines.size()); }
 
     /// Replaces a polyline by a hatch line: its pieces as separate segments.
@@ -98,10 +108,12 @@ private:
 
 /// `vek_gdx_image_reg_hatch2` for a caller that knows the pattern and what is visible: lines and dashes wholly outside
 /// are left out, and all others are the same as without it.
+/// @param region in the hatch plane; its arcs are level
+/// @param mtx from the hatch plane to the world
 /// @param lines those that the host has for the name
 /// @param view null for all
 /// @return false if lines or pieces are missing
-bool hatchPattern(CVekArrayTempl<CVekVertexArray> region, const CVekMatrix3d& mtx, const CHatchProp& hatch,
+bool hatchPattern(const CVekArrayTempl<CVekVertexArray>& region, const CVekMatrix3d& mtx, const CHatchProp& hatch,
                   const VekPatternLines& lines, const HatchView* view, HatchStrokes& strokes);
 
 /// `vek_gdx_pattern_test` without a copy of the region and for a caller that knows the pattern.

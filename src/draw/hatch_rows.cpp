@@ -9,20 +9,34 @@ namespace VEK::detail
 namespace
 {
 
-template <class Cut>
-void sort(std::vector<Cut>& cuts)
+/// Sorts places that mostly are in order already.
+template <class Place>
+void sort(std::vector<Place>& places)
 {
-    if (cuts.size() == 2 && cuts[1].x < cuts[0].x)
-        std::swap(cuts[0], cuts[1]);
-    else if (cuts.size() > 2)
-        std::sort(cuts.begin(), cuts.end(), [](const Cut& a, const Cut& b) { return a.x < b.x; });
+    std::size_t moves = 0;
+    for (std::size_t i = 1; i < places.size(); ++i) {
+        const Place place = places[i];
+        std::size_t to = i;
+        for (; to > 0 && place.x < places[to - 1].x; --to)
+            places[to] = places[to - 1];
+        places[to] = place;
+        moves += i - to;
+        if (moves > 4 * places.size()) {
+            std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) { return a.x < b.x; });
+            return;
+        }
+    }
 }
 
 } // namespace
 
-HatchRows::HatchRows(const CVekArrayTempl<CVekVertexArray>& region, double turn)
-    : m_standing(static_cast<std::size_t>(region.len()))
+void HatchRows::set(const CVekArrayTempl<CVekVertexArray>& region, double turn)
 {
+    m_standing.begin(static_cast<std::size_t>(region.len()));
+    m_box = {};
+    m_all = {{0.0, 0.0}, {-1.0, -1.0}};
+    m_isContinuous = true;
+    m_sides.clear();
     std::size_t count = 0;
     for (const CVekVertexArray& contour : region)
         count += static_cast<std::size_t>(contour.len()) + 1;
@@ -180,11 +194,15 @@ bool HatchRows::cutPlainly(double y, double from, double to)
             return false;
         if ((before > 0.0) != (behind > 0.0))
             m_found.push_back(
-                {side.start.x + (side.end.x - side.start.x) * (before / (before - behind)), side.contour});
+                {side.start.x + (side.end.x - side.start.x) * (before / (before - behind)), side.contour, number});
     }
     if (m_found.empty())
         return true;
     sort(m_found);
+    if (m_found.size() == m_active.size()) { // the next row will cross them in nearly the same order
+        for (std::size_t i = 0; i < m_found.size(); ++i)
+            m_active[i] = m_found[i].side;
+    }
     if (m_found.size() % 2 != 0 || m_found.front().x < from + m_tolerance || m_found.back().x > to - m_tolerance)
         return false;
     for (std::size_t i = 1; i < m_found.size(); ++i) {
@@ -212,7 +230,7 @@ void HatchRows::cutWithCare(double y, double from, double to)
         const plane::Meetings found = meet(row, plane::Arc(side.start, side.end, side.bulge), m_tolerance);
         for (int i = 0; i < found.count; ++i) {
             if (!side.isBridge)
-                m_found.push_back({found.points[i].point.x, side.contour});
+                m_found.push_back({found.points[i].point.x, side.contour, number});
             if (found.along[i]) {
                 m_events.push_back({found.points[i].point.x, side.contour, 1});
                 m_events.push_back({found.points[i + 1].point.x, side.contour, -1});
@@ -309,9 +327,16 @@ void HatchRows::takeStretches()
         }
         from = to;
     };
-    for (const Cut& event : m_isPlain ? m_found : m_events) {
-        piece(event.x);
-        m_standing.apply(event.contour, event.step);
+    if (m_isPlain) {
+        for (const Cut& found : m_found) {
+            piece(found.x);
+            m_standing.apply(found.contour, plane::Standing::kPass);
+        }
+    } else {
+        for (const Event& event : m_events) {
+            piece(event.x);
+            m_standing.apply(event.contour, event.step);
+        }
     }
     piece(HUGE_VAL);
 }

@@ -24,9 +24,13 @@ public:
         double to;
     };
 
+    HatchRows() = default;
+    HatchRows(const CVekArrayTempl<CVekVertexArray>& region, double turn) { set(region, turn); }
+
+    /// Replaces the region; its memory stays in use.
     /// @param region in the hatch plane, with at least one contour, all coordinates `isFinite`
     /// @param turn angle of the lines
-    HatchRows(const CVekArrayTempl<CVekVertexArray>& region, double turn);
+    void set(const CVekArrayTempl<CVekVertexArray>& region, double turn);
 
     double tolerance() const { return m_tolerance; }
 
@@ -81,8 +85,15 @@ private:
         std::uint32_t last = 0;
     };
 
-    /// An event at a position on a row.
+    /// Where a row meets a side.
     struct Cut {
+        double x;
+        std::uint32_t contour;
+        std::uint32_t side;
+    };
+
+    /// A change of what a row passes through.
+    struct Event {
         double x;
         std::uint32_t contour;
         int step = plane::Standing::kPass;
@@ -105,15 +116,15 @@ private:
     double m_height = 0.0;
     double m_step = 1.0;
     long long m_lowest = 0;
-    std::vector<std::uint32_t> m_begin; ///< for each row from the lowest, where its sides begin in `m_order`
-    std::vector<std::uint32_t> m_order; ///< the sides, sorted by their first row
-    std::vector<std::uint32_t> m_active;
-    std::uint32_t m_next = 0; ///< the first row whose sides are not active yet
+    std::vector<std::uint32_t> m_begin;  ///< for each row from the lowest, where its sides begin in `m_order`
+    std::vector<std::uint32_t> m_order;  ///< the sides, sorted by their first row
+    std::vector<std::uint32_t> m_active; ///< mostly in the order in which the last row crosses them
+    std::uint32_t m_next = 0;            ///< the first row whose sides are not active yet
 
     bool m_isPlain = false; ///< whether the current row is
     bool m_hasStretches = false;
-    std::vector<Cut> m_found;  ///< where the current row meets contours
-    std::vector<Cut> m_events; ///< if it is not plain: where it crosses them and runs along them
+    std::vector<Cut> m_found;    ///< where the current row meets contours
+    std::vector<Event> m_events; ///< where it crosses them and runs along them
     std::vector<Stretch> m_pairs;
     std::vector<Stretch> m_pieces;
     std::vector<Stretch> m_outer;

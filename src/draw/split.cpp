@@ -5,11 +5,11 @@
 #include <vek/draw/split.h>
 #include <vek/geometry.h>
 
-namespace
+void VEK::detail::split(const CVekVertexArray& vl, CVekVertexArray& result)
 {
-
-void appendSplit(CVekVertexArray& result, const CVekVertexArray& vl)
-{
+    result.setLogicalLength(0);
+    result.reserve(vl.len());
+    result.setNormal(vl.normal());
     for (const CVekVertex& vertex : vl) {
         if (vertex.bulge == 0.0) {
             result.append(vertex);
@@ -26,8 +26,6 @@ void appendSplit(CVekVertexArray& result, const CVekVertexArray& vl)
     }
 }
 
-} // namespace
-
 CVekArrayTempl<CVekVertexArray> vek_gdx_image_reg_split(const CVekArrayTempl<CVekVertexArray>& reg)
 {
     return VEK::whole(CVekArrayTempl<CVekVertexArray>(), [&] {
@@ -43,9 +41,7 @@ CVekVertexArray vek_gdx_image_vl_split(const CVekVertexArray& vl)
 {
     return VEK::whole(CVekVertexArray(), [&] {
         CVekVertexArray result;
-        result.reserve(vl.len());
-        result.setNormal(vl.normal());
-        appendSplit(result, vl);
+        VEK::detail::split(vl, result);
         return result;
     });
 }

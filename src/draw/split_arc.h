@@ -7,6 +7,9 @@
 namespace VEK::detail
 {
 
+/// Replaces a polyline by another one with its arcs split.
+void split(const CVekVertexArray& vl, CVekVertexArray& result);
+
 /// The number of equal chords for an arc: within 0.01 for one shorter than 4.0, otherwise within 0.05.
 inline int splitCount(const plane::SpaceArc& arc)
 {

@@ -15,7 +15,16 @@ class Standing
 public:
     static constexpr int kPass = 0;
 
+    Standing() = default;
     explicit Standing(std::size_t contours) : m_contours(contours) {}
+
+    /// Begins with another region.
+    void begin(std::size_t contours)
+    {
+        m_contours.assign(contours, {});
+        m_touched.clear();
+        m_blocked = 0;
+    }
 
     /// Steps over an event at a contour.
     /// @param step `kPass`, or 1 and -1 at the beginning and end of a stretch along its boundary
