@@ -68,4 +68,15 @@ void forEachConformanceCase(Try&& tryCase)
     }
 }
 
+/// Items of every kind in one object.
+inline Gdx everything()
+{
+    Gdx all = grey();
+    forEachConformanceCase([&](Gdx& gdx, const ConformanceCase& c) {
+        if (c.rules == &kScreen && (c.flag == 0 || c.flag == itemFill || c.flag == itemHatch))
+            all.addDisplayList(gdx.getDisplayList());
+    });
+    return all;
+}
+
 } // namespace display_test

@@ -197,10 +197,7 @@ TEST_F(DplistImage, OddSizesAndMatricesEndQuickly)
 
 TEST_F(DplistImage, RepaintsGiveEveryObjectBack)
 {
-    forEachConformanceCase([&](Gdx& object, const ConformanceCase& c) {
-        if (c.rules == &kScreen && (c.flag == itemFill || c.flag == 0))
-            gdx.addDisplayList(object.getDisplayList());
-    });
+    gdx = everything();
     control.MoveWindow(0, 0, 60, 40);
     control.zoomExtents();
     control.Invalidate();
