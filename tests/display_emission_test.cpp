@@ -228,26 +228,6 @@ TEST(DisplayExtents, OfWhatNoMatrixMovesAreThoseOfTheIdentityBitByBit)
     EXPECT_TRUE(compared == 4000 && counted > 2000 && counted < 4000);
 }
 
-TEST(DisplayExtents, FullRecomputationAgreesWithTheRunningOne)
-{
-    Gdx gdx = plain();
-    CVekMatrix3d turn;
-    turn.setToRotation(0.3, CVekVector3d::kZAxis, {1, 1, 0});
-    gdx.projMtxSet(turn);
-    gdx.viewDirectionSet(L"SW");
-    CVekVertexArray arc(CVekVertex({0, 0, 0}, {10, 0, 0}, 1.0));
-    gdx.imageVl({}, 0, arc, {}, turn, {}, 1.0, 0, {});
-    gdx.imageReg({}, 0, square(20), {}, turn, {}, 1.0, 0, {}, {}, {});
-    gdx.imageTxt({}, 0, L"Größe 7", {}, turn, L"TR", {3, 0, 0}, {});
-    gdx.imagePt({}, itemHidden, {50, -2, 1}, {}, {}, 0.0, 0, {});
-    gdx.imagePt({}, itemNoExt, {500, -2, 1}, {}, {}, 0.0, 0, {});
-    CVekPoint3d min;
-    CVekPoint3d max;
-    ASSERT_TRUE(gdx.extmaxGet(min, max));
-    gdx.refresh_ext();
-    expectExtents(gdx, min, max);
-}
-
 TEST(DisplayExtents, EmptyGeometryCountsAsTheOriginAndNonFiniteNotAtAll)
 {
     Gdx gdx = plain();
@@ -315,18 +295,6 @@ TEST(DisplayText, IsLaidOutAnewByEverySetter)
     gdx.txtPointSet(path({1}), {100, 0, 0});
     EXPECT_TRUE(gdx.extmaxGet(min, max));
     EXPECT_NEAR(min[0], 100.16678, 1e-9);
-}
-
-TEST(DisplayText, LongAlignedTextStaysBounded)
-{
-    const std::wstring text(100000, L'H');
-    const auto regl = VEK::textRegions(text.c_str(), L"CC", {});
-    ASSERT_EQ(regl.len(), 100000);
-    EXPECT_EQ(regl[99999].len(), 1);
-    CVekPoint3d min;
-    CVekPoint3d max;
-    regl[0][0].extents(min, max);
-    EXPECT_LT(max[0], -50000.0);
 }
 
 } // namespace

@@ -146,38 +146,14 @@ TEST(PassDashes, DotsAreOnePixel)
               "moveTo 31,5\nlineTo 32,5\nmoveTo 36,5\nlineTo 42,5\n");
 }
 
-TEST(PassDashes, RunAlongArcsAndOutlinesAndInTheView)
+TEST(PassDashes, RunAlongOutlines)
 {
-    Gdx ring = grey();
-    addDashed(ring, {10, -4}, 1, circle(50));
-    double drawn = 0.0;
-    VEK::SurfacePoint at;
-    const auto recorded = draw(ring, kPaper);
-    for (const auto& call : recorded.calls()) {
-        if (call.op == VEK::SurfaceOp::lineTo)
-            drawn += std::hypot(call.points[0].x - at.x, call.points[0].y - at.y);
-        if (!call.points.empty())
-            at = call.points[0];
-    }
-    // Each half of 157.08 takes eleven whole patterns of dashes of 10; chords are a little shorter than the arc.
-    EXPECT_NEAR(drawn, 2 * 11 * 10.0, 1.0);
-
     Gdx outline = grey();
     outline.imageReg(path({}), itemOutline, square(28), kRed, kNone, doubles({10, -4}), 1.0, 1, CVekColor(),
                      VEK::CHatchProp(), CVekPoint3d());
     EXPECT_EQ(calls(outline).substr(0, 94),
               "pen 1 #ff0000\nmoveTo 0,0\nlineTo 5,0\nmoveTo 9,0\nlineTo 14,0\nlineTo 19,0\n"
               "moveTo 23,0\nlineTo 28,0");
-
-    Gdx side = grey(); // seen from an angle at which the line is half as long
-    CVekMatrix3d tilt;
-    side.viewDirectionMtxSet(tilt.setToRotation(std::numbers::pi / 3, CVekVector3d::kYAxis, CVekPoint3d::kOrigin));
-    addDashed(side, {10, -4}, 1, line(0, 5, 56, 5));
-    int dashes = 0;
-    const auto seen = draw(side, kPaper);
-    for (const auto& call : seen.calls())
-        dashes += call.op == VEK::SurfaceOp::moveTo;
-    EXPECT_EQ(dashes, 3); // two patterns, on what is seen of the line
 }
 
 TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)

@@ -428,17 +428,5 @@ TEST(PassPicture, ComesFromTheSourceInEveryPass)
     }
 }
 
-TEST(PassInput, EndOfMemoryEndsThePicture)
-{
-    struct Full : VEK::CRecorder {
-        void polyline(const VEK::SurfacePoint*, int) override { throw std::bad_alloc(); }
-    } full;
-    Gdx gdx = grey();
-    gdx.imagePt(path({}), 0, {1, 1, 0}, kRed, kNone, -10.0, 8, CVekPoint3d());
-    addLine(gdx, line(0, 0, 1, 1));
-    VEK::gdxDraw(gdx, full, 100, 200, kPaper);
-    EXPECT_NE(textOf(full, kPaper).find("rectangle"), std::string::npos); // what came before stands
-}
-
 } // namespace
 } // namespace display_test
