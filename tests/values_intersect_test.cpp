@@ -184,8 +184,8 @@ TEST(PolylineMeetings, planesOfBoth)
     // A half circle in the upright plane y = 0 and its mirror image from behind: the arcs are the same.
     CVekVertexArray front(CVekVertex({1, 0, 0}, {-1, 0, 0}, -1));
     front.setNormal({0, 1, 0});
-    CVekVertexArray behind(CVekVertex({1, 0, 0}, {-1, 0, 0}, 1));
-    behind.setNormal({0, -1, 0});
+    CVekVertexArray behind = front;
+    shapes::turnNormal(behind);
     const CVekVertexArray line(CVekVertex({-3, 0, 0.5}, {3, 0, 0.5})); // with a normal of z
     CVekPoint3dArray points;
     for (const CVekVertexArray* arc : {&front, &behind}) {

@@ -6,16 +6,11 @@
 
 TEST(String, OfNullOrNothingIsTheEmptyText)
 {
-    const CVekString texts[] = {CVekString(), CVekString(L""), CVekString(static_cast<const wchar_t*>(nullptr))};
-    for (const CVekString& text : texts) {
-        EXPECT_TRUE(text.isNull());
-        EXPECT_EQ(text.len(), 0);
-        EXPECT_STREQ(text, L"");
-        EXPECT_EQ(text[0], L'\0');
-    }
-    CVekString text = L"abc";
-    text = static_cast<const wchar_t*>(nullptr);
-    EXPECT_TRUE(text.isNull());
+    CVekString assigned = L"abc";
+    assigned = static_cast<const wchar_t*>(nullptr);
+    for (const CVekString& text :
+         {assigned, CVekString(), CVekString(L""), CVekString(static_cast<const wchar_t*>(nullptr))})
+        EXPECT_TRUE(text.isNull() && text.len() == 0 && *text == L'\0' && text[0] == L'\0');
     EXPECT_EQ(CVekString(L"ab\0cd", 5).len(), 2);
 }
 
@@ -28,12 +23,8 @@ TEST(String, JoinsAlsoWithPartsOfItself)
     text = static_cast<const wchar_t*>(text) + 2;
     EXPECT_STREQ(text, L"abb");
     EXPECT_STREQ(L"<" + text + L'>' + L"!" + CVekString(L"?"), L"<abb>!?");
-    const CVekString& self = text;
-    text = self;
-    EXPECT_STREQ(text, L"abb");
-
-    CVekString built;
-    std::wstring expected;
+    CVekString built = text = *&text;
+    std::wstring expected = L"abb";
     std::mt19937 random(5);
     for (int i = 0; i < 2000; ++i) {
         const std::wstring piece(random() % 20, static_cast<wchar_t>(L'a' + i % 26));
@@ -140,10 +131,7 @@ TEST(StringFormat, TakesTheTextItselfAndLongOnes)
 
 TEST(StringEscape, BecomesTheCharacter)
 {
-    const struct {
-        const wchar_t* escaped;
-        const wchar_t* plain;
-    } cases[] = {
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
         {L"\\U+00E4\\u20ac", L"ä€"},
         {L"Ma\\U+00dfe", L"Maße"},
         {L"\\u12G4 \\U00E4", L"\\u12G4 \\U00E4"},
@@ -153,10 +141,10 @@ TEST(StringEscape, BecomesTheCharacter)
         {L"\\uD83D\\uDE00", L"\U0001F600"},
         {L"\\uD83D\\U+DE00!", L"\U0001F600!"},
     };
-    for (const auto& c : cases) {
-        CVekString text = c.escaped;
+    for (const auto& [escaped, plain] : cases) {
+        CVekString text = escaped;
         text.unEscapeWideChar();
-        EXPECT_STREQ(text, c.plain);
+        EXPECT_STREQ(text, plain);
     }
 }
 
@@ -194,16 +182,13 @@ TEST(StringUtf8, GoesBothWays)
 
 TEST(StringUtf8, ReplacesWhatIsNotValid)
 {
-    const struct {
-        std::string bytes;
-        const wchar_t* text;
-    } cases[] = {
+    const std::pair<std::string, const wchar_t*> cases[] = {
         {"a\xFFz", L"a\uFFFDz"},         {"\xC3", L"\uFFFD"},           {"\xC3x", L"\uFFFDx"},
         {"\x80z", L"\uFFFDz"},           {"\xC0\xAF", L"\uFFFD\uFFFD"}, {"\xED\xA0\x80", L"\uFFFD"},
         {"\xF4\x90\x80\x80", L"\uFFFD"},
     };
-    for (const auto& c : cases)
-        EXPECT_STREQ(VEK::fromUtf8(c.bytes.data(), static_cast<unsigned>(c.bytes.size())), c.text);
+    for (const auto& [bytes, text] : cases)
+        EXPECT_STREQ(VEK::fromUtf8(bytes.data(), static_cast<unsigned>(bytes.size())), text);
     const wchar_t lone[] = {L'a', static_cast<wchar_t>(0xD800), L'z', L'\0'};
     const CVekArrayTempl<char> bytes = VEK::toUtf8(lone);
     EXPECT_EQ(std::string(bytes.begin(), bytes.end()), "a\xEF\xBF\xBDz");
