@@ -104,16 +104,10 @@ TEST(Chain, HasTheToldForm)
 
 TEST(Chain, NodesHoldWhatTheirTypeCan)
 {
-    const VEK::CUniqResbuf small(VEK::mkResbuf(-7, 5003));
-    EXPECT_EQ(small->resval.rint, -7);
-    const VEK::CUniqResbuf big(VEK::mkResbuf(3e9, 5031));
-    EXPECT_EQ(big->resval.mnInt64, 3000000000);
-    const VEK::CUniqResbuf real(VEK::mkResbuf(2, 5001));
-    EXPECT_EQ(real->resval.rreal, 2.0);
-    EXPECT_FALSE(VEK::mkResbuf(40000, 5003));
-    EXPECT_FALSE(VEK::mkResbuf(1, 5016));
-    EXPECT_FALSE(VEK::mkResbuf(VEK::nan(), 5010));
-    EXPECT_FALSE(VEK::mkResbuf(L"x", 5001));
+    const VEK::CUniqResbuf small(VEK::mkResbuf(-7, 5003)), big(VEK::mkResbuf(3e9, 5031)), real(VEK::mkResbuf(2, 5001));
+    EXPECT_TRUE(small->resval.rint == -7 && big->resval.mnInt64 == 3000000000 && real->resval.rreal == 2.0);
+    EXPECT_FALSE(VEK::mkResbuf(40000, 5003) || VEK::mkResbuf(1, 5016));
+    EXPECT_FALSE(VEK::mkResbuf(VEK::nan(), 5010) || VEK::mkResbuf(L"x", 5001));
 }
 
 TEST(Chain, BringsEveryLeafBack)
@@ -170,25 +164,18 @@ TEST(Chain, RefusesWhatIsNoValue)
 
 TEST(Chain, GivesRegionsAndMovesOn)
 {
-    VEK::Regions regions;
-    regions.append(VEK::VertexArrays());
-    regions[0].append(arcs());
+    const VEK::Regions regions{{arcs()}};
     VEK::CUniqResbuf chain(VEK::mkResbuf(regions));
     chain.append(VEK::mkResbuf(1, 5003));
     resbuf* at = chain;
     VEK::Regions read;
-    EXPECT_TRUE(VEK::fromRb(read, at, 0));
-    EXPECT_TRUE(read == regions);
-    ASSERT_TRUE(at);
-    EXPECT_EQ(at->restype, 5003);
-    EXPECT_FALSE(VEK::fromRb(read, at, 0));
-    EXPECT_EQ(at->restype, 5003);
-    EXPECT_TRUE(read == regions);
+    for (const bool isRegion : {true, false}) {
+        EXPECT_EQ(VEK::fromRb(read, at, 0), isRegion);
+        ASSERT_TRUE(read == regions && at && at->restype == 5003);
+    }
     const VEK::CUniqResbuf nil(vekNewRb(5019));
     at = nil;
-    EXPECT_TRUE(VEK::fromRb(read, at, 0));
-    EXPECT_EQ(read.len(), 0);
-    EXPECT_FALSE(at);
+    EXPECT_TRUE(VEK::fromRb(read, at, 0) && read.len() == 0 && !at);
     EXPECT_FALSE(VEK::fromRb(read, at, 0));
 }
 
@@ -206,8 +193,7 @@ TEST(Chain, BearsAnySequenceOfNodes)
         ++read;
         CVekDataItem again;
         ASSERT_TRUE(again.setData(item.mkLisp(), false)) << chain;
-        const VEK::CUniqResbuf first(item.mkLisp());
-        const VEK::CUniqResbuf second(again.mkLisp());
+        const VEK::CUniqResbuf first(item.mkLisp()), second(again.mkLisp());
         EXPECT_EQ(typesOf(first), typesOf(second)) << chain;
     }
     EXPECT_GT(read, 1000);

@@ -26,25 +26,18 @@ TEST(DataKey, IsBuiltFromPairs)
 {
     const CVekString name(L"Pfosten");
     const CVekDataKey key(5005, L"BT", 5003, 7, 5020, name, 0);
-    EXPECT_EQ(key.type(), 5005);
-    EXPECT_STREQ(key, L"BT");
-    ASSERT_TRUE(key.next());
-    EXPECT_EQ(key.next()->type(), 5003);
-    EXPECT_EQ(static_cast<int>(*key.next()), 7);
-    ASSERT_TRUE(key.next()->next());
-    EXPECT_EQ(key.next()->next()->type(), 5020);
-    EXPECT_STREQ(*key.next()->next(), L"Pfosten");
-    EXPECT_FALSE(key.next()->next()->next());
+    const CVekDataKey *second = key.next(), *third = second ? second->next() : nullptr;
+    ASSERT_TRUE(third && !third->next());
+    EXPECT_TRUE(key.type() == 5005 && second->type() == 5003 && third->type() == 5020);
+    EXPECT_TRUE(CVekString(key) == L"BT" && static_cast<int>(*second) == 7 && CVekString(*third) == name);
 }
 
 TEST(DataKey, StopsBeforeAMalformedPair)
 {
-    EXPECT_FALSE(CVekDataKey(5005, L"BT", 5001, 1, 0).next());
-    EXPECT_FALSE(CVekDataKey(5005, L"BT", 5003, L"7", 0).next());
-    EXPECT_FALSE(CVekDataKey(5005, L"BT", 5005, 7, 0).next());
-    EXPECT_FALSE(CVekDataKey(5005, L"BT", 5005).next());
-    EXPECT_TRUE(CVekDataKey(4711, L"BT", 0).isEmpty());
-    EXPECT_TRUE(CVekDataKey(static_cast<const wchar_t*>(nullptr)).isEmpty());
+    for (const CVekDataKey& key : {CVekDataKey(5005, L"BT", 5001, 1, 0), CVekDataKey(5005, L"BT", 5003, L"7", 0),
+                                   CVekDataKey(5005, L"BT", 5005, 7, 0), CVekDataKey(5005, L"BT", 5005)})
+        EXPECT_TRUE(key == CVekDataKey(L"BT"));
+    EXPECT_TRUE(CVekDataKey(4711, L"BT", 0).isEmpty() && CVekDataKey(static_cast<const wchar_t*>(nullptr)).isEmpty());
     EXPECT_FALSE(CVekDataKey(L"").isEmpty());
 }
 
@@ -67,8 +60,7 @@ TEST(DataKey, CopiesAllOrTheFirst)
 
 TEST(DataKey, IsAssignedToFreshSlotsAsToUsedOnes)
 {
-    const CVekDataKey path(5005, L"A", 5005, L"B", 0);
-    const CVekDataKey first(L"A");
+    const CVekDataKey path(5005, L"A", 5005, L"B", 0), first(L"A");
     CVekArrayTempl<CVekDataKey> used{path, path};
     used.setLogicalLength(0);
     CVekArrayTempl<CVekDataKey> fresh;
@@ -132,9 +124,7 @@ TEST(DataItem, ConvertsNumbersAndNothingElse)
     }
     VEK::dataSet(&item, nullptr, L"12");
     EXPECT_FALSE(item.get(whole));
-    CVekColor red;
-    red.setColorIndex(1);
-    VEK::dataSet(&item, nullptr, red);
+    VEK::dataSet(&item, nullptr, CVekColor());
     EXPECT_FALSE(item.get(whole));
     item.mkDir();
     EXPECT_FALSE(item.get(whole));
@@ -174,8 +164,7 @@ TEST(DataItem, KeepsAddressesAndTurnsLeavesIntoDirectories)
     EXPECT_TRUE(leaf->isDir());
     VEK::dataItemSet(leaf, nullptr, *leaf->getItem(L"B")->peek<int>());
     EXPECT_EQ(*leaf->peek<int>(), 2);
-    const CVekDataKey first(5005, L"K", 0);
-    const CVekDataKey second(5020, L"K", 0);
+    const CVekDataKey first(5005, L"K", 0), second(5020, L"K", 0);
     VEK::dataItemSet(&item, &first, 1);
     VEK::dataItemSet(&item, &second, 2);
     EXPECT_EQ(item.getDir()->len(), 2);
@@ -220,21 +209,18 @@ TEST(DataItem, BearsNull)
 {
     const CVekDataItem* none = nullptr;
     int value = 5;
-    EXPECT_FALSE(VEK::dataItemGet(none, nullptr, value));
-    EXPECT_FALSE(VEK::dataGet(none, L"A", value));
+    EXPECT_FALSE(VEK::dataItemGet(none, nullptr, value) || VEK::dataGet(none, L"A", value));
     EXPECT_EQ(value, 5);
-    EXPECT_FALSE(VEK::dataItemSet(nullptr, nullptr, 1));
-    EXPECT_FALSE(VEK::dataSet(nullptr, L"A", 1));
+    EXPECT_FALSE(VEK::dataItemSet(nullptr, nullptr, 1) || VEK::dataSet(nullptr, L"A", 1));
     EXPECT_FALSE(VEK::dataSetList(nullptr, L"A", CVekArrayTempl<int>()));
     EXPECT_EQ(CVekDataItem(none).kind(), VEK::DataKind::empty);
-    EXPECT_TRUE(VEK::CDataIterator(none).done());
-    EXPECT_TRUE(VEK::CDataIterator(nullptr).done());
-    CVekDataItem leaf;
-    VEK::CDataIterator it(&leaf);
-    EXPECT_TRUE(it.done());
-    EXPECT_FALSE(it.item());
-    it.next();
-    EXPECT_TRUE(it.done());
+    const CVekDataItem leaf;
+    for (const CVekDataItem* childless : {none, &leaf}) {
+        VEK::CDataIterator it(childless);
+        EXPECT_TRUE(it.done() && !it.item());
+        it.next();
+        EXPECT_TRUE(it.done());
+    }
 }
 
 // The contract lets callers copy what `getItem` gave without a test; only a caller without the sanitizer can do so.
@@ -256,13 +242,12 @@ TEST(DataItem, CopiesWhatIsMissingAsEmpty)
 TEST(DataItem, ListsDropTheKeyWhenEmpty)
 {
     CVekDataItem item;
-    EXPECT_TRUE(VEK::dataSetList(&item, L"VL", square(2)));
-    CVekVertexArray polyline;
-    ASSERT_TRUE(VEK::dataGet(&item, L"VL", polyline));
-    EXPECT_TRUE(polyline == square(2));
-    EXPECT_TRUE(VEK::dataSetList(&item, L"VL", CVekVertexArray()));
-    EXPECT_FALSE(item.getItem(L"VL"));
-    EXPECT_TRUE(item.isDir());
+    for (const int length : {4, 0}) {
+        CVekVertexArray polyline = square(2);
+        polyline.setLogicalLength(length);
+        EXPECT_TRUE(VEK::dataSetList(&item, L"VL", polyline) && item.isDir());
+        EXPECT_EQ(item.getItem(L"VL") != nullptr, length > 0);
+    }
     CVekArrayTempl<int> stack{5};
     EXPECT_TRUE(VEK::dataSetList(&item, L"", stack)) << "the item itself";
     EXPECT_TRUE(item.get(stack));
@@ -276,17 +261,14 @@ TEST(DataDir, KeepsTheOrder)
     CVekDataDir* dir = item.mkDir();
     for (const wchar_t* name : {L"D", L"B", L"C", L"A"})
         VEK::dataSet(&item, name, 1);
-    const CVekDataKey b(L"B");
-    const CVekDataKey c(L"C");
+    const CVekDataKey b(L"B"), c(L"C");
     EXPECT_TRUE(dir->insertCopy(&c, nullptr, true));
     EXPECT_EQ(item.getItem(L"C")->kind(), VEK::DataKind::empty);
     EXPECT_TRUE(dir->remove(&b));
     EXPECT_FALSE(dir->remove(&b));
     VEK::dataSet(&item, L"B", 1);
     EXPECT_TRUE(VEK::implode(namesOf(item), L" ") == L"D C A B");
-    EXPECT_FALSE(dir->makeItem(nullptr));
-    EXPECT_FALSE(dir->insertCopy(nullptr, &item, true));
-    EXPECT_FALSE(dir->getItem(nullptr));
+    EXPECT_FALSE(dir->makeItem(nullptr) || dir->insertCopy(nullptr, &item, true) || dir->getItem(nullptr));
 }
 
 TEST(DataDir, SharesAnItem)
