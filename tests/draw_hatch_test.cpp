@@ -72,14 +72,6 @@ void expectPieces(Pieces actual, Pieces expected, bool dots = false)
     }
 }
 
-std::vector<double> heights(const Polylines& lines)
-{
-    std::vector<double> list;
-    for (const CVekVertexArray& vl : lines)
-        list.push_back(std::round(vl[0].start[1] * 1e6) * 1e-6);
-    return list;
-}
-
 CVekMatrix3d rotation(double angle)
 {
     return CVekMatrix3d().setToRotation(angle, CVekVector3d::kZAxis, CVekPoint3d::kOrigin);
@@ -88,9 +80,8 @@ CVekMatrix3d rotation(double angle)
 /// A frame at the origin, turned by an angle.
 CVekMatrix3d frameOf(double angle)
 {
-    CVekMatrix3d frame;
-    frame.setCoordSystem({}, VEK::polar(angle, 1.0), VEK::polar(angle + kPi / 2, 1.0), CVekVector3d::kZAxis);
-    return frame;
+    return CVekMatrix3d().setCoordSystem({}, VEK::polar(angle, 1.0), VEK::polar(angle + kPi / 2, 1.0),
+                                         CVekVector3d::kZAxis);
 }
 
 Polylines moved(Polylines region, const CVekMatrix3d& m)
@@ -389,21 +380,6 @@ TEST(DrawPattern, UserPatternIsSolidAndMayBeCrossed)
     expectPieces(piecesOf(crossed), both);
     EXPECT_NEAR(crossed[0][0].start[0], crossed[0][0].end[0], kTolerance); // the upright ones come first
     EXPECT_EQ(vek_gdx_image_reg_hatch2(square, {}, {L"UNKNOWN", 0, 2, true}).len(), 0);
-}
-
-TEST(DrawPattern, LinesThroughALoneCornerAreLeftOut)
-{
-    // The line at y = 2 meets the point of the roof alone, that at y = 1 a corner of the outline and two sides.
-    const Polylines house = list({shapes::polygon({{0, -0.5}, {4, -0.5}, {4, 1}, {2, 2}, {0, 0.5}})});
-    EXPECT_EQ(heights(vek_gdx_image_reg_hatch2(house, {}, {L"_U", 0, 1, false})), (std::vector<double>{0, 1}));
-    const Polylines notch = list({shapes::polygon({{0, -0.5}, {4, -0.5}, {4, 3}, {2, 1}, {0, 3}})});
-    EXPECT_EQ(heights(vek_gdx_image_reg_hatch2(notch, {}, {L"_U", 0, 1, false})), (std::vector<double>{0, 2}));
-    // Dashes from 0 to 10 and on to 20, and a hole from 6 to 7: the stretch from 7 to 15 keeps 0 to 7 of the first
-    // dash, whose middle is inside, and the one before the hole 0 to 6.
-    const Host host(L"LONG", {{0, 0, 0.5, 0, 9, 10, 10}});
-    expectPieces(piecesOf(vek_gdx_image_reg_hatch2(list({rectangle(0, 0, 15, 1), rectangle(6, -1, 7, 2)}), {},
-                                                   {L"LONG", 0, 1, false})),
-                 {line(0, 0.5, 7, 0.5), line(10, 0.5, 15, 0.5), line(0, 0.5, 6, 0.5)});
 }
 
 /// What shows of a hatch in a view.
