@@ -76,6 +76,7 @@ inline Gdx everything()
         if (c.rules == &kScreen && (c.flag == 0 || c.flag == itemFill || c.flag == itemHatch))
             all.addDisplayList(gdx.getDisplayList());
     });
+    all.extMaxViewSet({0, 0, 0}, {50, 50, 0});
     return all;
 }
 
