@@ -76,4 +76,11 @@ private:
     std::uint64_t m_hash = 0xCBF29CE484222325u;
 };
 
+/// Of the items of an object.
+inline std::uint64_t hashOf(const CVekGDX& gdx)
+{
+    const CVekArrayTempl<CVekDisplayItem>& list = gdx.getDisplayList();
+    return (Hash() << list).value();
+}
+
 } // namespace display_test
