@@ -32,6 +32,20 @@ inline Gdx plain()
     return Gdx(CVekColor(), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());
 }
 
+inline CVekColor rgb(unsigned long value)
+{
+    CVekColor color;
+    color.setColor(value);
+    return color;
+}
+
+inline CVekColor indexed(short index)
+{
+    CVekColor color;
+    color.setColorIndex(index);
+    return color;
+}
+
 inline CVekArrayTempl<int> path(CVekArrayTempl<int> numbers)
 {
     return numbers;
@@ -60,8 +74,7 @@ inline void expectNear(const CVekPoint3d& actual, const CVekPoint3d& expected, d
 
 inline void expectExtents(const CVekGDX& gdx, const CVekPoint3d& min, const CVekPoint3d& max)
 {
-    CVekPoint3d actualMin;
-    CVekPoint3d actualMax;
+    CVekPoint3d actualMin, actualMax;
     ASSERT_TRUE(gdx.extmaxGet(actualMin, actualMax));
     expectNear(actualMin, min);
     expectNear(actualMax, max);

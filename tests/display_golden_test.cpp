@@ -16,19 +16,14 @@ Gdx reference()
     turned.setCoordSystem({1, 2, 3}, {0.6, 0.8, 0}, {-0.8, 0.6, 0}, {0, 0, 1});
     gdx.projMtxSet(turned);
     gdx.viewDirectionMtxSet(turned * turned);
-    CVekColor red;
-    red.setColorIndex(1);
-    CVekColor grey;
-    grey.setColor(0x7F8081);
+    const CVekColor red = indexed(1), grey = rgb(0x7F8081);
     for (int i = 0; i < 50; ++i) {
         const CVekVertexArray vl = line(i / 7.0, i / 3.0, 100.0 / (i + 1), -i / 9.0);
         gdx.imageVl(path({i % 4, i}), (i % 5u) << itemColorModeShift, vl, red, turned, doubles({1, 1, 0}), 0.1 * i, 2,
                     {});
         gdx.imagePt(path({i % 3}), itemScreenFixed, {i / 11.0, 0, 0}, grey, {}, -10.0, 35, {1.0 / (i + 3), 0, 0});
     }
-    CVekArrayTempl<CVekVertexArray> disc;
-    disc[0].append(CVekVertex({-1.1, 0, 0}, {1.1, 0, 0}, 1.0));
-    disc[0].append(CVekVertex({1.1, 0, 0}, {-1.1, 0, 0}, 1.0));
+    const CVekArrayTempl<CVekVertexArray> disc{shapes::polygon({{-1.1, 0}, {1.1, 0}}, {1.0, 1.0})};
     gdx.imageReg(path({9}), itemFill | itemNoExt, disc, red, turned, {}, 1.0, 0, grey, {L"STEEL", 0.25, 2, true}, {});
     gdx.imagePicture(path({8}), itemTransparent, L"panel.bmp", 2001, {0, 0, 0}, {64, 48, 0});
     gdx.imageTxt(path({7}), 0x100, L"Riegel 50/120 (±0,5)", red, turned, L"CC", {0.1, 0, 0}, {});
@@ -43,8 +38,7 @@ Gdx reference()
 TEST(Golden, ReferenceObjectHasTheSameBitsInEveryBuild)
 {
     const Gdx gdx = reference();
-    CVekPoint3d min;
-    CVekPoint3d max;
+    CVekPoint3d min, max;
     ASSERT_TRUE(gdx.extmaxGet(min, max));
     Hash hash;
     const CVekArrayTempl<CVekDisplayItem>& list = gdx.getDisplayList();

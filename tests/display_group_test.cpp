@@ -28,23 +28,18 @@ TEST(DisplayGroup, PrefixSelectsAndExactPathsAreToldApart)
     EXPECT_EQ(numbers({1}), (std::vector<int>{0, 1, 2}));
     EXPECT_EQ(numbers({1, 2}), (std::vector<int>{0, 1}));
     EXPECT_EQ(numbers({}), (std::vector<int>{}));
-    EXPECT_EQ(gdx.stackGet(), 2);
-    EXPECT_EQ(plain().stackGet(), 0);
+    EXPECT_TRUE(gdx.stackGet() == 2 && plain().stackGet() == 0);
 
-    EXPECT_EQ(gdx.stackGet(path({1, 2})), 0);
-    EXPECT_EQ(gdx.stackGet(path({1, 2, 5})), -1);
-    EXPECT_EQ(gdx.stackGet(path({2, 0})), 0); // a shorter path compares as if padded with zeros
-    EXPECT_EQ(gdx.stackGet(path({3})), -1);
-    EXPECT_EQ(gdx.stackGet(path({})), -1);
+    for (const auto& there : {path({1, 2}), path({2, 0})}) // a shorter path compares as if padded with zeros
+        EXPECT_EQ(gdx.stackGet(there), 0);
+    for (const auto& absent : {path({1, 2, 5}), path({3}), path({})})
+        EXPECT_EQ(gdx.stackGet(absent), -1);
     Gdx longer = plain();
     longer.imagePt(path({1, 2, 4}), 0, {}, {}, {}, 0.0, 0, {});
     EXPECT_EQ(longer.stackGet(path({1, 2})), -1);
 
-    EXPECT_TRUE(gdx.pdModeSet(path({1, 2}), 3));
-    EXPECT_TRUE(gdx.pdSizeSet(path({1, 2}), 7.0));
-    EXPECT_EQ(gdx.pdModeGet(0), 3u);
-    EXPECT_EQ(gdx.pdModeGet(1), 0u);
-    EXPECT_EQ(gdx.pdSizeGet(1), 0.0);
+    EXPECT_TRUE(gdx.pdModeSet(path({1, 2}), 3) && gdx.pdSizeSet(path({1, 2}), 7.0));
+    EXPECT_TRUE(gdx.pdModeGet(0) == 3u && gdx.pdModeGet(1) == 0u && gdx.pdSizeGet(0) == 7.0 && gdx.pdSizeGet(1) == 0.0);
     EXPECT_FALSE(gdx.pdModeSet(path({}), 3));
 }
 

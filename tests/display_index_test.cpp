@@ -181,14 +181,11 @@ private:
     {
         const CVekArrayTempl<int> stack = anyPath();
         ASSERT_EQ(m_indexed.StackToItemNr(stack), m_plain.StackToItemNr(stack));
-        Gdx measured = m_plain; // anew, all of it
-        measured.refresh_ext();
-        CVekPoint3d corners[6];
-        const bool any = m_indexed.extmaxGet(corners[0], corners[1]);
-        ASSERT_TRUE(any == m_plain.extmaxGet(corners[2], corners[3]) &&
-                    any == measured.extmaxGet(corners[4], corners[5]));
-        for (int i = 2; i < 6; ++i)
-            ASSERT_EQ(corners[i], corners[i % 2]);
+        if (random(4) == 0)
+            m_plain.refresh_ext(); // anew, all of it
+        CVekPoint3d corners[4];
+        ASSERT_EQ(m_indexed.extmaxGet(corners[0], corners[1]), m_plain.extmaxGet(corners[2], corners[3]));
+        ASSERT_TRUE(corners[0] == corners[2] && corners[1] == corners[3]);
         if (random(3) == 0)
             return;
         const PassRules& rules = random(3) ? kScreen : kPaper;

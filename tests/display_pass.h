@@ -24,20 +24,6 @@ inline PassRules unfitted(PassRules rules)
 inline const PassRules kPaper = unfitted(VEK::paperRules);
 inline const PassRules kScreen = unfitted(VEK::screenRules);
 
-inline CVekColor rgb(unsigned long value)
-{
-    CVekColor color;
-    color.setColor(value);
-    return color;
-}
-
-inline CVekColor indexed(short index)
-{
-    CVekColor color;
-    color.setColorIndex(index);
-    return color;
-}
-
 inline Gdx grey()
 {
     return Gdx(rgb(kBack), CVekMatrix3d(), 0.0, 0, CVekPoint3d(), CVekPoint3d());

@@ -1,8 +1,8 @@
 // Lines of the draw pass: dots, arcs, line patterns, hatches.
 #include "display_pass.h"
+#include "pattern_host.h"
 
 #include <vek/geometry.h>
-#include <vek/host.h>
 #include <vek/values/units.h>
 
 #include <cmath>
@@ -81,8 +81,7 @@ public:
 
 TEST(PassPolyline, TrueArcsGoThroughTheSamePoints)
 {
-    CVekMatrix3d turn;
-    turn.setToRotation(1.0, {1, 2, 3}, CVekPoint3d(4, 5, 6));
+    const CVekMatrix3d turn = CVekMatrix3d().setToRotation(1.0, {1, 2, 3}, CVekPoint3d(4, 5, 6));
     for (const double bulge : {0.3, -0.3, 1.0, 4.0, -4.0}) {
         Gdx gdx = grey();
         const CVekVertex arc({10, 3, 2}, {17, 5, 2}, bulge);
@@ -222,39 +221,6 @@ TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
     EXPECT_NEAR(static_cast<double>(recorded.calls().size()), 200 / 4.21, 12);
 }
 
-/// A host with patterns, on while it lives.
-class PatternHost
-{
-public:
-    PatternHost()
-    {
-        VekPatternLines lines;
-        lines[0] = doubles({0, 0, 0, 0, 2});
-        m_app.hatchPatternSet(L"TWO", lines);
-        lines[0] = doubles({0, 0, 0, 0, 2, 0.0, -5.0});
-        m_app.hatchPatternSet(L"DOTS", lines);
-        lines[0] = doubles({0, 0, 0, 0, 50, 4, -4});
-        m_app.hatchPatternSet(L"DASHED", lines);
-    }
-    ~PatternHost() { vekAppSet(m_before); }
-
-    int asked() const { return m_app.asked; }
-
-private:
-    struct App : CVekLocalApp {
-        int asked = 0;
-
-        void hatchPatternGet(const wchar_t* name, VekPatternLines& lines) override
-        {
-            ++asked;
-            CVekLocalApp::hatchPatternGet(name, lines);
-        }
-    };
-
-    App m_app;
-    CVekApp* m_before = vekAppSet(&m_app);
-};
-
 std::size_t countOf(const std::string& text, const std::string& part)
 {
     std::size_t count = 0;
@@ -265,7 +231,8 @@ std::size_t countOf(const std::string& text, const std::string& part)
 
 TEST(PassHatch, LinesDotsOrSolid)
 {
-    const PatternHost host;
+    PatternHost host(L"TWO", {{0, 0, 0, 0, 2}});
+    host.add(L"DOTS", {{0, 0, 0, 0, 2, 0.0, -5.0}});
     static constexpr struct {
         unsigned flag;
         const wchar_t* pattern;
@@ -303,7 +270,8 @@ TEST(PassHatch, LinesDotsOrSolid)
 
 TEST(PassHatch, AsksTheHostOnceForAPattern)
 {
-    const PatternHost host;
+    PatternHost host(L"TWO", {{0, 0, 0, 0, 2}});
+    host.add(L"DASHED", {{0, 0, 0, 0, 50, 4, -4}});
     Gdx gdx = grey();
     for (const wchar_t* name : {L"TWO", L"DASHED", L"NONE", L"TWO", L"DASHED", L"NONE"})
         gdx.imageReg(path({}), itemHatch, square(90), kRed, kNone, {}, 1.0, 1, kRed, VEK::CHatchProp(name, 0, 3, false),
@@ -316,7 +284,7 @@ TEST(PassHatch, AsksTheHostOnceForAPattern)
 
 TEST(PassHatch, IsDrawnWhereItIsSeenAndSolidWhereItTakesTooManyLines)
 {
-    const PatternHost host;
+    const PatternHost host(L"DASHED", {{0, 0, 0, 0, 50, 4, -4}});
     // A wall 120 m long and 4 m high takes 1.2 million dashes, and 4 million lines that are a thousandth apart.
     static constexpr struct {
         const wchar_t* name;
@@ -355,14 +323,10 @@ TEST(PassHatch, IsDrawnWhereItIsSeenAndSolidWhereItTakesTooManyLines)
 
 TEST(PassOutside, OnlyTheScreenLeavesOutWhatCannotShow)
 {
-    const PatternHost host;
     const std::pair<double, bool> places[] = {{-300, false}, {-30, true}, {150, true}, {300, false}}; // of 200 pixels
     for (const auto& [x, shows] : places) {
-        CVekMatrix3d move;
-        move.setToTranslation({x, 0, 0});
-        CVekArrayTempl<CVekVertexArray> region;
-        region.append(
-            polyline({{{0, 20, 0}, {50, 20, 0}}, {{50, 20, 0}, {50, 60, 0}, 1.0}, {{50, 60, 0}, {0, 20, 0}}}));
+        const CVekMatrix3d move = CVekMatrix3d().setToTranslation({x, 0, 0});
+        const CVekArrayTempl<CVekVertexArray> region{shapes::polygon({{0, 20}, {50, 20}, {50, 60}}, {0, 1})};
         for (const unsigned flag : {0u, unsigned(itemFill), unsigned(itemHatch), unsigned(itemOutline)}) {
             Gdx gdx = grey();
             if (flag == 0)
@@ -378,11 +342,7 @@ TEST(PassOutside, OnlyTheScreenLeavesOutWhatCannotShow)
         }
     }
     Gdx arc = grey(); // its chord lies outside, its bow does not
-    addRegion(arc, itemFill, [] {
-        CVekArrayTempl<CVekVertexArray> bow;
-        bow.append(polyline({{{-50, 0, 0}, {-50, 90, 0}, 3.0}, {{-50, 90, 0}, {-50, 0, 0}}}));
-        return bow;
-    }());
+    addRegion(arc, itemFill, {polyline({{{-50, 0, 0}, {-50, 90, 0}, 3.0}, {{-50, 90, 0}, {-50, 0, 0}}})});
     EXPECT_EQ(countOf(calls(arc, kScreen), "polygon"), 1u);
 }
 

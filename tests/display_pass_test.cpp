@@ -4,7 +4,6 @@
 #include <vek/geometry.h>
 
 #include <cmath>
-#include <numbers>
 #include <random>
 #include <sstream>
 
@@ -17,18 +16,14 @@ TEST(PassSetUp, FitsOnPaperAndKeepsTheViewOnScreen)
 {
     Gdx gdx = grey();
     addLine(gdx, line(0, 0, 100, 50));
-    // 5 of margin on each side; 110 by 60 in 320 by 240 scales by width, and 22.5 is left over in height.
-    const double s = 320.0 / 110.0;
     VEK::CRecorder paper;
-    VEK::gdxDraw(gdx, paper, 0, 0, VEK::paperRules);
+    VEK::gdxDraw(gdx, paper, 0, 0, VEK::paperRules); // without a size, 240 by 320
     EXPECT_EQ(paper.calls()[0].text(), "clipTo 0,0 320,240");
-    const VEK::SurfacePoint from = paper.calls()[3].points[0];
-    const VEK::SurfacePoint to = paper.calls()[4].points[0];
-    EXPECT_NEAR(from.x, s * 5, 1e-9);
-    EXPECT_NEAR(from.y, 240 - s * 16.25, 1e-9);
-    EXPECT_NEAR(to.x, s * 105, 1e-9);
-    EXPECT_NEAR(to.y, 240 - s * 66.25, 1e-9);
-    EXPECT_NEAR(gdx.viewMtxGet().axis(0)[0], s, 1e-12);
+    const CVekMatrix3d fit = VEK::getViewMtx({0, 0, 0}, {100, 50, 0}, 240, 320, 0.05);
+    EXPECT_EQ(gdx.viewMtxGet(), fit);
+    const CVekPoint3d to = CVekPoint3d(100, 50, 0) * fit;
+    EXPECT_NEAR(paper.calls()[4].points[0].x, to[0], 1e-9);
+    EXPECT_NEAR(paper.calls()[4].points[0].y, to[1], 1e-9);
 
     CVekMatrix3d zoom;
     gdx.viewMtxSet(CVekMatrix3d());
@@ -95,29 +90,19 @@ TEST(PassColours, OfLinesAndFillsByModeAndFixedAtTheEnd)
 TEST(PassPolyline, MatrixAndViewActInTheOrderOfTheItemsKind)
 {
     CVekMatrix3d quarter, right;
-    quarter.setToRotation(std::numbers::pi / 2, CVekVector3d::kZAxis, CVekPoint3d::kOrigin); // (1, 0) to (0, 1)
+    quarter.setCoordSystem({}, {0, 1, 0}, {-1, 0, 0}, {0, 0, 1}); // (1, 0) to (0, 1)
     right.setToTranslation({10, 0, 0});
     Gdx gdx = grey();
     gdx.viewDirectionMtxSet(quarter);
     addLine(gdx, line(1, 0, 5, 0), kRed, right);
     addRegion(gdx, itemFill | itemOutline, square(4), kRed, CVekColor(), right);
-    gdx.imagePt(path({}), 0, {1, 0, 0}, kRed, right, -2.0, 4, CVekPoint3d());
-    const auto rules = unfitted(VEK::scalableRules);
-    const auto recorded = draw(gdx, rules);
-    const auto first = [&](SurfaceOp op, std::size_t skip) {
-        for (const auto& call : recorded.calls()) {
-            if (call.op == op && skip-- == 0)
-                return call.points[0];
-        }
-        return VEK::SurfacePoint{};
-    };
-    // The region comes first in draw order. Fill: matrix, then view; its outline and polylines: view, then matrix.
-    EXPECT_NEAR(first(SurfaceOp::polygon, 0).y, 10.0, 1e-12);
-    EXPECT_NEAR(first(SurfaceOp::moveTo, 0).x, 10.0, 1e-12);
-    EXPECT_NEAR(first(SurfaceOp::moveTo, 1).x, 10.0, 1e-12);
-    EXPECT_NEAR(first(SurfaceOp::moveTo, 1).y, 1.0, 1e-12);
-    EXPECT_NEAR(first(SurfaceOp::moveTo, 2).x, 0.0, 1e-12);
-    EXPECT_NEAR(first(SurfaceOp::moveTo, 2).y, 11.0, 1e-12);
+    gdx.imagePt(path({}), 0, {1, 1, 0}, kRed, right, -2.0, 4, CVekPoint3d());
+    // The region comes first in draw order. Fill and points: matrix, then view; outlines and polylines: the other way.
+    EXPECT_EQ(calls(gdx, unfitted(VEK::scalableRules)),
+              "pen 1 #ff0000\nbrush #ff0000\npolygon 0,10 0,14 -4,14 -4,10\n"
+              "pen 1 #ff0000\nmoveTo 10,0\nlineTo 10,4\nlineTo 6,4\nlineTo 6,0\nlineTo 10,0\n"
+              "pen 1 #ff0000\nmoveTo 10,1\nlineTo 10,5\n"
+              "pen 1 #ff0000\nnoBrush\nmoveTo -1,11\nlineTo -1,12\n");
 }
 
 TEST(PassPoint, EveryStyle)
@@ -220,9 +205,7 @@ TEST(PassArea, OddScalesAndPlaces)
 TEST(PassRegion, OnlyRowsOfTheDrawingArea)
 {
     Gdx gdx = grey();
-    CVekMatrix3d huge;
-    huge.setToScaling(1e12, CVekPoint3d(0.5, 0.5, 0.0));
-    addRegion(gdx, itemFill, square(1), kRed, CVekColor(), huge);
+    addRegion(gdx, itemFill, square(1), kRed, CVekColor(), CVekMatrix3d().setToScaling(1e12, {0.5, 0.5, 0.0}));
     const auto recorded = draw(gdx, kPaper);
     EXPECT_EQ(recorded.calls().size(), 3u + 2 * 100);
     EXPECT_EQ(recorded.calls().back().points[0].y, 99.0);
@@ -239,12 +222,11 @@ TEST(PassRegion, ScanLinesAgreeWithAPointTest)
     for (int round = 0; round < 20; ++round) {
         CVekArrayTempl<CVekVertexArray> region;
         for (int k = 0; k < 2; ++k) {
-            CVekPoint3dArray points;
-            for (int i = 0; i < 7; ++i)
-                points.append({number(random), number(random), 0.0});
-            region[k].fromPoints(points, true);
+            std::vector<std::pair<double, double>> corners(7);
+            for (auto& [x, y] : corners)
+                x = number(random), y = number(random);
+            region.append(shapes::polygon(corners, {0, 0, k == 0 ? 0.7 : 0.0}));
         }
-        region[0][2].bulge = 0.7;
         Gdx gdx = grey();
         addRegion(gdx, itemFill, region);
         const auto recorded = draw(gdx, kPaper);
@@ -363,12 +345,9 @@ TEST(PassScreenFixed, KeepsItsSizeAndItsReferencePoint)
 
 TEST(PassInput, WhatIsNotFiniteEndsQuickly)
 {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const double inf = std::numeric_limits<double>::infinity();
-    for (const double odd : {nan, inf, 1e300}) {
+    for (const double odd : {VEK::nan(), std::numeric_limits<double>::infinity(), 1e300}) {
         Gdx gdx = grey();
-        CVekMatrix3d m;
-        m.setToScaling(odd, CVekPoint3d::kOrigin);
+        const CVekMatrix3d m = CVekMatrix3d().setToScaling(odd, CVekPoint3d::kOrigin);
         CVekArrayTempl<CVekVertexArray> region;
         region[0] = polyline({{{0, odd, 0}, {odd, 5, 0}, odd}, {{odd, 5, 0}, {0, odd, 0}}});
         region[1] = polyline({{{0, 0, 0}, {10, 0, 0}, 1.0}, {{10, 0, 0}, {0, 0, 0}, 1.0}});

@@ -72,8 +72,7 @@ TEST(DisplayView, ExtentsToFitAreTheCallersOrTheItems)
 TEST(DisplayTable, ModesOneToFourteen)
 {
     Gdx gdx = plain();
-    CVekColor red;
-    red.setColorIndex(1);
+    const CVekColor red = indexed(1);
     EXPECT_FALSE(gdx.ColorTabSet(0, red) || gdx.ColorTabSet(15, red));
     EXPECT_TRUE(gdx.ColorTabLenGet() == 0 && gdx.colorTabGet(0) == CVekColor());
     EXPECT_TRUE(gdx.ColorTabSet(1, red));
@@ -133,9 +132,7 @@ protected:
         VEK::dataSet(colors, L"PDMODE", 34);
         VEK::dataSet(colors, L"HIGHLIGHT", 1);
         VEK::dataSet(colors, L"BACKGROUND", 254);
-        CVekColor axis;
-        axis.setColor(0x123456);
-        VEK::dataSet(colors, L"AXIS", axis);
+        VEK::dataSet(colors, L"AXIS", rgb(0x123456));
     }
     void TearDown() override { VEK::cfg_dir_make(L"MRA_MENU")->remove(L"COLOR"); }
     static CVekGDX made(const CVekDataItem* item)
@@ -150,20 +147,14 @@ protected:
 TEST_F(DisplayCreation, ConfiguredColoursAndDefaults)
 {
     const CVekGDX fresh;
-    EXPECT_EQ(fresh.pdSizeGet(), 2.75);
-    EXPECT_EQ(fresh.pdModeGet(), 34u);
-    EXPECT_EQ(fresh.ColorTabLenGet(), 5);
-    EXPECT_EQ(fresh.colorTabGet(3).color(), 0x123456u);
-    EXPECT_EQ(fresh.colorTabGet(2), CVekColor());
+    EXPECT_TRUE(fresh.pdSizeGet() == 2.75 && fresh.pdModeGet() == 34u && fresh.ColorTabLenGet() == 5);
+    EXPECT_TRUE(fresh.colorTabGet(3).color() == 0x123456u && fresh.colorTabGet(2) == CVekColor());
 
     const CVekDataItem leaf; // what is no directory counts as null
     for (const CVekGDX& gdx : {made(nullptr), made(&leaf)}) {
-        EXPECT_EQ(gdx.pdSizeGet(), 2.0); // cut to whole numbers on this road
-        EXPECT_EQ(gdx.pdModeGet(), 34u);
-        EXPECT_EQ(gdx.colorTabGet(1).colorIndex(), 1);
-        EXPECT_EQ(gdx.colorTabGet(5), CVekColor());
-        EXPECT_EQ(gdx.backColorGet().colorIndex(), 254);
-        EXPECT_EQ(gdx.projMtxGet(), CVekMatrix3d());
+        EXPECT_TRUE(gdx.pdSizeGet() == 2.0 && gdx.pdModeGet() == 34u); // cut to whole numbers on this road
+        EXPECT_TRUE(gdx.colorTabGet(1).colorIndex() == 1 && gdx.colorTabGet(5) == CVekColor());
+        EXPECT_TRUE(gdx.backColorGet().colorIndex() == 254 && gdx.projMtxGet() == CVekMatrix3d());
     }
 }
 
@@ -172,28 +163,23 @@ TEST_F(DisplayCreation, DataOverridesWhereItsKeysStand)
     CVekDataItem item;
     item.mkDir();
     VEK::dataSet(&item, L"PDSIZE", 9);
-    CVekMatrix3d proj;
-    proj.setToTranslation({1, 2, 3});
+    const CVekMatrix3d proj = CVekMatrix3d().setToTranslation({1, 2, 3});
     VEK::dataSetList(&item, L"MTX", proj);
     VEK::dataSet(&item, L"COLOR", 5);
     CVekGDX gdx = made(&item);
     EXPECT_EQ(gdx.pdSizeGet(), 9.0);
     EXPECT_EQ(gdx.pdModeGet(), 34u);
     EXPECT_EQ(gdx.projMtxGet(), proj);
-    CVekColor blue;
-    blue.setColorIndex(5);
-    EXPECT_EQ(gdx.backColorGet(), blue);
+    EXPECT_EQ(gdx.backColorGet(), indexed(5));
 
     VEK::dataSet(&item, L"RGB", L"66051"); // 0x010203
     VEK::dataSet(&item, L"TBL", L"RAL 9005");
     gdx = made(&item);
-    EXPECT_EQ(gdx.backColorGet().color(), 0x010203u);
-    EXPECT_EQ(gdx.backColorGet().colorIndex(), 5);
-    EXPECT_TRUE(gdx.backColorGet().bookName() == L"RAL 9005");
+    const CVekColor back = gdx.backColorGet();
+    EXPECT_TRUE(back.color() == 0x010203u && back.colorIndex() == 5 && back.bookName() == L"RAL 9005");
 
     VEK::dataSet(&item, L"EXTVIEW", CVekPoint3dArray{{3, 4, 5}}); // the corner that is missing is the origin
-    CVekPoint3d min;
-    CVekPoint3d max;
+    CVekPoint3d min, max;
     made(&item).extMaxViewGet(min, max);
     EXPECT_TRUE(min == CVekPoint3d(3, 4, 5) && max == CVekPoint3d());
 }

@@ -1,10 +1,9 @@
 // Hatches: by hand, and beside slow ways that follow the rules line by line and dash by dash.
 #include "draw/hatch_plane.h"
-#include "shapes.h"
+#include "pattern_host.h"
 
 #include <vek/draw/hatch.h>
 #include <vek/geometry.h>
-#include <vek/host.h>
 #include <vek/values/tolerance.h>
 #include <vek/values/units.h>
 
@@ -23,24 +22,6 @@ using VEK::CHatchProp;
 
 constexpr double kTolerance = 1e-6;
 constexpr double kPi = shapes::pi;
-
-/// A host that knows one pattern.
-class Host
-{
-public:
-    Host(const wchar_t* name, const std::vector<std::vector<double>>& families)
-    {
-        VekPatternLines lines;
-        for (const std::vector<double>& family : families)
-            lines.append(shapes::numbers(family));
-        m_app.hatchPatternSet(name, lines);
-    }
-    ~Host() { vekAppSet(m_before); }
-
-private:
-    CVekLocalApp m_app;
-    CVekApp* m_before = vekAppSet(&m_app);
-};
 
 using Pieces = std::vector<CVekVertex>;
 
@@ -355,7 +336,7 @@ TEST(DrawPattern, AgreesWithFollowingTheLineStepByStep)
                         {90, 0, 0, 0, any(1, 3), -any(0.2, 1), any(0.2, 3)},
                         {any(0, 90), 1, 1, 2, 0, 1, -1},
                         {45, 2}};
-        const Host host(name, families);
+        const PatternHost host(name, families);
         const double angle = grid || round % 5 == 0 ? 0.0 : any(-3, 3);
         const std::size_t pieces = expectSame(reg, mtx, {name, angle, grid ? 1.0 : scale, random.coin()});
         VEK::acad_unit_set(before);
@@ -403,8 +384,8 @@ TEST(DrawPattern, ShowsInAViewWhatItShowsWithoutOne)
         SCOPED_TRACE(round);
         const auto any = [&](double from, double to) { return random.uniform(from, to); };
         const Polylines reg = anyRegion(random);
-        const Host host(L"A", {{any(-180, 180), any(-3, 3), 0, any(-1, 1), any(-1, 1), any(0.1, 2), any(-1, 0)},
-                               {any(0, 90), 0, any(-3, 3), any(-9, 9), any(0.4, 1)}});
+        const PatternHost host(L"A", {{any(-180, 180), any(-3, 3), 0, any(-1, 1), any(-1, 1), any(0.1, 2), any(-1, 0)},
+                                      {any(0, 90), 0, any(-3, 3), any(-9, 9), any(0.4, 1)}});
         const CHatchProp hatch(L"A", any(-3, 3), any(0.5, 1.5), false);
         const CVekPoint3d at = reg[0][0].mid();
         const double turn = any(-3, 3), side = any(0.5, 8);
@@ -433,7 +414,7 @@ TEST(DrawPattern, ShowsInAViewWhatItShowsWithoutOne)
 TEST(DrawPattern, TellsWhatItCutShort)
 {
     const Polylines wall = list({rectangle(0, 0, 120000, 4000)}), square = list({rectangle(0, 0, 10, 10)});
-    const Host host(L"A", {{0, 0, 0, 0, 50, 4, -4}, {0, 0, 0, 0, 0, 1, -1}});
+    const PatternHost host(L"A", {{0, 0, 0, 0, 50, 4, -4}, {0, 0, 0, 0, 0, 1, -1}});
     const auto cutShort = [](const Polylines& region, const CHatchProp& hatch, int& len) {
         bool cut = false;
         len = static_cast<int>(piecesOf(vek_gdx_image_reg_hatch2(region, {}, hatch, cut)).size());
@@ -490,12 +471,12 @@ TEST(DrawPattern, ImpossibleNumbersGiveNothingOrAreCutShort)
         EXPECT_EQ(vek_gdx_image_reg_hatch2(square, mtx, {L"_U", 0, 1, false}).len(), 0);
     }
     for (const double step : {0.0, 1e-300, 1e-9, nan, inf}) {
-        const Host host(L"S", {{0, 0, 0, 0, step}, {0, 0, 0, 1}, {0}});
+        const PatternHost host(L"S", {{0, 0, 0, 0, step}, {0, 0, 0, 1}, {0}});
         EXPECT_TRUE(none(square, {L"S", 0, 1, false}));
         EXPECT_EQ(cut, step > 0.0 && step < 1.0);
     }
     for (const double dash : {nan, inf, 1e-300, 1e300, -1.0}) {
-        const Host host(L"D", {{0, 0, 0, 0, 1, dash, -1e-12}, {0, 0, 0, nan, 1}, {0, 1e12, 1e12, 0, 1e-3}});
+        const PatternHost host(L"D", {{0, 0, 0, 0, 1, dash, -1e-12}, {0, 0, 0, nan, 1}, {0, 1e12, 1e12, 0, 1e-3}});
         EXPECT_LE(piecesOf(vek_gdx_image_reg_hatch2(square, {}, {L"D", 0, 1, false}, cut)).size(),
                   std::size_t(VEK::kHatchPieces));
     }
@@ -503,7 +484,7 @@ TEST(DrawPattern, ImpossibleNumbersGiveNothingOrAreCutShort)
     CVekVertexArray open = rectangle(0, 0, 10, 10), broken = open;
     open.setLogicalLength(3);
     broken.removeAt(1);
-    const Host plain(L"P", {{0, 0.3, 0.3, 0, 1, 2, -1}});
+    const PatternHost plain(L"P", {{0, 0.3, 0.3, 0, 1, 2, -1}});
     EXPECT_GT(expectSame(list({open}), {}, {L"P", 1.0, 1, false}), 0u);
     expectSame(list({broken}), {}, {L"P", 0.4, 1, false});
     EXPECT_GT(expectSame(list({shapes::circle(0, 0, 5), shapes::circle(1, 0, 2)}), {}, {L"P", 0.4, 1, false}), 0u);
@@ -547,8 +528,8 @@ TEST(DrawPatternTest, CountsLinesAndMeasuresSteps)
         Polylines region = anyRegion(random);
         region[0].transformBy(random.coin() ? random.tilt() : CVekMatrix3d());
         const double angle = random.uniform(-180, 180), step = random.pick({-1, 1}) * random.uniform(0.02, 0.4);
-        const Host host(L"R", {{angle, 1, 2, random.pick({0, 0.1, -0.2, 0.4}), step},
-                               {angle + 30, 0, 0, 0, random.pick({0, 0.5, HUGE_VAL})}});
+        const PatternHost host(L"R", {{angle, 1, 2, random.pick({0, 0.1, -0.2, 0.4}), step},
+                                      {angle + 30, 0, 0, 0, random.pick({0, 0.5, HUGE_VAL})}});
         CVekMatrix3d mtx = random.motion();
         mtx *= CVekMatrix3d().setToScaling(random.uniform(3, 60), {});
         const CHatchProp hatch(L"R", 0.5, random.pick({1, -1, 2}), false);
@@ -557,7 +538,7 @@ TEST(DrawPatternTest, CountsLinesAndMeasuresSteps)
     }
     EXPECT_GT(drawn, 50);
     EXPECT_LT(drawn, 250);
-    const Host host(L"P", {{0, 0, 0, 0, 3}});
+    const PatternHost host(L"P", {{0, 0, 0, 0, 3}});
     const auto test = [](double height, double scale, double factor) {
         return vek_gdx_pattern_test(list({rectangle(0, 0, 1, height)}), {L"P", 0, scale, false},
                                     CVekMatrix3d().setToScaling(factor, {}));
