@@ -55,12 +55,10 @@ TEST(DataTree, AgreesWithAPlainListUnderRandomChanges)
     std::vector<Model> model;
     for (int step = 0; step < 20000; ++step) {
         const int number = static_cast<int>(random() % 400);
-        CVekString name;
-        name.format(L"K%d", number);
         const short type = number % 3 == 1 ? CVekDataKey::keyText : CVekDataKey::keyText2;
         const CVekDataKey key = number % 3 == 0 ? CVekDataKey(5003, 200 - number, 0)
                                 : number == 1   ? CVekDataKey(L"")
-                                                : CVekDataKey(type, name, 0);
+                                                : CVekDataKey(type, CVekString().format(L"K%d", number), 0);
         const auto there =
             std::find_if(model.begin(), model.end(), [&](const Model& entry) { return entry.key == key; });
         // Growing and shrinking in turn, so that the table appears, is rebuilt and loses its gaps.
@@ -102,13 +100,10 @@ TEST(DataTree, AssignsAcrossItself)
 {
     CVekDataItem item;
     VEK::dataSet(&item, L"A\\B\\C", 1);
-    CVekDataItem up(item);
+    CVekDataItem up(item), moved(item), down(item);
     up = *up.getItem(L"A\\B");
-    EXPECT_EQ(*up.getItem(L"C")->peek<int>(), 1);
-    CVekDataItem moved(item);
     moved = std::move(*moved.getItem(L"A\\B"));
-    EXPECT_EQ(*moved.getItem(L"C")->peek<int>(), 1);
-    CVekDataItem down(item);
+    EXPECT_TRUE(*up.getItem(L"C")->peek<int>() == 1 && *moved.getItem(L"C")->peek<int>() == 1);
     CVekDataItem* b = down.getItem(L"A\\B");
     *b = down;
     EXPECT_EQ(*down.getItem(L"A\\B\\A\\B\\C")->peek<int>(), 1);
@@ -144,8 +139,7 @@ TEST(DataTree, IsAsDeepAsItLikes)
     const CVekDataItem copy(item);
     EXPECT_EQ(depthOf(copy), kDeep);
     CVekDataItem back;
-    EXPECT_TRUE(back.setData(copy.mkLisp(), false));
-    EXPECT_EQ(depthOf(back), kDeep);
+    EXPECT_TRUE(back.setData(copy.mkLisp(), false) && depthOf(back) == kDeep);
     back.remove(L"N");
     EXPECT_EQ(depthOf(back), 0);
 }

@@ -102,9 +102,8 @@ TEST(RasterLine, EachPixelByTheRuleHoweverFarTheEndsAre)
                 const std::int64_t across = (isFlat ? y1 : x1) + sum / (2 * n) - (sum % (2 * n) < 0);
                 if (step < 0 || step >= n || across < 0 || across >= kSize)
                     continue;
-                expected.pixels
-                    .data[static_cast<std::size_t>(isFlat ? across * kSize + along : along * kSize + across)] =
-                    0xFF000000;
+                const std::int64_t pixel = isFlat ? across * kSize + along : along * kSize + across;
+                expected.pixels.data[static_cast<std::size_t>(pixel)] = 0xFF000000;
                 ++lit;
             }
             ASSERT_EQ(sheet.text(), expected.text()) << x1 << "," << y1 << " to " << x2 << "," << y2;
@@ -314,16 +313,10 @@ TEST(RasterClip, NothingIsLitOutsideWhateverTheNumbers)
         sheet->solidRect(number(), number(), number(), number(), kBlack);
         sheet->picture(number(), number(), {1, 2, {0xFF000000, 0xFF0000FF}});
     }
-    int lit = 0, outside = 0;
     for (int y = 0; y < 40; ++y) {
-        for (int x = 0; x < 60; ++x) {
-            const bool isLit = sheet.pixels.at(x, y) != 0xFFFFFFFF;
-            lit += isLit;
-            outside += isLit && (x < 10 || x >= 50 || y < 10 || y >= 30);
-        }
+        for (int x = 0; x < 60; ++x)
+            EXPECT_EQ(sheet.pixels.at(x, y) != 0xFFFFFFFF, x >= 10 && x < 50 && y >= 10 && y < 30) << x << ',' << y;
     }
-    EXPECT_EQ(lit, 40 * 20);
-    EXPECT_EQ(outside, 0);
 }
 
 TEST(RasterPicture, LeavesOutPixelsWithoutOpacity)
@@ -348,12 +341,8 @@ TEST(RasterPicture, LeavesOutPixelsWithoutOpacity)
 TEST(RasterPicture, SizesThatCannotBe)
 {
     VEK::CPixels pixels{1, 1, {5}};
-    EXPECT_FALSE(VEK::rasterPixels(pixels, 0, 10, kWhite));
-    EXPECT_TRUE(pixels.empty());
-    EXPECT_FALSE(VEK::rasterPixels(pixels, 10, -1, kWhite));
-    EXPECT_FALSE(VEK::rasterPixels(pixels, INT_MAX, INT_MAX, kWhite));
-    EXPECT_FALSE(VEK::rasterPixels(pixels, 1 << 28, 2, kWhite));
-    EXPECT_EQ(pixels, VEK::CPixels());
+    for (const auto& [width, height] : {std::pair(0, 10), {10, -1}, {INT_MAX, INT_MAX}, {1 << 28, 2}})
+        EXPECT_TRUE(!VEK::rasterPixels(pixels, width, height, kWhite) && pixels == VEK::CPixels()) << width;
     for (VEK::CPixels wrong : {VEK::CPixels{}, VEK::CPixels{4, 4, {1, 2}}, VEK::CPixels{-1, -1, {1}}}) {
         const VEK::CPixels before = wrong;
         const auto surface = VEK::rasterSurface(wrong);

@@ -21,28 +21,24 @@ using VEK::CSurface;
 using VEK::SurfacePoint;
 using Calls = std::function<void(CSurface&)>;
 
-std::string emfBytes(const Calls& calls, int fineness = 1)
+std::string fileOf(const std::unique_ptr<VEK::CFileSurface>& surface, const VEK::CMemorySink& sink, const Calls& calls)
 {
-    VEK::CMemorySink sink;
-    const auto surface = VEK::emfSurface(sink, fineness);
     calls(*surface);
     EXPECT_TRUE(surface->finish());
     return sink.bytes();
 }
 
-std::string svgBytes(const Calls& calls)
+std::string emfBytes(const Calls& calls, int fineness = 1)
 {
     VEK::CMemorySink sink;
-    const auto surface = VEK::svgSurface(sink, 320, 240);
-    calls(*surface);
-    EXPECT_TRUE(surface->finish());
-    return sink.bytes();
+    return fileOf(VEK::emfSurface(sink, fineness), sink, calls);
 }
 
 /// What stands between the head and the end of an SVG file.
 std::string svgBody(const Calls& calls)
 {
-    const std::string all = svgBytes(calls);
+    VEK::CMemorySink sink;
+    const std::string all = fileOf(VEK::svgSurface(sink, 320, 240), sink, calls);
     const std::size_t head = all.find(">\n", all.find("<svg ")) + 2;
     EXPECT_TRUE(all.ends_with("</svg>\n"));
     return all.substr(head, all.size() - head - 7);
@@ -94,10 +90,8 @@ TEST(Recorder, KeepsCallsAsTextAndAsValues)
 TEST(Emf, EmptyPictureIsAValidFile)
 {
     const EmfFile file = emf([](CSurface&) {});
-    EXPECT_EQ(file.records.size(), 2u);
-    EXPECT_EQ(file.bounds, (Quad{0, 0, -1, -1}));
-    EXPECT_EQ(file.frame, (Quad{0, 0, 0, 0}));
-    EXPECT_EQ(file.handles, 1u);
+    EXPECT_TRUE(file.records.size() == 2u && file.handles == 1u);
+    EXPECT_TRUE(file.bounds == (Quad{0, 0, -1, -1}) && file.frame == (Quad{0, 0, 0, 0}));
 }
 
 TEST(Emf, CutsCoordinatesTowardsZeroAndJoinsConnectedLinesOfOnePen)
@@ -139,10 +133,7 @@ TEST(Emf, LongRunsAreCutWhereReadersStop)
             s.lineTo(i, i % 2);
     });
     EXPECT_EQ(file.count(87), 3);
-    std::size_t lines = 0;
-    for (const auto& record : file.records)
-        lines += record.type == 87 ? static_cast<std::size_t>(record.words[4]) - 1 : 0;
-    EXPECT_EQ(lines, 3000u);
+    EXPECT_EQ(std::count(file.drawing.begin(), file.drawing.end(), ','), 3000 + 3 + 2 * 3); // and of pen and brush
 }
 
 TEST(Emf, LinesBeyondReachKeepTheirDirection)
@@ -279,8 +270,7 @@ TEST(Emf, PlatesWithManyHolesAreStillOneFigure)
         s.polygon(plate, 4);
         s.clipRestore();
     });
-    EXPECT_EQ(file.count(91), 1);
-    EXPECT_EQ(file.count(67), 0);
+    EXPECT_TRUE(file.count(91) == 1 && file.count(67) == 0);
 }
 
 TEST(Emf, PolygonsLargerThanTheBuffer)
@@ -551,10 +541,7 @@ TEST(Svg, ManyLinesNeedFewElements)
         for (int i = 0; i < 100000; ++i)
             line(s, i, 0, i, 9);
     });
-    std::size_t paths = 0;
-    for (std::size_t at = body.find("<path"); at != std::string::npos; at = body.find("<path", at + 1))
-        ++paths;
-    EXPECT_EQ(paths, 10u);
+    EXPECT_EQ(std::count(body.begin(), body.end(), '<'), 10);
 }
 
 TEST(Svg, NothingButFiniteNumbers)
@@ -568,8 +555,7 @@ TEST(Svg, NothingButFiniteNumbers)
         line(s, 0, kNan, 5, 5);
         line(s, 0, 0, 1e200, 0);
     });
-    EXPECT_EQ(body.find("nan"), std::string::npos);
-    EXPECT_EQ(body.find("inf"), std::string::npos);
+    EXPECT_TRUE(body.find("nan") == std::string::npos && body.find("inf") == std::string::npos) << body;
     EXPECT_NE(body.find("M0 0L134217727 0"), std::string::npos);
 }
 
