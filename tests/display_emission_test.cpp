@@ -1,6 +1,5 @@
 // What the emission operations store, and what they do to the extents.
 #include "display_fixture.h"
-#include "display_hash.h"
 
 #include <vek/host.h>
 
@@ -103,62 +102,6 @@ TEST(DisplayEmission, ArgumentsMayBelongToTheListThatGrows)
     EXPECT_TRUE(gdx.addDisplayList(gdx.getDisplayList()));
     ASSERT_EQ(gdx.lenGet(), 82);
     EXPECT_EQ(gdx.getDisplayList()[81].stack, path({1}));
-}
-
-/// Adds an item of a random kind, from arguments of the caller or as temporaries.
-void emitRandom(Gdx& gdx, std::mt19937& random)
-{
-    const int number = static_cast<int>(random() % 100);
-    const unsigned long flag = random() % 256;
-    const CVekColor color = indexed(static_cast<short>(number)), fill = indexed(static_cast<short>(number % 3 - 1));
-    CVekMatrix3d m;
-    if (number % 2)
-        m.setToTranslation({1.0 * number, 2, 3});
-    CVekVertexArray vl;
-    for (unsigned i = random() % 4; i > 0; --i)
-        vl.append(CVekVertex({1.0 * i, 0, 0}, {0, 1.0 * number, 0}, i == 3 ? 0.5 : 0.0));
-    if (number % 3 == 0)
-        vl.setNormal({0, 1, 1});
-    CVekGDX::Region region = square(number);
-    const CVekPoint3d at(number, -1, 1);
-    const CVekArrayTempl<double> linetype = number % 3 ? doubles({1.0 * number, -1.0, 0.0}) : doubles({});
-    const CVekArrayTempl<int> stack = path(number % 2 ? path({number}) : path({number, 2, 3}));
-    const VEK::CHatchProp hatch(L"STEEL", number, 2.0, true);
-    switch (random() % 7) {
-    case 0: gdx.imagePt(stack, flag, at, color, m, 3.0, 32, at); break;
-    case 1: gdx.imageVl(stack, flag, vl, color, m, linetype, 2.0, 7ul, at); break;
-    case 2:
-        gdx.imageVl(stack, flag, std::move(vl), color, m, linetype, 2.0, 7ul, at);
-        EXPECT_EQ(vl.len(), 0) << "the caller gets nothing of an item before";
-        break;
-    case 3: gdx.imageReg(stack, flag, region, color, m, linetype, 2.0, 7ul, fill, hatch, at); break;
-    case 4: gdx.imageReg(stack, flag, std::move(region), color, m, {}, 2.0, 7ul, fill, hatch, at); break;
-    case 5: gdx.imagePicture(stack, flag, L"p.bmp", number, at, number % 2 ? at : CVekPoint3d::kOrigin); break;
-    default: gdx.imageTxt(stack, flag, L"A", color, m, L"CC", at, at);
-    }
-}
-
-TEST(DisplayEmission, ClearForgetsEverythingOfTheItemsBefore)
-{
-    Gdx used = plain();
-    int compared = 0;
-    for (const unsigned seed : {1u, 2u, 3u, 4u}) {
-        used.clear();
-        EXPECT_EQ(used.lenGet(), 0);
-        CVekPoint3d min(1, 1, 1), max(2, 2, 2);
-        used.extMaxViewGet(min, max);
-        EXPECT_EQ(max, CVekPoint3d(2, 2, 2));
-        std::mt19937 random(seed), again(seed);
-        Gdx fresh = plain();
-        for (int i = 0; i < 300; ++i, ++compared) {
-            emitRandom(used, random);
-            emitRandom(fresh, again);
-        }
-        ASSERT_EQ(hashOf(used), hashOf(fresh)) << seed;
-        ASSERT_TRUE(fresh.extmaxGet(min, max));
-        expectExtents(used, min, max);
-    }
-    EXPECT_EQ(compared, 1200);
 }
 
 TEST(DisplayEmission, TheHostMayAddItemsWhileItWritesAText)

@@ -1,4 +1,5 @@
 // Painting, picking and group operations by the index of a list, beside a list that has none.
+#include "display_hash.h"
 #include "display_pass.h"
 
 #include <algorithm>
@@ -102,6 +103,20 @@ private:
         act(m_plain);
         m_plain.lend();
     }
+    /// Clears one, and takes a fresh one in place of the other, whose items had no items before them.
+    void begin()
+    {
+        m_indexed.clear();
+        Lent fresh(m_indexed.backColorGet(), m_indexed.projMtxGet(), 0.0, 0, {}, {});
+        fresh.viewDirectionMtxSet(m_indexed.viewDirectionMtxGet());
+        fresh.zoomMtxSet(m_indexed.zoomMtxGet());
+        for (int mode = 1; mode <= m_indexed.ColorTabLenGet(); ++mode)
+            fresh.ColorTabSet(mode, m_indexed.colorTabGet(mode));
+        m_plain = fresh;
+        for (int i = random(40); i > 0; --i)
+            emit();
+        ASSERT_EQ(hashOf(m_indexed), hashOf(m_plain));
+    }
     void emit()
     {
         static const CVekArrayTempl<double> kTypes[] = {{}, {1.0}, {1, 0, 0}, {5.0}, {4, -3}, {1, 1, 0}};
@@ -113,7 +128,13 @@ private:
         const CVekVertexArray vl = polyline();
         const CVekArrayTempl<double>& type = kTypes[random(6)];
         const unsigned long width = static_cast<unsigned long>(random(4) ? 1 : random(9));
-        switch (random(12)) {
+        switch (random(14)) {
+        case 3:
+            both([&](Gdx& gdx) { gdx.imagePicture(stack, bits, L"p.bmp", 3, at, bits % 3 != 0 ? at : point0()); });
+            break;
+        case 4:
+            both([&](Gdx& gdx) { gdx.imageVl(stack, bits, CVekVertexArray(vl), color, m, type, 1.0, width, at); });
+            break;
         case 0: both([&](Gdx& gdx) { gdx.imagePt(stack, bits, at, color, m, 3.0, 2, point0()); }); break;
         case 1: both([&](Gdx& gdx) { gdx.imageTxt(stack, bits, L"AB", color, m, L"CC", at, point0()); }); break;
         case 2:
@@ -149,8 +170,8 @@ private:
                 both([&](Gdx& gdx) { gdx.removeItemStack(stack); });
             break;
         case 6:
-            if (random(12) == 0)
-                both([&](Gdx& gdx) { gdx.clear(); });
+            if (random(4) == 0)
+                begin();
             break;
         case 7: {
             static constexpr const wchar_t* kViews[] = {L"P", L"P", L"S", L"SO", L"NW"};

@@ -478,6 +478,7 @@ const Job kJobs[] = {
      [](W& w) { return VEK::rasterPixels(w.pixels, 99, 99, 0) && w.drawn(VEK::rasterSurface(w.pixels)); }},
     {"metafile", 20, [](W& w) { return w.drawn(VEK::emfSurface(w.sink)); }},
     {"SVG", 20, [](W& w) { return w.drawn(VEK::svgSurface(w.sink, 100, 100)); }},
+    {"jsonLoad", 20, [](W& w) { return VEK::jsonLoad(w.tree, kTexts, w.error); }},
 
     {"outline, load", 1, [](W& w) { return w.choice.load(7, w.rows); }},
     {"outline, range", 1, [](W& w) { return w.choice.rangeSet(0); }},

@@ -141,11 +141,4 @@ TEST(Memory, FilesAreWrittenAsAWhole)
             EXPECT_EQ(std::distance(std::filesystem::directory_iterator(kFiles.folder), {}), 4) << "beside it";
         });
     }
-    ASSERT_TRUE(VEK::jsonSave(fresh, path, error));
-    FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
-        CVekDataItem tree(old);
-        const bool done = memory.during([&] { return VEK::jsonLoad(tree, path, error); });
-        EXPECT_TRUE(done || memory.failed());
-        EXPECT_EQ(jsonOf(tree), jsonOf(done ? fresh : old));
-    });
 }
