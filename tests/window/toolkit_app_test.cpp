@@ -10,9 +10,7 @@ namespace
 
 constexpr UINT kFail = WM_APP + 1;
 
-class Refused : public CException
-{
-public:
+struct Refused : CException {
     explicit Refused(int& count) : alive(count) { ++alive; }
     ~Refused() override { --alive; }
     int& alive;
@@ -71,15 +69,12 @@ public:
 
 TEST(ToolkitApp, BelongsToItsModule)
 {
-    EXPECT_EQ(AfxGetApp(), nullptr);
-    EXPECT_EQ(AfxGetThread(), nullptr);
+    EXPECT_TRUE(!AfxGetApp() && !AfxGetThread());
     {
         App app;
-        EXPECT_EQ(AfxGetApp(), &app);
-        EXPECT_EQ(AfxGetThread(), &app);
+        EXPECT_TRUE(AfxGetApp() == &app && AfxGetThread() == &app && !AfxGetMainWnd());
         EXPECT_STREQ(AfxGetAppName(), L"toolkit_test");
         EXPECT_EQ(app.m_hInstance, ::GetModuleHandleW(nullptr));
-        EXPECT_EQ(AfxGetMainWnd(), nullptr);
     }
     EXPECT_EQ(AfxGetApp(), nullptr);
 }
@@ -128,8 +123,7 @@ TEST(ToolkitApp, DecidesOnExceptions)
     Main window;
     ASSERT_TRUE(window.open());
     EXPECT_EQ(window.SendMessage(kFail), 33);
-    EXPECT_EQ(app.failures, 1);
-    EXPECT_EQ(window.exceptions, 0) << "the exception is ended";
+    EXPECT_TRUE(app.failures == 1 && window.exceptions == 0) << "the exception is ended";
 }
 
 TEST(ToolkitApp, ShowsTheWaitCursorToTheLastEnd)
@@ -155,26 +149,19 @@ TEST(ToolkitApp, ShowsTheWaitCursorToTheLastEnd)
 TEST(ToolkitWindow, KnowsItsRelatives)
 {
     Main top, owned, child, grandchild;
-    ASSERT_TRUE(top.open(WS_OVERLAPPEDWINDOW));
-    ASSERT_TRUE(owned.open(WS_POPUP, &top));
-    ASSERT_TRUE(child.open(WS_CHILD, &owned));
-    ASSERT_TRUE(grandchild.open(WS_CHILD, &child));
+    ASSERT_TRUE(top.open(WS_OVERLAPPEDWINDOW) && owned.open(WS_POPUP, &top));
+    ASSERT_TRUE(child.open(WS_CHILD, &owned) && grandchild.open(WS_CHILD, &child));
     grandchild.SetDlgCtrlID(66);
     EXPECT_EQ(grandchild.GetParent(), &child);
     EXPECT_EQ(grandchild.GetTopLevelParent(), &top);
-    EXPECT_EQ(owned.GetDescendantWindow(66), &grandchild);
-    EXPECT_EQ(owned.GetDescendantWindow(67), nullptr);
+    EXPECT_TRUE(owned.GetDescendantWindow(66) == &grandchild && !owned.GetDescendantWindow(67));
     EXPECT_EQ(child.GetOwner(), &owned);
     child.SetOwner(&top);
     EXPECT_EQ(child.GetOwner(), &top);
     HWND behind = nullptr;
     EXPECT_EQ(CWnd::GetSafeOwner(&child, &behind), &owned) << "no child";
     EXPECT_EQ(behind, top.m_hWnd);
-
-    EXPECT_TRUE(child.ModifyStyle(0, WS_BORDER));
-    EXPECT_FALSE(child.ModifyStyle(0, WS_BORDER)) << "nothing to change";
-    EXPECT_NE(child.GetStyle() & WS_BORDER, 0u);
-
+    EXPECT_TRUE(child.ModifyStyle(0, WS_BORDER) && !child.ModifyStyle(0, WS_BORDER)) << "nothing to change";
     owned.SetWindowPos(nullptr, 0, 0, 50, 40, SWP_NOZORDER);
     top.MoveWindow(CRect(100, 100, 300, 200));
     top.ShowWindow(SW_SHOWNOACTIVATE);
