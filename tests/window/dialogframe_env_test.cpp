@@ -1,11 +1,6 @@
 // What surrounds dialogs in real windows: stack, environment, files, the information box, ends at any time.
 #include "dialogframe/window/exchange_text.h"
-#include "window/dialog_fixture.h"
-#include "window/modal_queue.h"
-
-#include <vek/data.h>
-#include <vek/dialogframe.h>
-#include <vek/host.h>
+#include "window/dialog_test.h"
 
 #include <filesystem>
 #include <fstream>
@@ -33,68 +28,55 @@ protected:
 };
 
 /// A dialog that can delete itself at a message.
-class Mortal : public CVekDlg
+class Mortal : public Form
 {
 public:
-    explicit Mortal(const Template& source, CWnd* parent = nullptr) : CVekDlg(0, parent), m_source(source)
+    explicit Mortal(const Template& source, bool* flag = nullptr) : Form(source), m_deleted(flag)
     {
-        InitModalIndirect(m_source.get(), parent);
+        fill = [](Form& form) {
+            form.m_mapLangKey[1] = L"ONE", form.m_mapLangKey[2] = L"TWO", form.m_mapLangKey[3] = L"THREE";
+            form.m_mapToolTipKey[1] = L"TIP";
+        };
     }
 
     UINT endsAt = 0;
-    bool* deleted = nullptr; ///< the object is on the heap and deletes itself with its window
 
     BOOL OnInitDialog() override
     {
         m_tellers[0].SubclassDlgItem(1, this);
         m_tellers[1].SubclassDlgItem(2, this);
-        return CVekDlg::OnInitDialog();
+        return Form::OnInitDialog();
     }
-    void addLangRsc() override { m_mapLangKey[1] = L"ONE", m_mapLangKey[2] = L"TWO", m_mapLangKey[3] = L"THREE"; }
-    void addToolTipRsc() override { m_mapToolTipKey[1] = L"TIP"; }
-    LPCDLGTEMPLATE source() const { return m_source.get(); }
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
-        if (message == endsAt && m_hWnd) {
-            endsAt = 0;
-            DestroyWindow();
-            return 0;
-        }
-        return CVekDlg::WindowProc(message, wParam, lParam);
+        if (message != endsAt || !m_hWnd)
+            return Form::WindowProc(message, wParam, lParam);
+        endsAt = 0;
+        DestroyWindow();
+        return 0;
     }
     void PostNcDestroy() override
     {
-        if (deleted) {
-            *deleted = true;
+        if (m_deleted) {
+            *m_deleted = true;
             delete this;
         }
     }
 
 private:
-    Template m_source;
+    bool* m_deleted; ///< the object is on the heap and deletes itself with its window
     Teller m_tellers[2];
 };
 
-class DialogSurroundings : public testing::Test
+class DialogSurroundings : public DialogTest
 {
 protected:
-    DialogSurroundings() : m_before(CVekDlg::SetMsgCallBack(&VEK::msgCallBack)) {}
-    ~DialogSurroundings() override
-    {
-        CVekDlg::SetMsgCallBack(m_before);
-        EXPECT_EQ(VEK::dlgStackPop(), nullptr) << "a dialog is still on the stack";
-    }
     static Template form()
     {
         return Template(kStyle, 10, 10, L"").item(3, L"BUTTON", WS_TABSTOP).item(1, L"STATIC").item(2, L"STATIC");
     }
-
-    ModalQueue user;
-
-private:
-    CVekDlg::MsgFcn m_before;
 };
 
 TEST_F(DialogSurroundings, FindTheirParentByTheStack)
@@ -104,10 +86,10 @@ TEST_F(DialogSurroundings, FindTheirParentByTheStack)
     VEK::msgLangSet(L"pl");
     CVekLocalApp host;
     host.defaultUnitSet(4);
-    CVekApp* const before = vekAppSet(&host);
-    Mortal outer(form()), child(Template(WS_CHILD)), early(form());
-    user.dialog<Mortal>([&](Mortal& o) {
-        ASSERT_TRUE(child.CreateIndirect(child.source(), &o));
+    vekAppSet(&host);
+    Form outer(form()), child(Template(WS_CHILD)), early(form());
+    user.dialog<Form>([&](Form& o) {
+        ASSERT_TRUE(child.open(&o));
         for (int again = 0; again < 2; ++again) { // the stack stays as it was, and a page is not on it
             const VEK::DlgEnv_st found, copy(found);
             EXPECT_TRUE(copy.parent == o.m_hWnd && copy.parentWnd() == &o && copy.unit == 4);
@@ -115,27 +97,22 @@ TEST_F(DialogSurroundings, FindTheirParentByTheStack)
             EXPECT_TRUE(copy.helpFile.isNull() && copy.helpTopic.isNull());
             child.DestroyWindow();
         }
-        Mortal sub(form(), &o);
+        Form sub(form(), &o);
         EXPECT_TRUE(sub.isSubDlg() && !outer.isSubDlg() && !early.isSubDlg());
-        user.dialog<Mortal>([&](Mortal& s) {
+        user.dialog<Form>([&](Form& s) {
             EXPECT_EQ(VEK::DlgEnv_st().parent, s.m_hWnd);
             s.EndDialog(5);
         });
         EXPECT_EQ(sub.DoModal(), 5);
         EXPECT_EQ(VEK::DlgEnv_st().parent, o.m_hWnd);
-        user.dialog<Mortal>([&](Mortal& s) { s.GetParent()->DestroyWindow(); });
+        user.dialog<Form>([&](Form& s) { s.GetParent()->DestroyWindow(); });
         EXPECT_EQ(sub.DoModal(), -1) << "its parent dies under it";
     });
     EXPECT_EQ(outer.DoModal(), -1);
     EXPECT_EQ(VEK::dlgStackPop(), nullptr);
-    {
-        Mortal dropped(form());
-        ASSERT_TRUE(dropped.CreateIndirect(dropped.source(), nullptr));
-    }
+    Form(form()).open();
     EXPECT_EQ(VEK::dlgStackPop(), nullptr) << "an object that goes takes its window along";
     EXPECT_EQ(CVekDlg(31234, nullptr).DoModal(), -1) << "no such template";
-    vekAppSet(before);
-    VEK::msgLangSet(L"de");
 }
 
 TEST_F(DialogSurroundings, BearDialogsThatEndThemselves)
@@ -147,10 +124,9 @@ TEST_F(DialogSurroundings, BearDialogsThatEndThemselves)
     for (const UINT message : messages) {
         for (const bool early : {true, false}) {
             bool deleted = false;
-            auto* const dialog = new Mortal(form());
-            dialog->deleted = &deleted;
+            auto* const dialog = new Mortal(form(), &deleted);
             dialog->endsAt = early ? message : 0;
-            dialog->CreateIndirect(dialog->source(), nullptr);
+            dialog->open();
             const auto press = [&](int id, WPARAM key) {
                 const HWND field = ::GetDlgItem(*dialog, id);
                 ::SetFocus(field);
@@ -192,8 +168,8 @@ TEST_F(DialogSurroundings, BearDialogsThatEndThemselves)
 
 TEST_F(DialogSurroundings, ChooseFilesAndFolders)
 {
-    Mortal owner(form());
-    ASSERT_TRUE(owner.CreateIndirect(owner.source(), nullptr));
+    Form owner(form());
+    ASSERT_TRUE(owner.open());
     CVekFileDialog dialog(FALSE, L"sld", L"a.sld", OFN_ENABLEHOOK | OFN_FILEMUSTEXIST, L"(*.sld)|*.sld||", &owner);
     dialog.SetTitle(L"title");
     for (const bool chosen : {true, false}) {
@@ -301,8 +277,8 @@ TEST_F(DialogSurroundings, NameTheirControlsForScreenReaders)
     source.item(0xFFFF, L"STATIC", 0, L"&Breite")
         .item(10, L"EDIT", WS_TABSTOP)
         .item(11, L"BUTTON", WS_TABSTOP, L"&Fertig");
-    Mortal dialog(source);
-    ASSERT_TRUE(dialog.CreateIndirect(dialog.source(), nullptr));
+    Form dialog(source);
+    ASSERT_TRUE(dialog.open());
     EXPECT_EQ(nameOf(dialog), L"Maße");
     EXPECT_EQ(nameOf(::GetDlgItem(dialog, 11)), L"Fertig");
     EXPECT_EQ(nameOf(::GetDlgItem(dialog, 10)), L"Breite");
@@ -327,10 +303,8 @@ TEST_F(DialogSurroundings, HaveTheLibrarysIconAndInformationBox)
 
 TEST_F(DialogSurroundings, TellOfInvalidValuesInTheUsersLanguage)
 {
-    VEK::CCfgBackup backup(true);
-    backup.attach(L"*MSG*");
     VEK::dataSet(VEK::cfg_dir_make(L"*MSG*\\VEK_\\pl"), L"VEK_DDX_0003", L"Wpisz od %1 do %2");
-    const CVekString language = VEK::msgLangSet(L"pl");
+    VEK::msgLangSet(L"pl");
     EXPECT_STREQ(VEK::exchangeText(AFX_IDP_PARSE_INT_RANGE, L""), L"Wpisz od %1 do %2.");
     EXPECT_STREQ(VEK::exchangeText(AFX_IDP_PARSE_INT, L""), L"Bitte geben Sie eine ganze Zahl ein.");
     int known = 0;
@@ -339,7 +313,6 @@ TEST_F(DialogSurroundings, TellOfInvalidValuesInTheUsersLanguage)
     EXPECT_EQ(known, 7);
     CVekDlg::SetMsgCallBack(nullptr);
     EXPECT_EQ(VEK::exchangeText(AFX_IDP_PARSE_INT, L""), nullptr);
-    VEK::msgLangSet(language);
 }
 
 } // namespace

@@ -1,39 +1,22 @@
 // Dialogs while the memory ends, for `new`: the run-time system of MinGW does not bear it in its own allocations.
 #include "failing_memory.h"
-#include "window/dialog_fixture.h"
-#include "window/modal_queue.h"
-
-#include <vek/data/text.h>
-#include <vek/dialogframe.h>
+#include "window/dialog_test.h"
 
 namespace
 {
 
 /// A dialog with all that it may have.
-class Full : public CVekDlg
+class Full : public Form
 {
 public:
-    explicit Full(const Template& source) : CVekDlg(0, nullptr) { InitModalIndirect(source.get()); }
-
-    std::function<void()> onLanguage, onStart;
-
-    void addLangRsc() override
+    explicit Full(const Template& source) : Form(source)
     {
-        addText(1, L"\\FIRST\\...", L"eins");
-        addText(2, L"SECOND", L"zwei");
-        if (onLanguage)
-            onLanguage();
+        fill = [](Form& form) {
+            form.m_mapLangKey[1] = L"\\FIRST\\...", form.m_mapLangDef[1] = L"eins";
+            form.m_mapLangKey[2] = L"SECOND", form.m_mapLangDef[2] = L"zwei";
+            form.m_mapHlpKey[1] = L"HELP", form.m_mapToolTipKey[1] = L"TIP";
+        };
     }
-    void addHlpRsc() override { m_mapHlpKey[1] = L"HELP"; }
-    void addToolTipRsc() override { m_mapToolTipKey[1] = L"TIP"; }
-    BOOL OnInitDialog() override
-    {
-        CVekDlg::OnInitDialog();
-        if (onStart)
-            onStart();
-        return TRUE;
-    }
-    bool open() { return CreateIndirect(m_lpDialogTemplate, nullptr); }
     bool hasText(int id, const wchar_t* expected) // needs no memory of its own
     {
         wchar_t text[80] = L"";
@@ -42,21 +25,12 @@ public:
     }
 };
 
-class DialogMemory : public testing::Test
+class DialogMemory : public DialogTest
 {
 protected:
-    ~DialogMemory() override
-    {
-        CVekDlg::SetMsgCallBack(m_before);
-        EXPECT_EQ(VEK::dlgStackPop(), nullptr);
-    }
-
     const Template source = Template(WS_POPUP | WS_CAPTION | WS_THICKFRAME | DS_SETFONT, 9, 9, L"VekTest memory")
                                 .item(1, L"STATIC", 0, L"template")
                                 .item(2, L"EDIT");
-
-private:
-    CVekDlg::MsgFcn m_before = CVekDlg::SetMsgCallBack(&VEK::msgCallBack);
 };
 
 TEST_F(DialogMemory, EndsWhileADialogOpens)
@@ -80,11 +54,9 @@ TEST_F(DialogMemory, EndsWhileADialogOpens)
 /// Values do not throw: they count what they miss.
 TEST_F(DialogMemory, IsMissedByAValueOfADialog)
 {
-    const auto misses = [] { VEK::memoryShort(); };
-    ModalQueue user;
     for (const bool isLate : {false, true}) {
         Full dialog(source);
-        (isLate ? dialog.onStart : dialog.onLanguage) = misses;
+        (isLate ? dialog.onStart : dialog.fill) = [](Form&) { VEK::memoryShort(); };
         user.dialog<Full>();
         EXPECT_EQ(dialog.DoModal(), -1);
         EXPECT_FALSE(dialog.open() || dialog.m_hWnd);

@@ -50,23 +50,21 @@ TEST(ToolkitDrawing, FindsTheOwnerOfAHandle)
     EXPECT_EQ(pen.Detach(), handle);
     CPen* temporary = CPen::FromHandle(handle);
     EXPECT_NE(temporary, &pen);
-    EXPECT_TRUE(temporary->IsKindOf(RUNTIME_CLASS(CPen)));
-    EXPECT_EQ(CPen::FromHandle(handle), temporary);
+    EXPECT_TRUE(temporary->IsKindOf(RUNTIME_CLASS(CPen)) && CPen::FromHandle(handle) == temporary);
     CGdiObject::DeleteTempMap();
     EXPECT_EQ(::GetObjectType(handle), DWORD(OBJ_PEN)) << "a temporary object owns nothing";
-    HDC memory;
-    HGDIOBJ bitmap;
+    HGDIOBJ owned[] = {handle, nullptr, nullptr};
     {
         CPen owner;
         owner.Attach(handle);
         EXPECT_EQ(CPen::FromHandle(handle), &owner);
         Canvas dc;
-        memory = dc;
-        bitmap = dc.bitmap.GetSafeHandle();
-        EXPECT_EQ(CDC::FromHandle(memory), &dc);
+        owned[1] = dc.m_hDC;
+        owned[2] = dc.bitmap.GetSafeHandle();
+        EXPECT_EQ(CDC::FromHandle(dc.m_hDC), &dc);
     }
-    for (const HGDIOBJ owned : {static_cast<HGDIOBJ>(handle), static_cast<HGDIOBJ>(memory), bitmap})
-        EXPECT_EQ(::GetObjectType(owned), 0u) << "an owner deletes";
+    for (const HGDIOBJ each : owned)
+        EXPECT_EQ(::GetObjectType(each), 0u) << "an owner deletes";
     EXPECT_EQ(CPen::FromHandle(nullptr), nullptr);
 }
 
@@ -113,11 +111,12 @@ TEST(ToolkitDrawing, GivesBackWhatWasSelected)
     EXPECT_EQ(dc.MoveTo(5, 6), CPoint(3, 4));
 }
 
-TEST(ToolkitDrawing, KeepsTheClipThatAContextHas)
+/// A metafile draws into the file and asks the other context, which it settles as well.
+TEST(ToolkitDrawing, KeepsWhatAContextHasInBothOfAMetafile)
 {
     Canvas screen;
     CMetaFileDC file;
-    ASSERT_TRUE(file.CreateEnhanced(nullptr, nullptr, nullptr, nullptr));
+    ASSERT_TRUE(file.CreateEnhanced(nullptr, nullptr, nullptr, nullptr) && !file.m_hAttribDC);
     file.SetAttribDC(screen);
     for (CDC* dc : {static_cast<CDC*>(&screen), static_cast<CDC*>(&file)}) {
         CRgn own;
@@ -137,32 +136,19 @@ TEST(ToolkitDrawing, KeepsTheClipThatAContextHas)
         dc->GetClipBox(&box);
         EXPECT_EQ(box, CRect(5, 5, 20, 15));
     }
-    screen.FillSolidRect(0, 0, 40, 30, 0);
-    EXPECT_EQ(screen.GetPixel(5, 5), 0u);
-    EXPECT_EQ(screen.GetPixel(4, 5), RGB(255, 255, 255));
-    ::DeleteEnhMetaFile(file.CloseEnhanced());
-}
-
-TEST(ToolkitDrawing, SettlesMetafilesInBothContexts)
-{
-    Canvas screen;
-    CMetaFileDC dc;
-    ASSERT_TRUE(dc.CreateEnhanced(nullptr, nullptr, nullptr, nullptr));
-    EXPECT_EQ(dc.m_hAttribDC, nullptr);
-    dc.SetAttribDC(screen);
-    dc.SetTextColor(RGB(1, 2, 3));
+    file.SetTextColor(RGB(1, 2, 3));
     EXPECT_EQ(screen.GetTextColor(), RGB(1, 2, 3));
-    dc.MoveTo(1, 1);
-    dc.LineTo(30, 1);
-    EXPECT_EQ(dc.GetCurrentPosition(), CPoint(30, 1));
-    EXPECT_EQ(screen.GetPixel(10, 1), RGB(255, 255, 255)) << "drawn into the file only";
-    const HENHMETAFILE file = dc.CloseEnhanced();
-    ASSERT_NE(file, nullptr);
-    EXPECT_EQ(dc.m_hDC, nullptr);
+    file.MoveTo(6, 6);
+    file.LineTo(19, 6);
+    EXPECT_EQ(file.GetCurrentPosition(), CPoint(19, 6));
+    EXPECT_EQ(screen.GetPixel(10, 6), RGB(255, 255, 255)) << "drawn into the file only";
+    const HENHMETAFILE closed = file.CloseEnhanced();
     ENHMETAHEADER header = {};
-    ::GetEnhMetaFileHeader(file, sizeof header, &header);
-    EXPECT_EQ(header.rclBounds.right, 30);
-    ::DeleteEnhMetaFile(file);
+    EXPECT_TRUE(closed && !file.m_hDC && ::GetEnhMetaFileHeader(closed, sizeof header, &header));
+    EXPECT_EQ(header.rclBounds.right, 19);
+    ::DeleteEnhMetaFile(closed);
+    screen.FillSolidRect(0, 0, 40, 30, 0);
+    EXPECT_TRUE(screen.GetPixel(5, 5) == 0 && screen.GetPixel(4, 5) == RGB(255, 255, 255));
 }
 
 TEST(ToolkitString, CutsFindsAndFills)
