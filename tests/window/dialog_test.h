@@ -63,8 +63,8 @@ protected:
     static void loadExamples(const CVekString& folder)
     {
         CVekString error;
-        EXPECT_TRUE(VEK::textsLoad(folder + L"/texts.json", error));
         EXPECT_TRUE(VEK::jsonLoad(*VEK::cfgMgrPtr()->tree(), folder + L"/materials.json", error));
+        EXPECT_TRUE(VEK::textsLoad(folder + L"/texts.json", error));
     }
 
     ModalQueue user;

@@ -1,12 +1,10 @@
 // The hole dialog of the examples as that of a host, in real windows.
 #include "objects_data.h"
 #include "window/control_fixture.h"
-#include "window/dialog_fixture.h"
-#include "window/modal_queue.h"
+#include "window/dialog_test.h"
 
 #include <hole_dialog.h>
 #include <hole_ids.h>
-#include <vek/data.h>
 #include <vek/dialogs.h>
 
 namespace
@@ -45,7 +43,9 @@ struct Step {
     }
 };
 
-TEST(HostHoleDialog, ChangesThePatternOnlyAtOkInEveryLanguage)
+using HostHoleDialog = DialogTest;
+
+TEST_F(HostHoleDialog, ChangesThePatternOnlyAtOkInEveryLanguage)
 {
     const CVekDataItem given = tree(R"({'':{'DRAW':'L','ORDER':'old'},'LABEL':'\\de:P\\cs:D','ORDER':'7','MORE':2,
         'HOLE':{'A':{'GEN':{'TYPE':'DRILL','D':14.0,'LAYER':'X'},'ORG':{'@point':[1,2,3]}},'#5':{'GEN':{}},
@@ -76,13 +76,11 @@ TEST(HostHoleDialog, ChangesThePatternOnlyAtOkInEveryLanguage)
                           {1, IDC_HOLES_REMOVE, nullptr, L"1 Bohrung C Bohrung 10 0 0"},
                           {-1, IDC_HOLES_LABEL, L"N", nullptr},
                           {-1, IDC_HOLES_ORDER, L"8", nullptr}};
-    ModalQueue user;
     CVekLocalApp host;
     holeDialogEnter(host);
     vekAppSet(&host);
-    const auto callBack = CVekDlg::SetMsgCallBack(&VEK::msgCallBack);
-    CVekString error, active = L"B";
-    ASSERT_TRUE(VEK::textsLoad(VEK_SOURCE_DIR L"/examples/texts.json", error));
+    loadExamples(VEK_SOURCE_DIR L"/examples");
+    CVekString active = L"B";
     for (const int end : {IDCANCEL, IDOK}) {
         user.dialog<HoleDialog>([&](HoleDialog& dialog) {
             std::wstring before = L"1 Langloch B Kontur - 9 8";
@@ -113,17 +111,13 @@ TEST(HostHoleDialog, ChangesThePatternOnlyAtOkInEveryLanguage)
         EXPECT_EQ(json(data), json(end == IDOK ? after : given));
         EXPECT_STREQ(active, end == IDOK ? L"C" : L"B");
     }
-    for (const wchar_t* language : {L"de", L"en", L"fr", L"pl", L"cs"}) {
+    for (const wchar_t* language : kLanguages) {
         VEK::msgLangSet(language);
         user.dialog<HoleDialog>([&](HoleDialog& dialog) {
             EXPECT_EQ(shown(dialog), L"-1  - - - - -") << "an empty pattern";
-            CClientDC dc(&dialog);
-            dc.SelectObject(dialog.GetFont());
-            CString text;
             for (int id = IDC_HOLES_LABEL_TEXT; id <= IDC_HOLES_GROUP; ++id) {
-                CRect area;
-                dialog.GetDlgItem(id)->GetClientRect(&area);
-                EXPECT_LE(dc.GetTextExtent(text, dialog.GetDlgItemText(id, text)).cx, area.Width()) << id << language;
+                const std::wstring text(textOf(dialog, id));
+                EXPECT_LE(widthOf(dialog, text), placeOf(*dialog.GetDlgItem(id)).Width()) << id << language;
             }
             for (const int id : {IDC_HOLES_ADD, IDC_HOLES_ADD, IDC_HOLES_REMOVE})
                 Step{-1, id, nullptr, nullptr}.act(dialog);
@@ -133,9 +127,6 @@ TEST(HostHoleDialog, ChangesThePatternOnlyAtOkInEveryLanguage)
         EXPECT_EQ(VEK::dlgBgr(VEK::DlgEnv_st(), active, &data, nullptr), IDOK);
         EXPECT_STREQ(active, L"1");
     }
-    VEK::msgLangSet(L"de");
-    CVekDlg::SetMsgCallBack(callBack);
-    vekAppSet(nullptr);
 }
 
 } // namespace

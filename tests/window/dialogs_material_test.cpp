@@ -1,11 +1,7 @@
 // The material dialog, with the example's materials and texts.
-#include "objects_data.h"
 #include "window/control_fixture.h"
-#include "window/dialog_fixture.h"
-#include "window/modal_queue.h"
+#include "window/dialog_test.h"
 
-#include <vek/data.h>
-#include <vek/dialogframe.h>
 #include <vek/dialogs.h>
 
 #include <set>
@@ -13,18 +9,14 @@
 namespace
 {
 
-class MaterialDialog : public testing::Test
+class MaterialDialog : public DialogTest
 {
 protected:
-    MaterialDialog() : m_before(CVekDlg::SetMsgCallBack(&VEK::msgCallBack))
+    MaterialDialog()
     {
-        m_backup.attach(nullptr);
-        CVekString error;
-        EXPECT_TRUE(VEK::jsonLoad(*VEK::cfgMgrPtr()->tree(), VEK_SOURCE_DIR L"/examples/materials.json", error));
-        EXPECT_TRUE(VEK::textsLoad(VEK_SOURCE_DIR L"/examples/texts.json", error));
+        loadExamples(VEK_SOURCE_DIR L"/examples");
         env.country = L"en";
     }
-    ~MaterialDialog() override { CVekDlg::SetMsgCallBack(m_before); }
 
     static bool canConfirm(CVekMatTreeDlg& dialog, const wchar_t* material)
     {
@@ -40,13 +32,8 @@ protected:
         control_test::pump();
     }
 
-    ModalQueue user;
     VEK::DlgEnvMatTree_st env;
     CVekString key;
-
-private:
-    VEK::CCfgBackup m_backup{true};
-    CVekDlg::MsgFcn m_before;
 };
 
 TEST_F(MaterialDialog, ConfirmsWhatMeetsTheDemands)
@@ -106,7 +93,7 @@ TEST_F(MaterialDialog, FollowsLanguageAndLibraryWhileItIsOpen)
             if (isOpen(item))
                 open.insert(static_cast<const wchar_t*>(material));
         }
-        for (const wchar_t* language : {L"de", L"fr", L"pl", L"cs", L"en"}) {
+        for (const wchar_t* language : kLanguages) {
             dialog.SetCountry(language);
             CVekString selected;
             EXPECT_TRUE(tree.getSelMat(selected) && selected == L"S235JR" && canConfirm(dialog, nullptr)) << language;
@@ -142,19 +129,12 @@ TEST_F(MaterialDialog, IsLaidOutWithinItsLimits)
         EXPECT_FALSE(dialog.GetDlgItem(IDHELP)->IsWindowEnabled());
         for (const CSize& size : {CSize(2000, 2000), CSize(10, 10), CSize(420, 333)}) {
             dialog.SetWindowPos(nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
-            CRect window, area;
-            dialog.GetWindowRect(&window);
+            CRect area, button(0, 0, 50, 14);
             dialog.GetClientRect(&area);
-            EXPECT_EQ(window.Size(), CSize(std::clamp(size.cx, 300l, 700l), std::clamp(size.cy, 150l, 900l)));
-            const auto place = [&](int id) {
-                CRect rect;
-                dialog.GetDlgItem(id)->GetWindowRect(&rect);
-                dialog.ScreenToClient(&rect);
-                return rect;
-            };
-            const CRect help = place(IDHELP);
-            CRect button(0, 0, 50, 14);
             dialog.MapDialogRect(&button);
+            EXPECT_EQ(placeOf(dialog).Size(), CSize(std::clamp(size.cx, 300l, 700l), std::clamp(size.cy, 150l, 900l)));
+            const auto place = [&](int id) { return placeOf(*dialog.GetDlgItem(id), dialog); };
+            const CRect help = place(IDHELP);
             EXPECT_EQ(help.Size(), button.Size());
             EXPECT_EQ(help.BottomRight(), CPoint(area.right - 12, area.bottom - 12));
             EXPECT_EQ(place(IDOK), help - CPoint(2 * (help.Width() + 6), 0));

@@ -1,26 +1,16 @@
 // The keyboard's way through every dialog of the library, the examples and the gallery.
 #include "objects_data.h"
-#include "window/dialog_fixture.h"
-#include "window/modal_queue.h"
+#include "window/dialog_test.h"
 
 #include "../apps/gallery/window/resource.h"
 
 #include <hole_dialog.h>
-#include <vek/data.h>
 #include <vek/dialogs.h>
-#include <vek/json.h>
 
 #include <map>
 
 namespace
 {
-
-CRect placeOf(HWND window)
-{
-    CRect place;
-    ::GetWindowRect(window, &place);
-    return place;
-}
 
 /// The control that has the focus; that of a combo box is in its field.
 HWND focused(HWND dialog)
@@ -53,17 +43,15 @@ bool isUsed(HWND control)
 /// The letter of the control's access key; 0 for none.
 wchar_t accessKey(HWND control)
 {
-    CString text;
-    ::GetWindowTextW(control, text.GetBuffer(200), 200);
-    text.ReleaseBuffer();
-    const LONG style = ::GetWindowLongW(control, GWL_STYLE);
+    wchar_t text[200] = L"";
+    ::GetWindowTextW(control, text, 200);
     const LRESULT kind = kindOf(control);
-    const bool isShown = (kind & (DLGC_STATIC | DLGC_BUTTON)) && !((kind & DLGC_STATIC) && (style & SS_NOPREFIX));
-    if (!isShown || !(style & WS_VISIBLE))
+    const bool hasPrefix = (::GetWindowLongW(control, GWL_STYLE) & SS_NOPREFIX) == 0;
+    if (!isShown(control) || !((kind & DLGC_BUTTON) || ((kind & DLGC_STATIC) && hasPrefix)))
         return 0;
-    for (int at = 0; at + 1 < text.GetLength(); ++at) {
-        if (text[at] == L'&' && text[++at] != L'&')
-            return text.Mid(at, 1).MakeLower()[0];
+    for (const wchar_t* at = text; *at; ++at) {
+        if (*at == L'&' && *++at != L'&')
+            return static_cast<wchar_t>(::towlower(*at));
     }
     return 0;
 }
@@ -78,22 +66,14 @@ bool leadsBack(const CRect& earlier, const CRect& later)
            (later.bottom <= earlier.top && shared(earlier.left, earlier.right, later.left, later.right));
 }
 
-class DialogKeys : public testing::Test
+class DialogKeys : public DialogTest
 {
 protected:
     DialogKeys()
     {
-        CVekString error;
-        EXPECT_TRUE(VEK::textsLoad(VEK_SOURCE_DIR L"/examples/texts.json", error));
-        EXPECT_TRUE(VEK::jsonLoad(*VEK::cfgMgrPtr()->tree(), VEK_SOURCE_DIR L"/examples/materials.json", error));
+        loadExamples(VEK_SOURCE_DIR L"/examples");
         holeDialogEnter(m_host);
         vekAppSet(&m_host);
-    }
-    ~DialogKeys() override
-    {
-        vekAppSet(nullptr);
-        VEK::msgLangSet(L"de");
-        CVekDlg::SetMsgCallBack(m_before);
     }
 
     static void press(CVekDlg& dialog, UINT message, WPARAM key, LPARAM context = 0)
@@ -147,13 +127,10 @@ protected:
         });
     }
 
-    ModalQueue user;
     int walked = 0, judged = 0, labels = 0;
 
 private:
     CVekLocalApp m_host;
-    VEK::CCfgBackup m_backup{true};
-    CVekDlg::MsgFcn m_before = CVekDlg::SetMsgCallBack(&VEK::msgCallBack);
 };
 
 TEST_F(DialogKeys, LeadThroughReadyMadeOnesInReadingOrder)
@@ -163,7 +140,7 @@ TEST_F(DialogKeys, LeadThroughReadyMadeOnesInReadingOrder)
     VEK::outlineData outline;
     outline.code = 13;
     outline.material = L"ALU";
-    for (const wchar_t* language : {L"de", L"en", L"fr", L"pl", L"cs"}) {
+    for (const wchar_t* language : kLanguages) {
         VEK::msgLangSet(language);
         VEK::DlgEnvMatTree_st env;
         CVekString material = L"S235JR", label = L"Door", active = L"A";
