@@ -1,7 +1,6 @@
 // Lists whose cells are edited, in real windows.
-#include "window/dialog_fixture.h"
+#include "window/dialog_test.h"
 #include "window/free_handles.h"
-#include "window/modal_queue.h"
 
 #include <vek/controls.h>
 
@@ -60,12 +59,10 @@ TEST_F(ControlsListCtrl, OpensAnEditorOverTheCell)
     for (int column : {0, 1, 3}) {
         click(1, column);
         ASSERT_TRUE(m_edit && m_subItem == column) << column;
-        CRect place, expected = labelOf(1, column);
-        m_edit->GetWindowRect(&place);
-        ScreenToClient(&place);
+        CRect expected = labelOf(1, column);
         expected.right -= 2;
         expected.left += column == 3 ? 16 : 0;
-        EXPECT_EQ(place, expected) << column;
+        EXPECT_EQ(placeOf(*m_edit, m_hWnd), expected) << column;
         const DWORD align[] = {0, ES_RIGHT, 0, ES_CENTER};
         EXPECT_EQ(m_edit->GetStyle() & ~DWORD(WS_CLIPSIBLINGS), 0x50000080 | align[column]);
         EXPECT_TRUE(m_edit->GetDlgCtrlID() == 1025 && m_edit->GetSel() == 2 << 16 && ::GetFocus() == m_edit->m_hWnd);

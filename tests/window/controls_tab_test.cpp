@@ -1,6 +1,6 @@
 // Tabs and their pages in real windows.
 #include "window/control_fixture.h"
-#include "window/dialog_fixture.h"
+#include "window/dialog_test.h"
 
 #include <vek/controls.h>
 
@@ -69,14 +69,6 @@ protected:
         ::SetKeyboardState(none);
     }
 
-    /// Where a window within another one is.
-    static CRect placeOf(CWnd& window)
-    {
-        CRect place;
-        window.GetWindowRect(&place);
-        window.GetParent()->ScreenToClient(&place);
-        return place;
-    }
     /// How much of a tab is in the colour of disabled texts.
     int grey(int tab)
     {
@@ -161,7 +153,7 @@ TEST_F(ControlsTabCtrl, CreatePagesWhenTheyAreShown)
     EXPECT_TRUE(first.m_parentDlg == &owner && std::wcscmp(first.country(), L"fr") == 0);
     CRect tab;
     GetItemRect(0, &tab);
-    EXPECT_EQ(placeOf(first), CRect(2, tab.Height() + 4, 596, 296));
+    EXPECT_EQ(placeOf(first, m_hWnd), CRect(2, tab.Height() + 4, 596, 296));
     unsigned id = 99;
     EXPECT_TRUE(GetDlgIDD(0, id) && id == 3);
     for (const int outside : {-1, 3}) {
@@ -194,25 +186,20 @@ TEST_F(ControlsTabCtrl, TakePagesAndTheirControlsToAnotherResolution)
     SetFont(owner.GetFont());
     Page &first = add(-1), &hidden = add(-1);
     SetCurSel(1), SetCurSel(0);
-    const CRect own = placeOf(*first.GetDlgItem(1));
-    CRect tab;
-    const auto fontHeight = [](CWnd& control) {
-        LOGFONTW font = {};
-        ::GetObjectW(reinterpret_cast<HFONT>(control.SendMessage(WM_GETFONT)), sizeof font, &font);
-        return std::abs(font.lfHeight);
-    };
-    const int font = fontHeight(*first.GetDlgItem(1));
+    const CRect own = placeOf(*first.GetDlgItem(1), first);
+    const int font = fontHeightOf(*first.GetDlgItem(1));
     EXPECT_GT(font, 0);
     for (const int dpi : {144, 97, 192, 96, 120, 96}) {
-        RECT place = {0, 0, 8 * dpi, 5 * dpi};
-        owner.SendMessage(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+        changeResolution(owner, dpi, {0, 0, 8 * dpi, 5 * dpi});
         const auto scaled = [&](int value) { return MulDiv(value, dpi, 96); };
+        CRect tab;
         GetItemRect(0, &tab);
         for (Page* page : {&first, &hidden}) {
-            EXPECT_EQ(placeOf(*page), CRect(2, tab.Height() + 4, scaled(600) - 4, scaled(300) - 4)) << dpi;
-            EXPECT_EQ(placeOf(*page->GetDlgItem(1)),
+            CWnd& field = *page->GetDlgItem(1);
+            EXPECT_EQ(placeOf(*page, m_hWnd), CRect(2, tab.Height() + 4, scaled(600) - 4, scaled(300) - 4)) << dpi;
+            EXPECT_EQ(placeOf(field, *page),
                       CRect(scaled(own.left), scaled(own.top), scaled(own.right), scaled(own.bottom)));
-            EXPECT_EQ(fontHeight(*page->GetDlgItem(1)), scaled(font));
+            EXPECT_EQ(fontHeightOf(field), scaled(font));
         }
     }
 }
