@@ -223,16 +223,4 @@ TEST(AppIcon, GoesByTheApplication)
     }
 }
 
-TEST(DlgStack, GivesTheLastAndNullWhenEmpty)
-{
-    const auto window = [](std::size_t number) { return reinterpret_cast<HWND__*>(number); };
-    for (std::size_t i = 0; i < 100; ++i)
-        VEK::dlgStackPush(window(i));
-    for (std::size_t i = 100; i > 0; --i)
-        EXPECT_EQ(VEK::dlgStackPop(), window(i - 1));
-    EXPECT_TRUE(!VEK::dlgStackPop() && !VEK::dlgStackPop());
-    VEK::dlgStackPush(window(1));
-    EXPECT_TRUE(VEK::dlgStackPop() == window(1) && !VEK::dlgStackPop());
-}
-
 } // namespace

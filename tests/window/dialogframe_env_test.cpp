@@ -271,19 +271,6 @@ TEST_F(DialogSurroundings, DragAFileIntoAnotherWindow)
     ::OleUninitialize();
 }
 
-TEST_F(DialogSurroundings, NameTheirControlsForScreenReaders)
-{
-    Template source(kStyle | WS_VISIBLE, 10, 10, L"Maße");
-    source.item(0xFFFF, L"STATIC", 0, L"&Breite")
-        .item(10, L"EDIT", WS_TABSTOP)
-        .item(11, L"BUTTON", WS_TABSTOP, L"&Fertig");
-    Form dialog(source);
-    ASSERT_TRUE(dialog.open());
-    EXPECT_EQ(nameOf(dialog), L"Maße");
-    EXPECT_EQ(nameOf(::GetDlgItem(dialog, 11)), L"Fertig");
-    EXPECT_EQ(nameOf(::GetDlgItem(dialog, 10)), L"Breite");
-}
-
 TEST_F(DialogSurroundings, HaveTheLibrarysIconAndInformationBox)
 {
     EXPECT_EQ(VEK::appIcon(), ::LoadIconW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(2000)));

@@ -76,24 +76,6 @@ TEST_F(TextApplication, EndsWithItsLastClientWhenNoUserIsThere)
     EXPECT_TRUE(within(30, [] { return processes().empty(); }));
 }
 
-TEST_F(TextApplication, MayDieInACall)
-{
-    ASSERT_NE(VEK::getRscAppDispatch(), nullptr);
-    IVekMsgDlg texts = running();
-    const DWORD process = processes().at(0);
-    suspend(process);
-    std::thread death([&] {
-        Sleep(500);
-        kill(process);
-    });
-    const ULONGLONG begin = GetTickCount64();
-    EXPECT_EQ(texts.wGetMsg(L"VEK001", L"de"), L"");
-    EXPECT_GE(GetTickCount64() - begin, 400u) << "it was in the call";
-    EXPECT_FALSE(texts.OpenFile(m_file.c_str()));
-    EXPECT_LT(GetTickCount64() - begin, 15000u);
-    death.join();
-}
-
 TEST_F(TextApplication, MayHang)
 {
     ASSERT_NE(VEK::getRscAppDispatch(), nullptr);
@@ -115,7 +97,10 @@ TEST_F(TextApplication, IsWaitedForFortyTimesIfItIsInstalled)
 {
     std::vector<unsigned long> waits;
     std::vector<std::wstring> started;
-    VEK::rscWaitHookSet([&](unsigned long time) { waits.push_back(time); });
+    VEK::rscWaitHookSet([&](unsigned long time) {
+        waits.push_back(time);
+        unregister(); // or each try would take its time
+    });
     VEK::platform::outsideHookSet([&](const VEK::platform::OutsideCall& call) {
         started.push_back(call.target);
         return true;
@@ -125,10 +110,6 @@ TEST_F(TextApplication, IsWaitedForFortyTimesIfItIsInstalled)
     ASSERT_EQ(started.size(), 1u);
     EXPECT_TRUE(fs::equivalent(started[0], kProgram));
 
-    for (const std::wstring& key : keys())
-        RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
-    for (const std::wstring& key : keys())
-        RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str());
     EXPECT_EQ(VEK::getRscAppDispatch(), nullptr) << "not installed";
     EXPECT_EQ(waits.size(), 40u);
     EXPECT_EQ(started.size(), 1u);

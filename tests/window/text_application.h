@@ -117,6 +117,13 @@ protected:
             return {programId};
         return {programId, L"Software\\Classes\\CLSID\\" + m_class};
     }
+    void unregister()
+    {
+        for (const std::wstring& key : keys()) {
+            RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
+            RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str());
+        }
+    }
     /// Wine looks there only.
     void copyToMachine()
     {
