@@ -65,6 +65,7 @@ public:
 
     /// Adds an item at the end; when memory runs out nothing is added.
     void append(CVekDisplayItem&& item);
+    void append(const CVekDisplayItem& item) { append(CVekDisplayItem(item)); }
 
     /// Appends copies of all items of another list, which may be this one.
     /// @return false, with the list unchanged, when memory runs out
