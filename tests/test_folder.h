@@ -3,14 +3,17 @@
 #include "core/platform/platform.h"
 
 #include <filesystem>
+#include <random>
 #include <string>
 
-/// A folder of a test's own, with a name that is no plain ASCII; gone afterwards.
+/// A folder of a test's own, also when the test runs twice at a time, with a name that is no plain ASCII; gone
+/// afterwards.
 class TestFolder
 {
 public:
     explicit TestFolder(const std::wstring& name)
-        : m_path(std::filesystem::temp_directory_path() / VEK::platform::pathOf(L"vek Maß € " + name))
+        : m_path(std::filesystem::temp_directory_path() /
+                 VEK::platform::pathOf(L"vek Maß € " + name + std::to_wstring(std::random_device()())))
     {
         std::filesystem::create_directories(m_path);
     }
