@@ -17,17 +17,12 @@ using Region = CVek_Solid::Region;
 
 Region rectangle(double width, double height)
 {
-    Region region;
-    region.append(shapes::rectangle(0, 0, width, height));
-    return region;
+    return {shapes::rectangle(0, 0, width, height)};
 }
 
 Region tube(double outer, double inner)
 {
-    Region region;
-    region.append(shapes::circle(0, 0, outer));
-    region.append(shapes::circle(0, 0, inner));
-    return region;
+    return {shapes::circle(0, 0, outer), shapes::circle(0, 0, inner)};
 }
 
 CVekMatrix3d at(double x, double y, double z)
@@ -132,30 +127,22 @@ TEST(Solid, RoundBodiesHaveTrueArcsAlongTheirAxisAndSilhouettesAcrossIt)
     EXPECT_NEAR(both.unseen.length.at(kEdge), 5, 1e-9);
 
     CVek_Solid rounded; // a plane that goes over into a torus and that into a cylinder
-    Region soft;
-    soft.append(shapes::path({shapes::line(0, 0, 3, 0), shapes::line(3, 0, 4, 1, std::tan(pi / 8)),
-                              shapes::line(4, 1, 4, 5), shapes::line(4, 5, 0, 5), shapes::line(0, 5, 0, 0)}));
+    const Region soft{shapes::path({shapes::line(0, 0, 3, 0), shapes::line(3, 0, 4, 1, std::tan(pi / 8)),
+                                    shapes::line(4, 1, 4, 5), shapes::line(4, 5, 0, 5), shapes::line(0, 5, 0, 0)})};
     ASSERT_TRUE(rounded.revolve(soft, {}, 0, 7, 1));
     View inclined = projected(rounded, from(0.2, 0.1, -1)); // the upper rim is the only edge
     EXPECT_NEAR(inclined.seen.length[kEdge] + inclined.unseen.length[kEdge], 7.9 * pi, 0.1 * pi);
-    EXPECT_EQ(projected(rounded, from(0, 0, -1)).seen.arcs, 2);
 
     CVek_Solid cone; // a ball on a cone, from below and from the side
-    const CVekVertexArray profile =
-        shapes::path({shapes::line(0, 0, 3, 0), shapes::line(3, 0, 1, 6), shapes::line(1, 6, 0, 7, std::tan(pi / 8)),
-                      shapes::line(0, 7, 0, 0)});
-    Region region;
-    region.append(profile);
-    ASSERT_TRUE(cone.revolve(region, {}, 0.3, 2 * pi, 1));
+    const Region profile{shapes::path({shapes::line(0, 0, 3, 0), shapes::line(3, 0, 1, 6),
+                                       shapes::line(1, 6, 0, 7, std::tan(pi / 8)), shapes::line(0, 7, 0, 0)})};
+    ASSERT_TRUE(cone.revolve(profile, {}, 0.3, 2 * pi, 1));
     View side = projected(cone, from(1, 0, 0));
     EXPECT_NEAR(side.seen.length[kSilhouette], 2 * std::sqrt(40.0) + pi, 2e-3);
     EXPECT_NEAR(side.seen.length[kEdge], 8, 1e-6);
     View below = projected(cone, from(0, 0, -1));
     EXPECT_NEAR(below.seen.length[kEdge], 6 * pi, 1e-9);
     EXPECT_NEAR(below.unseen.length[kEdge], 2 * pi, 1e-9);
-    CVekPoint3d min, max;
-    ASSERT_TRUE(cone.extents(min, max));
-    EXPECT_LT(min.distanceTo({-3, -3, 0}) + max.distanceTo({3, 3, 7}), 1e-9);
 }
 
 TEST(Solid, SheetsHaveFoldsAndPrismsNone)
@@ -174,15 +161,14 @@ TEST(Solid, SheetsHaveFoldsAndPrismsNone)
         View end = projected(sheet, from(0, 0, 1));
         EXPECT_NEAR(end.seen.length[kEdge], 80 + 4 + (2 * r + 2) * pi / 2, 1e-9);
         EXPECT_EQ(std::tuple(end.seen.polylines, end.seen.segments[kEdge], end.seen.arcs), std::tuple(1, 8, 2));
+        EXPECT_FALSE(sheet.plate(line, 20, 1, {}, 0, 1, 1)) << "the thickness consumes the bend";
     }
     CVek_Solid prism;
-    Region region;
-    region.append(shapes::path({shapes::line(0, 0, 10, 0), shapes::line(10, 0, 10, 10, 1), shapes::line(10, 10, 4, 10),
-                                shapes::line(4, 10, 0, 10), shapes::line(0, 10, 0, 0)}));
+    const Region region{shapes::path({shapes::line(0, 0, 10, 0), shapes::line(10, 0, 10, 10, 1),
+                                      shapes::line(10, 10, 0, 10), shapes::line(0, 10, 0, 0)})};
     ASSERT_TRUE(prism.extrude(region, {}, 0, 8, 1));
     View view = projected(prism, from(1, 1, 1));
     EXPECT_EQ(view.seen.segments.count(kFold) + view.unseen.segments.count(kFold), 0u);
-    EXPECT_FALSE(prism.plate(line, 20, 1, {}, 0, 1, 1)); // the thickness consumes the bend
 }
 
 TEST(Solid, HolesMeetFacesEdgesAndOneAnother)
@@ -257,14 +243,10 @@ TEST(Solid, LeavesOutWhatIsNoBody)
     EXPECT_FALSE(solid.extrude({}, {}, 0, 1, 1) || solid.revolve(rectangle(-1, 1), {}, 0, 1, 1));
     EXPECT_FALSE(solid.extrude(rectangle(10, 10), {}, CVekPlane({}, {-1, 0, 1}), CVekPlane({0, 0, 1}, {0, 0, 1}),
                                1)); // they meet
-    Region line;
-    line.append(polygon({{0, 0}, {5, 5}, {9, 9}}));
-    EXPECT_FALSE(solid.extrude(line, {}, 0, 1, 1));
+    EXPECT_FALSE(solid.extrude({polygon({{0, 0}, {5, 5}, {9, 9}})}, {}, 0, 1, 1));
     EXPECT_EQ(solid.bodies(), 0);
 
-    Region eight;
-    eight.append(polygon({{0, 0}, {10, 10}, {10, 0}, {0, 10}}));
-    ASSERT_TRUE(solid.extrude(eight, {}, 0, 4, 1));
+    ASSERT_TRUE(solid.extrude({polygon({{0, 0}, {10, 10}, {10, 0}, {0, 10}})}, {}, 0, 4, 1));
     EXPECT_FALSE(solid.drill(1, at(nan, 0, 0), 1) || solid.drill(1, {}, nan) || solid.drill(1, {}, 1, -1) ||
                  solid.drill(1, {}, 0));
     EXPECT_NEAR(projected(solid, from(0, 0, 1)).seen.length[kEdge], 20 + 20 * std::sqrt(2.0), 1e-6);
@@ -292,8 +274,7 @@ TEST(Solid, DrillsAPatternLikeItsHolesOneByOne)
         const CVekMatrix3d place = CVekMatrix3d().setToMirroring(CVekPlane({}, {any(-1, 1), any(-1, 1), 1}));
         const double lean = round % 3 == 0 ? any(-0.1, 0.1) : 0.0;
         for (CVek_Solid* solid : {&one, &many}) {
-            Region plate = rectangle(40, 30);
-            plate.append(shapes::circle(20, 15, 4));
+            const Region plate{shapes::rectangle(0, 0, 40, 30), shapes::circle(20, 15, 4)};
             ASSERT_TRUE(
                 solid->extrude(plate, place, CVekPlane({0, 0, 0}, {0, 0, 1}), CVekPlane({0, 0, 6}, {lean, 0, 1}), 1));
         }

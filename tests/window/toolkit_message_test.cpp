@@ -82,6 +82,7 @@ protected:
         Base::OnSize(type, cx, cy);
         log.push_back("size " + std::to_string(cx) + " " + std::to_string(cy));
     }
+    afx_msg void OnEditChange() { log.push_back("change"); }
     afx_msg void OnButton() { log.push_back("button"); }
     afx_msg void OnRange(UINT id) { log.push_back("range " + std::to_string(id)); }
     DECLARE_MESSAGE_MAP()
@@ -93,21 +94,27 @@ ON_WM_CREATE()
 ON_WM_MOUSEWHEEL()
 ON_WM_SIZE()
 ON_BN_CLICKED(11, &Derived::OnButton)
+ON_EN_CHANGE(12, &Derived::OnEditChange)
 ON_CONTROL_RANGE(BN_CLICKED, 20, 29, &Derived::OnRange)
 END_MESSAGE_MAP()
 
-/// A field that chooses its colours itself.
+/// A field that chooses its colours itself and keeps its changes from its parent, every other one.
 class Edit : public CEdit
 {
 protected:
+    afx_msg BOOL OnChange() { return ++m_changes % 2; }
     afx_msg HBRUSH CtlColor(CDC*, UINT which)
     {
         return static_cast<HBRUSH>(::GetStockObject(which == CTLCOLOR_EDIT ? GRAY_BRUSH : WHITE_BRUSH));
     }
     DECLARE_MESSAGE_MAP()
+
+private:
+    int m_changes = 0;
 };
 
 BEGIN_MESSAGE_MAP(Edit, CEdit)
+ON_CONTROL_REFLECT_EX(EN_CHANGE, &Edit::OnChange)
 ON_WM_CTLCOLOR_REFLECT()
 END_MESSAGE_MAP()
 
@@ -146,6 +153,11 @@ TEST_F(ToolkitMessages, ComeBackToTheControlFirst)
     Edit edit;
     ASSERT_TRUE(window.open());
     ASSERT_TRUE(edit.Create(WS_CHILD, CRect(0, 0, 50, 20), &window, 12));
+    log.clear();
+    edit.SetWindowText(L"a");
+    EXPECT_EQ(log, Log());
+    edit.SetWindowText(L"b");
+    EXPECT_EQ(log, Log{"change"});
     CClientDC dc(&edit);
     const LRESULT brush =
         window.SendMessage(WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(dc.m_hDC), reinterpret_cast<LPARAM>(edit.m_hWnd));
