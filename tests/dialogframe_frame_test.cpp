@@ -166,17 +166,21 @@ public:
 
 TEST(DlgLanguage, IsOwnElseOfTheSameClassElseOfTheProcess)
 {
-    const auto of = [](const wchar_t* own, std::vector<const wchar_t*> languages) {
-        Above above;
-        above.languages = std::move(languages);
-        return VEK::dlgLanguage(own, above);
-    };
-    EXPECT_STREQ(of(L"pl", {L"fr"}), L"pl");
-    EXPECT_STREQ(of(L"", {nullptr, L"fr", L"en"}), L"fr");
-    EXPECT_STREQ(of(nullptr, {nullptr, L"", L"en"}), L"") << "whatever the nearest one has";
+    const struct {
+        const wchar_t* own;
+        std::vector<const wchar_t*> languages;
+        const wchar_t* expected;
+    } cases[] = {{L"pl", {L"fr"}, L"pl"},
+                 {L"", {nullptr, L"fr", L"en"}, L"fr"},
+                 {nullptr, {nullptr, L"", L"en"}, L""}, // whatever the nearest one has
+                 {nullptr, {nullptr, nullptr}, L"cs"},
+                 {L"", {}, L"cs"}};
     const CVekString before = VEK::msgLangSet(L"cs");
-    EXPECT_STREQ(of(nullptr, {nullptr, nullptr}), L"cs");
-    EXPECT_STREQ(of(L"", {}), L"cs");
+    for (const auto& each : cases) {
+        Above above;
+        above.languages = each.languages;
+        EXPECT_STREQ(VEK::dlgLanguage(each.own, above), each.expected);
+    }
     VEK::msgLangSet(before);
 }
 
