@@ -71,17 +71,15 @@ TEST_F(DialogFrame, OpensWhereItWasClosed)
     };
     for (const auto& each : cases) {
         forget();
-        const Template form = source(each.style, each.title.c_str());
         CRect first;
         for (int round = 0; round < 3; ++round) {
-            Form it(form);
+            Form it(source(each.style, each.title.c_str()));
             it.SavePosition(each.remembers);
             it.open();
             const bool isKnown = round > 0 && each.opened.x >= 0, isSizable = (each.style & WS_THICKFRAME) != 0;
-            const CRect rect = placeOf(it);
-            first = round == 0 ? rect : first;
-            EXPECT_EQ(rect.TopLeft(), isKnown ? each.opened : first.TopLeft());
-            EXPECT_EQ(rect.Size(), isKnown && isSizable ? each.moved.Size() : first.Size());
+            first = round == 0 ? placeOf(it) : first;
+            EXPECT_EQ(placeOf(it).TopLeft(), isKnown ? each.opened : first.TopLeft());
+            EXPECT_EQ(placeOf(it).Size(), isKnown && isSizable ? each.moved.Size() : first.Size());
             RECT stored = {};
             EXPECT_EQ(it.getSavedPos(stored), isKnown);
             it.MoveWindow(each.moved);
@@ -91,21 +89,20 @@ TEST_F(DialogFrame, OpensWhereItWasClosed)
         }
     }
     forget();
-    const auto opened = [](const Template& form) {
-        Form it(form);
-        it.open();
-        return placeOf(it);
-    };
     CRect area;
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-    const CPoint off = opened(source(kStyle, kTitle, 0)).CenterPoint() - area.CenterPoint();
-    EXPECT_LE(std::max(std::abs(off.x), std::abs(off.y)), 1) << "centred without a stored place";
+    Form centred(source(kStyle, kTitle, 0)), distant(source());
+    centred.open();
+    const CPoint off = placeOf(centred).CenterPoint() - area.CenterPoint();
+    EXPECT_LE(std::max(std::abs(off.x), std::abs(off.y)), 1) << "without a stored place";
+    centred.DestroyWindow();
     HKEY key = nullptr;
     EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, VEK::dlgPositionKey(kTitle) + L"\\lasting", 0, nullptr, 0, KEY_WRITE,
                               nullptr, &key, nullptr),
               static_cast<LSTATUS>(ERROR_CHILD_MUST_BE_VOLATILE));
     ASSERT_TRUE(VEK::dlgPositionWrite({5000 | 4000ul << 16, 1 | 1ul << 16}, kTitle)); // on a larger desktop
-    EXPECT_EQ(opened(source()).TopLeft(), CPoint(5000, 4000));
+    distant.open();
+    EXPECT_EQ(placeOf(distant).TopLeft(), CPoint(5000, 4000));
 }
 
 TEST_F(DialogFrame, FollowsItsLanguage)
@@ -287,28 +284,27 @@ TEST_F(DialogFrame, ShowsTipsAndHelp)
         return path + (!button.IsWindowVisible() ? L" hidden" : button.IsWindowEnabled() ? L" enabled" : L" grey");
     };
     EXPECT_EQ(help(), L" grey");
-    form.SetHelpFile(L"C:\\help\\vek.chm");
-    EXPECT_EQ(help(), L"C:\\help\\vek.chm enabled");
+    form.SetHelpFile(L"https://a.b/<topic>.html");
+    EXPECT_EQ(help(), L"https://a.b/<topic>.html enabled");
+    form.Help(L"x~");
+    EXPECT_EQ(std::exchange(calls, {}),
+              (std::vector<OutsideCall>{{OutsideCall::What::document, L"https://a.b/xVEK.html"}}));
     form.SetHelpFile(nullptr);
     EXPECT_EQ(help(), L" hidden");
     form.SetHelpTopic(L"intro");
-    user.file([&](OPENFILENAMEW& asked, bool save) {
-        EXPECT_TRUE(!save && asked.hwndOwner == form.m_hWnd && (asked.Flags & OFN_FILEMUSTEXIST));
-        EXPECT_STREQ(asked.lpstrDefExt, L"chm");
-        EXPECT_STREQ(asked.lpstrFilter, L"(*.chm)");
-        return false;
-    });
-    form.Help(L"topic");
-    EXPECT_TRUE(calls.empty() && help() == L" hidden") << "cancelled";
-    user.file([](OPENFILENAMEW& asked, bool) { return lstrcpyW(asked.lpstrFile, L"D:\\x\\book.chm") != nullptr; });
-    form.Help(nullptr);
-    EXPECT_EQ(std::exchange(calls, {}),
-              (std::vector<OutsideCall>{{OutsideCall::What::helpTopic, L"D:\\x\\book.chm"},
-                                        {OutsideCall::What::helpKeyword, L"D:\\x\\book.chm", L"intro"}}));
+    for (const bool chosen : {false, true}) {
+        user.file([&](OPENFILENAMEW& asked, bool save) {
+            EXPECT_TRUE(!save && asked.hwndOwner == form.m_hWnd && (asked.Flags & OFN_FILEMUSTEXIST));
+            EXPECT_STREQ(asked.lpstrDefExt, L"chm");
+            EXPECT_STREQ(asked.lpstrFilter, L"(*.chm)");
+            return chosen && lstrcpyW(asked.lpstrFile, L"D:\\x\\book.chm");
+        });
+        form.Help(chosen ? nullptr : L"topic");
+        EXPECT_TRUE(chosen || (calls.empty() && help() == L" hidden")) << "cancelled";
+    }
+    EXPECT_EQ(calls, (std::vector<OutsideCall>{{OutsideCall::What::helpTopic, L"D:\\x\\book.chm"},
+                                               {OutsideCall::What::helpKeyword, L"D:\\x\\book.chm", L"intro"}}));
     EXPECT_EQ(help(), L"D:\\x\\book.chm enabled") << "the choice lasts";
-    form.SetHelpFile(L"https://a.b/<topic>.html");
-    form.Help(L"x~");
-    EXPECT_EQ(calls, (std::vector<OutsideCall>{{OutsideCall::What::document, L"https://a.b/xVEK.html"}}));
     VEK::platform::outsideHookSet(before);
 }
 

@@ -120,7 +120,6 @@ TEST_F(DialogSurroundings, BearDialogsThatEndThemselves)
     const UINT messages[] = {WM_INITDIALOG, WM_SIZE,     WM_SHOWWINDOW,      WM_PAINT,   WM_HELP,
                              WM_NOTIFY,     WM_COMMAND,  WM_DPICHANGED,      WM_GETFONT, WM_CTLCOLORSTATIC,
                              WM_ERASEBKGND, WM_SETFOCUS, WM_WINDOWPOSCHANGED};
-    int ended = 0;
     for (const UINT message : messages) {
         for (const bool early : {true, false}) {
             bool deleted = false;
@@ -134,9 +133,6 @@ TEST_F(DialogSurroundings, BearDialogsThatEndThemselves)
                 if (!deleted)
                     dialog->PreTranslateMessage(&down);
             };
-            const auto send = [&](UINT what, WPARAM value, void* data) {
-                dialog->SendMessage(what, value, reinterpret_cast<LPARAM>(data));
-            };
             RECT place = {10, 10, 400, 300};
             HELPINFO info = {sizeof info, HELPINFO_WINDOW, 1, nullptr, 0, {}};
             NMTTDISPINFOW tip = {};
@@ -145,25 +141,23 @@ TEST_F(DialogSurroundings, BearDialogsThatEndThemselves)
                 [&] { dialog->endsAt = message, dialog->ShowWindow(SW_SHOW); },
                 [&] { dialog->UpdateWindow(); },
                 [&] { dialog->SetCountry(L"fr"); },
-                [&] { send(WM_DPICHANGED, MAKEWPARAM(120, 120), &place); },
-                [&] { send(WM_HELP, 0, &info); },
+                [&] { dialog->SendMessage(WM_DPICHANGED, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&place)); },
+                [&] { dialog->SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)); },
                 [&] { dialog->SetHelpFile(nullptr); },
                 [&] { press(1, VK_RETURN); },
                 [&] { press(2, VK_PRIOR); },
                 [&] { press(2, VK_RETURN); },
-                [&] { send(WM_NOTIFY, 0, &tip); },
+                [&] { dialog->SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&tip)); },
             };
             for (const auto& action : actions) {
                 if (!deleted)
                     action();
             }
-            ended += deleted;
             EXPECT_EQ(deleted, early || message != WM_INITDIALOG) << message << (early ? " early" : "");
             if (!deleted)
                 dialog->endsAt = 0, dialog->DestroyWindow();
         }
     }
-    EXPECT_EQ(ended, 2 * 13 - 1);
 }
 
 TEST_F(DialogSurroundings, ChooseFilesAndFolders)

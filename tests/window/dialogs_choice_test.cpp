@@ -1,12 +1,12 @@
 // The dialogs for units and for groups of outlines, in real windows.
-#include "window/dialog_fixture.h"
-#include "window/modal_queue.h"
+#include "window/dialog_test.h"
 
 #include <vek/dialogs.h>
 
-TEST(DialogsUnits, ClosesOnlyWithAUnitThatHasASize)
+using DialogsChoice = DialogTest;
+
+TEST_F(DialogsChoice, OfAUnitEndsOnlyWithOneThatHasASize)
 {
-    ModalQueue user;
     VEK::DlgEnv_st environment;
     environment.country = L"en";
     user.dialog<CVekUnitsDlg>([](CVekUnitsDlg& dialog) {
@@ -16,11 +16,9 @@ TEST(DialogsUnits, ClosesOnlyWithAUnitThatHasASize)
             list.SetCurSel(unit);
             dialog.SendMessage(WM_COMMAND, MAKEWPARAM(1091, LBN_SELCHANGE), LPARAM(list.m_hWnd));
             EXPECT_EQ(dialog.GetDlgItem(IDOK)->IsWindowEnabled() != FALSE, unit != 0);
-            MSG escape = {nullptr, WM_KEYDOWN, VK_ESCAPE, 0, 0, {}};
-            EXPECT_TRUE(dialog.PreTranslateMessage(&escape));
+            press(VK_ESCAPE);
             dialog.SendMessage(WM_CLOSE);
-            dialog.PostMessage(WM_COMMAND, unit == 0 ? IDOK : IDCANCEL);
-            pumpWaiting();
+            dialog.SendMessage(WM_COMMAND, unit == 0 ? IDOK : IDCANCEL);
             ASSERT_TRUE(dialog.IsWindowVisible()) << unit;
         }
         dialog.SetCountry(L"de"); // in which the choice stays
@@ -35,9 +33,8 @@ TEST(DialogsUnits, ClosesOnlyWithAUnitThatHasASize)
     EXPECT_EQ(VEK::dlgUnits(environment, Vek::lUnit(4)), 4);
 }
 
-TEST(DialogsFilterOutline, GivesTheBitsOfTheSelectedRows)
+TEST_F(DialogsChoice, OfGroupsGivesTheBitsOfTheSelectedRows)
 {
-    ModalQueue user;
     for (int before = 0; before < 16; ++before) {
         const int after = (before * 5 + 3) & 15, end = before % 3 == 0 ? IDCANCEL : IDOK;
         CDlgFilterOutline dialog;
