@@ -227,4 +227,15 @@ TEST(AppIcon, GoesByTheApplication)
     }
 }
 
+TEST(DlgStack, GivesTheLastAndNullWhenEmpty)
+{
+    for (int again = 0; again < 2; ++again) {
+        for (std::size_t i = 0; i < 100; ++i)
+            VEK::dlgStackPush(reinterpret_cast<HWND__*>(i));
+        for (std::size_t i = 100; i-- > 0;)
+            EXPECT_EQ(VEK::dlgStackPop(), reinterpret_cast<HWND__*>(i));
+        EXPECT_TRUE(!VEK::dlgStackPop() && !VEK::dlgStackPop());
+    }
+}
+
 } // namespace

@@ -90,13 +90,15 @@ TEST(DialogsOutline, RandomUsersSeeWhatTheRulesTell)
         CVekDataItem library;
         ASSERT_TRUE(VEK::outlineInit(&library));
         VEK::dataSet(&library, L"a text as key\\LABEL", L"label");
-        for (int damage = seed % 3 * 100; damage > 0; --damage) {
+        const auto damage = [&] {
             const wchar_t* parts[] = {L"CODE", L"LABEL", L"PARMS", L"TXTGEN", L"\\VALID", L"\\MINUSP", L"\\TYPE", L""};
             const int part = below(8);
             const std::wstring name = L"PARM" + std::to_wstring(below(4) + 1),
                                path = (part < 4 ? L"" : name) + parts[part];
             const CVekDataKey code(5003, below(41) + 1, 0), value(5005, name.c_str(), 5005, L"VAL", 5003, 3, 0);
             CVekDataItem* entry = library.getItem(&code);
+            if (!entry || (below(40) == 0 && library.getDir()->remove(&code)))
+                return;
             VEK::dataItemSet(entry, &value, number());
             if (part < 3 && below(2))
                 VEK::dataSet(entry, path.c_str(), below(17) - 1); // a label becomes a number
@@ -104,7 +106,9 @@ TEST(DialogsOutline, RandomUsersSeeWhatTheRulesTell)
                 VEK::dataSet(entry, path.c_str(), L"A"); // an angle, or no directory
             else
                 entry->remove(path.c_str());
-        }
+        };
+        for (int i = seed % 3 * 100; i > 0; --i)
+            damage();
         VEK::outlineMemory().setLogicalLength(0);
         VEK::outlineData data;
         data.code = below(2) ? 12345 : 21;
@@ -121,6 +125,8 @@ TEST(DialogsOutline, RandomUsersSeeWhatTheRulesTell)
             SCOPED_TRACE(step);
             const int act = step == 0 ? 0 : below(7), row = below(5) - 1;
             const double value = number();
+            for (int i = seed % 5 * 2; i > 0; --i) // whoever owns the library may change it meanwhile
+                damage();
             if (act == 1) {
                 const int range = below(6) - 1; // clamped
                 ASSERT_TRUE(choice.rangeSet(range));

@@ -94,37 +94,6 @@ TEST_F(OutlineDialog, GivesWhatTheUserHasChosenOnlyAtOk)
     }
 }
 
-/// Whoever owns the library may change it meanwhile: the next kind that is chosen shows what is there then.
-TEST_F(OutlineDialog, ShowsALibraryThatChanges)
-{
-    const auto act = [&] {
-        for (int round = 0; round < 120; ++round) {
-            const int place = round % VEK::outlineKinds, rows = round / VEK::outlineKinds * 3 - 1;
-            const CVekDataKey entry(CVekDataKey::keyInt, static_cast<int>(send(5034, CB_GETITEMDATA, WPARAM(place))));
-            VEK::outlineInit(&library);
-            CVekDataItem& kind = *library.getItem(&entry);
-            VEK::dataSet(&kind, L"PARMS", rows);
-            int expected = 0;
-            for (CVekString name; expected < rows && kind.getItem(name.format(L"PARM%d", expected + 1));)
-                ++expected;
-            if (round % 7 == 0) { // the kind has gone, or all of them
-                round % 2 == 0 ? static_cast<void>(library.getDir()->remove(&entry)) : library.getDir()->removeAll();
-                expected = 0;
-            }
-            choose(place);
-            for (int i = 0; i < 6; ++i)
-                EXPECT_EQ(isShown(control(1070 + i)), i < expected) << round;
-            EXPECT_EQ(dialog->choice().parms.len(), expected);
-            library = CVekDataItem(CVekDataItem::directory); // and what is on show now acts on nothing
-            for (const int id : {1080, 1085, 1059 + round % 4})
-                click(id);
-            type(1070, L"12");
-        }
-        click(IDOK);
-    };
-    EXPECT_EQ(open(act), IDOK);
-}
-
 TEST_F(OutlineDialog, CutsNoTextInAnyLanguage)
 {
     loadExamples(VEK_SOURCE_DIR L"/examples");
