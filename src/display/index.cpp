@@ -71,6 +71,20 @@ DisplayIndex::Box reach(const CVekVertexArray& vl, const CVekMatrix3d& m)
     return box;
 }
 
+/// Whether a polyline is a chain of few straight segments.
+bool isChain(const CVekVertexArray& vl)
+{
+    if (vl.len() == 0 || vl.len() >= static_cast<int>(DisplayIndex::kPoints))
+        return false;
+    const CVekPoint3d* before = nullptr;
+    for (const CVekVertex& vertex : vl) {
+        if (vertex.bulge != 0.0 || (before && *before != vertex.start))
+            return false;
+        before = &vertex.end;
+    }
+    return true;
+}
+
 } // namespace
 
 /// What is not a number reaches everywhere.
@@ -157,6 +171,8 @@ void DisplayIndex::forgetRows()
 {
     std::fill(m_rows.begin(), m_rows.end(), Row{});
     m_coordinates.clear();
+    m_texts.clear();
+    m_contours.clear();
     m_forgotten = 0;
     m_looks.clear();
     m_lookNumbers.clear();
@@ -168,7 +184,7 @@ void DisplayIndex::forget(int number)
 {
     const std::size_t n = static_cast<std::size_t>(number);
     if (n < m_rows.size()) {
-        m_forgotten += m_rows[n].count * (m_rows[n].kind == Kind::flatLine ? 2u : 3u);
+        m_forgotten += coordinateCount(m_rows[n]);
         m_rows[n] = {};
     }
     if (n < m_world.size())
@@ -186,25 +202,24 @@ const DisplayIndex::Row& DisplayIndex::learn(int number, const CVekDisplayItem& 
     Row row;
     if ((item.flag & itemHidden) != 0)
         row.kind = Kind::nothing;
-    else if (!isPlain(item) || !setLine(row, box, item))
-        row.kind = Kind::item;
-    else
+    else if (isPlain(item) && setLine(row, box, item))
         (m_turns ? m_turned : m_world)[n] = box;
+    else if (!setText(row, item))
+        row.kind = Kind::item;
     return m_rows[n] = row;
+}
+
+std::size_t DisplayIndex::coordinateCount(const Row& row) const
+{
+    if (row.kind == Kind::text)
+        return text(row).size;
+    return row.count * (row.kind == Kind::flatLine ? std::size_t{2} : std::size_t{3});
 }
 
 bool DisplayIndex::isPlain(const CVekDisplayItem& item)
 {
-    if (item.type != dispPolyline || (item.flag & itemScreenFixed) != 0 || !isContinuous(item.linetype) ||
-        item.vl.len() == 0 || item.vl.len() >= static_cast<int>(kPoints))
-        return false;
-    const CVekPoint3d* before = nullptr;
-    for (const CVekVertex& vertex : item.vl) {
-        if (vertex.bulge != 0.0 || (before && *before != vertex.start))
-            return false;
-        before = &vertex.end;
-    }
-    return true;
+    return item.type == dispPolyline && (item.flag & itemScreenFixed) == 0 && isContinuous(item.linetype) &&
+           isChain(item.vl);
 }
 
 /// @return false if the item is better drawn by itself
@@ -235,6 +250,43 @@ bool DisplayIndex::setLine(Row& row, Box& box, const CVekDisplayItem& item)
         if (!flat)
             *to++ = p.z;
     });
+    return true;
+}
+
+/// @return false for anything but a text of glyphs as they should be, and if the view direction turns it
+bool DisplayIndex::setText(Row& row, const CVekDisplayItem& item)
+{
+    if (item.type != dispText || (item.flag & itemScreenFixed) != 0 || m_turns || !setLook(row, item))
+        return false;
+    Text text{item.mtx, !isIdentity(item.mtx), m_coordinates.size(), 0, m_contours.size(), 0};
+    const auto drop = [&] {
+        m_coordinates.resize(text.first);
+        m_contours.resize(text.contour);
+        return false;
+    };
+    for (const CVekArrayTempl<CVekVertexArray>& glyph : item.regl) {
+        for (const CVekVertexArray& contour : glyph) {
+            if (!isChain(contour))
+                return drop();
+            bool flat = true;
+            forEachPoint(contour, [&](const CVekPoint3d& p) {
+                flat = flat && isFlat(p);
+                m_coordinates.push_back(p.x);
+                m_coordinates.push_back(p.y);
+            });
+            if (!flat)
+                return drop();
+            const bool isOuter = &contour == glyph.begin();
+            m_contours.push_back({static_cast<std::uint16_t>(contour.len() + 1), isOuter, contour.isClosed()});
+        }
+    }
+    text.size = m_coordinates.size() - text.first;
+    text.count = m_contours.size() - text.contour;
+    if (text.count == 0 || m_texts.size() == UINT_MAX)
+        return drop();
+    row.first = static_cast<unsigned>(m_texts.size());
+    row.kind = Kind::text;
+    m_texts.push_back(text);
     return true;
 }
 

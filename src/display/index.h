@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <deque>
 #include <limits>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -29,7 +30,7 @@ inline bool isIdentity(const CVekMatrix3d& m)
 /// and what an item changes is forgotten; so it costs nothing where nothing is looked at, and never a pass of its own.
 ///
 /// Rows are made for polylines of straight, joined segments in continuous lines, which is what pictures of this trade
-/// consist of. Everything else is drawn from its item.
+/// consist of, and for their texts. Everything else is drawn from its item.
 class DisplayIndex
 {
 public:
@@ -55,12 +56,13 @@ public:
         }
     };
 
-    enum class Kind : std::uint8_t { unknown, nothing, item, line, flatLine };
+    enum class Kind : std::uint8_t { unknown, nothing, item, text, line, flatLine };
 
     /// How an item is drawn.
     struct Row {
-        unsigned first = 0;      ///< of the coordinates of its points: x, y and z, of a flat line x and y, since z is 0
-        unsigned matrix = 0;     ///< number of its matrix; 0: none
+        unsigned first = 0;  ///< of the coordinates of its points: x, y and z, of a flat line x and y, since z is 0;
+                             ///< of a text its number
+        unsigned matrix = 0; ///< number of its matrix; 0: none
         std::uint16_t count = 0; ///< of its points
         std::uint8_t look = 0;
         Kind kind = Kind::unknown;
@@ -75,6 +77,23 @@ public:
         unsigned color; ///< as a `COLORREF`; 0 unless the colour mode is that of items of their own colour
         int thickn;
         unsigned mode; ///< colour mode; an item without a colour of its own is drawn in the inverse of the background
+    };
+
+    /// A contour of a glyph.
+    struct Contour {
+        std::uint16_t count; ///< of its points
+        bool beginsGlyph;    ///< as its outer contour
+        bool isClosed;       ///< so that the glyph has a body
+    };
+
+    /// A text of flat glyphs without arcs. Its matrix is its own, since hardly two texts share one.
+    struct Text {
+        CVekMatrix3d mtx;
+        bool moves;          ///< whether the matrix changes anything
+        std::size_t first;   ///< of the coordinates: x and y of the points, one contour after the other
+        std::size_t size;    ///< number of its coordinates
+        std::size_t contour; ///< the first one
+        std::size_t count;   ///< of its contours
     };
 
     /// The extents of stored items that follow one another.
@@ -125,6 +144,9 @@ public:
     void learnWorld(int number, const CVekDisplayItem& item);
 
     const double* coordinates(const Row& row) const { return m_coordinates.data() + row.first; }
+    const double* coordinates(const Text& text) const { return m_coordinates.data() + text.first; }
+    const Text& text(const Row& row) const { return m_texts[row.first]; }
+    std::span<const Contour> contours(const Text& text) const { return {&m_contours[text.contour], text.count}; }
     const CVekMatrix3d& matrix(unsigned number) const { return m_matrices[number - 1]; }
     const std::vector<Look>& looks() const { return m_looks; }
 
@@ -139,6 +161,8 @@ private:
     void forgetRows();
     static bool isPlain(const CVekDisplayItem& item);
     bool setLine(Row& row, Box& box, const CVekDisplayItem& item);
+    bool setText(Row& row, const CVekDisplayItem& item);
+    std::size_t coordinateCount(const Row& row) const;
     bool setLook(Row& row, const CVekDisplayItem& item);
     bool setMatrix(Row& row, const CVekMatrix3d& mtx);
 
@@ -154,6 +178,8 @@ private:
 
     std::vector<double> m_coordinates;
     std::size_t m_forgotten = 0; ///< of the coordinates, those that no row has any more
+    std::vector<Text> m_texts;
+    std::vector<Contour> m_contours;
 
     std::vector<Look> m_looks;
     std::unordered_map<std::uint64_t, unsigned> m_lookNumbers;

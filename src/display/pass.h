@@ -99,7 +99,11 @@ private:
     void draw(const CVekDisplayItem& item);
     void draw(const CVekDisplayItem* items, const DrawOrder& order, DisplayIndex& index);
     void drawRow(const DisplayIndex& index, const DisplayIndex::Row& row, const DisplayIndex::Box& box);
+    void drawText(const DisplayIndex& index, const DisplayIndex::Row& row);
+    void drawGlyph(std::span<const DisplayIndex::Contour> contours, const Pen& pen);
     void setRowMatrix(const DisplayIndex& index, unsigned matrix);
+    void setRowColumns(const CVekMatrix3d& map);
+    const double* mapFlat(const double* from, SurfacePoint* to, std::size_t count) const;
     const Pen& pen(const DisplayIndex& index, unsigned look);
     DisplayIndex::Box shownArea(double margin) const;
 
@@ -195,7 +199,7 @@ private:
 
     std::array<Pen, DisplayIndex::kLooks> m_pens{}; ///< of the looks of the index
     unsigned m_penCount = 0;
-    unsigned m_rowMatrix = 0;           ///< number of the matrix of the current row
+    unsigned m_rowMatrix = 0;           ///< number of the matrix of the current row; none for a text
     std::array<Pair, 4> m_rowColumns{}; ///< of the matrix to the device for the current row
     Pair m_rowZero{};                   ///< what z = 0 adds there: 0, or not a number
     std::vector<SurfacePoint> m_points; ///< of the current row

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <tuple>
 #include <utility>
 
@@ -53,11 +54,27 @@ const DrawPass::Pen& DrawPass::pen(const DisplayIndex& index, unsigned look)
 
 void DrawPass::setRowMatrix(const DisplayIndex& index, unsigned matrix)
 {
-    const CVekMatrix3d map = matrix != 0 ? m_total * index.matrix(matrix) : m_total;
+    setRowColumns(matrix != 0 ? m_total * index.matrix(matrix) : m_total);
+    m_rowMatrix = matrix;
+}
+
+void DrawPass::setRowColumns(const CVekMatrix3d& map)
+{
     for (std::size_t column = 0; column < 4; ++column)
         m_rowColumns[column] = Pair{map[0][column], map[1][column]};
     m_rowZero = m_rowColumns[2] * 0.0;
-    m_rowMatrix = matrix;
+}
+
+/// Takes points with z = 0 to the device.
+/// @return behind their coordinates
+inline const double* DrawPass::mapFlat(const double* from, SurfacePoint* to, std::size_t count) const
+{
+    const auto [x, y, z, origin] = m_rowColumns;
+    for (SurfacePoint* const end = to + count; to != end; ++to, from += 2) {
+        const Pair p = x * from[0] + y * from[1] + m_rowZero + origin;
+        *to = {p[0], p[1]};
+    }
+    return from;
 }
 
 inline void DrawPass::drawRow(const DisplayIndex& index, const DisplayIndex::Row& row, const Box& box)
@@ -68,17 +85,13 @@ inline void DrawPass::drawRow(const DisplayIndex& index, const DisplayIndex::Row
     if (row.matrix != m_rowMatrix)
         setRowMatrix(index, row.matrix);
     m_surface.pen(pen.width, pen.color);
-    const auto [x, y, z, origin] = m_rowColumns;
     const double* from = index.coordinates(row);
     SurfacePoint* const points = m_points.data();
-    SurfacePoint* const end = points + row.count;
     if (row.kind == DisplayIndex::Kind::flatLine) {
-        for (SurfacePoint* to = points; to != end; ++to, from += 2) {
-            const Pair p = x * from[0] + y * from[1] + m_rowZero + origin;
-            *to = {p[0], p[1]};
-        }
+        mapFlat(from, points, row.count);
     } else {
-        for (SurfacePoint* to = points; to != end; ++to, from += 3) {
+        const auto [x, y, z, origin] = m_rowColumns;
+        for (SurfacePoint *to = points, *const end = points + row.count; to != end; ++to, from += 3) {
             const Pair p = x * from[0] + y * from[1] + z * from[2] + origin;
             *to = {p[0], p[1]};
         }
@@ -86,6 +99,62 @@ inline void DrawPass::drawRow(const DisplayIndex& index, const DisplayIndex::Row
     m_margin = pen.margin;
     if ((pen.isBounded && box.isWithin(pen.area)) || !isOutside({points, row.count}))
         m_surface.polyline(points, row.count);
+}
+
+/// Draws a text like `drawText` of its item.
+void DrawPass::drawText(const DisplayIndex& index, const DisplayIndex::Row& row)
+{
+    const DisplayIndex::Text& text = index.text(row);
+    const Pen& pen = this->pen(index, row.look);
+    setRowColumns(text.moves ? m_total * text.mtx : m_total);
+    m_rowMatrix = std::numeric_limits<unsigned>::max();
+    m_margin = pen.margin;
+    m_surface.brush(pen.color);
+    const double* from = index.coordinates(text);
+    const std::span<const DisplayIndex::Contour> contours = index.contours(text);
+    for (std::size_t first = 0, last = 0; first < contours.size(); first = last) {
+        std::size_t count = 0;
+        do
+            count += contours[last++].count;
+        while (last < contours.size() && !contours[last].beginsGlyph);
+        if (m_points.size() < count)
+            m_points.resize(count);
+        from = mapFlat(from, m_points.data(), count);
+        if (!isOutside({m_points.data(), count}))
+            drawGlyph(contours.subspan(first, last - first), pen);
+    }
+}
+
+/// @param contours whose points are those of the current row
+void DrawPass::drawGlyph(std::span<const DisplayIndex::Contour> contours, const Pen& pen)
+{
+    const SurfacePoint* const outer = m_points.data();
+    const auto corners = [](const SurfacePoint* points, int count) {
+        return count > 1 && points[0] == points[count - 1] ? count - 1 : count;
+    };
+    if (contours[0].isClosed) {
+        m_surface.pen(pen.width, pen.color);
+        bool holes = false;
+        const SurfacePoint* hole = outer + contours[0].count;
+        for (const DisplayIndex::Contour& contour : contours.subspan(1)) {
+            const int count = corners(hole, contour.count);
+            if (count >= 3)
+                m_surface.clipOut(hole, count);
+            holes = holes || count >= 3;
+            hole += contour.count;
+        }
+        m_surface.polygon(outer, corners(outer, contours[0].count));
+        if (holes)
+            m_surface.clipRestore();
+    }
+    m_surface.pen(penWidth(1), pen.color);
+    const SurfacePoint* points = outer;
+    for (const DisplayIndex::Contour& contour : contours) {
+        m_lines.insert(m_lines.end(), points, points + contour.count);
+        points += contour.count;
+        endLine();
+    }
+    flushLines();
 }
 
 /// Draws a list by its index, and adds to it what has no row yet.
@@ -98,6 +167,8 @@ void DrawPass::draw(const CVekDisplayItem* items, const DrawOrder& order, Displa
         const DisplayIndex::Row& later = index.row(ahead(kFetchFar));
         if (later.isLine()) {
             fetch(index.coordinates(later), 64);
+        } else if (later.kind == Kind::text) {
+            fetch(index.coordinates(index.text(later)), 64);
         } else if (later.kind != Kind::nothing) {
             fetchPlain(items[ahead(kFetchFar)]);
             fetchGeometry(items[ahead(kFetchNear)]);
@@ -109,6 +180,8 @@ void DrawPass::draw(const CVekDisplayItem* items, const DrawOrder& order, Displa
             row = &index.learn(number, items[number]);
         if (row->isLine())
             drawRow(index, *row, index.shown(number));
+        else if (row->kind == Kind::text)
+            drawText(index, *row);
         else if (row->kind == Kind::item)
             draw(items[number]);
         return true;
