@@ -2,6 +2,9 @@
 #include "display_hash.h"
 #include "display_pass.h"
 
+#include <vek/data.h>
+#include <vek/host.h>
+
 #include <algorithm>
 #include <random>
 #include <sstream>
@@ -128,13 +131,7 @@ private:
         const CVekVertexArray vl = polyline();
         const CVekArrayTempl<double>& type = kTypes[random(6)];
         const unsigned long width = static_cast<unsigned long>(random(4) ? 1 : random(9));
-        switch (random(14)) {
-        case 3:
-            both([&](Gdx& gdx) { gdx.imagePicture(stack, bits, L"p.bmp", 3, at, bits % 3 != 0 ? at : point0()); });
-            break;
-        case 4:
-            both([&](Gdx& gdx) { gdx.imageVl(stack, bits, CVekVertexArray(vl), color, m, type, 1.0, width, at); });
-            break;
+        switch (random(15)) {
         case 0: both([&](Gdx& gdx) { gdx.imagePt(stack, bits, at, color, m, 3.0, 2, point0()); }); break;
         case 1: both([&](Gdx& gdx) { gdx.imageTxt(stack, bits, L"AB", color, m, L"CC", at, point0()); }); break;
         case 2:
@@ -143,8 +140,34 @@ private:
                              type, 1.0, width, color, {}, point0());
             });
             break;
+        case 3:
+            both([&](Gdx& gdx) { gdx.imagePicture(stack, bits, L"p.bmp", 3, at, bits % 3 != 0 ? at : point0()); });
+            break;
+        case 4:
+            both([&](Gdx& gdx) { gdx.imageVl(stack, bits, CVekVertexArray(vl), color, m, type, 1.0, width, at); });
+            break;
+        case 5: {
+            const CVekVertexArray letter = random(2) ? box(at[0], at[1], 20) : polyline();
+            shapedText(stack, bits, {{letter, vl, polyline()}, {polyline()}, {vl, box(at[0], at[1], 5)}}, color, m);
+            break;
+        }
         default: both([&](Gdx& gdx) { gdx.imageVl(stack, bits, vl, color, m, type, 1.0, width, point0()); });
         }
+    }
+    /// A text whose glyphs come from the host.
+    void shapedText(const CVekArrayTempl<int>& stack, unsigned long bits, const VEK::Regions& glyphs,
+                    const CVekColor& color, const CVekMatrix3d& m)
+    {
+        CVekLocalApp host;
+        host.functionSet(L"vek_text_to_regl", [&](resbuf*, VEK::CUniqResbuf& result) {
+            result.append(VEK::mkResbuf(glyphs));
+            return 5100;
+        });
+        CVekApp* const before = vekAppSet(&host);
+        CVekDataItem text;
+        VEK::dataSet(&text, L"TEXT", L"A");
+        both([&](Gdx& gdx) { EXPECT_TRUE(gdx.imageTxt(stack, bits, &text, color, m, 1.0, point0())); });
+        vekAppSet(before);
     }
     static CVekPoint3d point0() { return {3, 4, 0}; }
 
