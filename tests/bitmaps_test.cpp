@@ -246,10 +246,8 @@ TEST(Picture, GrowingRepeatsAndShrinkingTakesTheMean)
               (CPixels{4, 1, {0xFF180018, 0xFF180018, 0xFF180018, 0xFF180018}}));
     EXPECT_EQ(VEK::scaledPicture({4, 1, {c, 0x00FFFFFF, 0x00FFFFFF, c}}, 2, 1), (CPixels{2, 1, {c, c}}));
     EXPECT_EQ(VEK::scaledPicture({3, 1, {c, 7, 7}}, 1, 1).data[0] >> 24, 0u);
-    EXPECT_TRUE(VEK::scaledPicture(row, 0, 1).empty());
-    EXPECT_TRUE(VEK::scaledPicture(row, 1, -1).empty());
-    EXPECT_TRUE(VEK::scaledPicture(row, 30000, 30000).empty());
-    EXPECT_TRUE(VEK::scaledPicture({}, 3, 3).empty());
+    for (const auto& [width, height] : {std::pair(0, 1), {1, -1}, {30000, 30000}})
+        EXPECT_TRUE(VEK::scaledPicture(row, width, height).empty() && VEK::scaledPicture({}, 3, 3).empty());
 }
 
 TEST(Picture, KeyColourIsTheMostFrequentOfFivePlaces)

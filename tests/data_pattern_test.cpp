@@ -64,27 +64,23 @@ TEST(DataPattern, ReadsWhatFilesHold)
 TEST(DataPattern, WrongLinesAreNamedAndWhatStandsBeforeStays)
 {
     const std::string before = "*GOOD\n0,0,0,0,1\n";
-    const struct {
-        const char* text;
-        const wchar_t* error;
-    } cases[] = {{"*BAD\n0,0,zero,0,1\n", L"x.pat:4: \"zero\" is no number"},
-                 {"*BAD\n0,0,1.2.3,0,1\n", L"x.pat:4: \"1.2.3\" is no number"},
-                 {"*BAD\n0,0,nan,0,1\n", L"x.pat:4: \"nan\" is no number"},
-                 {"*BAD\n0,0,1e999,0,1\n", L"x.pat:4: \"1e999\" is no number"},
-                 {"*BAD\n0,0,+-1,0,1\n", L"x.pat:4: \"+-1\" is no number"},
-                 {"*BAD\n0,0,,0,1\n", L"x.pat:4: a value is missing"},
-                 {"*BAD\n0,0,0,0,1,\n", L"x.pat:4: a value is missing"},
-                 {"*BAD\n\n0,0,0,1\n", L"x.pat:5: a family of lines needs 5 numbers or more"},
-                 {"*BAD\n;\n*NEXT\n0,0,0,0,1\n", L"x.pat:3: the pattern has no lines"},
-                 {"*BAD, at the end", L"x.pat:3: the pattern has no lines"},
-                 {" * , nameless\n0,0,0,0,1\n", L"x.pat:3: a pattern without a name"}};
+    const std::pair<const char*, const wchar_t*> cases[] = {
+        {"*BAD\n0,0,zero,0,1\n", L"x.pat:4: \"zero\" is no number"},
+        {"*BAD\n0,0,1.2.3,0,1\n", L"x.pat:4: \"1.2.3\" is no number"},
+        {"*BAD\n0,0,nan,0,1\n", L"x.pat:4: \"nan\" is no number"},
+        {"*BAD\n0,0,1e999,0,1\n", L"x.pat:4: \"1e999\" is no number"},
+        {"*BAD\n0,0,+-1,0,1\n", L"x.pat:4: \"+-1\" is no number"},
+        {"*BAD\n0,0,,0,1\n", L"x.pat:4: a value is missing"},
+        {"*BAD\n0,0,0,0,1,\n", L"x.pat:4: a value is missing"},
+        {"*BAD\n\n0,0,0,1\n", L"x.pat:5: a family of lines needs 5 numbers or more"},
+        {"*BAD\n;\n*NEXT\n0,0,0,0,1\n", L"x.pat:3: the pattern has no lines"},
+        {"*BAD, at the end", L"x.pat:3: the pattern has no lines"},
+        {" * , nameless\n0,0,0,0,1\n", L"x.pat:3: a pattern without a name"}};
     for (const std::string end : {"\n", "\r\n", "\r"}) {
-        for (const auto& c : cases) {
-            const Outcome outcome = read(std::regex_replace(before + c.text, std::regex("\n"), end));
-            EXPECT_FALSE(outcome.good) << c.text;
-            EXPECT_EQ(wide(outcome.error), c.error) << c.text;
-            ASSERT_EQ(outcome.patterns.len(), 1) << c.text;
-            EXPECT_EQ(outcome.patterns[0].name, L"GOOD");
+        for (const auto& [text, error] : cases) {
+            const Outcome outcome = read(std::regex_replace(before + text, std::regex("\n"), end));
+            EXPECT_EQ(wide(outcome.error), error) << text;
+            EXPECT_TRUE(!outcome.good && outcome.patterns.len() == 1 && outcome.patterns[0].name == L"GOOD") << text;
         }
     }
     EXPECT_EQ(wide(read("0,0,0,0,1\n*A\n0,0,0,0,1").error), L"x.pat:1: a family of lines before the first pattern");
@@ -119,12 +115,10 @@ TEST(DataPattern, LocalAppTakesFiles)
     EXPECT_FALSE(app.hatchPatternFile(path.c_str(), error));
     EXPECT_EQ(wide(error), path + L":8: \"x\" is no number");
     VekPatternLines lines;
-    app.hatchPatternGet(L"steel", lines);
-    EXPECT_EQ(lines[0][0], 30.0);
-    app.hatchPatternGet(L"Tin", lines);
-    EXPECT_EQ(lines[0][4], 2.0);
-    app.hatchPatternGet(L"Bad", lines);
-    EXPECT_EQ(lines[0][0], 7.0);
+    for (const auto& [name, at, number] : {std::tuple(L"steel", 0, 30.0), {L"Tin", 4, 2.0}, {L"Bad", 0, 7.0}}) {
+        app.hatchPatternGet(name, lines);
+        EXPECT_EQ(lines[0][at], number);
+    }
     std::filesystem::remove(folder / L"a.pat");
     EXPECT_FALSE(app.hatchPatternFile(path.c_str(), error));
     EXPECT_EQ(wide(error), path + L": the file cannot be read");

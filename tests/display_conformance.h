@@ -27,9 +27,8 @@ void forEachConformanceCase(Try&& tryCase)
     using namespace picture_bytes;
     const std::wstring picture =
         folder.save(L"a.bmp", bmp(info(2, 2, 24), hex("00FF00 00FF00 0000 00FF00 000000 0000")));
-    CVekArrayTempl<CVekVertexArray> region;
-    region.append(polyline({{{0, 0, 0}, {50, 0, 0}}, {{50, 0, 0}, {50, 50, 0}, 0.3}, {{50, 50, 0}, {0, 0, 0}}}));
-    region.append(box(30, 10, 10));
+    const CVekArrayTempl<CVekVertexArray> region{shapes::polygon({{0, 0}, {50, 0}, {50, 50}}, {0.0, 0.3}),
+                                                 box(30, 10, 10)};
     using Emit = std::function<void(Gdx&, unsigned)>;
     const std::pair<const char*, Emit> kinds[] = {
         {"polyline",

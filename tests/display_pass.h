@@ -39,9 +39,10 @@ inline void addLine(Gdx& gdx, const CVekVertexArray& vl, const CVekColor& color 
 }
 
 inline void addRegion(Gdx& gdx, unsigned flag, const CVekArrayTempl<CVekVertexArray>& region,
-                      const CVekColor& color = kRed, const CVekColor& fill = CVekColor(), const CVekMatrix3d& m = kNone)
+                      const CVekColor& color = kRed, const CVekColor& fill = CVekColor(), const CVekMatrix3d& m = kNone,
+                      const VEK::CHatchProp& hatch = {})
 {
-    gdx.imageReg(path({}), flag, region, color, m, doubles({}), 1.0, 1, fill, VEK::CHatchProp(), CVekPoint3d());
+    gdx.imageReg(path({}), flag, region, color, m, doubles({}), 1.0, 1, fill, hatch, CVekPoint3d());
 }
 
 inline void addItem(Gdx& gdx, const CVekDisplayItem& item)

@@ -251,8 +251,8 @@ TEST(PassHatch, LinesDotsOrSolid)
         Gdx gdx = grey();
         CVekMatrix3d view, m;
         gdx.viewDirectionMtxSet(view.setToScaling(c.view, CVekPoint3d::kOrigin));
-        gdx.imageReg(path({}), c.flag, square(c.size), kRed, m.setToScaling(c.factor, CVekPoint3d::kOrigin), {}, 1.0, 1,
-                     rgb(0x0000FF), VEK::CHatchProp(c.pattern, 0.0, 1.0, false), CVekPoint3d());
+        addRegion(gdx, c.flag, square(c.size), kRed, rgb(0x0000FF), m.setToScaling(c.factor, {}),
+                  {c.pattern, 0.0, 1.0, false});
         std::size_t dots = 0;
         for (Rules rules : {kScreen, kPaper}) {
             VEK::CRecorder recorder;
@@ -274,8 +274,7 @@ TEST(PassHatch, AsksTheHostOnceForAPattern)
     host.add(L"DASHED", {{0, 0, 0, 0, 50, 4, -4}});
     Gdx gdx = grey();
     for (const wchar_t* name : {L"TWO", L"DASHED", L"NONE", L"TWO", L"DASHED", L"NONE"})
-        gdx.imageReg(path({}), itemHatch, square(90), kRed, kNone, {}, 1.0, 1, kRed, VEK::CHatchProp(name, 0, 3, false),
-                     CVekPoint3d());
+        addRegion(gdx, itemHatch, square(90), kRed, kRed, kNone, {name, 0.0, 3.0, false});
     EXPECT_GT(countOf(calls(gdx, kScreen), "lineTo"), 20u);
     EXPECT_EQ(host.asked(), 3);
     calls(gdx, kScreen);
@@ -302,8 +301,8 @@ TEST(PassHatch, IsDrawnWhereItIsSeenAndSolidWhereItTakesTooManyLines)
         for (Rules rules : {kPaper, kScreen}) {
             SCOPED_TRACE(&view - kViews);
             Gdx gdx = grey();
-            gdx.imageReg(path({}), itemHatch, shapes::list({shapes::rectangle(0, 0, 120000, 4000)}), kRed, kNone,
-                         doubles({}), 1.0, 1, kRed, VEK::CHatchProp(view.name, 0.0, view.scale, false), CVekPoint3d());
+            addRegion(gdx, itemHatch, {shapes::rectangle(0, 0, 120000, 4000)}, kRed, kRed, kNone,
+                      {view.name, 0.0, view.scale, false});
             CVekMatrix3d zoom, move;
             move.setToTranslation({-view.x, -view.y, 0});
             gdx.zoomMtxSet(zoom.setToScaling(view.factor, CVekPoint3d::kOrigin) * move);
@@ -332,8 +331,7 @@ TEST(PassOutside, OnlyTheScreenLeavesOutWhatCannotShow)
             if (flag == 0)
                 addLine(gdx, region[0], kRed, move, 0, 9);
             else
-                gdx.imageReg(path({}), flag, region, kRed, move, doubles({}), 1.0, 1, CVekColor(),
-                             VEK::CHatchProp(L"_USER", 0.0, 9.0, false), CVekPoint3d());
+                addRegion(gdx, flag, region, kRed, CVekColor(), move, {L"_USER", 0.0, 9.0, false});
             const auto draws = [](const std::string& text) {
                 return countOf(text, "lineTo") + countOf(text, "polygon") > 0;
             };

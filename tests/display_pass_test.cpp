@@ -195,8 +195,7 @@ TEST(PassArea, OddScalesAndPlaces)
 
     // Rows stay a pixel apart under a pen of one, and the hatch has the wide one.
     Gdx both = grey();
-    both.imageReg(path({}), itemFill | itemHatch, square(2), kRed, kNone, doubles({}), 1.0, 1, CVekColor(),
-                  VEK::CHatchProp(L"_USER", 0.0, 9.0, false), CVekPoint3d());
+    addRegion(both, itemFill | itemHatch, square(2), kRed, CVekColor(), kNone, {L"_USER", 0.0, 9.0, false});
     EXPECT_EQ(drawn(both, kPaper, {10, 20, 100, 100, 3.0}),
               "pen 1 #ff0000\nmoveTo 10,20\nlineTo 12,20\nmoveTo 10,21\nlineTo 12,21\npen 3 #ff0000\n"
               "moveTo 12,20\nlineTo 10,20\n");
@@ -250,10 +249,7 @@ TEST(PassRegion, ScanLinesAgreeWithAPointTest)
 TEST(PassRegion, PolygonWithHolesOutOfTheClipOnScreen)
 {
     Gdx gdx = grey();
-    CVekArrayTempl<CVekVertexArray> region = square(9);
-    region.append(box(2, 2, 3));
-    region.append(CVekVertexArray()); // changes no clip
-    addRegion(gdx, itemFill | itemOutline, region);
+    addRegion(gdx, itemFill | itemOutline, {box(0, 0, 9), box(2, 2, 3), {}}); // the empty one changes no clip
     const std::string areas = "pen 1 #ff0000\nbrush #ff0000\nclipOut 2,2 5,2 5,5 2,5\npolygon 0,0 9,0 9,9 0,9\n"
                               "clipRestore\n";
     const std::string outline = "pen 1 #ff0000\nmoveTo 0,0\nlineTo 9,0\nlineTo 9,9\nlineTo 0,9\nlineTo 0,0\n"
@@ -274,11 +270,7 @@ TEST(PassText, BodyWithoutHolesAndAnEdgeOfOnePixel)
     item.type = dispText;
     item.color = kRed;
     item.thickn = 2;
-    item.regl[0] = square(9);
-    item.regl[0].append(box(2, 2, 3));
-    item.regl[0].append(CVekVertexArray()); // layout adds such
-    item.regl[1][0] = line(20, 20, 30, 20); // open: no body
-    item.regl[2] = CVekArrayTempl<CVekVertexArray>();
+    item.regl = {{box(0, 0, 9), box(2, 2, 3), {}}, {line(20, 20, 30, 20)}, {}}; // with an open one, and empty ones
     Gdx gdx = grey();
     addItem(gdx, item);
     EXPECT_EQ(calls(gdx),
