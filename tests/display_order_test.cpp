@@ -69,8 +69,7 @@ void emit(Open& gdx, Model& model, const Plain& item)
     model.list.push_back(item);
     const unsigned long flag = item.mode << itemColorModeShift;
     const CVekArrayTempl<int> stack = item.id > 0 ? path({item.id}) : path({});
-    CVekMatrix3d m;
-    m.setToTranslation({item.x, 0, 0});
+    const CVekMatrix3d m = CVekMatrix3d().setToTranslation({item.x, 0, 0});
     switch (item.type) {
     case dispPoint: gdx.imagePt(stack, flag, {}, {}, m, 0.0, 0, {}); break;
     case dispPolyline: gdx.imageVl(stack, flag, line(0, 0, 4, 0), {}, m, {}, item.x, 0, {}); break;
@@ -215,8 +214,7 @@ TEST(DisplayPick, SeesAnItemAtAnyDistanceFromTheOrigin)
         EXPECT_EQ(gdx.imageItemGet({far + 108, far + 100, 0}), -1);
     }
     Gdx gdx = plain();
-    const double nan = std::nan("");
-    gdx.imageVl(path({1}), 0, line(nan, 0, nan, 0), {}, {}, {}, 1.0, 0, {});
+    gdx.imageVl(path({1}), 0, line(VEK::nan(), 0, VEK::nan(), 0), {}, {}, {}, 1.0, 0, {});
     EXPECT_EQ(gdx.imageItemGet({0, 0, 0}), -1);
 }
 

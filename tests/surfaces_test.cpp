@@ -68,25 +68,6 @@ using Quad = std::array<std::int32_t, 4>;
 const SurfacePoint kSquare[] = {{0, 0}, {50, 0}, {50, 50}, {0, 50}}, kHole[] = {{10, 10}, {20, 10}, {20, 20}, {10, 20}},
                    kAcross[] = {{40, 10}, {60, 10}, {60, 20}}, kTriangle[] = {{0, 0}, {9, 0}, {0, 9}};
 
-TEST(Recorder, KeepsCallsAsTextAndAsValues)
-{
-    VEK::CRecorder a, b(true);
-    for (VEK::CRecorder* r : {&a, &b}) {
-        r->clipTo(0, 0, 320, 240);
-        r->pen(2, 0x0080FF);
-        const SurfacePoint points[] = {{1.5, -2.75}, {3, 4}, {5, 6}};
-        r->polyline(points, 3);
-        r->clipOut(points, 3);
-        r->clipRestore();
-        r->solidRect(1, 2, 3, 4, 0xFF0000);
-    }
-    EXPECT_EQ(a.text(), "clipTo 0,0 320,240\npen 2 #ff8000\nmoveTo 1.5,-2.75\nlineTo 3,4\nlineTo 5,6\n"
-                        "clipOut 1.5,-2.75 3,4 5,6\nclipRestore\nsolidRect 1,2 3,4 #0000ff\n");
-    EXPECT_EQ(b.calls()[2].text(), "moveTo 1,-2");
-    EXPECT_EQ(a.calls()[3], b.calls()[3]);
-    EXPECT_NE(a.calls()[2], b.calls()[2]);
-}
-
 TEST(Emf, EmptyPictureIsAValidFile)
 {
     const EmfFile file = emf([](CSurface&) {});

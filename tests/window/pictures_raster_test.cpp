@@ -37,7 +37,7 @@ CPixels pixelsOf(HBITMAP bitmap)
 class Memory
 {
 public:
-    explicit Memory(const CPixels& pixels)
+    explicit Memory(const CPixels& pixels) : m_size{pixels.width, pixels.height}
     {
         CDC screen;
         screen.Attach(GetDC(nullptr));
@@ -56,12 +56,7 @@ public:
 
     void release() { dc.SelectObject(m_before); }
 
-    CPixels pixels()
-    {
-        BITMAP size = {};
-        bitmap.GetBitmap(&size);
-        return devicePixels(dc.m_hDC, size.bmWidth, size.bmHeight);
-    }
+    CPixels pixels() { return devicePixels(dc.m_hDC, m_size.cx, m_size.cy); }
 
     unsigned long key()
     {
@@ -74,6 +69,7 @@ public:
     CBitmap bitmap;
 
 private:
+    const SIZE m_size;
     CBitmap* m_before = nullptr;
 };
 
