@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <oleauto.h>
+#include <olectl.h>
 
 namespace
 {
@@ -47,59 +47,28 @@ private:
     CVekString m_class = CVekString(L"Software\\Classes\\CLSID\\") + kClass;
 };
 
-/// An automation object without members.
-class Dispatch : public IDispatch
-{
-public:
-    ULONG references = 1;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
-    {
-        const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch);
-        *object = known ? this : nullptr;
-        if (known)
-            ++references;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override
-    {
-        return E_NOTIMPL;
-    }
-};
-
 } // namespace
 
 TEST(Automation, FindsTheServersProgram)
 {
-    const struct {
-        const wchar_t* command;
-        const wchar_t* program;
-    } cases[] = {
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
         {L"\"C:\\Program Files\\Suite\\Server.exe\" /Automation", L"C:\\Program Files\\Suite\\Server.exe"},
         {L"C:\\Suite\\Server.exe -Embedding", L"C:\\Suite\\Server.exe"},
         {L"C:\\Suite\\Server.exe", L"C:\\Suite\\Server.exe"},
     };
-    for (const auto& c : cases) {
-        const Registration registration(c.command);
-        CVekString path;
-        EXPECT_TRUE(VEK::serverFromProgID(kProgId, path));
-        EXPECT_STREQ(path, c.program);
-    }
     CVekString path;
+    for (const auto& [command, program] : cases) {
+        const Registration registration(command);
+        EXPECT_TRUE(VEK::serverFromProgID(kProgId, path));
+        EXPECT_STREQ(path, program);
+    }
     {
         const Registration registration(L"%SystemRoot%\\Server.exe -x", REG_EXPAND_SZ);
         EXPECT_TRUE(VEK::serverFromProgID(kProgId, path));
-        EXPECT_LT(path.find(L'%'), 0);
-        EXPECT_STREQ(path.right(11), L"\\Server.exe");
+        EXPECT_TRUE(path.find(L'%') < 0 && path.right(11) == L"\\Server.exe");
     }
     path = L"before";
-    EXPECT_FALSE(VEK::serverFromProgID(kProgId, path));
-    EXPECT_FALSE(VEK::serverFromProgID(nullptr, path));
+    EXPECT_FALSE(VEK::serverFromProgID(kProgId, path) || VEK::serverFromProgID(nullptr, path));
     EXPECT_STREQ(path, L"before");
 }
 
@@ -114,13 +83,15 @@ TEST(Automation, ConnectsToARunningServerOnly)
         EXPECT_FALSE(VEK::dispatchFromProgID(kProgId, nullptr));
         EXPECT_FALSE(VEK::dispatchFromProgID(nullptr, &server));
 
-        Dispatch object;
+        IDispatch* object = nullptr; // a picture, as the system can make one
+        ASSERT_TRUE(
+            SUCCEEDED(OleCreatePictureIndirect(nullptr, IID_IDispatch, TRUE, reinterpret_cast<void**>(&object))));
         CLSID id{};
         DWORD entry = 0;
         ASSERT_TRUE(SUCCEEDED(CLSIDFromString(kClass, &id)));
         HRESULT entered = E_FAIL;
         for (int tries = 0; tries < 5 && FAILED(entered); ++tries) // the system's service may still be on its way
-            entered = RegisterActiveObject(&object, id, ACTIVEOBJECT_STRONG, &entry);
+            entered = RegisterActiveObject(object, id, ACTIVEOBJECT_STRONG, &entry);
         ASSERT_TRUE(SUCCEEDED(entered));
         bool isFound = false;
         for (int tries = 0; tries < 5 && !isFound; ++tries)
@@ -129,7 +100,7 @@ TEST(Automation, ConnectsToARunningServerOnly)
         ASSERT_NE(server, nullptr);
         server->Release();
         RevokeActiveObject(entry, nullptr);
-        EXPECT_EQ(object.references, 1u) << "only the caller's own reference came with it";
+        EXPECT_EQ(object->Release(), 0u) << "only the caller's own reference came with it";
     }
     OleUninitialize();
 }
