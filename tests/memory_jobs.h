@@ -6,13 +6,12 @@
 #include "picture_bytes.h"
 #include "shapes.h"
 #include "slide_bytes.h"
+#include "test_folder.h"
 
 #include <vek/json.h>
 #include <vek/objects.h>
 #include <vek/vek.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <optional>
 
@@ -53,37 +52,26 @@ inline std::string jsonOf(const CVekDataItem& tree)
     return text;
 }
 
-/// A folder of its own with a picture and a library of one slide.
-struct Files {
-    std::filesystem::path folder = std::filesystem::temp_directory_path() / "vek_memory_test";
-    slide_test::Bytes slide = slide_test::withWords(slide_test::littleHeader(),
-                                                    {0xFF01, 10,     20, 30, 40,     0xFD00, 4,  0xFFFE, 0xFD00, 10,
-                                                     10,     0xFD00, 30, 10, 0xFD00, 30,     30, 0xFD00, 0,      0xFFFE,
-                                                     11,     21,     31, 41, 12,     22,     32, 42,     0xFC00});
+const slide_test::Bytes kSlideBytes = slide_test::withWords(
+    slide_test::littleHeader(),
+    {0xFF01, 10, 20,     30, 40,     0xFD00, 4,  0xFFFE, 0xFD00, 10, 10, 0xFD00, 30, 10,    0xFD00,
+     30,     30, 0xFD00, 0,  0xFFFE, 11,     21, 31,     41,     12, 22, 32,     42, 0xFC00});
 
-    Files()
-    {
-        std::filesystem::create_directories(folder);
-        using namespace picture_bytes;
-        std::ofstream(folder / "a.bmp", std::ios::binary) << bmp(info(4, 4, 24), std::string(48, '\x40'));
-        std::string library(32, ' ');
-        library += "one" + std::string(29, '\0') + le(104, 4) + std::string(36, '\0');
-        std::ofstream(folder / "a.slb", std::ios::binary) << library.append(slide.begin(), slide.end());
-        std::ofstream(folder / "texts.json") << R"({"*MSG*": {"VEK_": {"de": {"KEY": "a text that is loaded"}}}})";
-    }
-    ~Files() { std::filesystem::remove_all(folder); }
+/// A library of one slide.
+inline std::string libraryBytes()
+{
+    using picture_bytes::le;
+    std::string bytes = std::string(32, ' ') + "one" + std::string(29, '\0') + le(104, 4) + std::string(36, '\0');
+    return bytes.append(kSlideBytes.begin(), kSlideBytes.end());
+}
 
-    CVekString path(const char* name) const { return CVekString((folder / name).wstring().c_str()); }
-    std::string read(const char* name) const
-    {
-        std::ifstream in(folder / name, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
-};
-const Files kFiles;
+const TestFolder kFolder(L"memory");
 
 const CVekGDX::Stack kLine{1}, kText{2}, kRegion{3}, kNew{7, 8, 9};
-const CVekString kBmp = kFiles.path("a.bmp"), kLibrary = kFiles.path("a.slb"), kTexts = kFiles.path("texts.json");
+const CVekString
+    kBmp = kFolder.save(L"a.bmp", picture_bytes::bmp(picture_bytes::info(4, 4, 24), std::string(48, '\x40'))).c_str(),
+    kLibrary = kFolder.save(L"a.slb", libraryBytes()).c_str(),
+    kTexts = kFolder.save(L"a.json", R"({"*MSG*": {"VEK_": {"de": {"KEY": "a text that is loaded"}}}})").c_str();
 const CVekString kAnother(L"another key"), kUser(L"_USER"), kDots(L"DOTS"), kView(L"NO"), kSlide(L"one");
 const CVekArrayTempl<double> kDashes{0.5, -0.25}, kAngle{9, 9, 2, 2, 1};
 const CVekVertexArray kUpright = arcs({0, 1, 0}), kSlanted = arcs({0, 1, 1}) += arcs({0, 1, 1}),
@@ -468,7 +456,7 @@ const Job kJobs[] = {
     {"setGdxImageFcn", 2, [](W&) { VEK::setGdxImageFcn(kAnother, [](CVekGDX*, auto*, auto*) { return true; }); }},
     {"axes", 10, [](W& w) { return vek_gdx_image_ucs(&w.gdx, kNarrow); }},
     {"holes", 10, [](W& w) { return vek_gdx_image_hole(&w.gdx, kObject, nullptr); }},
-    {"slide", 11, [](W& w) { return VEK::gdxImageSlide(&w.gdx, kFiles.slide, 0, &kTree); }},
+    {"slide", 11, [](W& w) { return VEK::gdxImageSlide(&w.gdx, kSlideBytes, 0, &kTree); }},
     {"slide of a library", 18, [](W& w) { return vek_gdx_image_sld(&w.gdx, kSlide, kLibrary, 0, nullptr); }},
     {"slideLoad", 5, [](W& w) { return VEK::slideLoad(w.bytes, kSlide, kLibrary) && w.hand(w.bytes); }},
 

@@ -125,20 +125,20 @@ TEST(Memory, FilesAreWrittenAsAWhole)
     CVekDataItem fresh = kTree;
     VEK::dataSet(&fresh, L"TEXT", L"another text");
     CVekGDX gdx = picture();
-    const CVekString path = kFiles.path("tree.json");
+    const CVekString path = kFolder.name(L"tree.json").c_str();
     CVekString error;
     const std::function<void()> jobs[] = {[&] { refresh(&gdx, path, 100, 100); },
                                           [&] { VEK::jsonSave(fresh, path, error); }};
     for (const auto& job : jobs) {
         job();
-        const std::string whole = kFiles.read("tree.json");
+        const std::string whole = kFolder.read(L"tree.json");
         EXPECT_NE(whole, jsonOf(old));
         FailingMemory::forEveryAllocation([&](FailingMemory& memory) {
             ASSERT_TRUE(VEK::jsonSave(old, path, error));
             memory.during(job);
-            const std::string now = kFiles.read("tree.json");
+            const std::string now = kFolder.read(L"tree.json");
             EXPECT_TRUE(now == whole || (now == jsonOf(old) && memory.failed()));
-            EXPECT_EQ(std::distance(std::filesystem::directory_iterator(kFiles.folder), {}), 4) << "beside it";
+            EXPECT_EQ(kFolder.files(), 4) << "beside it";
         });
     }
 }

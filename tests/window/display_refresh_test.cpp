@@ -4,7 +4,6 @@
 
 #include <atomic>
 #include <filesystem>
-#include <fstream>
 #include <thread>
 
 namespace display_test
@@ -12,21 +11,13 @@ namespace display_test
 namespace
 {
 
-std::string bytesOf(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
 class Refresh : public testing::Test
 {
 protected:
-    void TearDown() override
-    {
-        std::error_code ignored;
-        std::filesystem::remove(file, ignored);
-    }
-    const std::filesystem::path file = std::filesystem::temp_directory_path() / "vek_refresh_test.emf";
+    std::string bytes() const { return m_folder.read(L"a.emf"); }
+
+    const TestFolder m_folder{L"refresh"};
+    const std::wstring file = m_folder.name(L"a.emf");
 };
 
 TEST_F(Refresh, TheSystemsFileShowsWhatOursDoes)
@@ -43,8 +34,7 @@ TEST_F(Refresh, TheSystemsFileShowsWhatOursDoes)
         VEK::gdxDraw(gdx, *surface, kHeight, kWidth, VEK::paperRules);
         ASSERT_TRUE(surface->finish());
         ENHMETAHEADER header = {};
-        EXPECT_EQ(playedPixels(bytesOf(file), kWidth, kHeight, header),
-                  playedPixels(sink.bytes(), kWidth, kHeight, header))
+        EXPECT_EQ(playedPixels(bytes(), kWidth, kHeight, header), playedPixels(sink.bytes(), kWidth, kHeight, header))
             << c.kind << ' ' << c.flag;
     });
     EXPECT_EQ(cases, 5 * 52);
@@ -54,17 +44,17 @@ TEST_F(Refresh, TwiceGivesTheSameFileAndAnUnwritablePathNone)
 {
     Gdx gdx = everything();
     ::refresh(&gdx, file.c_str(), 0, 0);
-    const std::string first = bytesOf(file);
+    const std::string first = bytes();
     ::refresh(&gdx, file.c_str(), 0, 0);
     EXPECT_GT(first.size(), 1000u);
-    EXPECT_EQ(bytesOf(file), first);
-    const auto nowhere = file / "below" / "a file.emf";
+    EXPECT_EQ(bytes(), first);
+    const std::wstring nowhere = file + L"/below/a file.emf";
     gdx.viewMtxSet(CVekMatrix3d());
     ::refresh(&gdx, nowhere.c_str(), 0, 0);
     EXPECT_FALSE(std::filesystem::exists(nowhere));
     EXPECT_NE(gdx.viewMtxGet(), CVekMatrix3d()); // sorted and fitted all the same
     ::refresh(nullptr, file.c_str(), 0, 0);
-    EXPECT_EQ(bytesOf(file), first);
+    EXPECT_EQ(bytes(), first);
 }
 
 /// The number of records on the clipboard, 0 without a metafile there.

@@ -4,6 +4,7 @@
 
 #include "core/platform/platform.h"
 #include "picture_draw.h"
+#include "test_folder.h"
 #include "window/device_pixels.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +12,6 @@
 #include <afxwin.h>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace
 {
@@ -108,11 +108,11 @@ TEST(RasterPicture, TransparentDrawingLeavesTheKeyColourOut)
 
 TEST(Loaded, BitmapsHaveThePixelsOfTheirFiles)
 {
-    const std::filesystem::path path = std::filesystem::temp_directory_path() / "vek_raster_test.bmp";
+    const TestFolder folder(L"raster");
     Random random;
     for (int i = 0; i < 100; ++i) {
         const Drawn drawn = drawBmp(random, true);
-        ASSERT_TRUE(VEK::platform::writeFile(path, drawn.bytes));
+        const std::wstring path = folder.save(L"a.bmp", drawn.bytes);
         bool transparent = true;
         const HBITMAP bitmap = vek_gdx_image_get_bitmap(path.c_str(), 0, 0, 0, transparent, 0x80C0FF);
         ASSERT_EQ(pixelsOf(bitmap), drawn.expected) << i;
@@ -120,7 +120,6 @@ TEST(Loaded, BitmapsHaveThePixelsOfTheirFiles)
         DeleteObject(bitmap);
         EXPECT_EQ(vek_gdx_image_get_bitmap(path.c_str(), 0, -8, 8, transparent, 0), nullptr);
     }
-    std::filesystem::remove(path);
 }
 
 TEST(Loaded, SystemIconsComeWithoutAName)

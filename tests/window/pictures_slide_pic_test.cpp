@@ -1,6 +1,7 @@
 // The controls for slides and raster files in real windows.
 #include "picture_bytes.h"
 #include "slide_bytes.h"
+#include "test_folder.h"
 #include "window/control_fixture.h"
 #include "window/modal_queue.h"
 
@@ -8,17 +9,13 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 namespace control_test
 {
 namespace
 {
 
-std::filesystem::path temporary(const char* name)
-{
-    return std::filesystem::temp_directory_path() / name;
-}
+const TestFolder kFolder(L"pictures");
 
 class SlidePic : public Control<VEK::CSlidePic>
 {
@@ -64,9 +61,8 @@ TEST_F(SlidePic, FitsTheSlideIntoTheWindow)
 
 TEST_F(SlidePic, ReadsFilesAndLibraries)
 {
-    const auto file = temporary("vek_slide_pic_test.sld");
     const Bytes slide = middleLine();
-    std::ofstream(file, std::ios::binary) << std::string(slide.begin(), slide.end());
+    const std::wstring file = kFolder.save(L"a.sld", std::string(slide.begin(), slide.end()));
     EXPECT_TRUE(control.show(file.c_str(), nullptr));
     EXPECT_EQ(pixel(50, 25), 0x0000FFu);
     std::filesystem::remove(file);
@@ -113,22 +109,16 @@ protected:
         open(101, 51);
         control.SetBackColor(0x00FF00);
     }
-    void TearDown() override
-    {
-        std::filesystem::remove(file);
-        Control::TearDown();
-    }
     /// A blue picture.
     void load(int width, int height)
     {
         std::string pixels;
         for (int i = 0; i < width * height; ++i)
             pixels += picture_bytes::le(0xFF, 4);
-        std::ofstream(file, std::ios::binary) << picture_bytes::bmp(picture_bytes::info(width, height, 32), pixels);
-        EXPECT_TRUE(control.LoadImage(file.c_str()));
+        const std::string bytes = picture_bytes::bmp(picture_bytes::info(width, height, 32), pixels);
+        EXPECT_TRUE(control.LoadImage(kFolder.save(L"a.bmp", bytes).c_str()));
     }
 
-    const std::filesystem::path file = temporary("vek_picture_test.bmp");
     ModalQueue user;
 };
 
@@ -172,10 +162,9 @@ TEST_F(Picture, PansAndZooms)
 TEST_F(Picture, AFileThatCannotBeReadIsTold)
 {
     EXPECT_FALSE(control.LoadImage(nullptr));
-    const std::filesystem::path text = temporary("vek_no_picture.bmp");
-    std::ofstream(text) << "no picture at all";
-    const std::pair<std::filesystem::path, DWORD> cases[] = {
-        {temporary("vek_no_such_picture.bmp"), ERROR_FILE_NOT_FOUND}, {text, ERROR_INVALID_DATA}};
+    const std::pair<std::wstring, DWORD> cases[] = {
+        {kFolder.name(L"none.bmp"), ERROR_FILE_NOT_FOUND},
+        {kFolder.save(L"text.bmp", "no picture at all"), ERROR_INVALID_DATA}};
     for (const auto& [path, error] : cases) {
         load(40, 20);
         EXPECT_TRUE(control.hasPicture());
@@ -189,7 +178,6 @@ TEST_F(Picture, AFileThatCannotBeReadIsTold)
         EXPECT_FALSE(control.hasPicture());
         EXPECT_FALSE(control.Copy());
     }
-    std::filesystem::remove(text);
 }
 
 TEST_F(Picture, CopiesTheWholePicture)
