@@ -290,19 +290,24 @@ TEST(PassHatch, IsDrawnWhereItIsSeenAndSolidWhereItTakesTooManyLines)
         double scale;
         double x, y, factor; // the place in the corner of the view, and its zoom
         int height, width;
-        int least, most;                                           // strokes; none where it is solid
+        int least, most; // strokes; none where it is solid
+        double angle = 0.0;
     } kViews[] = {{L"DASHED", 1, 119000, 3940, 5, 100, 200, 5, 8}, // one row, 40 of the wall
                   {L"DASHED", 1, 119990, 3990, 5, 100, 200, 1, 5}, // the far corner
-                  {L"DASHED", 1, 0, 0, 0.05, 100, 200, 20000, 21000}, {L"DASHED", 1, 0, 0, 0.05, 200, 6000, 0, 0},
+                  {L"DASHED", 1, 0, 0, 0.05, 100, 200, 20000, 21000},
+                  {L"DASHED", 1, 0, 0, 0.05, 200, 6000, 0, 0},
                   {L"DASHED", 1, 0, 0, 0.04, 100, 200, 0, 0}, // rows 2 apart: too dense
-                  {L"_USER", 1e-3, 5, 5, 1e4, 100, 200, 9, 13},       {L"_USER", 1e-3, 0, 0, 0.05, 100, 200, 0, 0},
-                  {L"_USER", 1e-300, 5, 5, 1e4, 100, 200, 0, 0}};
+                  {L"_USER", 1e-3, 5, 5, 1e4, 100, 200, 9, 13},
+                  {L"_USER", 1e-3, 0, 0, 0.05, 100, 200, 0, 0},
+                  {L"_USER", 1e-300, 5, 5, 1e4, 100, 200, 0, 0},
+                  {L"_USER", 1e-3, 5, 5, 1e4, 100, 200, 20, 23, 0.8}, // across the corners of the view
+                  {L"_USER", 1e-3, 5, 5, 1e4, 100, 200, 20, 23, -0.8}};
     for (const auto& view : kViews) {
         for (Rules rules : {kPaper, kScreen}) {
             SCOPED_TRACE(&view - kViews);
             Gdx gdx = grey();
             addRegion(gdx, itemHatch, {shapes::rectangle(0, 0, 120000, 4000)}, kRed, kRed, kNone,
-                      {view.name, 0.0, view.scale, false});
+                      {view.name, view.angle, view.scale, false});
             CVekMatrix3d zoom, move;
             move.setToTranslation({-view.x, -view.y, 0});
             gdx.zoomMtxSet(zoom.setToScaling(view.factor, CVekPoint3d::kOrigin) * move);
