@@ -36,6 +36,8 @@ TEST(DisplayView, KeywordsTurnTheModel)
     expectExtents(gdx, {1, 3, -2}, {1, 3, -2});
     EXPECT_FALSE(gdx.viewDirectionSet(L"X"));
     expectExtents(gdx, {1, 3, -2}, {1, 3, -2});
+    gdx.viewDirectionHvcSet({1, 0, 0}); // from the east
+    expectExtents(gdx, {2, 3, 1}, {2, 3, 1});
     EXPECT_TRUE(gdx.viewDirectionSet(L"P"));
     expectExtents(gdx, {1, 2, 3}, {1, 2, 3});
     const CVekVertexArray flat = vek_g_vl_mtx_view(CVekVertexArray(CVekVertex({1, 2, 3}, {4, 5, 6}, 0.0)), {0, -1, 0},
