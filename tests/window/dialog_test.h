@@ -97,8 +97,9 @@ public:
     }
     BOOL OnInitDialog() override
     {
+        const HWND window = m_hWnd;
         const BOOL result = CVekDlg::OnInitDialog();
-        if (onStart)
+        if (FromHandlePermanent(window) == this && onStart) // else it has ended, and may be gone
             onStart(*this);
         return result;
     }
