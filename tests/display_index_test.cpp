@@ -147,8 +147,9 @@ private:
             both([&](Gdx& gdx) { gdx.imageVl(stack, bits, CVekVertexArray(vl), color, m, type, 1.0, width, at); });
             break;
         case 5: {
-            const CVekVertexArray letter = random(2) ? box(at[0], at[1], 20) : polyline();
-            shapedText(stack, bits, {{letter, vl, polyline()}, {polyline()}, {vl, box(at[0], at[1], 5)}}, color, m);
+            CVekVertexArray letter = box(at[0], at[1], 20);
+            letter.removeAt(random(9)); // of its four sides, or none
+            shapedText(stack, bits, {{letter, box(at[0], at[1], 5)}, {random(2) ? letter : polyline()}}, color, m);
             break;
         }
         default: both([&](Gdx& gdx) { gdx.imageVl(stack, bits, vl, color, m, type, 1.0, width, point0()); });

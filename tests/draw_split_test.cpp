@@ -219,6 +219,9 @@ TEST(DrawMeasure, PatternsPastAllMeasureEnd)
         for (const int mode : {0, 1})
             expectStations(run(5), {bad, -bad}, mode, {0, 5});
     }
+    CVekVertexArray dense{line(0, 0, 3e5, 0), line(0, 1, 3e5, 1), line(0, 2, 3e5, 2)}; // enough for two of them
+    const CVekVertex last = dense[-1];
+    EXPECT_TRUE(vek_gdx_image_vl_measure(dense, numbers({0.5, -0.5}), 1) && dense.len() > 1000000 && dense[-1] == last);
     CVekVertexArray endless(line(0, 0, HUGE_VAL, 0));
     EXPECT_TRUE(vek_gdx_image_vl_measure(endless, numbers({3, -1}), 1));
     EXPECT_EQ(endless.len(), 1);

@@ -90,6 +90,8 @@ TEST(RasterLine, EachPixelByTheRuleHoweverFarTheEndsAre)
             const std::int64_t x1 = at(random), y1 = at(random);
             const std::int64_t x2 = 60 - x1 + i % 50, y2 = 70 - y1 - i % 50;
             Sheet sheet(kSize, kSize);
+            const int hole = i % 3 * 10; // the side of a square from (20, 30) on
+            clipOut(*sheet.surface, {{20, 30}, {20.0 + hole, 30}, {20.0 + hole, 30.0 + hole}, {20, 30.0 + hole}});
             sheet.line(double(x1), double(y1), double(x2), double(y2));
             const bool isFlat = std::abs(x2 - x1) >= std::abs(y2 - y1);
             const std::int64_t n = std::max(std::abs(x2 - x1), std::abs(y2 - y1));
@@ -100,10 +102,11 @@ TEST(RasterLine, EachPixelByTheRuleHoweverFarTheEndsAre)
                 const std::int64_t step = sign * (along - (isFlat ? x1 : y1));
                 const std::int64_t sum = 2 * step * rise + n - 1; // twice n times the place across, rounded down
                 const std::int64_t across = (isFlat ? y1 : x1) + sum / (2 * n) - (sum % (2 * n) < 0);
-                if (step < 0 || step >= n || across < 0 || across >= kSize)
+                const std::int64_t x = isFlat ? along : across, y = isFlat ? across : along;
+                if (step < 0 || step >= n || across < 0 || across >= kSize ||
+                    (x >= 20 && x < 20 + hole && y >= 30 && y < 30 + hole))
                     continue;
-                const std::int64_t pixel = isFlat ? across * kSize + along : along * kSize + across;
-                expected.pixels.data[static_cast<std::size_t>(pixel)] = 0xFF000000;
+                expected.pixels.data[static_cast<std::size_t>(y * kSize + x)] = 0xFF000000;
                 ++lit;
             }
             ASSERT_EQ(sheet.text(), expected.text()) << x1 << "," << y1 << " to " << x2 << "," << y2;
