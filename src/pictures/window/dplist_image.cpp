@@ -146,7 +146,8 @@ void CVekDplistImage::OnMButtonDown(UINT flags, CPoint point)
 void CVekDplistImage::OnMouseMove(UINT flags, CPoint point)
 {
     if (GetFocus() == this) {
-        m_isPanning = m_isPanning && (flags & MK_MBUTTON) != 0; // it may have been released elsewhere
+        if ((flags & MK_MBUTTON) == 0 && GetCapture() != this)
+            m_isPanning = false; // the button was released elsewhere
         if ((flags & MK_MBUTTON) == 0) {
             SetCursor(crossCursor);
         } else if (dpList && m_isPanning) {

@@ -201,7 +201,10 @@ void CPicture::OnMButtonUp(UINT, CPoint)
 
 void CPicture::OnMouseMove(UINT flags, CPoint point)
 {
-    m_isPanning = m_isPanning && (flags & MK_MBUTTON) != 0; // it may have been released elsewhere
+    if ((flags & MK_MBUTTON) == 0) {
+        m_isPanning = m_isPanning && GetCapture() == this; // else the button was released elsewhere
+        return;
+    }
     if (!m_isPanning)
         return;
     m_view.originX = m_originAtPress.x + point.x - m_press.x;
