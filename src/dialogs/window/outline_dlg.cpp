@@ -80,6 +80,14 @@ bool CVekOutlDlg::updLang()
     const bool good = CVekDlg::updLang();
     SetWindowText(GetMsg(L"VEK_OUTL_0000", L"Kontur", nullptr));
     nameControl(kKinds, GetMsg(L"VEK_OUTL_0003", L"Auswahl", nullptr));
+    if (!m_kinds.m_hWnd)
+        return good;
+    fillKinds();
+    showMaterial();
+    for (int i = 0; i < VEK::OutlineChoice::maxRows; ++i) {
+        if (!m_labels[i].isNull())
+            showLabel(i, m_labels[i]);
+    }
     return good;
 }
 
@@ -88,11 +96,9 @@ BOOL CVekOutlDlg::OnInitDialog()
     CVekDlg::OnInitDialog();
     SetIcon(m_icon, TRUE);
     SetIcon(m_icon, FALSE);
-    fillKinds();
     const int material = m_material.isNull() ? SW_HIDE : SW_SHOW;
     GetDlgItem(kMaterialButton)->ShowWindow(material);
     GetDlgItem(kMaterialText)->ShowWindow(material);
-    showMaterial();
     m_preview.SetBkColor(vekAppPtr()->backgroundColor());
     m_preview.ModifyStyle(0, SS_NOTIFY);
     CheckRadioButton(kFirstRange, kLastRange, kFirstRange + m_choice.rangeIndex);
@@ -175,6 +181,7 @@ void CVekOutlDlg::showRow(int index, const VEK::OutlineChoice::Row& row)
 /// On the parameter's button, which screen readers do not take for the label of the field.
 void CVekOutlDlg::showLabel(int index, const CVekString& key)
 {
+    m_labels[index] = key;
     const wchar_t* label = textOf(key);
     SetDlgItemText(kFirstButton + index, label);
     nameControl(kFirstField + index, label);

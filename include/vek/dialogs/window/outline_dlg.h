@@ -58,6 +58,8 @@ protected:
     VEK::OutlineChoice m_choice;
 
 private:
+    CVekString m_labels[VEK::OutlineChoice::maxRows]; ///< text keys on the parameters' buttons
+
     const wchar_t* textOf(const CVekString& key);
     void setLengths(CVekEdit& field);
     void showBasePoint();
