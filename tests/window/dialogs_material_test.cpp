@@ -124,8 +124,8 @@ TEST_F(MaterialDialog, IsLaidOutWithinItsLimits)
 {
     key = L"s235jr";
     user.dialog<CVekMatTreeDlg>([&](CVekMatTreeDlg& dialog) {
-        EXPECT_TRUE(canConfirm(dialog, nullptr)) << "what is given is selected";
-        EXPECT_FALSE(dialog.GetDlgItem(IDHELP)->IsWindowEnabled());
+        EXPECT_TRUE(canConfirm(dialog, nullptr) && !dialog.GetDlgItem(IDHELP)->IsWindowEnabled());
+        dialog.SetCountry(L"cs");
         for (const CSize& size : {CSize(2000, 2000), CSize(10, 10), CSize(420, 333)}) {
             dialog.SetWindowPos(nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
             CRect area, button(0, 0, 50, 14);
@@ -139,12 +139,14 @@ TEST_F(MaterialDialog, IsLaidOutWithinItsLimits)
             EXPECT_EQ(place(IDOK), help - CPoint(2 * (help.Width() + 6), 0));
             EXPECT_EQ(place(1090), CRect(12, 12, area.right - 12, area.bottom - help.Height() - 24));
         }
-        user.dialog<CAboutboxDlg>([](CAboutboxDlg& box) { box.EndDialog(IDOK); });
+        user.dialog<CAboutboxDlg>([&](CAboutboxDlg& box) {
+            EXPECT_STREQ(box.country(), L"cs");
+            box.EndDialog(IDOK);
+        });
         dialog.SendMessage(WM_SYSCOMMAND, 0x12);
         dialog.EndDialog(77);
     });
-    EXPECT_EQ(VEK::dlgMatTree(env, key), 77);
-    EXPECT_STREQ(key, L"s235jr");
+    EXPECT_TRUE(VEK::dlgMatTree(env, key) == 77 && key == L"s235jr");
 }
 
 } // namespace

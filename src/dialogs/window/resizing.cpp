@@ -50,8 +50,11 @@ void addInfoCommand(CVekDlg& dialog)
 bool infoCommand(CVekDlg& dialog, UINT id)
 {
     const bool isInfo = (id & 0xFFF0) == kInfo;
-    if (isInfo)
-        CAboutboxDlg(&dialog).DoModal();
+    if (isInfo) {
+        CAboutboxDlg box(&dialog);
+        box.SetCountry(dialog.country());
+        box.DoModal();
+    }
     return isInfo;
 }
 

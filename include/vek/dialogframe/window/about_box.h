@@ -15,6 +15,7 @@ public:
     explicit CAboutboxDlg(CWnd* parent = nullptr);
 
     void addLangRsc() override;
+    bool updLang() override;
 };
 
 #endif
