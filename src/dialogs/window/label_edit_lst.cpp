@@ -158,9 +158,9 @@ void CVekLabelEditLst::OnCustomDraw(NMHDR* header, LRESULT* result)
     CDC& dc = *CDC::FromHandle(draw.nmcd.hdc);
     CRect area;
     GetSubItemRect(index, kText, LVIR_LABEL, area);
-    const bool isSelected = GetItemState(index, LVIS_SELECTED) != 0;
-    dc.FillSolidRect(&area, ::GetSysColor(isSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-    dc.SetTextColor(::GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    const bool isSelected = GetItemState(index, LVIS_SELECTED) != 0, isActive = isSelected && GetFocus() == this;
+    dc.FillSolidRect(&area, ::GetSysColor(isActive ? COLOR_HIGHLIGHT : isSelected ? COLOR_BTNFACE : COLOR_WINDOW));
+    dc.SetTextColor(::GetSysColor(isActive ? COLOR_HIGHLIGHTTEXT : isSelected ? COLOR_BTNTEXT : COLOR_WINDOWTEXT));
     area.DeflateRect(kMargin, 1);
     dc.DrawText(GetItemText(index, kText), area, DT_LEFT | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
