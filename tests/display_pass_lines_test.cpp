@@ -103,58 +103,6 @@ TEST(PassPolyline, TrueArcsGoThroughTheSamePoints)
     }
 }
 
-void addDashed(Gdx& gdx, std::initializer_list<double> linetype, double scale, const CVekVertexArray& vl)
-{
-    gdx.imageVl(path({}), 0, vl, kRed, kNone, doubles(linetype), scale, 1, CVekPoint3d());
-}
-
-TEST(PassDashes, SpecialFormsAndScale)
-{
-    struct Case {
-        std::initializer_list<double> linetype;
-        double scale;
-        const char* calls;
-    };
-    // From 0 to 56 along x. A pattern begins and ends within its first dash, halved.
-    const Case cases[] = {
-        {{1}, 2, "moveTo 0,5\nlineTo 56,5\n"},
-        {{1, 0, 0}, 2, "moveTo 0,5\nlineTo 56,5\n"},
-        {{1, 1, 0}, 2, "moveTo 0,5\nlineTo 10,5\nmoveTo 18,5\nlineTo 28,5\nlineTo 38,5\nmoveTo 46,5\nlineTo 56,5\n"},
-        {{10, -4}, 2, "moveTo 0,5\nlineTo 10,5\nmoveTo 18,5\nlineTo 28,5\nlineTo 38,5\nmoveTo 46,5\nlineTo 56,5\n"},
-        {{24, -4}, 2, "moveTo 0,5\nlineTo 56,5\n"}, // no longer than one pattern: solid
-        {{7}, 2, "moveTo 0,5\nlineTo 56,5\n"},
-        {{-1, -2}, 1, ""}};
-    for (const Case& c : cases) {
-        Gdx gdx = grey();
-        addDashed(gdx, c.linetype, c.scale, line(0, 5, 56, 5));
-        EXPECT_EQ(calls(gdx, kPaper), "pen 1 #ff0000\n" + std::string(c.calls));
-        EXPECT_EQ(calls(gdx, kScreen), "pen 1 #ff0000\n" + std::string(c.calls));
-    }
-}
-
-TEST(PassDashes, DotsAreOnePixel)
-{
-    Gdx dotted = grey();
-    addDashed(dotted, {0, 0, 3}, 1, line(0, 5, 8.42, 5)); // twice a dot of 0.21 and a gap of 4
-    EXPECT_EQ(calls(dotted, kPaper, true), "pen 1 #ff0000\nmoveTo 0,5\nlineTo 1,5\nmoveTo 4,5\nlineTo 5,5\n");
-    EXPECT_EQ(calls(dotted, kScreen, true), "pen 1 #ff0000\npixel 0,5 #ff0000\npixel 4,5 #ff0000\n");
-    Gdx dashDot = grey(); // halves of 11, gap 5, dot, gap 5
-    addDashed(dashDot, {1, 1, 1}, 1, line(0, 5, 42.42, 5));
-    EXPECT_EQ(calls(dashDot, kPaper, true),
-              "pen 1 #ff0000\nmoveTo 0,5\nlineTo 5,5\nmoveTo 10,5\nlineTo 11,5\nmoveTo 15,5\nlineTo 21,5\nlineTo 26,5\n"
-              "moveTo 31,5\nlineTo 32,5\nmoveTo 36,5\nlineTo 42,5\n");
-}
-
-TEST(PassDashes, RunAlongOutlines)
-{
-    Gdx outline = grey();
-    outline.imageReg(path({}), itemOutline, square(28), kRed, kNone, doubles({10, -4}), 1.0, 1, CVekColor(),
-                     VEK::CHatchProp(), CVekPoint3d());
-    EXPECT_EQ(calls(outline).substr(0, 94),
-              "pen 1 #ff0000\nmoveTo 0,0\nlineTo 5,0\nmoveTo 9,0\nlineTo 14,0\nlineTo 19,0\n"
-              "moveTo 23,0\nlineTo 28,0");
-}
-
 TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
 {
     shapes::Random random(31);
@@ -167,6 +115,10 @@ TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
     Gdx empty = grey();
     const auto blank = picture(empty);
     const auto unit = VEK::acad_unit_get();
+    static const struct {
+        CVekArrayTempl<double> type, meaning; ///< of one entry or none: a solid line
+    } kForms[] = {{{1}, {}},           {{1, 0, 0}, {}}, {{7}, {}}, {{1, 1, 0}, {10, -4}}, {{1, 1, 1}, {11, -5, 0, -5}},
+                  {{0, 0, 3}, {0, -4}}};
     int shown = 0, dotted = 0, judged = 0;
     for (int round = 0; round < 200; ++round) {
         SCOPED_TRACE(round);
@@ -175,12 +127,14 @@ TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
         VEK::acadUnitCv(dot, Vek::unitMillimetre, Vek::unitCurrent);
         const double scale = random.pick({1.0, 0.3, 4.0}), reach = random.pick({3.0, 60.0, 900.0, 3000.0});
         CVekArrayTempl<double> linetype, dashes; // and as it is laid, where dots have a length
-        for (int i = 2 + random.whole(4); i > 0; --i) {
-            linetype.append(random.coin() ? random.uniform(-9, 0) : random.pick({0.0, 0.1, 5.0, 12.0}));
-            dashes.append(linetype[-1] == 0.0 ? dot : linetype[-1] * scale);
-        }
-        if (linetype.len() == 3 && linetype[0] == 0.0 && linetype[1] == 0.0) // a short form of another pattern
-            continue;
+        for (int i = 2 + random.whole(4); i > 0; --i)
+            linetype.append(random.coin() ? random.uniform(-9, 0) : random.pick({0.1, 5.0, 12.0, i > 2 ? 0.0 : 5.0}));
+        const auto& form = kForms[random.whole(6)];
+        const bool isForm = random.whole(3) == 0;
+        for (const double dash : isForm ? form.meaning : linetype)
+            dashes.append(dash == 0.0 ? dot : dash * scale);
+        if (isForm)
+            linetype = form.type;
         CVekVertexArray vl = random.coin() ? random.star(0, 0, 0.3 * reach, reach, 3 + random.whole(5))
                                            : random.walk(1 + random.whole(4), reach);
         if (random.coin())
@@ -198,9 +152,15 @@ TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
         const CVekMatrix3d zoom = place * scaled * centre.setToTranslation(CVekPoint3d::kOrigin - at);
         Gdx quick = grey(), plain = grey();
         quick.viewDirectionMtxSet(view);
-        quick.imageVl(path({}), itemNoExt, vl, kRed, own, linetype, scale, 1 + round % 4, {});
-        ASSERT_TRUE(vek_gdx_image_vl_measure(seen, dashes, 1)); // the dashes of all of it, drawn as a plain polyline
-        plain.imageVl(path({}), itemNoExt, seen, kRed, own, {}, 1.0, 1 + round % 4, {});
+        const unsigned long width = 1 + random.whole(4);
+        if (random.coin()) // as an outline
+            quick.imageReg(path({}), itemNoExt | itemOutline, shapes::list({vl}), kRed, own, linetype, scale, width, {},
+                           {}, {});
+        else
+            quick.imageVl(path({}), itemNoExt, vl, kRed, own, linetype, scale, width, {});
+        // All of it, drawn as a plain polyline.
+        ASSERT_TRUE(dashes.len() < 2 || vek_gdx_image_vl_measure(seen, dashes, 1));
+        plain.imageVl(path({}), itemNoExt, seen, kRed, own, {}, 1.0, width, {});
         for (Gdx* gdx : {&quick, &plain})
             gdx->zoomMtxSet(zoom);
         EXPECT_EQ(calls(quick, kPaper), calls(plain, kPaper));
@@ -216,7 +176,7 @@ TEST(PassDashes, AreThoseOfTheWholeLineWhateverPartOfItShows)
     EXPECT_GT(dotted, 30);
 
     Gdx far = grey(); // 120 m of dots, of which the picture shows 200 mm
-    addDashed(far, {0, 0, 3}, 1, line(0, 5, 120000, 5));
+    far.imageVl(path({}), 0, line(0, 5, 120000, 5), kRed, kNone, doubles({0, 0, 3}), 1.0, 1, {});
     const auto recorded = draw(far, kScreen);
     EXPECT_NEAR(static_cast<double>(recorded.calls().size()), 200 / 4.21, 12);
 }
