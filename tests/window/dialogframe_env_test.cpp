@@ -269,7 +269,9 @@ TEST_F(DialogSurroundings, HaveTheLibrarysIconAndInformationBox)
     user.dialog<CAboutboxDlg>([](CAboutboxDlg& it) {
         EXPECT_TRUE(VEK::appIcon() && it.GetIcon(TRUE) == VEK::appIcon() && it.GetIcon(FALSE) == VEK::appIcon());
         EXPECT_EQ(nameOf(it), L"Info über VEK");
-        it.SetDlgItemText(IDOK, L""), it.SetDlgItemText(5020, L""), it.SetWindowText(L"");
+        it.SetWindowText(L"");
+        for (const int id : {IDOK, 5020})
+            it.SetDlgItemText(id, L"");
         it.SetCountry(L"en");
         EXPECT_TRUE(nameOf(it) != L"" && textOf(it, IDOK) != L"" && textOf(it, 5020) != L"");
         it.PostMessage(WM_COMMAND, IDOK);
