@@ -23,30 +23,6 @@ double apart(Vec a, Vec b)
     return (a - b).abs();
 }
 
-/// What a meeting is expected to be: the point and the parameters on both segments.
-struct Expected {
-    double x, y, a, b;
-    bool along = false;
-};
-
-void expectMeetings(const Arc& a, const Arc& b, const std::vector<Expected>& expected)
-{
-    for (const double offset : {0.0, 1e3, 1e7}) {
-        SCOPED_TRACE(offset);
-        const Vec o{offset, -offset};
-        const Arc c(a.start() + o, a.end() + o, std::tan(0.25 * a.sweep()));
-        const Arc d(b.start() + o, b.end() + o, std::tan(0.25 * b.sweep()));
-        const Meetings found = meet(c, d, kTol);
-        ASSERT_EQ(found.count, static_cast<int>(expected.size()));
-        for (int i = 0; i < found.count; ++i) {
-            EXPECT_LE(apart(found.points[i].point, o + Vec{expected[i].x, expected[i].y}), kTol);
-            EXPECT_NEAR(found.points[i].a, expected[i].a, kTol);
-            EXPECT_NEAR(found.points[i].b, expected[i].b, kTol);
-            EXPECT_EQ(found.along[i], expected[i].along);
-        }
-    }
-}
-
 /// Meetings by walking along one segment in small steps and halving where the side of the other one changes.
 std::vector<Vec> walkedMeetings(const Arc& a, const Arc& b)
 {
@@ -82,46 +58,60 @@ CVekVertexArray polygon(int corners, double radius, CVekPoint3d centre, double b
 
 } // namespace
 
-TEST(SegmentMeetings, touchOverlapAndMiss)
+/// Between corners of a small grid, so that segments touch, lap over one another and lose their length all the time.
+TEST(SegmentMeetings, areEndsTouchesAndStretchesOfAGrid)
 {
-    const Arc line({0, 0}, {10, 0}, 0);
-    expectMeetings(line, {{4, 0}, {4, 3}, 0}, {{4, 0, 0.4, 0}});
-    expectMeetings(line, {{10, 0}, {20, 5}, 0}, {{10, 0, 1, 0}});
-    expectMeetings(line, {{4, 1e-3}, {4, 3}, 0}, {});
-    expectMeetings(line, {{0, 1e-3}, {10, 1e-3}, 0}, {});
-    expectMeetings(line, {{11, 0}, {20, 0}, 0}, {});
-    expectMeetings(line, {{12, 0}, {4, 0}, 0}, {{4, 0, 0.4, 1, true}, {10, 0, 1, 0.25}});
-    expectMeetings(line, {{2, 0}, {4, 0}, 0}, {{2, 0, 0.2, 0, true}, {4, 0, 0.4, 1}});
-    expectMeetings(line, {{3, 0}, {3, 0}, 1}, {{3, 0, 0.3, 0}});
-    expectMeetings({{3, 1}, {3, 1}, 1}, {{3, 1}, {3, 1}, 0}, {{3, 1, 0, 0}});
-
-    const Arc upper({1, 0}, {-1, 0}, 1);                             // half of the unit circle
-    expectMeetings({{0, -5}, {0, 5}, 0}, upper, {{0, 1, 0.6, 0.5}}); // through the centre, and one side only
-    expectMeetings({{-5, 1}, {5, 1}, 0}, upper, {{0, 1, 0.5, 0.5}}); // tangent
-    expectMeetings({{-5, 0}, {5, 0}, 0}, upper, {{-1, 0, 0.4, 1}, {1, 0, 0.6, 0}});
-    expectMeetings({{1, 0}, {1, -3}, 0}, upper, {{1, 0, 0, 0}});
-    expectMeetings({{-5, 1.001}, {5, 1.001}, 0}, upper, {});
-    expectMeetings({{0, -3}, {0, 0.999}, 0}, upper, {});
-    // An arc so flat that it is its chord within the tolerance lies along it.
-    expectMeetings({{0, 0}, {10, 0}, 0}, {{2, 0}, {4, 0}, 1e-9}, {{2, 0, 0.2, 0, true}, {4, 0, 0.4, 1}});
-
-    expectMeetings(upper, {{-1, 2}, {1, 2}, 1}, {{0, 1, 0.5, 0.5}});                // from outside
-    expectMeetings({{2, 0}, {-2, 0}, 1}, {{1, 1}, {-1, 1}, 1}, {{0, 2, 0.5, 0.5}}); // from inside
-    expectMeetings(upper, {{-1, 0}, {1, 0}, 1}, {{1, 0, 0, 1}, {-1, 0, 1, 0}});     // the other half
-    expectMeetings(upper, {{2, 0}, {-2, 0}, 1}, {});
-    expectMeetings(upper, {{3, 3}, {2, 3}, 1}, {});
-
-    const double half = std::sqrt(0.5);
-    const double quarter = std::tan(pi / 8);
-    expectMeetings(upper, upper, {{1, 0, 0, 0, true}, {-1, 0, 1, 1}});
-    expectMeetings(upper, {{-1, 0}, {1, 0}, -1}, {{1, 0, 0, 1, true}, {-1, 0, 1, 0}});
-    expectMeetings(upper, {{half, half}, {-half, half}, quarter},
-                   {{half, half, 0.25, 0, true}, {-half, half, 0.75, 1}});
-    expectMeetings(upper, {{0, 1}, {0, -1}, 1}, {{0, 1, 0.5, 0, true}, {-1, 0, 1, 0.5}});
-    // Three quarters each, lapping over at both ends.
-    const double wide = std::tan(3 * pi / 8);
-    expectMeetings({{1, 0}, {0, -1}, wide}, {{-1, 0}, {0, 1}, wide},
-                   {{1, 0, 0, 2.0 / 3, true}, {0, 1, 1.0 / 3, 1}, {-1, 0, 2.0 / 3, 0, true}, {0, -1, 1, 1.0 / 3}});
+    std::mt19937 source(8);
+    const auto whole = [&](int count) { return static_cast<int>(source() % static_cast<unsigned>(count)); };
+    const double kBulges[] = {0, 0, 1, -1, 1e-9, 0.5, -0.5, 3};
+    int stretches = 0, ends = 0, touches = 0, misses = 0;
+    for (int round = 0; round < 30000; ++round) {
+        const double offset = std::array{0.0, 1e3, 1e7}[source() % 3];
+        const auto point = [&] { return Vec{offset + whole(3), whole(3) - offset}; };
+        const auto arc = [&](Vec start) { return Arc(start, point(), kBulges[whole(8)]); };
+        const Arc a = arc(point());
+        const double from = 0.25 * whole(5), to = 0.25 * whole(5), turn = a.sweep() * (to - from);
+        const double other = turn - std::copysign(2.0 * pi, turn); // the other way round, over both ends of `a`
+        const Arc b = whole(4) > 0 || !a.isArc()
+                          ? arc(point())
+                          : Arc(a.at(from), a.at(to), std::tan(0.25 * (whole(2) ? turn : other)));
+        SCOPED_TRACE(round);
+        const Meetings found = meet(a, b, kTol);
+        const auto isShared = [&](Vec p, double within) {
+            return apart(p, a.at(a.parameter(p))) <= within && apart(p, b.at(b.parameter(p))) <= within;
+        };
+        for (const bool ofA : {true, false}) {
+            for (const double at : {0.0, 1.0}) {
+                const Vec end = (ofA ? a : b).at(at);
+                const auto isEnd = [&](const VEK::plane::Meeting& m) {
+                    return apart(m.point, end) <= 1.1 * kTol && ((ofA ? m.a : m.b) == 0.0 || (ofA ? m.a : m.b) == 1.0);
+                };
+                const bool isFound = std::any_of(found.points, found.points + found.count, isEnd);
+                EXPECT_TRUE(isFound ? isShared(end, 1.1 * kTol) : !isShared(end, 0.5 * kTol));
+                ends += isFound;
+            }
+        }
+        const auto isCommon = [&](double low, double high) { // none of it within a step of a touch
+            int on = 0;
+            for (const double t : {0.25, 0.5, 0.75})
+                on += isShared(a.at(low + t * (high - low)), kTol);
+            EXPECT_TRUE(on == 0 || on == 3);
+            return on == 3;
+        };
+        double before = 0.0;
+        for (int i = 0; i < found.count; ++i) {
+            const auto& [at, onA, onB] = found.points[i];
+            EXPECT_TRUE(isShared(at, 1.1 * kTol) && apart(a.at(onA), b.at(onB)) <= 2.0 * kTol && onA >= before);
+            EXPECT_EQ(onA > before + 1e-3 && isCommon(before, onA), i > 0 && found.along[i - 1]);
+            touches += onA > 0.0 && onA < 1.0 && onB > 0.0 && onB < 1.0;
+            stretches += found.along[i];
+            before = onA;
+        }
+        EXPECT_FALSE(before < 1.0 - 1e-3 && !a.isPoint() && isCommon(before, 1.0));
+        misses += found.count == 0;
+    }
+    EXPECT_TRUE(stretches > 2000 && ends > 5000 && touches > 1000 && misses > 5000)
+        << stretches << ' ' << ends << ' ' << touches << ' ' << misses;
 }
 
 TEST(SegmentMeetings, agreeWithWalkingAlong)
