@@ -315,26 +315,22 @@ TEST(Polyline, breaksSegments)
     Random random;
     for (int round = 0; round < 200; ++round) {
         CVekVertexArray polyline = random.arc(round);
+        polyline[0].tag[1] = round;
         const CVekVertex whole = polyline[0];
-        const CVekPoint3d at = onArc(whole, polyline.normal(), 0.3);
-        ASSERT_TRUE(polyline.breakVertex(-1, at));
-        ASSERT_EQ(polyline.len(), 2);
-        EXPECT_TRUE(polyline.isContinuous());
-        EXPECT_EQ(polyline[0].end, at);
-        EXPECT_NEAR(polyline[0].bulgLen(), 0.3 * whole.bulgLen(), 1e-7);
-        EXPECT_LE(apart(onArc(polyline[1], polyline.normal(), 0.5), onArc(whole, polyline.normal(), 0.65)), 1e-7);
+        polyline.append(whole); // between two others
+        polyline.append(CVekVertex(whole.end, random.vector().asPoint()));
+        polyline[0] = CVekVertex(random.vector().asPoint(), whole.start);
+        const CVekPoint3d at = onArc(whole, polyline.normal(), 0.3), beside = at + polyline.normal() * 0.1;
+        EXPECT_FALSE(polyline.breakVertex(1, whole.start) || polyline.breakVertex(1, whole.end));
+        EXPECT_FALSE(polyline.breakVertex(1, beside) || polyline.breakVertex(3, at) || polyline.len() != 3);
+        ASSERT_TRUE(polyline.breakVertex(round % 2 ? 1 : -2, at));
+        ASSERT_EQ(polyline.len(), 4);
+        EXPECT_TRUE(polyline.isContinuous() && polyline[2].end == whole.end && polyline[2].tag[1] == round);
+        EXPECT_EQ(polyline[1].end, at);
+        EXPECT_NEAR(polyline[1].bulgLen(), 0.3 * whole.bulgLen(), 1e-7);
+        EXPECT_LE(apart(onArc(polyline[2], polyline.normal(), 0.5), onArc(whole, polyline.normal(), 0.65)), 1e-7);
     }
-    CVekVertexArray polyline = kSquare;
-    polyline[1].tag[1] = 5;
-    EXPECT_FALSE(polyline.breakVertex(1, {2, 2, 0}) || polyline.breakVertex(1, {2, 0, 0}));
-    EXPECT_FALSE(polyline.breakVertex(1, {1.9, 1, 0}) || polyline.breakVertex(4, {2, 1, 0}));
     EXPECT_FALSE(CVekVertexArray().breakVertex(-1, {2, 1, 0}));
-    EXPECT_EQ(polyline.len(), 4);
-    EXPECT_TRUE(polyline.breakVertex(1, {2, 0.5, 0}));
-    EXPECT_EQ(polyline[2].tag[1], 5);
-    expectAt(polyline[2].start, 2, 0.5);
-    expectAt(polyline[3].start, 2, 2);
-    EXPECT_TRUE(polyline.isClosed() && polyline.isContinuous());
 }
 
 TEST(PointArray, sortsAlongADirection)
