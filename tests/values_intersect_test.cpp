@@ -63,12 +63,12 @@ TEST(SegmentMeetings, areEndsTouchesAndStretchesOfAGrid)
 {
     std::mt19937 source(8);
     const auto whole = [&](int count) { return static_cast<int>(source() % static_cast<unsigned>(count)); };
-    const double kBulges[] = {0, 0, 1, -1, 1e-9, 0.5, -0.5, 3};
+    const double kBulges[] = {0, 0, 1, -1, 1e-9, 0.5, -0.5, 3, std::tan(pi / 8), std::tan(3 * pi / 8)};
     int stretches = 0, ends = 0, touches = 0, misses = 0;
     for (int round = 0; round < 30000; ++round) {
         const double offset = std::array{0.0, 1e3, 1e7}[source() % 3];
         const auto point = [&] { return Vec{offset + whole(3), whole(3) - offset}; };
-        const auto arc = [&](Vec start) { return Arc(start, point(), kBulges[whole(8)]); };
+        const auto arc = [&](Vec start) { return Arc(start, point(), kBulges[whole(10)]); };
         const Arc a = arc(point());
         const double from = 0.25 * whole(5), to = 0.25 * whole(5), turn = a.sweep() * (to - from);
         const double other = turn - std::copysign(2.0 * pi, turn); // the other way round, over both ends of `a`

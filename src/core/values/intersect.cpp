@@ -121,7 +121,8 @@ private:
         const double ratio = d.k / c.k;
         const Vec normal = d.h - c.h * ratio;
         const double square = normal.dot(normal);
-        if (!(square > 0.0))
+        const double least = 2.0 * d.k * m_tolerance; // for centres that are one, where the normal is but rounding
+        if (!(square > least * least))
             return;
         const Vec foot = normal * (-d.f / square);
         const Vec along = normal.left() * (1.0 / std::sqrt(square));
