@@ -53,11 +53,15 @@ start_display() {
     fi
 }
 
-# Wine runs a server for each prefix; it must neither outlive this run nor keep the display of an earlier one.
+# Wine runs a server for each prefix; it must neither outlive this run nor keep the display of an earlier one. It stays
+# between two programs, since the system's services end with it, and a program that starts just then finds none.
 start_wine() {
     export WINEPREFIX=$PWD/build/wine
     [ ! -e build/wine/ready ] || wineserver -k || true # that nothing runs is no failure
     cmake/wine-run
+    wineserver -w || true
+    wineserver -p </dev/null >/dev/null 2>&1
+    cmake/wine-run cmd /c exit </dev/null >/dev/null 2>&1 # starts the services, which keep its output open
 }
 
 # shellcheck disable=SC2317 # called by the trap

@@ -160,10 +160,9 @@ BOOL HoleDialog::OnInitDialog()
 
     CRect area;
     m_list.GetClientRect(&area);
-    const int width = (area.Width() - ::GetSystemMetrics(SM_CXVSCROLL)) / 2;
     m_list.SetExtendedStyle(LVS_EX_FULLROWSELECT);
-    m_list.InsertColumn(0, GetMsg(L"VEK_HOLE_0004", L"Name", nullptr), LVCFMT_LEFT, width);
-    m_list.InsertColumn(1, GetMsg(L"VEK_HOLE_0005", L"Art", nullptr), LVCFMT_LEFT, width);
+    m_list.InsertColumn(0, GetMsg(L"VEK_HOLE_0004", L"Name", nullptr), LVCFMT_LEFT, area.Width() / 2);
+    m_list.InsertColumn(1, GetMsg(L"VEK_HOLE_0005", L"Art", nullptr));
     m_picture.set_dpList(&m_gdx);
     const CVekDataKey active(m_active);
     const std::vector<CVekDataItem*> holes = holesOf(m_elements);
@@ -195,6 +194,9 @@ void HoleDialog::fillList(int selected)
         m_list.InsertItem(row, *m_holes[row]->getKey());
         m_list.SetItemText(row, 1, kindText(*m_holes[row]));
     }
+    CRect area;
+    m_list.GetClientRect(&area); // which a scroll bar makes narrower
+    m_list.SetColumnWidth(1, area.Width() - m_list.GetColumnWidth(0));
     m_list.SetCurSel(std::min(selected, rows - 1));
     showHole();
     showPicture(true);
